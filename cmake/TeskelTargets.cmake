@@ -1,0 +1,68 @@
+# Functions that every folder uses, so that warnings, sanitizers and the test environment are
+# decided in one place.
+
+# Applies the project's warnings and, when asked for, the sanitizers to a target.
+function(teskel_set_defaults target)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Werror)
+    target_compile_definitions(${target} PRIVATE
+        QT_NO_CAST_FROM_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+    if(TESKEL_SANITIZE)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+    endif()
+    if(TESKEL_BUILD_FUZZERS)
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
+endfunction()
+
+# teskel_add_library(name SOURCES ... [PUBLIC libs...] [PRIVATE libs...])
+# A static library of one folder below src/; headers are included as "folder/header.h".
+function(teskel_add_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC;PRIVATE")
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+    teskel_set_defaults(${name})
+endfunction()
+
+# teskel_add_program(name SOURCES ... [LIBS libs...])
+function(teskel_add_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBS")
+    add_executable(${name} ${arg_SOURCES})
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${name} PRIVATE ${arg_LIBS})
+    teskel_set_defaults(${name})
+endfunction()
+
+# Environment of every test: no display, a home of its own, nothing from the developer's session.
+set(TESKEL_TEST_HOME "${CMAKE_BINARY_DIR}/test-home")
+set(TESKEL_TEST_ENVIRONMENT
+    QT_QPA_PLATFORM=offscreen
+    LC_ALL=C.UTF-8
+    "HOME=${TESKEL_TEST_HOME}"
+    "XDG_CONFIG_HOME=${TESKEL_TEST_HOME}/config"
+    "XDG_DATA_HOME=${TESKEL_TEST_HOME}/data"
+    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0"
+    "UBSAN_OPTIONS=print_stacktrace=1")
+
+# teskel_add_test(name SOURCES ... [LIBS libs...] [LABELS ...] [TIMEOUT seconds])
+# A Qt Test program run by ctest; tests may include helpers as "tests/...".
+function(teskel_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "SOURCES;LIBS;LABELS")
+    add_executable(${name} ${arg_SOURCES})
+    target_include_directories(${name} PRIVATE
+        "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}")
+    target_link_libraries(${name} PRIVATE ${arg_LIBS} Qt6::Test)
+    teskel_set_defaults(${name})
+    add_test(NAME ${name} COMMAND ${name})
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT ${arg_TIMEOUT}
+        LABELS "${arg_LABELS}"
+        ENVIRONMENT "${TESKEL_TEST_ENVIRONMENT}"
+        ENVIRONMENT_MODIFICATION "QPEDIR=unset:;DBUS_SESSION_BUS_ADDRESS=unset:;DISPLAY=unset:;WAYLAND_DISPLAY=unset:;QT_LOGGING_RULES=unset:;QT_FATAL_WARNINGS=unset:")
+endfunction()
