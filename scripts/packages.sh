@@ -1,0 +1,36 @@
+# Debian packages by purpose, and the one function that installs what is missing. Sourced by
+# ./run and ./test.
+
+packages_build=(build-essential cmake ninja-build qt6-base-dev zlib1g-dev libcli11-dev libgl-dev)
+packages_reader=(qt6-qpa-plugins fonts-dejavu-core dict-freedict-eng-deu dict-freedict-deu-eng)
+packages_test=(
+    arj 7zip                                   # independent witnesses of the packed records
+    xvfb openbox xdotool xclip x11-utils imagemagick
+    dbus at-spi2-core python3 python3-pyatspi  # the reader as a screen reader sees it
+    desktop-file-utils appstream shared-mime-info
+)
+packages_bench=(libbenchmark-dev sdcv)
+packages_lint=(clang clang-tidy clang-format libclang-rt-14-dev)
+
+# ensure_packages NAME...: installs those that are not there yet, and says which.
+ensure_packages() {
+    local missing=() name known
+    known=$(dpkg-query -W -f '${Package} ${db:Status-Abbrev}\n' "$@" 2>/dev/null | awk '$2 == "ii" {print $1}')
+    for name in "$@"; do
+        grep -qxF -- "$name" <<<"$known" || missing+=("$name")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "Teskel needs these Debian packages; install them as root, then start again: ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing Debian packages: ${missing[*]}" >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq >&2 || true
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" </dev/null >&2
+}
