@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "app/teskelmainwindow.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QMenu>
+#include <QMessageBox>
+#include <QToolButton>
+
+#include "files/fileloader.h"
+#include "files/qteskelfileinfo.h"
+#include "files/qteskelfilemenu.h"
+#include "lookup/teskelmainwidget.h"
+#include "platform/qpeapplication.h"
+#include "platform/qpemenubar.h"
+#include "platform/qpemenutoolfocusmanager.h"
+#include "platform/qpetoolbar.h"
+#include "platform/resource.h"
+#include "settings/aboutdialog.h"
+#include "settings/preferencesdialog.h"
+
+TeskelMainWindow::TeskelMainWindow(QWidget* parent, const char* name, Qt::WindowFlags flags)
+    : QMainWindow(parent, flags)
+{
+    setObjectName(QString::fromLatin1(name));
+    // The tool bar carries the menus: a context menu that hides it would lock the person out.
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setCaption(tr("Teskel"));
+
+    _mainWidget = new TeskelMainWidget(this, _preferences);
+    setCentralWidget(_mainWidget);
+
+    _toolBar = new QPEToolBar(this);
+    _toolBar->setMovable(false);
+    _toolBar->setFloatable(false);
+    QAction* preferences = nullptr;
+    createMenus(preferences);
+    createOpenButton();
+    createViewCommands();
+    _toolBar->addAction(preferences);
+
+    addToolBar(Qt::TopToolBarArea, _toolBar);
+    letKeyboardReachToolBar();
+    resetLayout();
+}
+
+TeskelMainWindow::~TeskelMainWindow()
+{
+    // The lookup view writes a font through the settings record, so it goes while the record lives.
+    delete takeCentralWidget();
+    _mainWidget = nullptr;
+}
+
+QAction* TeskelMainWindow::addCommand(const QString& text, const char* icon, Command slot)
+{
+    auto* action = new QAction(text, this);
+    if (icon)
+        action->setIcon(Resource::loadIcon(QString::fromLatin1(icon)));
+    action->setToolTip(text);
+    // Keeps the desktop from moving "Preferences ..." and "About ..." to a menu of its own.
+    action->setMenuRole(QAction::NoRole);
+    connect(action, &QAction::triggered, this, [this, slot] { (this->*slot)(); });
+    return action;
+}
+
+void TeskelMainWindow::createMenus(QAction*& preferences)
+{
+    auto* menuBar = new QPEMenuBar(_toolBar);
+    _toolBar->addWidget(menuBar);
+    auto* lexicon = new QMenu(tr("Lexicon"), this);
+    auto* edit = new QMenu(tr("Edit"), this);
+
+    QAction* addEditWord =
+        addCommand(tr("Add/Edit Word"), "teskel-custom-word", &TeskelMainWindow::lexiconAddEditWord);
+    lexicon->addAction(addEditWord);
+    _toolBar->addAction(addEditWord);
+    lexicon->addAction(
+        addCommand(tr("Random Word"), nullptr, &TeskelMainWindow::lexiconRandomWord));
+    lexicon->addAction(
+        addCommand(tr("Delete current"), nullptr, &TeskelMainWindow::lexiconDeleteCurrent));
+    edit->addAction(addCommand(tr("Copy"), "copy", &TeskelMainWindow::editCopy));
+    edit->addAction(
+        addCommand(tr("Copy translation"), nullptr, &TeskelMainWindow::editCopyTranslation));
+    edit->addAction(addCommand(tr("Paste"), "paste", &TeskelMainWindow::editPaste));
+    edit->addSeparator();
+    preferences = addCommand(tr("Preferences ..."), "teskel-preferences",
+                             &TeskelMainWindow::optionsPreferences);
+    edit->addAction(preferences);
+    lexicon->addSeparator();
+    lexicon->addAction(addCommand(tr("About ..."), nullptr, &TeskelMainWindow::optionsAbout));
+
+    menuBar->addMenu(lexicon);
+    menuBar->addMenu(edit);
+}
+
+void TeskelMainWindow::createOpenButton()
+{
+    auto* button = new QToolButton(_toolBar);
+    button->setIcon(Resource::loadIcon(QStringLiteral("teskel-open")));
+    button->setToolTip(tr("Select a dictionary"));
+    button->setAccessibleName(button->toolTip());
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setPopupMode(QToolButton::InstantPopup);
+    _toolBar->addWidget(button);
+
+    _fileMenu = new QTeskelFileMenu(this, "fileMenu");
+    connect(_fileMenu, &QTeskelFileMenu::fileSelected, this, &TeskelMainWindow::fileSelected);
+    button->setMenu(_fileMenu);
+}
+
+void TeskelMainWindow::createViewCommands()
+{
+    _toolBar->addAction(
+        addCommand(tr("Cross lookup"), "teskel-crosslookup", &TeskelMainWindow::crossLookup));
+
+    auto* toggle = new QAction(Resource::loadIcon(QStringLiteral("teskel-toggleview")),
+                               tr("Toggle View"), this);
+    connect(toggle, &QAction::toggled, this, &TeskelMainWindow::toggleView);
+    _toolBar->addAction(toggle);
+    toggle->setCheckable(true);
+    toggle->setChecked(_preferences.getViewType() == PreferencesData::ToggleViewOn);
+}
+
+void TeskelMainWindow::letKeyboardReachToolBar()
+{
+    QPEMenuToolFocusManager* manager = QPEMenuToolFocusManager::manager();
+    const QList<QAction*> actions = _toolBar->actions();
+    for (QAction* action : actions) {
+        if (QWidget* widget = _toolBar->widgetForAction(action))
+            manager->addWidget(widget);
+    }
+}
+
+void TeskelMainWindow::tryOpen()
+{
+    if (_mainWidget->fileOpen(_preferences.getLastOpenFile(), true)) {
+        updateGUI();
+        return;
+    }
+    const QList<QTeskelFileInfo> files = FileLoader().getFileList(false);
+    for (const QTeskelFileInfo& file : files) {
+        if (_mainWidget->fileOpen(file._fileInfo.absoluteFilePath(), true)) {
+            updateGUI();
+            return;
+        }
+    }
+}
+
+void TeskelMainWindow::updateGUI()
+{
+    setCaption(_mainWidget->getDictionaryName());
+    _mainWidget->resetMainLayout();
+    _mainWidget->resetLayout();
+}
+
+void TeskelMainWindow::resetLayout()
+{
+    _mainWidget->resetLayout();
+    const bool bottom = _preferences.getMenuPosition() == PreferencesData::Bottom;
+    addToolBar(bottom ? Qt::BottomToolBarArea : Qt::TopToolBarArea, _toolBar);
+}
+
+void TeskelMainWindow::openFile(const QString& path)
+{
+    if (_mainWidget->fileOpen(path, false))
+        updateGUI();
+}
+
+void TeskelMainWindow::setCaption(const QString& name)
+{
+    setWindowTitle(tr("Teskel-") + name);
+}
+
+void TeskelMainWindow::lexiconAddEditWord()
+{
+    QMessageBox::information(this, tr("Teskel"), tr("Sorry, this feature is not yet available."));
+}
+
+void TeskelMainWindow::lexiconRandomWord()
+{
+    _mainWidget->randomWord();
+}
+
+void TeskelMainWindow::lexiconDeleteCurrent()
+{
+    QMessageBox::information(this, tr("Teskel"),
+                             tr("The recomended way to delete lexicon \n"
+                                "files is to use the standard \n"
+                                "uninstalation procedure. Go to the \n"
+                                "application launcher, select \"Settings\" \n"
+                                "tab and from there select icon for \n"
+                                "adding/removing software!"));
+}
+
+void TeskelMainWindow::editCopy()
+{
+    _mainWidget->editCopy();
+}
+
+void TeskelMainWindow::editCopyTranslation()
+{
+    _mainWidget->editCopyTranslation();
+}
+
+void TeskelMainWindow::editPaste()
+{
+    _mainWidget->editPaste();
+}
+
+void TeskelMainWindow::toggleView(bool on)
+{
+    _preferences.setViewType(on ? PreferencesData::ToggleViewOn : PreferencesData::ToggleViewOff);
+    _mainWidget->resetMainLayout();
+}
+
+void TeskelMainWindow::setDocument(const QString& path)
+{
+    openFile(path);
+}
+
+void TeskelMainWindow::fileSelected(const QTeskelFileInfo& info)
+{
+    openFile(info._fileInfo.absoluteFilePath());
+}
+
+void TeskelMainWindow::crossLookup()
+{
+    const QString name = _mainWidget->getDictionaryName();
+    if (name.isEmpty())
+        return;
+    const QString path = _fileMenu->findFileName(_fileMenu->findReverseDictionary(name));
+    if (path.isEmpty())
+        _mainWidget->transferTranslation2Word(true);
+    else if (_mainWidget->transferTranslation2Word(false))
+        openFile(path);
+}
