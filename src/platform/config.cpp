@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "platform/config.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QSet>
+
+namespace
+{
+
+// Settings are a few hundred bytes; anything near this size is not a settings file.
+constexpr qint64 LARGEST_FILE = 1024 * 1024;
+
+QString userFileName(const QString& name)
+{
+    QString directory = qEnvironmentVariable("XDG_CONFIG_HOME");
+    if (!QDir::isAbsolutePath(directory))
+        directory = QDir::homePath() + QLatin1String("/.config");
+    return directory + QLatin1String("/teskel/") + name + QLatin1String(".conf");
+}
+
+QString handheldFileName(const QString& name)
+{
+    return QDir::homePath() + QLatin1String("/Settings/") + name + QLatin1String(".conf");
+}
+
+bool makeDirectory(const QString& path)
+{
+    const QFileInfo directory(path);
+    if (directory.isDir())
+        return true;
+    const QDir parent = directory.dir();
+    return QDir().mkpath(parent.path()) &&
+           parent.mkdir(directory.fileName(),
+                        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+}
+
+// The settings are written several times in a session; one complaint about a file is enough.
+QSet<QString>& complainedAbout()
+{
+    static QSet<QString> files;
+    return files;
+}
+
+} // namespace
+
+Config::Config(const QString& name, Domain domain)
+    : _fileName(domain == User ? userFileName(name) : name)
+{
+    if (QFileInfo::exists(_fileName)) {
+        read(_fileName);
+        return;
+    }
+    if (domain == User) {
+        read(handheldFileName(name));
+        _changed = !_groups.isEmpty();
+    }
+}
+
+Config::~Config()
+{
+    write();
+}
+
+void Config::read(const QString& path)
+{
+    const QFileInfo info(path);
+    // A pipe or a device in the file's place could keep the reader waiting.
+    if (!info.isFile() || info.size() > LARGEST_FILE)
+        return;
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly))
+        _groups = teskel::parseConfig(file.read(LARGEST_FILE));
+}
+
+void Config::setGroup(const QString& group)
+{
+    _group = teskel::configGroupName(group);
+    if (_groups.contains(*_group))
+        return;
+    _groups.insert(*_group, {});
+    _changed = true;
+}
+
+const teskel::ConfigGroup* Config::group() const
+{
+    if (!_group)
+        return nullptr;
+    const auto found = _groups.constFind(*_group);
+    return found == _groups.cend() ? nullptr : &*found;
+}
+
+teskel::ConfigGroup* Config::groupToChange()
+{
+    if (_group)
+        return &_groups[*_group];
+    qWarning("Config: no group is selected in %s", qPrintable(_fileName));
+    return nullptr;
+}
+
+bool Config::hasKey(const QString& key) const
+{
+    const teskel::ConfigGroup* entries = group();
+    return entries != nullptr && entries->contains(teskel::configKey(key));
+}
+
+QString Config::readEntry(const QString& key, const QString& def) const
+{
+    const teskel::ConfigGroup* entries = group();
+    return entries == nullptr ? def : entries->value(teskel::configKey(key), def);
+}
+
+int Config::readNumEntry(const QString& key, int def) const
+{
+    const QString text = readEntry(key);
+    return text.isEmpty() ? def : text.toInt();
+}
+
+bool Config::readBoolEntry(const QString& key, bool def) const
+{
+    return readNumEntry(key, def ? 1 : 0) != 0;
+}
+
+void Config::writeEntry(const QString& key, const QString& value)
+{
+    teskel::ConfigGroup* entries = groupToChange();
+    if (entries == nullptr)
+        return;
+    const QString name = teskel::configKey(key);
+    const QString text = teskel::configValue(value);
+    const auto found = entries->constFind(name);
+    if (found != entries->cend() && *found == text)
+        return;
+    entries->insert(name, text);
+    _changed = true;
+}
+
+void Config::writeEntry(const QString& key, int value)
+{
+    writeEntry(key, QString::number(value));
+}
+
+void Config::writeEntry(const QString& key, bool value)
+{
+    writeEntry(key, value ? 1 : 0);
+}
+
+void Config::removeEntry(const QString& key)
+{
+    teskel::ConfigGroup* entries = groupToChange();
+    if (entries != nullptr && entries->remove(teskel::configKey(key)) > 0)
+        _changed = true;
+}
+
+void Config::clearGroup()
+{
+    teskel::ConfigGroup* entries = groupToChange();
+    if (entries == nullptr || entries->isEmpty())
+        return;
+    entries->clear();
+    _changed = true;
+}
+
+bool Config::write()
+{
+    if (!_changed)
+        return true;
+
+    const QByteArray text = teskel::formatConfig(_groups);
+    QSaveFile file(_fileName);
+    if (makeDirectory(QFileInfo(_fileName).absolutePath()) && file.open(QIODevice::WriteOnly) &&
+        file.write(text) == text.size() && file.commit()) {
+        _changed = false;
+        complainedAbout().remove(_fileName);
+        return true;
+    }
+    if (!complainedAbout().contains(_fileName)) {
+        complainedAbout().insert(_fileName);
+        qWarning("The settings cannot be written to %s", qPrintable(_fileName));
+    }
+    return false;
+}

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/configtext.h"
+
+#include <QString>
+#include <optional>
+
+/// One settings file, read when constructed and written back when destroyed if it was changed.
+///
+/// The file is UTF-8: `[group]` lines, each followed by `key = value` lines. There is no escaping,
+/// so line feeds in names and values become blanks and blanks around keys and values are cut; what
+/// is read back from this object before it is written is what a later object reads from the file.
+/// A missing, unreadable, binary or oversized file counts as empty. Several objects on one file are
+/// not locked against each other: keep an object for one operation only.
+class Config
+{
+public:
+    enum Domain {
+        File, ///< the name is the path of the file
+        User, ///< `$XDG_CONFIG_HOME/teskel/<name>.conf`, by default below `~/.config`
+    };
+
+    /// Reads the settings `name`. In the user domain a file of the handheld days,
+    /// `$HOME/Settings/<name>.conf`, is taken over when the present one does not exist.
+    explicit Config(const QString& name, Domain domain = User);
+    /// Writes the file if anything changed.
+    ~Config();
+    Config(const Config&) = delete;
+    Config& operator=(const Config&) = delete;
+
+    /// Selects the group of the following calls. Any text is a name, the empty one too. A missing
+    /// group is created, which changes the file.
+    void setGroup(const QString& group);
+
+    bool hasKey(const QString& key) const;
+    /// The value of `key`, or `def` when the key is missing.
+    QString readEntry(const QString& key, const QString& def = QString()) const;
+    /// The value as a number: `def` when it is missing or empty, 0 when it is not a whole number.
+    int readNumEntry(const QString& key, int def = -1) const;
+    /// True for any number but 0; `def` when the value is missing or empty.
+    bool readBoolEntry(const QString& key, bool def = false) const;
+
+    void writeEntry(const QString& key, const QString& value);
+    void writeEntry(const QString& key, int value);
+    void writeEntry(const QString& key, bool value);
+    /// A string literal would quietly become a bool.
+    void writeEntry(const QString& key, const char* value) = delete;
+
+    void removeEntry(const QString& key);
+    /// Removes every key of the selected group; the group itself stays.
+    void clearGroup();
+
+    /// Replaces the file at once, atomically, if anything changed. Creates its directory.
+    /// @return false when it could not be written; that prints one warning for each file, not one
+    ///         for each attempt
+    bool write();
+
+    /// Path of the file that write() replaces.
+    QString fileName() const { return _fileName; }
+
+private:
+    void read(const QString& path);
+    const teskel::ConfigGroup* group() const;
+    teskel::ConfigGroup* groupToChange();
+
+    QString _fileName;
+    teskel::ConfigGroups _groups;
+    std::optional<QString> _group;
+    bool _changed = false;
+};

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/filesystem.h"
+#include "platform/storageroots.h"
+
+#include <QList>
+#include <QObject>
+
+/// The mounted storage devices, in the order of the mount table.
+///
+/// A device counts once, at its first visible mount; bind mounts, network and kernel file systems
+/// are left out. The list follows the "QPE/Card" channel while the object lives.
+class StorageInfo : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit StorageInfo(QObject* parent = nullptr);
+
+    const QList<FileSystem>& fileSystems() const { return _fileSystems; }
+
+    /// Reads the mount table anew.
+    void update();
+
+    /// Where every later reading looks.
+    static void setRoots(const StorageRoots& roots);
+    static StorageRoots roots();
+
+signals:
+    /// The list was read anew after a card came or went.
+    void disksChanged();
+
+private:
+    QList<FileSystem> _fileSystems;
+};
