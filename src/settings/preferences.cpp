@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "settings/preferences.h"
+
+#include "platform/config.h"
+
+#include <QFontInfo>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int mruLimit = 6;
+constexpr int globalFontSize = 12;
+
+QString configName()
+{
+    return QStringLiteral("Teskel");
+}
+QString viewGroup()
+{
+    return QStringLiteral("ViewPreferences");
+}
+QString mruGroup()
+{
+    return QStringLiteral("MRU List");
+}
+QString fontSizeKey()
+{
+    return QStringLiteral("FontSize");
+}
+QString fontNameKey()
+{
+    return QStringLiteral("FontName");
+}
+QString globalFontName()
+{
+    return QStringLiteral("helvetica");
+}
+QString mruKey(qsizetype number)
+{
+    return QStringLiteral("List%1").arg(number);
+}
+
+/// The word as an 8-bit string, which ends where the first character has no byte of its own.
+QByteArray toBytes(const QString& word)
+{
+    const auto end = std::find_if(word.cbegin(), word.cend(),
+                                  [](QChar character) { return character.toLatin1() == '\0'; });
+    return QStringView(word.cbegin(), end).toLatin1();
+}
+
+/// Point size of `font`, also when the font was set in pixels.
+int pointSizeOf(const QFont& font)
+{
+    return font.pointSize() > 0 ? font.pointSize() : QFontInfo(font).pointSize();
+}
+
+/// Applies size, then family; a size that no font can have leaves the size as it is.
+void applyFont(QFont& font, int pointSize, const QString& family)
+{
+    if (pointSize > 0)
+        font.setPointSize(pointSize);
+    font.setFamily(family);
+}
+
+void writeFont(Config& config, const QFont& font)
+{
+    config.writeEntry(fontSizeKey(), pointSizeOf(font));
+    config.writeEntry(fontNameKey(), font.family());
+}
+
+} // namespace
+
+PreferencesData::PreferencesData()
+    : _font(globalFontName(), globalFontSize)
+{
+    load();
+}
+
+PreferencesData::~PreferencesData()
+{
+    save();
+}
+
+void PreferencesData::load()
+{
+    Config config(configName(), Config::User);
+    config.setGroup(viewGroup());
+    _layout = static_cast<PanelViewLayout>(config.readNumEntry(QStringLiteral("PanelView"), 1));
+    _userHandType =
+        static_cast<UserHandType>(config.readNumEntry(QStringLiteral("UserHandType"), 0));
+    const int size = config.readNumEntry(fontSizeKey(), globalFontSize);
+    const QString family = config.readEntry(fontNameKey(), globalFontName());
+    _viewType = static_cast<ViewType>(config.readNumEntry(QStringLiteral("ViewType"), 1));
+    _findType = static_cast<FindType>(config.readNumEntry(QStringLiteral("FindType"), 0));
+    applyFont(_font, size, family);
+    _lastOpenFile = config.readEntry(QStringLiteral("LastOpenFile"));
+    _comboPosition = static_cast<Position>(config.readNumEntry(QStringLiteral("ComboPosition"), 0));
+    _menuPosition = static_cast<Position>(config.readNumEntry(QStringLiteral("MenuPosition"), 0));
+
+    _mruList.clear();
+    config.setGroup(mruGroup());
+    for (int number = 0; number < mruLimit; ++number) {
+        const QString word = config.readEntry(mruKey(number));
+        if (!word.isEmpty())
+            _mruList.append(toBytes(word));
+    }
+}
+
+void PreferencesData::save()
+{
+    Config config(configName(), Config::User);
+    config.setGroup(viewGroup());
+    config.writeEntry(QStringLiteral("PanelView"), static_cast<int>(_layout));
+    config.writeEntry(QStringLiteral("UserHandType"), static_cast<int>(_userHandType));
+    writeFont(config, _font);
+    config.writeEntry(QStringLiteral("ViewType"), static_cast<int>(_viewType));
+    config.writeEntry(QStringLiteral("FindType"), static_cast<int>(_findType));
+    config.writeEntry(QStringLiteral("LastOpenFile"), _lastOpenFile);
+    config.writeEntry(QStringLiteral("ComboPosition"), static_cast<int>(_comboPosition));
+    config.writeEntry(QStringLiteral("MenuPosition"), static_cast<int>(_menuPosition));
+
+    config.setGroup(mruGroup());
+    for (qsizetype number = 0; number < _mruList.size(); ++number)
+        config.writeEntry(mruKey(number), QString::fromLatin1(_mruList.at(number)));
+}
+
+QFont PreferencesData::getFont(const QString& group)
+{
+    Config config(configName(), Config::User);
+    config.setGroup(group);
+    _font = _defaultFont;
+    const int size = config.readNumEntry(fontSizeKey(), pointSizeOf(_font));
+    const QString family = config.readEntry(fontNameKey(), _font.family());
+    applyFont(_font, size, family);
+    return _font;
+}
+
+void PreferencesData::setFont(const QFont& font, const QString& group)
+{
+    Config config(configName(), Config::User);
+    config.setGroup(group);
+    writeFont(config, font);
+}
+
+void PreferencesData::addToMRUList(const QString& word)
+{
+    const QByteArray bytes = toBytes(word);
+    if (_mruList.contains(bytes))
+        return;
+    if (_mruList.size() >= mruLimit) {
+        _mruList.prepend(bytes);
+        _mruList.removeLast();
+    } else {
+        _mruList.append(bytes);
+    }
+}
+
+void PreferencesData::fillMRUList(QByteArrayList& list) const
+{
+    list = _mruList;
+}

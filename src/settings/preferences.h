@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArrayList>
+#include <QFont>
+#include <QString>
+
+/// The one settings record: what the reader remembers from one run to the next.
+///
+/// It loads itself when constructed and saves itself when destroyed, so it must outlive everything
+/// that uses it. The settings file is the platform's user file "Teskel"; each operation opens it
+/// and lets it go again. A missing or unreadable file gives the defaults, without a message.
+///
+/// Numbers of the file are kept as they are: an enumeration may hold a value that has no name, and
+/// then counts as different from every named one.
+class PreferencesData
+{
+public:
+    /// How article and word list share the window.
+    enum PanelViewLayout : int {
+        Horizontal = 0, ///< one above the other
+        Vertical = 1,   ///< side by side
+    };
+    /// The hand that holds the pen; decides the side of the word list.
+    enum UserHandType : int { LeftHanded = 0, RightHanded = 1 };
+    /// Which of the two proportions of the panels is in force.
+    enum ViewType : int { ToggleViewOff = 0, ToggleViewOn = 1 };
+    /// When typing starts a search.
+    enum FindType : int {
+        FindAsYouType = 0, ///< at every change of the typed text
+        FindOnEnter = 1,   ///< when an entry is activated
+    };
+    /// The edge that the word entry or the tool bar keeps to.
+    enum Position : int { Top = 0, Bottom = 1 };
+
+    /// Sets the defaults, then loads the settings file over them.
+    PreferencesData();
+    /// Saves the record.
+    ~PreferencesData();
+    Q_DISABLE_COPY_MOVE(PreferencesData)
+
+    /// Reads the settings file into the record; missing keys give their defaults.
+    void load();
+    /// Writes the record to the settings file; groups and keys that it does not know stay.
+    void save();
+
+    PanelViewLayout getLayout() const { return _layout; }
+    void setLayout(const PanelViewLayout& layout) { _layout = layout; }
+    UserHandType getUserHandType() const { return _userHandType; }
+    void setUserHandType(const UserHandType& type) { _userHandType = type; }
+    ViewType getViewType() const { return _viewType; }
+    void setViewType(const ViewType& type) { _viewType = type; }
+    FindType getFindType() const { return _findType; }
+    void setFindType(const FindType& type) { _findType = type; }
+    Position getComboPosition() const { return _comboPosition; }
+    void setComboPosition(Position position) { _comboPosition = position; }
+    Position getMenuPosition() const { return _menuPosition; }
+    void setMenuPosition(Position position) { _menuPosition = position; }
+
+    /// Path of the dictionary that was open last; null before there was one.
+    const QString& getLastOpenFile() const { return _lastOpenFile; }
+    void setLastOpenFile(const QString& path) { _lastOpenFile = path; }
+
+    /// Sets the font that dictionaries without one of their own are shown in.
+    void setDefaultFont(const QFont& font) { _defaultFont = font; }
+
+    /// The font of the dictionary whose file path is `group`, or the default font.
+    ///
+    /// The font also becomes the working font, so the next save() writes it as the global one.
+    QFont getFont(const QString& group);
+
+    /// Stores the size and family of `font` for the dictionary whose file path is `group`, at once.
+    void setFont(const QFont& font, const QString& group);
+
+    /// Records a looked-up word; a word that is recorded already stays where it is.
+    ///
+    /// Until six words are held a new word goes to the end; from then on it goes to the front and
+    /// the last one is dropped. Words are held as Latin-1, and characters outside Latin-1 do not
+    /// survive: the word ends before the first of them.
+    void addToMRUList(const QString& word);
+
+    /// Makes `list` a copy of the recorded words, Latin-1, at most six, in the record's order.
+    void fillMRUList(QByteArrayList& list) const;
+
+private:
+    PanelViewLayout _layout = Vertical;
+    UserHandType _userHandType = LeftHanded;
+    ViewType _viewType = ToggleViewOn;
+    FindType _findType = FindAsYouType;
+    QByteArrayList _mruList;
+    QFont _font;
+    QFont _defaultFont;
+    QString _lastOpenFile;
+    Position _comboPosition = Top;
+    Position _menuPosition = Top;
+};

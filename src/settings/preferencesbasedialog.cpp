@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "settings/preferencesbasedialog.h"
+
+#include "settings/buttongroupbox.h"
+#include "settings/dialogpage.h"
+#include "settings/wraplayout.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace
+{
+
+/// One radio button of a group.
+struct Choice {
+    QString objectName;
+    QString caption;
+};
+
+teskel::ButtonGroupBox* createGroup(QWidget* parent, const QString& objectName,
+                                    const QString& title, const QList<Choice>& choices)
+{
+    auto* group = new teskel::ButtonGroupBox(title, objectName, parent);
+    auto* row = new teskel::WrapLayout(group);
+    for (const Choice& choice : choices) {
+        auto* button = new QRadioButton(choice.caption, group);
+        button->setObjectName(choice.objectName);
+        button->setAccessibleDescription(title);
+        group->addButton(button);
+        row->addWidget(button);
+    }
+    return group;
+}
+
+QPushButton* createSizeButton(teskel::ButtonGroupBox* group, const QString& objectName,
+                              const QString& caption, const QString& meaning)
+{
+    auto* button = new QPushButton(caption, group);
+    button->setObjectName(objectName);
+    button->setCheckable(true);
+    // Else the first one would become the default button, and Return would change the size.
+    button->setAutoDefault(false);
+    button->setAccessibleName(meaning);
+    button->setToolTip(meaning);
+    group->addButton(button);
+    return button;
+}
+
+} // namespace
+
+PreferencesBaseDialog::PreferencesBaseDialog(QWidget* parent, const char* name, bool modal,
+                                             Qt::WindowFlags flags)
+    : QDialog(parent, flags)
+{
+    setObjectName(name != nullptr ? QString::fromUtf8(name) : QStringLiteral("PreferencesBase"));
+    setModal(modal);
+    setWindowTitle(tr("Preferences"));
+
+    _tabs = new QTabWidget(this);
+    _tabs->setObjectName(QStringLiteral("TabWidget3"));
+    _tabs->addTab(createCommonPage(), tr("Common"));
+    _tabs->addTab(createFontPage(), tr("Font"));
+    _tabs->setMaximumSize(teskel::comfortableWidth(this), teskel::comfortableWidth(this));
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(_tabs, 1);
+    applySampleFonts();
+}
+
+QWidget* PreferencesBaseDialog::createCommonPage()
+{
+    auto* page = new QWidget(_tabs);
+    page->setObjectName(QStringLiteral("tab"));
+    auto* content = new QWidget(page);
+    _panelCombo = createGroup(content, QStringLiteral("panelCombo"), tr("Word Field Position"),
+                              {{QStringLiteral("RadioButton9"), tr("Top")},
+                               {QStringLiteral("RadioButton10"), tr("Bottom")}});
+    _panelHanded = createGroup(content, QStringLiteral("panelHanded"), tr("Accessibillity"),
+                               {{QStringLiteral("rbLeftHanded"), tr("Left handed user")},
+                                {QStringLiteral("rbRightHanded"), tr("Right handed user")}});
+    _panelView = createGroup(content, QStringLiteral("panelView"), tr("Panel View"),
+                             {{QStringLiteral("rbHorizontal"), tr("Horizontal")},
+                              {QStringLiteral("rbVertical"), tr("Vertical")}});
+    _panelMenu = createGroup(
+        content, QStringLiteral("panelMenu"), tr("Menu Position"),
+        {{QStringLiteral("rbMenuBottom"), tr("Top")}, {QStringLiteral("rbMenuTop"), tr("Bottom")}});
+    auto* groups = new QVBoxLayout(content);
+    for (QWidget* group : {_panelCombo, _panelHanded, _panelView, _panelMenu})
+        groups->addWidget(group);
+    groups->addStretch();
+
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(teskel::scrollWhereNeeded(content, page));
+    return page;
+}
+
+QWidget* PreferencesBaseDialog::createFontPage()
+{
+    auto* page = new QWidget(_tabs);
+    page->setObjectName(QStringLiteral("tab_2"));
+    auto* label = new QLabel(tr("Font Name"), page);
+    label->setObjectName(QStringLiteral("TextLabel1_2"));
+    _listboxFonts = new QListWidget(page);
+    _listboxFonts->setObjectName(QStringLiteral("listboxFonts"));
+    _listboxFonts->setAccessibleName(label->text());
+    _listboxFonts->setUniformItemSizes(true);
+    label->setBuddy(_listboxFonts);
+
+    _groupFont = new teskel::ButtonGroupBox(tr("Font Size"), QStringLiteral("groupFont"), page);
+    const QString caption = tr("A");
+    _btnNormal = createSizeButton(_groupFont, QStringLiteral("btnNormal"), caption, tr("Normal"));
+    _btnSmall = createSizeButton(_groupFont, QStringLiteral("btnSmall"), caption, tr("Small"));
+    _btnLarge = createSizeButton(_groupFont, QStringLiteral("btnLarge"), caption, tr("Large"));
+    auto* sizes = new QHBoxLayout(_groupFont);
+    for (QPushButton* button : {_btnSmall, _btnNormal, _btnLarge}) {
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::MinimumExpanding);
+        sizes->addWidget(button);
+    }
+    setTabOrder(_btnSmall, _btnNormal);
+    setTabOrder(_btnNormal, _btnLarge);
+
+    auto* column = new QVBoxLayout(page);
+    column->addWidget(label);
+    column->addWidget(_listboxFonts, 1);
+    column->addWidget(_groupFont);
+    return page;
+}
+
+void PreferencesBaseDialog::applySampleFonts()
+{
+    const QString family = QStringLiteral("adobe-helvetica");
+    _btnNormal->setFont(QFont(family, 14));
+    _btnLarge->setFont(QFont(family, 18));
+}
+
+bool PreferencesBaseDialog::event(QEvent* event)
+{
+    const bool handled = QDialog::event(event);
+    if (event->type() == QEvent::ApplicationFontChange)
+        applySampleFonts();
+    return handled;
+}
