@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+namespace teskel
+{
+
+/// Brings text from a person to the form that lexicons use: one character per accented letter.
+QString composed(const QString& text);
+
+/// How many leading characters of `text` a lexicon can hold: those of Latin-1 except NUL.
+qsizetype lexiconLength(const QString& text);
+
+/// The bytes by which a lexicon knows `text`.
+///
+/// Nothing if `text` has a character that no headword can have. Such a text equals no headword and
+/// begins none; replacing or dropping the character would find a word that was not asked for.
+std::optional<QByteArray> toLexiconBytes(const QString& text);
+
+} // namespace teskel

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include "lookup/qdictionarylistbox.h"
+
+#include "base/assertion.h"
+#include "dictionary/dictionary.h"
+#include "lookup/navigationevent.h"
+#include "lookup/qdictionarylistboxitem.h"
+#include "widgets/qteskelscrollbar.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <memory>
+
+namespace
+{
+
+constexpr auto unit = "qdictionarylistbox.cpp";
+
+/// Which way a navigation key leads: -1 back, 1 forth, 0 for any other key.
+int directionOf(int key)
+{
+    switch (key) {
+    case Qt::Key_Home:
+    case Qt::Key_Up:
+    case Qt::Key_PageUp:
+        return -1;
+    case Qt::Key_End:
+    case Qt::Key_Down:
+    case Qt::Key_PageDown:
+        return 1;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+QDictionaryListBox::QDictionaryListBox(Dictionary* dictionary, QWidget* parent, const char* name,
+                                       Qt::WindowFlags f)
+    : QTeskelListBox(parent, name, f)
+    , _dictionary(dictionary)
+{
+    QTeskelScrollBar* const bar = verticalScrollBar();
+    bar->setTracking(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    connect(bar, &QTeskelScrollBar::nextLine, this, &QDictionaryListBox::nextLine);
+    connect(bar, &QTeskelScrollBar::prevLine, this, &QDictionaryListBox::prevLine);
+}
+
+void QDictionaryListBox::fill(CursorPosition start)
+{
+    const std::unique_ptr<DictionaryIterator> iterator(_dictionary->createIterator());
+    teskel::verify(iterator->isValid(start), "iterator->isValid(start)", unit, 134);
+
+    const CursorPosition top = topNear(*iterator, start);
+    const int found = rewriteRows(*iterator, top, start);
+    const int selected = found >= 0 ? found : currentItem();
+    setSelected(selected, true);
+    ensureCurrentVisible();
+    adjustScrollBars();
+}
+
+void QDictionaryListBox::move(int lines)
+{
+    if (lines == 0 || rowCount() == 0)
+        return;
+    const std::unique_ptr<DictionaryIterator> iterator(_dictionary->createIterator());
+    CursorPosition top = iterator->move(row(0)->getCursorPosition(), lines);
+    if (lines > 0)
+        top = topNear(*iterator, top);
+    else if (!iterator->isValid(top))
+        top = iterator->begin();
+    rewriteRows(*iterator, top, CursorPosition::invalid());
+
+    adjustScrollBars();
+    if (currentItem() >= 0) {
+        ensureCurrentVisible();
+        emit selectionChanged(row(currentItem()));
+    }
+}
+
+void QDictionaryListBox::adjustScrollBars()
+{
+    triggerUpdate(true);
+}
+
+void QDictionaryListBox::nextLine()
+{
+    const int current = currentItem();
+    if (current < 0) {
+        move(1);
+        return;
+    }
+    tellParent(teskel::navigationStart);
+    if (isLastRowCurrent()) {
+        move(1);
+    } else {
+        setSelected(current + 1, true);
+        ensureCurrentVisible();
+    }
+    tellParent(teskel::navigationFinish);
+}
+
+// Unlike nextLine, no events when a word scrolls in: that word enters the history.
+void QDictionaryListBox::prevLine()
+{
+    if (isFirstRowCurrent()) {
+        move(-1);
+        return;
+    }
+    tellParent(teskel::navigationStart);
+    if (currentItem() > 0)
+        setSelected(currentItem() - 1, true);
+    tellParent(teskel::navigationFinish);
+    ensureCurrentVisible();
+}
+
+void QDictionaryListBox::keyPressEvent(QKeyEvent* e)
+{
+    if (directionOf(e->key()) != 0)
+        tellParent(teskel::navigationStart);
+    QTeskelListBox::keyPressEvent(e);
+}
+
+// The press moves the current row; the words scroll when the key comes up.
+void QDictionaryListBox::keyReleaseEvent(QKeyEvent* e)
+{
+    const int direction = directionOf(e->key());
+    if (direction == 0) {
+        QWidget::keyReleaseEvent(e);
+        return;
+    }
+    if (direction < 0 ? isFirstRowCurrent() : isLastRowCurrent())
+        move(direction);
+    tellParent(teskel::navigationFinish);
+}
+
+int QDictionaryListBox::rowCount() const
+{
+    return static_cast<int>(count());
+}
+
+bool QDictionaryListBox::isFirstRowCurrent() const
+{
+    return currentItem() == 0;
+}
+
+bool QDictionaryListBox::isLastRowCurrent() const
+{
+    return currentItem() >= 0 && currentItem() == rowCount() - 1;
+}
+
+QDictionaryListBoxItem* QDictionaryListBox::row(int index) const
+{
+    return static_cast<QDictionaryListBoxItem*>(item(index));
+}
+
+void QDictionaryListBox::tellParent(QEvent::Type type)
+{
+    if (parent() == nullptr)
+        return;
+    QEvent event(type);
+    QCoreApplication::sendEvent(parent(), &event);
+}
+
+/// The top row that shows `wanted` as high as the rows can be filled.
+///
+/// Invalid if `wanted` is.
+CursorPosition QDictionaryListBox::topNear(DictionaryIterator& iterator,
+                                           CursorPosition wanted) const
+{
+    if (iterator.isValid(iterator.move(wanted, rowCount())))
+        return wanted;
+
+    // Bounded, so that a dictionary whose reads fail and recover cannot hold the walk.
+    CursorPosition last = CursorPosition::invalid();
+    CursorPosition next = wanted;
+    for (int steps = 0; steps <= rowCount() && iterator.isValid(next); ++steps) {
+        last = next;
+        next = iterator.move(next, 1);
+    }
+    // A dictionary of fewer words than rows starts at its first word.
+    CursorPosition top = last;
+    for (int steps = 1; steps < rowCount(); ++steps) {
+        const CursorPosition previous = iterator.move(top, -1);
+        if (!iterator.isValid(previous))
+            break;
+        top = previous;
+    }
+    return top;
+}
+
+/// Writes the words from `top` on into the rows.
+/// @return the row that holds `sought`, -1 if none does
+int QDictionaryListBox::rewriteRows(DictionaryIterator& iterator, CursorPosition top,
+                                    CursorPosition sought)
+{
+    int found = -1;
+    CursorPosition position = top;
+    for (int index = 0; index < rowCount(); ++index) {
+        QDictionaryListBoxItem* const item = row(index);
+        if (iterator.setPosition(position)) {
+            item->setText(QString::fromLatin1(iterator.getWord()));
+            item->setCursorPosition(position);
+            if (position == sought)
+                found = index;
+        } else {
+            item->setText(QString());
+            item->setCursorPosition(CursorPosition::invalid());
+        }
+        position = iterator.move(position, 1);
+    }
+    return found;
+}

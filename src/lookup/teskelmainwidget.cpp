@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: MIT
+#include "lookup/teskelmainwidget.h"
+
+#include "base/assertion.h"
+#include "lookup/dictionarytexts.h"
+#include "lookup/initialtext.h"
+#include "lookup/lexicontext.h"
+#include "lookup/navigationevent.h"
+#include "lookup/plainmessage.h"
+#include "lookup/qdictionarylistbox.h"
+#include "lookup/qdictionarylistboxitem.h"
+#include "lookup/slotpause.h"
+#include "settings/preferences.h"
+#include "widgets/qteskelcombobox.h"
+#include "widgets/qteskeledit.h"
+
+#include <QLineEdit>
+#include <cstring>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr auto unit = "teskelmainwidget.cpp";
+constexpr int listRows = 20;
+constexpr int historyLength = 6;
+
+constexpr auto listSelectionChanged =
+    qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged);
+
+/// The list is about to be refilled; that is no choice of the user's.
+[[nodiscard]] auto pauseSelection(QDictionaryListBox* list, TeskelMainWidget* widget)
+{
+    return teskel::SlotPause(static_cast<QTeskelListBox*>(list), listSelectionChanged, widget,
+                             &TeskelMainWidget::listBoxSelectionChanged);
+}
+
+/// The entry is about to change by program; that is nothing to look up.
+[[nodiscard]] auto pauseTyping(QTeskelComboBox* entry, TeskelMainWidget* widget)
+{
+    return teskel::SlotPause(entry, &QTeskelComboBox::textChanged, widget,
+                             &TeskelMainWidget::comboBoxTextChanged);
+}
+
+} // namespace
+
+TeskelMainWidget::TeskelMainWidget(QWidget* parent, PreferencesData& preferences)
+    : QWidget(parent)
+    , _preferences(preferences)
+    , _layout(this)
+{
+    setObjectName(u"TeskelMainWidget"_s);
+    // Left and right hand mean the same in every language.
+    setLayoutDirection(Qt::LeftToRight);
+    createArticleView();
+    createWordList();
+    createWordEntry();
+    _layout.addWidgets(_wordEntry, _articleView, _wordList);
+
+    connect(_wordList, listSelectionChanged, this, &TeskelMainWidget::listBoxSelectionChanged);
+    connect(_wordEntry, &QTeskelComboBox::textChanged, this,
+            &TeskelMainWidget::comboBoxTextChanged);
+    connect(_wordEntry, &QComboBox::activated, this, &TeskelMainWidget::comboActivated);
+    _mruOnSelection = true;
+    resetLayout();
+}
+
+TeskelMainWidget::~TeskelMainWidget()
+{
+    // Children that die after this destructor must not reach its slots.
+    disconnect(_wordList, nullptr, this, nullptr);
+    disconnect(_wordEntry, nullptr, this, nullptr);
+    if (_dictionary.isOpen())
+        _preferences.setFont(_articleView->font(), _dictionary.getUrl());
+}
+
+void TeskelMainWidget::createArticleView()
+{
+    _articleView = new QTeskelEdit(this);
+    _articleView->setAccessibleName(tr("Article"));
+    _articleView->setFocusPolicy(Qt::NoFocus);
+    setInitialText();
+    _preferences.setDefaultFont(_articleView->font());
+}
+
+void TeskelMainWidget::createWordList()
+{
+    _wordList = new QDictionaryListBox(&_dictionary, this);
+    _wordList->setAccessibleName(tr("Words"));
+    _wordList->setFocusPolicy(Qt::NoFocus);
+}
+
+void TeskelMainWidget::createWordEntry()
+{
+    _wordEntry = new QTeskelComboBox(_wordList, this);
+    _wordEntry->setAccessibleName(tr("Word"));
+    _wordEntry->setEditable(true);
+    _wordEntry->setInsertPolicy(QComboBox::InsertAtTop);
+    _wordEntry->setMaxCount(historyLength);
+    setFocusProxy(_wordEntry);
+
+    QByteArrayList history;
+    _preferences.fillMRUList(history);
+    for (const QByteArray& word : std::as_const(history))
+        _wordEntry->addItem(QString::fromLatin1(word));
+}
+
+bool TeskelMainWidget::fileOpen(const QString& path, bool quiet)
+{
+    if (_dictionary.open(path) != -1) {
+        _wordList->clear();
+        fillControls();
+        return true;
+    }
+    if (!quiet) {
+        teskel::showPlainMessage(this, QMessageBox::Critical, tr("Teskel"),
+                                 tr("File\n%1\nis not a valid dictionary").arg(path));
+    }
+    return false;
+}
+
+void TeskelMainWidget::fillControls()
+{
+    TESKEL_ASSERT(_dictionary.isOpen(), "_dictionary.isOpen()", unit);
+    _articleView->setText(teskel::dictionaryDescription(_dictionary));
+
+    _wordList->clear();
+    const std::unique_ptr<DictionaryIterator> iterator(_dictionary.createIterator());
+    CursorPosition position = iterator->begin();
+    for (int row = 0; row < listRows; ++row) {
+        if (iterator->isValid(position)) {
+            const QString word = QString::fromLatin1(iterator->getWord());
+            _wordList->insertItem(new QDictionaryListBoxItem(word, position));
+        }
+        position = iterator->move(position, 1);
+    }
+    _wordList->adjustScrollBars();
+    update();
+
+    _preferences.setLastOpenFile(_dictionary.getUrl());
+    setEditFont();
+    find();
+    _wordEntry->setEnabled(true);
+}
+
+void TeskelMainWidget::setInitialText()
+{
+    _articleView->setText(teskel::initialText());
+}
+
+void TeskelMainWidget::resetLayout()
+{
+    resetMainLayout();
+    // Hiding would hand the keyboard to some other widget of the window.
+    const bool hadFocus = _wordEntry->hasFocus();
+    hide();
+    _layout.placeEntry(_preferences.getComboPosition() == PreferencesData::Bottom);
+    adjustSize();
+    show();
+    if (hadFocus)
+        _wordEntry->setFocus();
+}
+
+void TeskelMainWidget::resetMainLayout()
+{
+    _layout.arrangePanels(teskel::PanelArrangement::of(_preferences));
+}
+
+void TeskelMainWidget::find()
+{
+    QString text = teskel::composed(_wordEntry->currentText());
+    if (!_dictionary.isOpen() || text.isEmpty())
+        return;
+    const auto word = teskel::toLexiconBytes(text);
+    const CursorPosition position =
+        word ? findWord(word->constData(), false) : CursorPosition::invalid();
+    if (!position.isInvalid()) {
+        setEditText(position);
+        saveMRUList(text);
+        return;
+    }
+    _articleView->clear();
+    if (word)
+        findWord(word->constData(), true);
+}
+
+CursorPosition TeskelMainWidget::findWord(const char* word, bool prefix)
+{
+    TESKEL_ASSERT(std::strlen(word) > 0, "strlen(word)>0", unit);
+    const CursorPosition position = _dictionary.findWord(word, CursorPosition::invalid(), prefix);
+    if (!position.isInvalid()) {
+        const auto pause = pauseSelection(_wordList, this);
+        _wordList->fill(position);
+    }
+    return position;
+}
+
+void TeskelMainWidget::comboBoxTextChanged(const QString& text)
+{
+    if (_dictionary.isOpen() && !text.isEmpty() &&
+        _preferences.getFindType() == PreferencesData::FindAsYouType)
+        find();
+}
+
+void TeskelMainWidget::comboActivated(int index)
+{
+    if (_preferences.getFindType() != PreferencesData::FindOnEnter)
+        return;
+    const QString item = _wordEntry->text(index);
+    TESKEL_ASSERT(item.length() > 0, "item.length()>0", unit);
+    const auto pause = pauseTyping(_wordEntry, this);
+    if (const auto word = teskel::toLexiconBytes(teskel::composed(item)))
+        findWord(word->constData(), false);
+}
+
+void TeskelMainWidget::listBoxSelectionChanged(QTeskelListBoxItem* item)
+{
+    const auto* const row = dynamic_cast<QDictionaryListBoxItem*>(item);
+    if (row == nullptr || row->getCursorPosition().isInvalid())
+        return;
+    setEditText(row->getCursorPosition());
+    QString word = row->text();
+    if (_mruOnSelection)
+        saveMRUList(word);
+    setComboText(word, false);
+}
+
+void TeskelMainWidget::setEditText(CursorPosition position)
+{
+    if (const auto article = teskel::articleAt(_dictionary, position))
+        setText(teskel::wordAt(_dictionary, position), *article);
+    else
+        _articleView->clear();
+}
+
+void TeskelMainWidget::setComboText(const QString& text, bool notify)
+{
+    const auto change = [&] {
+        _wordEntry->lineEdit()->setText(text);
+        selectEntryText();
+    };
+    if (notify) {
+        change();
+        return;
+    }
+    const auto pause = pauseTyping(_wordEntry, this);
+    change();
+}
+
+void TeskelMainWidget::selectEntryText()
+{
+    QLineEdit* const edit = _wordEntry->lineEdit();
+    edit->setSelection(0, edit->maxLength());
+}
+
+void TeskelMainWidget::saveMRUList(QString& word)
+{
+    if (word.isEmpty())
+        return;
+    _preferences.addToMRUList(word);
+    const auto pause = pauseTyping(_wordEntry, this);
+    for (int index = 0; index < _wordEntry->count(); ++index) {
+        if (_wordEntry->text(index) == word)
+            return;
+    }
+    _wordEntry->insertHistoryItem(word);
+}
+
+QFont TeskelMainWidget::getEditFont() const
+{
+    return _articleView->font();
+}
+
+void TeskelMainWidget::setEditFont(const QFont& font)
+{
+    _articleView->setFont(font);
+}
+
+void TeskelMainWidget::setEditFont()
+{
+    if (_dictionary.isOpen())
+        setEditFont(_preferences.getFont(_dictionary.getUrl()));
+}
+
+QString TeskelMainWidget::getDictionaryFileName()
+{
+    return _dictionary.isOpen() ? _dictionary.getUrl() : QString();
+}
+
+QString TeskelMainWidget::getDictionaryName()
+{
+    return _dictionary.isOpen() ? teskel::dictionaryName(_dictionary) : QString();
+}
+
+void TeskelMainWidget::customEvent(QEvent* event)
+{
+    if (event->type() == teskel::navigationStart)
+        _mruOnSelection = false;
+    else if (event->type() == teskel::navigationFinish)
+        _mruOnSelection = true;
+    else
+        QWidget::customEvent(event);
+}
