@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTextEdit>
+
+/// A read-only view of rich text that loads nothing and gives back exactly the text that was set.
+///
+/// Markup may come from anyone: pictures and style sheets that it names are not loaded, links are
+/// not followed, and structures that would cost unbounded time or memory are not built. The page
+/// stays light in a dark palette, so that coloured text keeps its contrast.
+class QTeskelEdit : public QTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit QTeskelEdit(QWidget* parent = nullptr, const char* name = nullptr);
+    ~QTeskelEdit() override;
+
+    /// Shows `text`, from the top and with nothing selected.
+    void setText(const QString& text);
+    /// The text as it was set, tags included.
+    QString text() const { return _source; }
+    /// Sets the empty text.
+    void clear();
+
+    /// How texts are read: Qt::RichText (at first), Qt::PlainText or Qt::AutoText. Shows the
+    /// present text anew.
+    void setTextFormat(Qt::TextFormat format);
+    Qt::TextFormat textFormat() const { return _format; }
+
+    bool hasMarkedText() const;
+    /// The selected text without markup; paragraphs and lines end in a line feed.
+    QString markedText() const;
+    bool hasSelectedText() const { return hasMarkedText(); }
+    QString selectedText() const { return markedText(); }
+
+    QVariant loadResource(int type, const QUrl& name) override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void showSource();
+    void keepPageLight();
+
+    QString _source;
+    Qt::TextFormat _format = Qt::RichText;
+};
