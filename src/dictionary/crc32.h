@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+#include <cstddef>
+
+namespace teskel
+{
+
+/// The standard CRC-32 (reflected polynomial 0xEDB88320) of `size` bytes.
+quint32 crc32(const void* data, std::size_t size);
+
+} // namespace teskel

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dictionary/dictionary.h"
+#include "dictionary/textrecord.h"
+#include "dictionary/wordindex.h"
+
+#include <QCache>
+#include <QString>
+
+#include <memory>
+
+class QtPalmDatabase;
+
+/// A dictionary in a Palm database file, unpacked record by record as words are asked for.
+///
+/// The last 100 unpacked records are kept. Pointers to words and records stay valid until the
+/// dictionary is used again. One thread at a time.
+class QtDictionary : public Dictionary
+{
+public:
+    /// Walks the words of a QtDictionary.
+    class QtDictionaryIterator : public DictionaryIterator
+    {
+    public:
+        explicit QtDictionaryIterator(QtDictionary* dictionary)
+            : _dictionary(dictionary)
+        {
+        }
+
+        CursorPosition getPosition() override { return _position; }
+        bool setPosition(CursorPosition position) override;
+        CursorPosition move(CursorPosition position, int delta) override;
+        const char* getWord() override;
+        CursorPosition begin() override;
+        bool isValid(CursorPosition position) override;
+
+    private:
+        CursorPosition forward(CursorPosition position, qint64 steps);
+        CursorPosition backward(CursorPosition position, qint64 steps);
+
+        CursorPosition _position;
+        QtDictionary* _dictionary;
+    };
+
+    QtDictionary();
+    Q_DISABLE_COPY_MOVE(QtDictionary)
+    ~QtDictionary() override;
+
+    /// The file's base name: without directory and without everything from its first "." on.
+    bool getName(char* buffer, int size) override;
+    bool getDescription(char* buffer, int size) override;
+    bool getRandomWord(char* buffer, int size) override;
+    int getWordCount() override { return 0; }
+    bool getWord(CursorPosition position, char* buffer, unsigned int size) override;
+    bool getDescription(CursorPosition position, char* buffer, unsigned int* size) override;
+    CursorPosition findWord(const char* word, CursorPosition position, bool prefix) override;
+    int wordCompare(const char* a, const char* b) override;
+    int wordNCompare(const char* a, const char* b, unsigned int n) override;
+    QtDictionaryIterator* createIterator() override;
+
+    /// Opens a file by its Latin-1 path: 0, or -1 on failure. A file that is no dictionary is
+    /// refused silently and leaves what was open; one that is an unusable dictionary stays
+    /// attached.
+    int open(const char* fileName) override;
+    /// The same for any path.
+    int open(const QString& fileName);
+    /// Detaches the file and forgets its records; always 0.
+    virtual int close();
+    /// Whether a file is attached.
+    virtual bool isOpen();
+    /// Whether the file is a Palm database with the creator of dictionaries.
+    virtual bool isValidDictionary(const char* fileName);
+    bool isValidDictionary(const QString& fileName);
+
+    /// The path as given to open(), empty when closed.
+    [[nodiscard]] QString getUrl() const { return _url; }
+
+    /// Without `prefix` as above; with it, 0 when `a` begins with `b`.
+    int wordCompare(const char* a, const char* b, bool prefix);
+    /// Folds a text in place.
+    void toUpper(char* buffer);
+    /// The headword at `position` inside the cached record, or null.
+    const char* getWordAt(CursorPosition position);
+
+    /// Number of word records.
+    unsigned short getWordRecordCount();
+    /// Number of entries of a word record, 0 when it cannot be read.
+    unsigned short getTotalWordCount(unsigned short recordIndex);
+    /// Unpacked records by word record number and by database record number; null when the record
+    /// cannot be read. Owned by the cache and always followed by terminating NULs.
+    const char* getWordRecord(unsigned short recordIndex);
+    const char* getDecompressedRecord(unsigned short index);
+    /// Unpacks a database record afresh; null when it cannot be read.
+    std::unique_ptr<teskel::TextRecord> decompressRecord(unsigned short index);
+    void clearWordCache();
+
+private:
+    int openDatabase();
+    bool loadIndex();
+    const teskel::TextRecord* cachedRecord(unsigned short index);
+    const teskel::TextRecord* cachedWordRecord(unsigned short recordIndex);
+
+    std::unique_ptr<QtPalmDatabase> _database;
+    QString _url;
+    QCache<int, teskel::TextRecord> _wordCache;
+    teskel::WordIndex _index;
+};

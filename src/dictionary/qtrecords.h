@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+#include <memory>
+
+class QIODevice;
+
+/// The bytes of one record. Whoever got it from QtRecords::getData() frees it: see RecordDeleter.
+struct Record {
+    quint32 size = 0;     ///< bytes
+    char* data = nullptr; ///< from new[]
+};
+
+/// Frees a record with its bytes.
+struct RecordDeleter {
+    void operator()(Record* record) const
+    {
+        if (record)
+            delete[] record->data;
+        delete record;
+    }
+};
+using RecordPointer = std::unique_ptr<Record, RecordDeleter>;
+
+/// One entry of a database's record list.
+struct RecordMetaData {
+    quint32 offset = 0;        ///< of the record's data from the start of the file
+    quint8 attributes[4] = {}; ///< attributes and unique id as they stand in the file
+};
+
+/// The record list of a Palm database, read from the file at each request.
+///
+/// A card may be pulled out and files may lie: nothing is read ahead or kept, and offsets are
+/// checked against the file's size before memory is taken.
+class QtRecords
+{
+public:
+    QtRecords() = default;
+    Q_DISABLE_COPY_MOVE(QtRecords)
+    virtual ~QtRecords() = default;
+
+    /// Reads record `index` whole: a new record that the caller frees, or null on failure.
+    virtual Record* getData(unsigned short index);
+    virtual unsigned short getCount();
+
+    /// Reads one entry of the record list.
+    bool getRecordMetaData(RecordMetaData* data, unsigned short index);
+    /// Binds the list to an open device, which is borrowed. Meant to be called once.
+    void setIOInfo(QIODevice* device, int firstRecordOffset, unsigned short recordCount);
+
+private:
+    bool locate(unsigned short index, qint64& offset, qint64& size);
+
+    QIODevice* _device = nullptr;
+    qint32 _firstRecordOffset = -1;
+    quint16 _recordCount = 0;
+};

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dictionary/memberdecoder.h"
+
+#include <vector>
+
+namespace teskel
+{
+
+/// An unpacked record and where its entries begin.
+///
+/// The text is followed by enough NULs that a record without its terminators reads as if its last
+/// entry were ended properly. Entries are found at the first request and remembered.
+class TextRecord
+{
+public:
+    /// NULs that must follow the text of `block`: they end a headword, its article and the record.
+    static constexpr std::size_t spareBytes = 3;
+
+    /// @param block  a member unpacked with spareBytes spare bytes
+    explicit TextRecord(MemberBlock block)
+        : _block(std::move(block))
+    {
+    }
+
+    [[nodiscard]] const char* text() const { return _block.data.get(); }
+    /// Bytes of the record as it was packed.
+    [[nodiscard]] quint32 size() const { return _block.size; }
+
+    /// Number of entries.
+    [[nodiscard]] quint16 count() const;
+    /// Headword and article of an entry below count().
+    [[nodiscard]] const char* word(quint16 entry) const;
+    [[nodiscard]] const char* article(quint16 entry) const;
+    /// The first entry, in record order, whose headword does not compare below `word`, or count().
+    /// With `prefixLength` set, only so many bytes are compared. Searched by halves where the
+    /// headwords ascend, which gives the same result.
+    [[nodiscard]] quint16 firstNotBelow(const char* word, const std::size_t* prefixLength) const;
+
+private:
+    void findEntries() const;
+
+    MemberBlock _block;
+    mutable std::vector<quint16> _offsets; // of the headwords
+    mutable bool _isParsed = false;
+    mutable bool _isAscending = false;
+};
+
+} // namespace teskel

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+
+#include <vector>
+
+namespace teskel
+{
+
+/// The word index of a dictionary: one key a word record, parsed once.
+class WordIndex
+{
+public:
+    /// Parses the bytes of the index record. Keys beyond the one after the last word record cannot
+    /// change any result and are left out.
+    void parse(const char* data, std::size_t size, std::size_t wordRecordCount);
+    void clear();
+    [[nodiscard]] bool isLoaded() const { return _isLoaded; }
+
+    /// The record with which a search for `word` begins: that of the last key before the first one
+    /// that does not compare below it. With `prefixLength` set, only so many bytes are compared.
+    /// Searched by halves where the keys ascend, else from the front.
+    [[nodiscard]] std::size_t recordFor(const char* word, const std::size_t* prefixLength) const;
+
+private:
+    QByteArray _keys;
+    std::vector<quint32> _offsets;
+    bool _isAscending = false;
+    bool _isLoaded = false;
+};
+
+} // namespace teskel
