@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "files/qteskelfilemenu.h"
+
+#include "files/fileloader.h"
+#include "files/reversename.h"
+#include "platform/resource.h"
+
+#include <QAction>
+#include <QIcon>
+
+namespace
+{
+
+/// The name as a menu must be given it to show it: "&" would mark a shortcut, a tab a second
+/// column.
+QString menuText(QString name)
+{
+    for (QChar& character : name) {
+        if (character.category() == QChar::Other_Control)
+            character = u' ';
+    }
+    return name.replace(u'&', QStringLiteral("&&"));
+}
+
+} // namespace
+
+QTeskelFileMenu::QTeskelFileMenu(QWidget* parent, const char* name)
+    : QMenu(parent)
+{
+    setObjectName(QString::fromUtf8(name));
+    const QIcon card = Resource::loadIcon(QStringLiteral("teskel-floppy"));
+    const QIcon internal = Resource::loadIcon(QStringLiteral("teskel-hard"));
+    const QList<QTeskelFileInfo> files = FileLoader().getFileList(false);
+    int id = 0;
+    for (const QTeskelFileInfo& file : files) {
+        QAction* entry = addAction(file._removable ? card : internal, menuText(file.displayName()));
+        entry->setData(id);
+        _fileMap.insert(id, file);
+        ++id;
+    }
+    connect(this, &QMenu::triggered, this,
+            [this](const QAction* entry) { menuActivated(entry->data().toInt()); });
+}
+
+void QTeskelFileMenu::menuActivated(int id)
+{
+    const auto found = _fileMap.constFind(id);
+    if (found == _fileMap.constEnd())
+        return;
+    const QTeskelFileInfo info = *found;
+    emit fileSelected(info);
+}
+
+QString QTeskelFileMenu::findReverseDictionary(const QString& name) const
+{
+    return teskel::reverseDictionaryName(name);
+}
+
+QString QTeskelFileMenu::findFileName(const QString& name) const
+{
+    for (const QTeskelFileInfo& file : _fileMap) {
+        if (file.displayName() == name)
+            return file.path();
+    }
+    return {};
+}
