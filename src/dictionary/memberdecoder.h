@@ -25,7 +25,7 @@ enum class MemberStatus {
 const char* memberStatusText(MemberStatus status);
 
 struct FreeDeleter {
-    void operator()(void* block) const { std::free(block); } // NOLINT(*-no-malloc)
+    void operator()(void* block) const { std::free(block); }
 };
 
 /// The bytes of an unpacked member, from malloc.

@@ -96,7 +96,6 @@ public:
     void clearWordCache();
 
 private:
-    int openDatabase();
     bool loadIndex();
     const teskel::TextRecord* cachedRecord(unsigned short index);
     const teskel::TextRecord* cachedWordRecord(unsigned short recordIndex);

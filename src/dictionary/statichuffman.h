@@ -17,6 +17,8 @@ struct StaticHuffmanTables {
     HuffmanTable<12, arj::charCodes> characters;
     HuffmanTable<8, arj::positionCodes> positions;
     HuffmanTable<8, arj::lengthCodes> lengths;
+
+    static constexpr unsigned noLength = HuffmanTable<8, arj::lengthCodes>::noSymbol;
 };
 
 /// Decodes methods 1 to 3 until `output` is full: Ok, or BadCodes at damaged code tables.

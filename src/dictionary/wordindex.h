@@ -17,6 +17,8 @@ public:
     void parse(const char* data, std::size_t size, std::size_t wordRecordCount);
     void clear();
     [[nodiscard]] bool isLoaded() const { return _isLoaded; }
+    /// Whether this is the index of a topic dictionary, a kind that is not supported.
+    [[nodiscard]] bool isTopicIndex() const { return _keys.startsWith('#'); }
 
     /// The record with which a search for `word` begins: that of the last key before the first one
     /// that does not compare below it. With `prefixLength` set, only so many bytes are compared.

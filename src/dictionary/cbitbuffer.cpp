@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "dictionary/cbitbuffer.h"
+
+#include "dictionary/cbuffer.h"
+#include "dictionary/cfileheader.h"
+
+#include <algorithm>
+
+void CBitBuffer::Attach(CBuffer* input, CFileHeader* header)
+{
+    _input = input;
+    _header = header;
+}
+
+void CBitBuffer::InitGetBits()
+{
+    _compressedSize = _header->compressedSize();
+    _inputStart = _input->Tell();
+    _window =
+        teskel::BitWindow(_input->data() + _inputStart,
+                          static_cast<std::size_t>(_input->Size() - _inputStart), _compressedSize);
+    settle();
+}
+
+unsigned CBitBuffer::GetBits(int n)
+{
+    _window.refill();
+    const unsigned value = _window.take(static_cast<unsigned>(n));
+    settle();
+    return value;
+}
+
+void CBitBuffer::FillBuf(int n)
+{
+    _window.refill();
+    _window.drop(static_cast<unsigned>(n));
+    settle();
+}
+
+void CBitBuffer::setWindow(const teskel::BitWindow& window)
+{
+    _window = window;
+    settle();
+}
+
+void CBitBuffer::settle()
+{
+    constexpr quint64 bytesAhead = 2;
+    const quint64 fetched =
+        std::min<quint64>(bytesAhead + (_window.consumed() + 7) / 8, _compressedSize);
+    _header->setCompressedSize(_compressedSize - static_cast<quint32>(fetched));
+    // Clamps to the input's end when the header claims more than there is.
+    _input->Seek(static_cast<long>(_inputStart + static_cast<qint64>(fetched)), CBuffer::FromStart);
+}

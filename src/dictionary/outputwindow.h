@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <cstring>
+
+namespace teskel
+{
+
+/// The output of a decoder, which also is the text that matches copy from. Never written past its
+/// end.
+class OutputWindow
+{
+public:
+    OutputWindow(unsigned char* data, unsigned capacity)
+        : _data(data)
+        , _capacity(capacity)
+    {
+    }
+
+    [[nodiscard]] bool isFull() const { return _position == _capacity; }
+    [[nodiscard]] unsigned position() const { return _position; }
+
+    /// Writes a byte; the window must not be full.
+    void putLiteral(unsigned byte) { _data[_position++] = static_cast<unsigned char>(byte); }
+
+    /// Copies `length` bytes that begin `distance` back, as far as there is room.
+    /// @param line  identifies the caller in the warning about a start before the output
+    void putMatch(unsigned distance, unsigned length, int line)
+    {
+        length = std::min(length, _capacity - _position);
+        if (distance > _position) [[unlikely]] {
+            putWrapped(static_cast<int>(_position) - static_cast<int>(distance), length, line);
+            return;
+        }
+        unsigned char* target = _data + _position;
+        const unsigned char* source = target - distance;
+        _position += length;
+        // By eights, up to seven bytes beyond the match where there is room for them: they are
+        // overwritten by what comes next.
+        if (distance >= 8 && _capacity - _position >= 8) [[likely]] {
+            for (const unsigned char* end = target + length; target < end; target += 8, source += 8)
+                std::memcpy(target, source, 8);
+        } else if (distance == 1) {
+            std::memset(target, *source, length);
+        } else {
+            for (const unsigned char* end = target + length; target < end; ++target, ++source)
+                *target = *source;
+        }
+    }
+
+private:
+    void putWrapped(int source, unsigned length, int line);
+
+    unsigned char* _data;
+    unsigned _capacity;
+    unsigned _position = 0;
+};
+
+} // namespace teskel

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "dictionary/textrecord.h"
+
+#include "dictionary/latin1fold.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace teskel
+{
+
+namespace
+{
+int compare(const char* headword, const char* word, const std::size_t* prefixLength)
+{
+    return prefixLength ? foldedCompare(headword, word, *prefixLength)
+                        : foldedCompare(headword, word);
+}
+} // namespace
+
+quint16 TextRecord::count() const
+{
+    findEntries();
+    return static_cast<quint16>(_offsets.size());
+}
+
+const char* TextRecord::word(quint16 entry) const
+{
+    findEntries();
+    return text() + _offsets[entry];
+}
+
+const char* TextRecord::article(quint16 entry) const
+{
+    const char* headword = word(entry);
+    return headword + std::strlen(headword) + 1;
+}
+
+quint16 TextRecord::firstNotBelow(const char* word, const std::size_t* prefixLength) const
+{
+    findEntries();
+    const auto isBelow = [&](quint16 offset) {
+        return compare(text() + offset, word, prefixLength) < 0;
+    };
+    const auto found = _isAscending
+                           ? std::partition_point(_offsets.begin(), _offsets.end(), isBelow)
+                           : std::find_if_not(_offsets.begin(), _offsets.end(), isBelow);
+    return static_cast<quint16>(found - _offsets.begin());
+}
+
+void TextRecord::findEntries() const
+{
+    if (_isParsed)
+        return;
+    _isParsed = true;
+    _isAscending = true;
+    const char* start = text();
+    const char* end = start + size();
+    const char* previous = nullptr;
+    for (const char* headword = start; headword < end && *headword != '\0';) {
+        _offsets.push_back(static_cast<quint16>(headword - start));
+        if (previous && foldedCompare(previous, headword) > 0)
+            _isAscending = false;
+        previous = headword;
+        const char* article = headword + std::strlen(headword) + 1;
+        headword = article + std::strlen(article) + 1;
+    }
+}
+
+} // namespace teskel
