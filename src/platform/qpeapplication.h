@@ -57,5 +57,5 @@ private:
     QPointer<QWidget> _mainWidget;
     QStringList _documents;
     bool _delivering = false;
-    bool _closing = false;
+    bool _endRequested = false;
 };

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QWidget>
 
+class QAbstractButton;
 class QKeyEvent;
 class QMenuBar;
 
@@ -20,11 +21,8 @@ class QPEMenuToolFocusManager : public QObject
     Q_OBJECT
 
 public:
-    /// The one manager, created at the first call; needs the application object.
+    /// The one manager, created at the first call; the application object must exist and owns it.
     static QPEMenuToolFocusManager* manager();
-    ~QPEMenuToolFocusManager() override;
-    QPEMenuToolFocusManager(const QPEMenuToolFocusManager&) = delete;
-    QPEMenuToolFocusManager& operator=(const QPEMenuToolFocusManager&) = delete;
 
     /// Adds a menu bar, a button, or a tool bar, which stands for everything on it. The order of
     /// adding is the order of the ring. Destroyed widgets leave by themselves.
@@ -37,18 +35,21 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QPEMenuToolFocusManager();
+    explicit QPEMenuToolFocusManager(QObject* parent);
 
-    QList<QWidget*> ring(const QWidget* window) const;
-    bool start();
+    QWidgetList ring(const QWidget* window) const;
+    bool toggle(const QKeyEvent* event);
     void end(bool giveBack);
-    void focusMember(QWidget* member, bool last);
-    bool step(QWidget* from, int direction);
-    bool keyOnButton(QWidget* button, const QKeyEvent* event);
+    void enter(QWidget* member, bool atEnd);
+    void step(QWidget* from, int direction);
+    bool keyPressed(QWidget* widget, const QKeyEvent* event);
+    bool keyReleased(QWidget* widget, const QKeyEvent* event);
     bool keyOnMenuBar(QMenuBar* bar, const QKeyEvent* event);
-    void focusChanged(QWidget* old, QWidget* now);
+    bool keyOnButton(QAbstractButton* button, const QKeyEvent* event);
+    void focusChanged(const QWidget* now);
 
     QList<QPointer<QWidget>> _members;
     QPointer<QWidget> _oldFocus;
+    QPointer<QAbstractButton> _pressed;
     bool _active = false;
 };

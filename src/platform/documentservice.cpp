@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "platform/documentservice.h"
+
+#include "platform/applicationadaptor.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QFile>
+#include <QThread>
+
+namespace teskel
+{
+
+namespace
+{
+
+constexpr uint DO_NOT_QUEUE = 4;
+
+// Without this test libdbus would start a bus of its own where it finds a display.
+bool isBusAnnounced()
+{
+    if (!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+        return true;
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    return !runtime.isEmpty() && QFile::exists(runtime + QLatin1String("/bus"));
+}
+
+} // namespace
+
+DocumentService::DocumentService(QObject* parent)
+    : QObject(parent)
+{
+}
+
+DocumentService::~DocumentService()
+{
+    if (_connector != nullptr)
+        _connector->wait();
+}
+
+QString DocumentService::serviceName()
+{
+    return QStringLiteral("org.teskel.Teskel");
+}
+
+void DocumentService::start()
+{
+    if (_connector != nullptr || !isBusAnnounced())
+        return;
+    // A bus that does not answer keeps the caller waiting for many seconds.
+    _connector = QThread::create([] { QDBusConnection::sessionBus(); });
+    _connector->setParent(this);
+    connect(_connector, &QThread::finished, this, &DocumentService::connected);
+    _connector->start();
+}
+
+void DocumentService::connected()
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    new ApplicationAdaptor(this);
+    // The object stands before the name, so that the first request finds it.
+    if (!bus.registerObject(QStringLiteral("/org/teskel/Teskel"), this))
+        return;
+    QDBusMessage request = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
+    request << serviceName() << DO_NOT_QUEUE;
+    bus.asyncCall(request);
+}
+
+} // namespace teskel

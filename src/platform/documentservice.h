@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QThread;
+
+namespace teskel
+{
+
+/// Receives requests to open a document from the desktop's session bus.
+///
+/// Offers org.freedesktop.Application under the name "org.teskel.Teskel". The first program on the
+/// bus owns the name; a later one gets no requests. Nothing here waits for the bus: connecting
+/// happens beside the event loop, and without a bus, or in a build without D-Bus, no requests come.
+class DocumentService : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit DocumentService(QObject* parent = nullptr);
+    ~DocumentService() override;
+    DocumentService(const DocumentService&) = delete;
+    DocumentService& operator=(const DocumentService&) = delete;
+
+    /// Begins to connect; at once back.
+    void start();
+
+    static QString serviceName();
+
+signals:
+    /// Another program asks to open the local file `path`.
+    void openRequested(const QString& path);
+    /// Another program asks to bring the window to the front.
+    void activateRequested();
+
+private:
+    void connected();
+
+    QThread* _connector = nullptr;
+};
+
+} // namespace teskel

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "platform/storageinfo.h"
+
+#include "platform/blockdevice.h"
+#include "platform/mounttable.h"
+#include "platform/qcopchannel.h"
+
+#include <QFile>
+#include <QSet>
+
+namespace
+{
+
+// Far above any real table; a wrong path must not fill the memory.
+constexpr qint64 LARGEST_TABLE = 4 * 1024 * 1024;
+
+StorageRoots& currentRoots()
+{
+    static StorageRoots roots;
+    return roots;
+}
+
+// A directory of a file system mounted elsewhere is not a second card; btrfs always mounts one of
+// its subvolumes, which looks the same.
+bool isWhole(const teskel::Mount& mount)
+{
+    return mount.root == QLatin1String("/") || mount.type == QLatin1String("btrfs");
+}
+
+} // namespace
+
+StorageInfo::StorageInfo(QObject* parent)
+    : QObject(parent)
+{
+    auto* cards = new QCopChannel(QByteArrayLiteral("QPE/Card"), this);
+    connect(cards, &QCopChannel::received, this, [this](const QByteArray& message) {
+        if (message != QByteArrayLiteral("mtabChanged()"))
+            return;
+        update();
+        emit disksChanged();
+    });
+    update();
+}
+
+void StorageInfo::update()
+{
+    _fileSystems.clear();
+    const StorageRoots& roots = currentRoots();
+    QFile file(roots.mountInfo);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    QSet<QString> seen;
+    const QList<teskel::Mount> mounts =
+        teskel::visibleMounts(teskel::parseMountTable(file.read(LARGEST_TABLE)));
+    for (const teskel::Mount& mount : mounts) {
+        if (!isWhole(mount))
+            continue;
+        const auto device = teskel::BlockDevice::find(roots.sysfs, mount.source, mount.device);
+        if (!device.isValid() || seen.contains(device.directory()))
+            continue;
+        seen.insert(device.directory());
+        _fileSystems.append({mount.source, mount.path, mount.options, device.isRemovable()});
+    }
+}
+
+void StorageInfo::setRoots(const StorageRoots& roots)
+{
+    currentRoots() = roots;
+}
+
+StorageRoots StorageInfo::roots()
+{
+    return currentRoots();
+}
