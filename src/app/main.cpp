@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/commandline.h"
 #include "app/teskelmainwindow.h"
 #include "platform/qpeapplication.h"
 
@@ -7,10 +8,10 @@ int main(int argc, char* argv[])
     QPEApplication application(argc, argv);
     TeskelMainWindow window(nullptr, nullptr, Qt::Window);
 
-    // Counted after Qt has taken its own options out of the command line.
+    // Asked only now, so that Qt has taken its own options out.
     const QStringList arguments = QPEApplication::arguments();
-    if (arguments.size() == 3 && arguments.at(1) == u"-f")
-        window.openFile(arguments.at(2));
+    if (const auto path = teskel::fileFromCommandLine(arguments); path.has_value())
+        window.openFile(*path);
 
     application.showMainWidget(&window);
     window.tryOpen();

@@ -2,7 +2,6 @@
 #include "app/teskelmainwindow.h"
 
 #include <QAction>
-#include <QButtonGroup>
 #include <QMenu>
 #include <QMessageBox>
 #include <QToolButton>
@@ -17,7 +16,20 @@
 #include "platform/qpetoolbar.h"
 #include "platform/resource.h"
 #include "settings/aboutdialog.h"
+#include "settings/buttongroupbox.h"
 #include "settings/preferencesdialog.h"
+
+namespace
+{
+
+/// The value that a group of two buttons stands for; no selection counts as the second.
+template<typename Setting>
+Setting chosen(const teskel::ButtonGroupBox* group)
+{
+    return static_cast<Setting>(group->selectedId() != 0 ? 1 : 0);
+}
+
+} // namespace
 
 TeskelMainWindow::TeskelMainWindow(QWidget* parent, const char* name, Qt::WindowFlags flags)
     : QMainWindow(parent, flags)
@@ -70,8 +82,8 @@ void TeskelMainWindow::createMenus(QAction*& preferences)
     auto* lexicon = new QMenu(tr("Lexicon"), this);
     auto* edit = new QMenu(tr("Edit"), this);
 
-    QAction* addEditWord =
-        addCommand(tr("Add/Edit Word"), "teskel-custom-word", &TeskelMainWindow::lexiconAddEditWord);
+    QAction* addEditWord = addCommand(tr("Add/Edit Word"), "teskel-custom-word",
+                                      &TeskelMainWindow::lexiconAddEditWord);
     lexicon->addAction(addEditWord);
     _toolBar->addAction(addEditWord);
     lexicon->addAction(
@@ -139,7 +151,7 @@ void TeskelMainWindow::tryOpen()
     }
     const QList<QTeskelFileInfo> files = FileLoader().getFileList(false);
     for (const QTeskelFileInfo& file : files) {
-        if (_mainWidget->fileOpen(file._fileInfo.absoluteFilePath(), true)) {
+        if (_mainWidget->fileOpen(file.path(), true)) {
             updateGUI();
             return;
         }
@@ -207,6 +219,34 @@ void TeskelMainWindow::editPaste()
     _mainWidget->editPaste();
 }
 
+void TeskelMainWindow::optionsPreferences()
+{
+    PreferencesDialog dialog(this, tr("Preferences").toLatin1().constData(), true);
+    dialog.panelView()->setButton(_preferences.getLayout());
+    dialog.panelHanded()->setButton(_preferences.getUserHandType());
+    dialog.panelCombo()->setButton(_preferences.getComboPosition());
+    dialog.panelMenu()->setButton(_preferences.getMenuPosition());
+    dialog.setCurrentFont(_mainWidget->getEditFont());
+
+    if (QPEApplication::execDialog(&dialog) != QDialog::Accepted)
+        return;
+
+    _preferences.setLayout(chosen<PreferencesData::PanelViewLayout>(dialog.panelView()));
+    _preferences.setUserHandType(chosen<PreferencesData::UserHandType>(dialog.panelHanded()));
+    _preferences.setComboPosition(chosen<PreferencesData::Position>(dialog.panelCombo()));
+    _preferences.setMenuPosition(chosen<PreferencesData::Position>(dialog.panelMenu()));
+    const QFont font = dialog.getSelectedFont();
+    _mainWidget->setEditFont(font);
+    _preferences.setFont(font, _mainWidget->getDictionaryFileName());
+    resetLayout();
+}
+
+void TeskelMainWindow::optionsAbout()
+{
+    AboutDialog dialog(this, "About", true);
+    QPEApplication::execDialog(&dialog);
+}
+
 void TeskelMainWindow::toggleView(bool on)
 {
     _preferences.setViewType(on ? PreferencesData::ToggleViewOn : PreferencesData::ToggleViewOff);
@@ -220,7 +260,7 @@ void TeskelMainWindow::setDocument(const QString& path)
 
 void TeskelMainWindow::fileSelected(const QTeskelFileInfo& info)
 {
-    openFile(info._fileInfo.absoluteFilePath());
+    openFile(info.path());
 }
 
 void TeskelMainWindow::crossLookup()

@@ -7,7 +7,7 @@
 
 class QAction;
 class QPEToolBar;
-class QTeskelFileInfo;
+struct QTeskelFileInfo;
 class QTeskelFileMenu;
 class TeskelMainWidget;
 

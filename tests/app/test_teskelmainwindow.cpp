@@ -1,0 +1,590 @@
+// SPDX-License-Identifier: MIT
+#include "app/teskelmainwindow.h"
+
+#include "files/qteskelfilemenu.h"
+#include "lookup/teskelmainwidget.h"
+#include "platform/config.h"
+#include "platform/qpetoolbar.h"
+#include "settings/buttongroupbox.h"
+#include "settings/preferencesdialog.h"
+#include "tests/support/dictionarywriter.h"
+#include "widgets/qteskelcombobox.h"
+#include "widgets/qteskeledit.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QDir>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include <memory>
+
+using teskel::test::DictionaryWriter;
+
+namespace
+{
+
+/// Meets the next modal dialog as a person would, and keeps what it said.
+class ModalVisitor : public QObject
+{
+public:
+    explicit ModalVisitor(std::function<void(QDialog*)> visit)
+        : _visit(std::move(visit))
+    {
+        connect(&_timer, &QTimer::timeout, this, [this] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            _timer.stop();
+            ++_visits;
+            _title = dialog->windowTitle();
+            if (const auto* box = qobject_cast<QMessageBox*>(dialog))
+                _text = box->text();
+            _visit(dialog);
+        });
+        _timer.start(1);
+    }
+
+    [[nodiscard]] int visits() const { return _visits; }
+    [[nodiscard]] QString title() const { return _title; }
+    [[nodiscard]] QString text() const { return _text; }
+
+private:
+    std::function<void(QDialog*)> _visit;
+    QTimer _timer;
+    int _visits = 0;
+    QString _title;
+    QString _text;
+};
+
+void acceptDialog(QDialog* dialog)
+{
+    dialog->accept();
+}
+
+} // namespace
+
+class TestTeskelMainWindow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void startsWithoutSettingsAndDictionaries();
+    void hasItsSlotsInOrder();
+    void showsToolBarLeftToRight();
+    void showsMenusInOrder();
+    void skipsLastFileThatIsGone();
+    void opensLastFileBeforeTheFirstInstalled();
+    void skipsInstalledFilesThatDoNotOpen();
+    void openedFileStaysOpenAfterTryOpen();
+    void invalidFileIsReportedAndStartContinues();
+    void documentRequestOpensFile();
+    void menuChoiceOpensFile();
+    void unavailableCommandsSayWhy();
+    void cancelledPreferencesChangeNothing();
+    void acceptedPreferencesAreStoredAndApplied();
+    void acceptedPreferencesKeepFontOfTheOpenDictionary();
+    void preferencesShowTheRecord();
+    void toolBarAtTheBottomAfterConstruction();
+    void unknownMenuPositionCountsAsTop();
+    void toggleViewStoresViewType();
+    void toggleViewStartsAsStored();
+    void crossLookupWithoutDictionaryDoesNothing();
+    void crossLookupWithoutReverseStaysInDictionary();
+    void crossLookupOpensTheReverse();
+    void crossLookupWithoutSelectionOpensNothing();
+    void commandsReachTheLookupView();
+    void aboutIsShownAndClosed();
+    void settingsAreSavedWhenTheWindowDies();
+
+private:
+    QString install(const QString& name, const QList<teskel::test::Entry>& entries);
+    QString installEnglish();
+    QString installGerman();
+    static QAction* action(const TeskelMainWindow& window, const QString& text);
+    static void selectInArticle(const TeskelMainWindow& window, const QString& word);
+
+    std::unique_ptr<QTemporaryDir> _home;
+};
+
+void TestTeskelMainWindow::init()
+{
+    _home = std::make_unique<QTemporaryDir>();
+    QVERIFY(_home->isValid());
+    QVERIFY(QDir(_home->path()).mkpath(QStringLiteral("teskel")));
+    qputenv("QPEDIR", QFile::encodeName(_home->path()));
+    qputenv("HOME", QFile::encodeName(_home->path()));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(_home->filePath(QStringLiteral("config"))));
+}
+
+void TestTeskelMainWindow::cleanup()
+{
+    QVERIFY2(!QApplication::activeModalWidget(), "a dialog was left open");
+    _home.reset();
+}
+
+QString TestTeskelMainWindow::install(const QString& name,
+                                      const QList<teskel::test::Entry>& entries)
+{
+    const QString path = _home->filePath(QStringLiteral("teskel/") + name);
+    DictionaryWriter writer;
+    writer.addEntries(entries, 4);
+    return writer.write(path) ? path : QString();
+}
+
+QString TestTeskelMainWindow::installEnglish()
+{
+    return install(QStringLiteral("Eng2Ger.PDB"),
+                   {{"ant", "Ameise"}, {"house", "1. Haus"}, {"tree", "Baum"}});
+}
+
+QString TestTeskelMainWindow::installGerman()
+{
+    return install(QStringLiteral("Ger2Eng.PDB"),
+                   {{"Ameise", "ant"}, {"Baum", "tree"}, {"Haus", "house"}});
+}
+
+QAction* TestTeskelMainWindow::action(const TeskelMainWindow& window, const QString& text)
+{
+    const auto actions = window.findChildren<QAction*>();
+    for (QAction* candidate : actions) {
+        if (candidate->text() == text && !candidate->menu())
+            return candidate;
+    }
+    return nullptr;
+}
+
+void TestTeskelMainWindow::selectInArticle(const TeskelMainWindow& window, const QString& word)
+{
+    auto* article = window.findChild<QTeskelEdit*>();
+    article->moveCursor(QTextCursor::Start);
+    QVERIFY(article->find(word));
+}
+
+void TestTeskelMainWindow::startsWithoutSettingsAndDictionaries()
+{
+    TeskelMainWindow window;
+    const ModalVisitor visitor(acceptDialog);
+    window.showMaximized();
+    window.tryOpen();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Teskel"));
+    QCOMPARE(visitor.visits(), 0);
+    QCOMPARE(window.toolBarArea(window.findChild<QPEToolBar*>()), Qt::TopToolBarArea);
+}
+
+void TestTeskelMainWindow::hasItsSlotsInOrder()
+{
+    const QMetaObject& meta = TeskelMainWindow::staticMetaObject;
+    QCOMPARE(meta.className(), "TeskelMainWindow");
+    QStringList slots_;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+        slots_.append(QString::fromLatin1(meta.method(i).methodSignature()));
+    const QStringList expected{QStringLiteral("openFile(QString)"),
+                               QStringLiteral("setCaption(QString)"),
+                               QStringLiteral("lexiconAddEditWord()"),
+                               QStringLiteral("lexiconRandomWord()"),
+                               QStringLiteral("lexiconDeleteCurrent()"),
+                               QStringLiteral("editCopy()"),
+                               QStringLiteral("editCopyTranslation()"),
+                               QStringLiteral("editPaste()"),
+                               QStringLiteral("optionsPreferences()"),
+                               QStringLiteral("optionsAbout()"),
+                               QStringLiteral("toggleView(bool)"),
+                               QStringLiteral("setDocument(QString)"),
+                               QStringLiteral("fileSelected(QTeskelFileInfo)"),
+                               QStringLiteral("crossLookup()")};
+    QCOMPARE(slots_, expected);
+}
+
+void TestTeskelMainWindow::showsToolBarLeftToRight()
+{
+    TeskelMainWindow window;
+    const auto* bar = window.findChild<QPEToolBar*>();
+    QStringList names;
+    const auto actions = bar->actions();
+    for (QAction* entry : actions) {
+        const QWidget* widget = bar->widgetForAction(entry);
+        if (qobject_cast<const QMenuBar*>(widget))
+            names.append(QStringLiteral("menus"));
+        else
+            names.append(widget->toolTip());
+        const auto* button = qobject_cast<const QToolButton*>(widget);
+        QVERIFY(!button || !button->icon().isNull());
+    }
+    QCOMPARE(names,
+             (QStringList{QStringLiteral("menus"), QStringLiteral("Add/Edit Word"),
+                          QStringLiteral("Select a dictionary"), QStringLiteral("Cross lookup"),
+                          QStringLiteral("Toggle View"), QStringLiteral("Preferences ...")}));
+    QVERIFY(!bar->isMovable());
+    QVERIFY(!bar->isFloatable());
+}
+
+void TestTeskelMainWindow::showsMenusInOrder()
+{
+    TeskelMainWindow window;
+    const auto* menuBar = window.findChild<QPEToolBar*>()->findChild<QMenuBar*>();
+    QStringList texts;
+    const auto menus = menuBar->actions();
+    for (const QAction* menu : menus) {
+        texts.append(menu->text() + u':');
+        const auto entries = menu->menu()->actions();
+        for (const QAction* entry : entries)
+            texts.append(entry->isSeparator() ? QStringLiteral("-") : entry->text());
+    }
+    QCOMPARE(texts, (QStringList{QStringLiteral("Lexicon:"), QStringLiteral("Add/Edit Word"),
+                                 QStringLiteral("Random Word"), QStringLiteral("Delete current"),
+                                 QStringLiteral("-"), QStringLiteral("About ..."),
+                                 QStringLiteral("Edit:"), QStringLiteral("Copy"),
+                                 QStringLiteral("Copy translation"), QStringLiteral("Paste"),
+                                 QStringLiteral("-"), QStringLiteral("Preferences ...")}));
+}
+
+void TestTeskelMainWindow::skipsLastFileThatIsGone()
+{
+    QVERIFY(!installEnglish().isEmpty());
+    {
+        PreferencesData record;
+        record.setLastOpenFile(_home->filePath(QStringLiteral("gone.PDB")));
+    }
+    TeskelMainWindow window;
+    const ModalVisitor visitor(acceptDialog);
+    window.tryOpen();
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+    QCOMPARE(visitor.visits(), 0);
+}
+
+void TestTeskelMainWindow::opensLastFileBeforeTheFirstInstalled()
+{
+    QVERIFY(!installEnglish().isEmpty());
+    const QString german = installGerman();
+    {
+        PreferencesData record;
+        record.setLastOpenFile(german);
+    }
+    TeskelMainWindow window;
+    window.tryOpen();
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
+}
+
+void TestTeskelMainWindow::skipsInstalledFilesThatDoNotOpen()
+{
+    QVERIFY(teskel::test::writeFile(_home->filePath(QStringLiteral("teskel/A.PDB")), "nothing"));
+    QVERIFY(!installEnglish().isEmpty());
+    TeskelMainWindow window;
+    const ModalVisitor visitor(acceptDialog);
+    window.tryOpen();
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+    QCOMPARE(visitor.visits(), 0);
+}
+
+void TestTeskelMainWindow::openedFileStaysOpenAfterTryOpen()
+{
+    QVERIFY(!installEnglish().isEmpty());
+    const QString german = installGerman();
+    TeskelMainWindow window;
+    window.openFile(german);
+    window.tryOpen();
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
+}
+
+void TestTeskelMainWindow::invalidFileIsReportedAndStartContinues()
+{
+    QVERIFY(!installEnglish().isEmpty());
+    const QString bad = _home->filePath(QStringLiteral("bad.PDB"));
+    QVERIFY(teskel::test::writeFile(bad, QByteArray()));
+    TeskelMainWindow window;
+    const ModalVisitor visitor(acceptDialog);
+    window.openFile(bad);
+    QCOMPARE(visitor.visits(), 1);
+    QCOMPARE(visitor.title(), QStringLiteral("Teskel"));
+    QCOMPARE(visitor.text(), QStringLiteral("File\n%1\nis not a valid dictionary").arg(bad));
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Teskel"));
+    window.tryOpen();
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+}
+
+void TestTeskelMainWindow::documentRequestOpensFile()
+{
+    const QString path = installEnglish();
+    TeskelMainWindow window;
+    QVERIFY(QMetaObject::invokeMethod(&window, "setDocument", Q_ARG(QString, path)));
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+}
+
+void TestTeskelMainWindow::menuChoiceOpensFile()
+{
+    QVERIFY(!installEnglish().isEmpty());
+    QVERIFY(!installGerman().isEmpty());
+    TeskelMainWindow window;
+    auto* menu = window.findChild<QTeskelFileMenu*>();
+    QCOMPARE(menu->actions().size(), 2);
+    menu->actions().at(1)->trigger();
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
+}
+
+void TestTeskelMainWindow::unavailableCommandsSayWhy()
+{
+    TeskelMainWindow window;
+    {
+        const ModalVisitor visitor(acceptDialog);
+        action(window, QStringLiteral("Add/Edit Word"))->trigger();
+        QCOMPARE(visitor.title(), QStringLiteral("Teskel"));
+        QCOMPARE(visitor.text(), QStringLiteral("Sorry, this feature is not yet available."));
+    }
+    const ModalVisitor visitor(acceptDialog);
+    action(window, QStringLiteral("Delete current"))->trigger();
+    QCOMPARE(visitor.title(), QStringLiteral("Teskel"));
+    QCOMPARE(visitor.text(),
+             QStringLiteral("The recomended way to delete lexicon \nfiles is to use the standard \n"
+                            "uninstalation procedure. Go to the \napplication launcher, select "
+                            "\"Settings\" \ntab and from there select icon for \nadding/removing "
+                            "software!"));
+}
+
+void TestTeskelMainWindow::cancelledPreferencesChangeNothing()
+{
+    QVERIFY(!installEnglish().isEmpty());
+    TeskelMainWindow window;
+    window.tryOpen();
+    const QFont font = window.findChild<QTeskelEdit*>()->font();
+    const ModalVisitor visitor([](QDialog* dialog) {
+        auto* preferences = qobject_cast<PreferencesDialog*>(dialog);
+        preferences->panelMenu()->setButton(1);
+        preferences->panelView()->setButton(0);
+        dialog->reject();
+    });
+    window.optionsPreferences();
+    QCOMPARE(visitor.visits(), 1);
+    QCOMPARE(window.toolBarArea(window.findChild<QPEToolBar*>()), Qt::TopToolBarArea);
+    QCOMPARE(window.findChild<QTeskelEdit*>()->font(), font);
+    Config config(QStringLiteral("Teskel"));
+    config.setGroup(QStringLiteral("ViewPreferences"));
+    QVERIFY(!config.hasKey(QStringLiteral("PanelView")));
+}
+
+void TestTeskelMainWindow::acceptedPreferencesAreStoredAndApplied()
+{
+    {
+        TeskelMainWindow window;
+        for (const int position : {1, 1, 0, 1}) {
+            const ModalVisitor visitor([position](QDialog* dialog) {
+                auto* preferences = qobject_cast<PreferencesDialog*>(dialog);
+                preferences->panelMenu()->setButton(position);
+                preferences->panelView()->setButton(0);
+                preferences->panelHanded()->setButton(1);
+                preferences->panelCombo()->setButton(1);
+                dialog->accept();
+            });
+            window.optionsPreferences();
+            QCOMPARE(window.toolBarArea(window.findChild<QPEToolBar*>()),
+                     position == 1 ? Qt::BottomToolBarArea : Qt::TopToolBarArea);
+        }
+    }
+    const PreferencesData record;
+    QCOMPARE(record.getLayout(), PreferencesData::Horizontal);
+    QCOMPARE(record.getUserHandType(), PreferencesData::RightHanded);
+    QCOMPARE(record.getComboPosition(), PreferencesData::Bottom);
+    QCOMPARE(record.getMenuPosition(), PreferencesData::Bottom);
+}
+
+void TestTeskelMainWindow::acceptedPreferencesKeepFontOfTheOpenDictionary()
+{
+    const QString path = installEnglish();
+    TeskelMainWindow window;
+    window.tryOpen();
+    QFont large = window.findChild<QTeskelEdit*>()->font();
+    large.setPointSize(18);
+    window.findChild<TeskelMainWidget*>()->setEditFont(large);
+    const ModalVisitor visitor(acceptDialog);
+    window.optionsPreferences();
+    // Shown as large, and large comes back as 14 points.
+    QCOMPARE(window.findChild<QTeskelEdit*>()->font().pointSize(), 14);
+    Config config(QStringLiteral("Teskel"));
+    config.setGroup(path);
+    QCOMPARE(config.readNumEntry(QStringLiteral("FontSize")), 14);
+}
+
+void TestTeskelMainWindow::preferencesShowTheRecord()
+{
+    {
+        PreferencesData record;
+        record.setLayout(PreferencesData::Horizontal);
+        record.setUserHandType(PreferencesData::RightHanded);
+        record.setMenuPosition(PreferencesData::Bottom);
+    }
+    TeskelMainWindow window;
+    QString name;
+    QList<int> ids;
+    const ModalVisitor visitor([&](QDialog* dialog) {
+        auto* preferences = qobject_cast<PreferencesDialog*>(dialog);
+        name = dialog->objectName();
+        ids = {preferences->panelView()->selectedId(), preferences->panelHanded()->selectedId(),
+               preferences->panelCombo()->selectedId(), preferences->panelMenu()->selectedId()};
+        dialog->reject();
+    });
+    window.optionsPreferences();
+    QCOMPARE(name, QStringLiteral("Preferences"));
+    QCOMPARE(ids, (QList<int>{0, 1, 0, 1}));
+}
+
+void TestTeskelMainWindow::toolBarAtTheBottomAfterConstruction()
+{
+    {
+        PreferencesData record;
+        record.setMenuPosition(PreferencesData::Bottom);
+    }
+    const TeskelMainWindow window;
+    QCOMPARE(window.toolBarArea(window.findChild<QPEToolBar*>()), Qt::BottomToolBarArea);
+}
+
+void TestTeskelMainWindow::unknownMenuPositionCountsAsTop()
+{
+    {
+        PreferencesData record;
+        record.setMenuPosition(static_cast<PreferencesData::Position>(7));
+    }
+    const TeskelMainWindow window;
+    QCOMPARE(window.toolBarArea(window.findChild<QPEToolBar*>()), Qt::TopToolBarArea);
+}
+
+void TestTeskelMainWindow::toggleViewStoresViewType()
+{
+    {
+        const TeskelMainWindow window;
+        QAction* toggle = action(window, QStringLiteral("Toggle View"));
+        QVERIFY(toggle->isChecked());
+        toggle->trigger();
+        QVERIFY(!toggle->isChecked());
+    }
+    QCOMPARE(PreferencesData().getViewType(), PreferencesData::ToggleViewOff);
+}
+
+void TestTeskelMainWindow::toggleViewStartsAsStored()
+{
+    {
+        PreferencesData record;
+        record.setViewType(PreferencesData::ToggleViewOff);
+    }
+    const TeskelMainWindow window;
+    QVERIFY(!action(window, QStringLiteral("Toggle View"))->isChecked());
+}
+
+void TestTeskelMainWindow::crossLookupWithoutDictionaryDoesNothing()
+{
+    TeskelMainWindow window;
+    selectInArticle(window, QStringLiteral("lexicons"));
+    const ModalVisitor visitor(acceptDialog);
+    window.crossLookup();
+    QCOMPARE(visitor.visits(), 0);
+    QCOMPARE(window.findChild<QTeskelComboBox*>()->currentText(), QString());
+}
+
+void TestTeskelMainWindow::crossLookupWithoutReverseStaysInDictionary()
+{
+    const QString path =
+        install(QStringLiteral("Eng2Ger.PDB"), {{"ant", "see tree"}, {"tree", "Baum"}});
+    TeskelMainWindow window;
+    window.openFile(path);
+    auto* entry = window.findChild<QTeskelComboBox*>();
+    entry->lineEdit()->setText(QStringLiteral("ant"));
+    selectInArticle(window, QStringLiteral("tree"));
+    window.crossLookup();
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+    // With the notification connected: the word is looked up at once, in the same dictionary.
+    QCOMPARE(entry->currentText(), QStringLiteral("tree"));
+    QVERIFY(window.findChild<QTeskelEdit*>()->text().contains(QStringLiteral("Baum")));
+}
+
+void TestTeskelMainWindow::crossLookupOpensTheReverse()
+{
+    const QString english =
+        install(QStringLiteral("Eng2Ger.PDB"), {{"Haus", "a loan word"}, {"house", "1. Haus"}});
+    QVERIFY(!installGerman().isEmpty());
+    TeskelMainWindow window;
+    window.openFile(english);
+    window.findChild<QTeskelComboBox*>()->lineEdit()->setText(QStringLiteral("house"));
+    selectInArticle(window, QStringLiteral("Haus"));
+    window.crossLookup();
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
+    QCOMPARE(window.findChild<QTeskelComboBox*>()->currentText(), QStringLiteral("Haus"));
+    QVERIFY(window.findChild<QTeskelEdit*>()->text().contains(QStringLiteral("house")));
+}
+
+void TestTeskelMainWindow::crossLookupWithoutSelectionOpensNothing()
+{
+    const QString english = installEnglish();
+    QVERIFY(!installGerman().isEmpty());
+    TeskelMainWindow window;
+    window.openFile(english);
+    const ModalVisitor visitor(acceptDialog);
+    window.crossLookup();
+    QCOMPARE(visitor.visits(), 1);
+    QCOMPARE(visitor.text(),
+             QStringLiteral("The cross-lookup button will only \noperate when there "
+                            "is a word \nselected in the article field."));
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+}
+
+void TestTeskelMainWindow::commandsReachTheLookupView()
+{
+    const QString path = installEnglish();
+    TeskelMainWindow window;
+    window.openFile(path);
+    auto* entry = window.findChild<QTeskelComboBox*>();
+    action(window, QStringLiteral("Random Word"))->trigger();
+    QVERIFY(!entry->currentText().isEmpty());
+
+    entry->lineEdit()->setText(QStringLiteral("house"));
+    action(window, QStringLiteral("Copy"))->trigger();
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("house"));
+    action(window, QStringLiteral("Copy translation"))->trigger();
+    QVERIFY(QApplication::clipboard()->text().startsWith(QStringLiteral("<p><b>")));
+    QApplication::clipboard()->setText(QStringLiteral("tree"));
+    action(window, QStringLiteral("Paste"))->trigger();
+    QCOMPARE(entry->currentText(), QStringLiteral("tree"));
+    QVERIFY(window.findChild<QTeskelEdit*>()->text().contains(QStringLiteral("Baum")));
+}
+
+void TestTeskelMainWindow::aboutIsShownAndClosed()
+{
+    TeskelMainWindow window;
+    QString name;
+    const ModalVisitor visitor([&name](QDialog* dialog) {
+        name = dialog->objectName();
+        dialog->reject();
+    });
+    action(window, QStringLiteral("About ..."))->trigger();
+    QCOMPARE(visitor.visits(), 1);
+    QCOMPARE(visitor.title(), QStringLiteral("About"));
+    QCOMPARE(name, QStringLiteral("About"));
+}
+
+void TestTeskelMainWindow::settingsAreSavedWhenTheWindowDies()
+{
+    const QString path = installEnglish();
+    {
+        TeskelMainWindow window;
+        window.openFile(path);
+        window.findChild<QTeskelComboBox*>()->lineEdit()->setText(QStringLiteral("house"));
+    }
+    Config config(QStringLiteral("Teskel"));
+    config.setGroup(QStringLiteral("ViewPreferences"));
+    QCOMPARE(config.readEntry(QStringLiteral("LastOpenFile")), path);
+    config.setGroup(QStringLiteral("MRU List"));
+    QCOMPARE(config.readEntry(QStringLiteral("List0")), QStringLiteral("house"));
+    config.setGroup(path);
+    QVERIFY(config.hasKey(QStringLiteral("FontName")));
+}
+
+QTEST_MAIN(TestTeskelMainWindow)
+#include "test_teskelmainwindow.moc"
