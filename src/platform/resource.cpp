@@ -5,11 +5,19 @@
 #include <QImageReader>
 #include <QStringList>
 
+// A linker drops the pictures of a static library unless something asks for them.
+static void registerPictures()
+{
+    Q_INIT_RESOURCE(pics);
+}
+
 namespace
 {
 
 QString compiledIn(const QString& name)
 {
+    static const bool registered = (registerPictures(), true);
+    Q_UNUSED(registered);
     return QLatin1String(":/pics/") + name + QLatin1String(".png");
 }
 
@@ -38,12 +46,13 @@ QPixmap Resource::loadPixmap(const QString& name)
 
 QIcon Resource::loadIcon(const QString& name)
 {
-    const QPixmap pixmap = loadPixmap(name);
-    if (pixmap.isNull())
-        return {};
-    QIcon icon(pixmap);
-    for (const int size : {16, 20, 24, 32, 40, 48}) {
-        const QString path = QStringLiteral(":/pics/%1-%2.png").arg(name).arg(size);
+    if (!QFile::exists(compiledIn(name))) {
+        const QPixmap pixmap = loadPixmap(name);
+        return pixmap.isNull() ? QIcon() : QIcon(pixmap);
+    }
+    QIcon icon(compiledIn(name));
+    for (const char* size : {"@2x", "-16", "-20", "-32", "-40"}) {
+        const QString path = compiledIn(name + QLatin1String(size));
         if (QFile::exists(path))
             icon.addFile(path);
     }
