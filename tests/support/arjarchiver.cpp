@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/arjarchiver.h"
+
+#include "tests/support/palmwriter.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtEndian>
+
+namespace teskel::test
+{
+
+namespace
+{
+constexpr qsizetype checksumSize = 4;
+
+qsizetype wordAt(const QByteArray& bytes, qsizetype offset)
+{
+    return offset + 2 <= bytes.size() ? qFromLittleEndian<quint16>(bytes.constData() + offset) : 0;
+}
+} // namespace
+
+bool hasArj()
+{
+    return !QStandardPaths::findExecutable(QStringLiteral("arj")).isEmpty();
+}
+
+QByteArray memberOfArchive(const QByteArray& archive)
+{
+    const QByteArray endMark = QByteArray::fromHex("60ea0000");
+    if (!archive.startsWith(endMark.left(2)) || !archive.endsWith(endMark))
+        return {};
+    qsizetype start = 4 + wordAt(archive, 2) + checksumSize;
+    while (const qsizetype extended = wordAt(archive, start))
+        start += 2 + extended + checksumSize;
+    start += 2;
+    return archive.mid(start, archive.size() - start - endMark.size());
+}
+
+QByteArray packWithArj(const QByteArray& original, int method, QString& error)
+{
+    const QTemporaryDir directory;
+    if (!directory.isValid() || !writeFile(directory.filePath(QStringLiteral("r")), original)) {
+        error = QStringLiteral("no temporary directory");
+        return {};
+    }
+    QProcess arj;
+    arj.setWorkingDirectory(directory.path());
+    arj.setProcessChannelMode(QProcess::MergedChannels);
+    arj.start(QStringLiteral("arj"),
+              {QStringLiteral("a"), QStringLiteral("-y"), QStringLiteral("-m%1").arg(method),
+               QStringLiteral("out.arj"), QStringLiteral("r")});
+    arj.closeWriteChannel();
+    if (!arj.waitForFinished() || arj.exitStatus() != QProcess::NormalExit || arj.exitCode() != 0) {
+        error = QString::fromLocal8Bit(arj.readAll()) + arj.errorString();
+        return {};
+    }
+    QFile archive(directory.filePath(QStringLiteral("out.arj")));
+    if (!archive.open(QIODevice::ReadOnly)) {
+        error = archive.errorString();
+        return {};
+    }
+    const QByteArray member = memberOfArchive(archive.readAll());
+    if (member.isEmpty())
+        error = QStringLiteral("not an archive of the expected shape");
+    return member;
+}
+
+} // namespace teskel::test
