@@ -8,8 +8,9 @@
 
 namespace teskel
 {
+class ListBoxEmission;
 struct ListBoxState;
-}
+} // namespace teskel
 
 /// A list of items to look at and choose from, in one column or several.
 ///
@@ -119,7 +120,6 @@ public:
     void triggerUpdate(bool doLayout);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
     void setHScrollBarMode(ScrollBarMode mode) override;
 
 public Q_SLOTS:
@@ -178,7 +178,24 @@ protected:
 
 private:
     friend class QTeskelListBoxItem;
-    friend class ListBoxEmission;
+    friend class teskel::ListBoxEmission;
+
+    void itemTextChanged(const QTeskelListBoxItem* item);
+    void insertAt(QTeskelListBoxItem* item, int index);
+    void layOutGrid() const;
+    void layOutIfNeeded();
+    void updateItem(const QTeskelListBoxItem* item);
+    void emitHighlighted(teskel::ListBoxEmission& emission, QTeskelListBoxItem* item);
+    void emitSelected(teskel::ListBoxEmission& emission, QTeskelListBoxItem* item);
+    void afterSelectionSweep(bool changed);
+
+    bool moveByKey(const QKeyEvent& event);
+    void actOnCurrent(QKeyEvent* event);
+    void typeAhead(const QString& text);
+    void selectByPress(QTeskelListBoxItem* item, Qt::KeyboardModifiers modifiers);
+    void selectByMove(QTeskelListBoxItem* item, Qt::KeyboardModifiers modifiers);
+    void dragTo(QPoint position);
+    void hoverAt(QPoint position);
 
     std::unique_ptr<teskel::ListBoxState> _state;
 };

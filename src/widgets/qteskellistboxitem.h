@@ -10,8 +10,9 @@ class QTeskelListBox;
 
 namespace teskel
 {
+class ListBoxAccessible;
 class ListBoxModel;
-}
+} // namespace teskel
 
 /// One item of a QTeskelListBox: a text, flags, and how it is painted.
 ///
@@ -56,12 +57,15 @@ public:
     QTeskelListBoxItem* prev() const;
 
 private:
+    void releaseAccessible();
+
     friend class QTeskelListBox;
     friend class teskel::ListBoxModel;
+    friend class teskel::ListBoxAccessible;
 
     QString _text;
     QTeskelListBox* _listBox = nullptr;
-    qsizetype _index = -1;
+    int _index = -1;
     QAccessible::Id _accessibleId = 0;
     bool _selected = false;
     bool _selectable = true;

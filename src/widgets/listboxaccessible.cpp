@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/listboxaccessible.h"
+
+#include "widgets/qteskellistbox.h"
+
+namespace teskel
+{
+
+namespace
+{
+QAccessibleInterface* makeInterface(const QString& className, QObject* object)
+{
+    if (className != QLatin1String("QTeskelListBox"))
+        return nullptr;
+    auto* list = qobject_cast<QTeskelListBox*>(object);
+    return list == nullptr ? nullptr : new ListBoxAccessible(list);
+}
+
+void announce(QTeskelListBox* list, QAccessible::Event type, int index)
+{
+    if (!QAccessible::isActive() || index < 0)
+        return;
+    QAccessibleEvent event(list, type);
+    event.setChild(index);
+    QAccessible::updateAccessibility(&event);
+}
+} // namespace
+
+void ListBoxAccessible::install()
+{
+    static const bool installed = [] {
+        QAccessible::installFactory(makeInterface);
+        return true;
+    }();
+    Q_UNUSED(installed)
+}
+
+void ListBoxAccessible::announceCurrent(QTeskelListBox* list, int index)
+{
+    announce(list, list->hasFocus() ? QAccessible::Focus : QAccessible::ActiveDescendantChanged,
+             index);
+}
+
+void ListBoxAccessible::announceSelected(QTeskelListBox* list, int index)
+{
+    announce(list, QAccessible::Selection, index);
+}
+
+void ListBoxAccessible::announceText(QTeskelListBox* list, int index)
+{
+    announce(list, QAccessible::NameChanged, index);
+}
+
+void ListBoxAccessible::announceSelection(QTeskelListBox* list)
+{
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent event(list, QAccessible::SelectionWithin);
+    QAccessible::updateAccessibility(&event);
+}
+
+ListBoxAccessible::ListBoxAccessible(QTeskelListBox* list)
+    : QAccessibleWidget(list, QAccessible::List)
+{
+}
+
+QTeskelListBox* ListBoxAccessible::list() const
+{
+    return static_cast<QTeskelListBox*>(object());
+}
+
+int ListBoxAccessible::childCount() const
+{
+    return list()->count();
+}
+
+QAccessibleInterface* ListBoxAccessible::child(int index) const
+{
+    QTeskelListBoxItem* const item = list()->item(index);
+    if (item == nullptr)
+        return nullptr;
+    if (item->_accessibleId == 0)
+        item->_accessibleId =
+            QAccessible::registerAccessibleInterface(new ListBoxItemAccessible(item));
+    return QAccessible::accessibleInterface(item->_accessibleId);
+}
+
+QAccessibleInterface* ListBoxAccessible::childAt(int x, int y) const
+{
+    const QPoint position = list()->viewport()->mapFromGlobal(QPoint(x, y));
+    if (!list()->viewport()->rect().contains(position))
+        return nullptr;
+    return child(list()->index(list()->itemAt(position)));
+}
+
+QAccessibleInterface* ListBoxAccessible::focusChild() const
+{
+    return list()->hasFocus() ? child(list()->currentItem()) : nullptr;
+}
+
+int ListBoxAccessible::indexOfChild(const QAccessibleInterface* child) const
+{
+    const auto* item = dynamic_cast<const ListBoxItemAccessible*>(child);
+    return item == nullptr ? -1 : list()->index(item->item());
+}
+
+QAccessible::State ListBoxAccessible::state() const
+{
+    QAccessible::State state = QAccessibleWidget::state();
+    const auto mode = list()->selectionMode();
+    state.multiSelectable = mode == QTeskelListBox::Multi || mode == QTeskelListBox::Extended;
+    state.extSelectable = mode == QTeskelListBox::Extended;
+    return state;
+}
+
+QWindow* ListBoxItemAccessible::window() const
+{
+    return _item->listBox()->window()->windowHandle();
+}
+
+QAccessibleInterface* ListBoxItemAccessible::parent() const
+{
+    return QAccessible::queryAccessibleInterface(_item->listBox());
+}
+
+QString ListBoxItemAccessible::text(QAccessible::Text kind) const
+{
+    return kind == QAccessible::Name ? _item->text() : QString();
+}
+
+QRect ListBoxItemAccessible::rect() const
+{
+    const QTeskelListBox* list = _item->listBox();
+    const QRect cell = list->itemRect(_item);
+    return {list->viewport()->mapToGlobal(cell.topLeft()), cell.size()};
+}
+
+QAccessible::State ListBoxItemAccessible::state() const
+{
+    const QTeskelListBox* list = _item->listBox();
+    QAccessible::State state;
+    state.selectable =
+        _item->isSelectable() && list->selectionMode() != QTeskelListBox::NoSelection;
+    state.selected = _item->selected();
+    state.focusable = list->focusPolicy() != Qt::NoFocus;
+    state.focused = _item->current() && list->hasFocus();
+    state.active = _item->current();
+    state.disabled = !list->isEnabled();
+    state.invisible = !list->isVisible();
+    state.offscreen = !list->itemVisible(_item);
+    return state;
+}
+
+void* ListBoxItemAccessible::interface_cast(QAccessible::InterfaceType type)
+{
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                : nullptr;
+}
+
+QStringList ListBoxItemAccessible::actionNames() const
+{
+    return {pressAction()};
+}
+
+void ListBoxItemAccessible::doAction(const QString& name)
+{
+    if (name == pressAction() && _item->listBox()->isEnabled())
+        _item->listBox()->setCurrentItem(_item);
+}
+
+} // namespace teskel

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/qteskeledit.h"
+
+#include <QEvent>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QUrl>
+
+#include <cmath>
+
+namespace
+{
+/// Below this lightness #FF0000 on the page loses its contrast.
+constexpr double DarkestPage = 0.85;
+
+/// The relative luminance of a colour, from 0 for black to 1 for white.
+double luminance(const QColor& colour)
+{
+    const auto linear = [](float part) {
+        const auto value = static_cast<double>(part);
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+} // namespace
+
+QTeskelEdit::QTeskelEdit(QWidget* parent, const char* name)
+    : QTextEdit(parent)
+{
+    setObjectName(QString::fromLatin1(name));
+    setReadOnly(true);
+    setUndoRedoEnabled(false);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    document()->setDefaultStyleSheet(QStringLiteral("p { margin-top: 4px; margin-bottom: 4px; }"));
+    keepPageLight();
+}
+
+QTeskelEdit::~QTeskelEdit() = default;
+
+void QTeskelEdit::setText(const QString& text)
+{
+    _source = text;
+    showSource();
+}
+
+void QTeskelEdit::clear()
+{
+    setText(QString());
+}
+
+void QTeskelEdit::setTextFormat(Qt::TextFormat format)
+{
+    if (format == _format)
+        return;
+    _format = format;
+    showSource();
+}
+
+void QTeskelEdit::showSource()
+{
+    const bool rich =
+        _format == Qt::RichText || (_format == Qt::AutoText && Qt::mightBeRichText(_source));
+    if (rich)
+        setHtml(_source);
+    else
+        setPlainText(_source);
+}
+
+bool QTeskelEdit::hasMarkedText() const
+{
+    return textCursor().hasSelection();
+}
+
+QString QTeskelEdit::markedText() const
+{
+    QString text = textCursor().selectedText();
+    for (QChar& character : text) {
+        switch (character.unicode()) {
+        case QChar::ParagraphSeparator:
+        case QChar::LineSeparator:
+        case 0xFDD0: // begin and end of a table or frame
+        case 0xFDD1:
+            character = QLatin1Char('\n');
+            break;
+        default:
+            break;
+        }
+    }
+    // Stands for a picture, which is never shown.
+    return text.remove(QChar::ObjectReplacementCharacter);
+}
+
+/// Empty but not null: a null answer would make the document look for the file itself.
+QVariant QTeskelEdit::loadResource(int type, const QUrl&)
+{
+    return type == QTextDocument::ImageResource ? QVariant(QImage()) : QVariant(QByteArray(""));
+}
+
+void QTeskelEdit::changeEvent(QEvent* event)
+{
+    QTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        keepPageLight();
+}
+
+void QTeskelEdit::keepPageLight()
+{
+    if (luminance(palette().color(QPalette::Base)) >= DarkestPage)
+        return;
+    QPalette page = palette();
+    page.setColor(QPalette::Base, Qt::white);
+    page.setColor(QPalette::Text, Qt::black);
+    page.setColor(QPalette::PlaceholderText, Qt::darkGray);
+    page.setColor(QPalette::Link, Qt::blue);
+    page.setColor(QPalette::LinkVisited, Qt::darkMagenta);
+    setPalette(page);
+}

@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/qteskelscrollbar.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyleOptionSlider>
+#include <QStylePainter>
+#include <QTimer>
+
+namespace
+{
+constexpr int FirstRepeatDelay = 500;
+constexpr int RepeatInterval = 50;
+constexpr QStyle::SubControls Arrows = QStyle::SC_ScrollBarAddLine | QStyle::SC_ScrollBarSubLine;
+constexpr QStyle::SubControls Trough = QStyle::SC_ScrollBarAddPage | QStyle::SC_ScrollBarSubPage;
+
+/// The base class knows the left button in every style, the middle one only in some.
+QMouseEvent asLeftButton(const QMouseEvent& event, Qt::MouseButtons buttons)
+{
+    const auto button = event.type() == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    return {event.type(), event.position(), event.globalPosition(),
+            button,       buttons,          event.modifiers()};
+}
+
+/// Whether a dialog that opened during the press keeps the release from ever arriving.
+bool isBlockedByDialog(const QWidget* widget)
+{
+    const QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr && modal != widget->window() && !modal->isAncestorOf(widget);
+}
+} // namespace
+
+QTeskelScrollBar::QTeskelScrollBar(Qt::Orientation orientation, QWidget* parent, const char* name)
+    : QScrollBar(orientation, parent)
+    , _repeatTimer(new QTimer(this))
+{
+    setObjectName(QString::fromLatin1(name));
+    setContextMenuPolicy(Qt::NoContextMenu);
+    _repeatTimer->setObjectName(QStringLiteral("auto-repeat timer"));
+    _repeatTimer->setTimerType(Qt::PreciseTimer);
+    connect(_repeatTimer, &QTimer::timeout, this, &QTeskelScrollBar::doAutoRepeat);
+}
+
+QTeskelScrollBar::~QTeskelScrollBar() = default;
+
+QRect QTeskelScrollBar::sliderRect() const
+{
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    return style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
+}
+
+int QTeskelScrollBar::sliderStart() const
+{
+    const QRect slider = sliderRect();
+    return orientation() == Qt::Horizontal ? slider.left() : slider.top();
+}
+
+QStyle::SubControl QTeskelScrollBar::controlAt(QPoint position) const
+{
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    return style()->hitTestComplexControl(QStyle::CC_ScrollBar, &option, position, this);
+}
+
+/// A held trough stays held when the slider passes below the pointer; an arrow must be hit.
+bool QTeskelScrollBar::isHeldAt(QPoint position) const
+{
+    return Trough.testFlag(_pressedControl) ? rect().contains(position)
+                                            : controlAt(position) == _pressedControl;
+}
+
+void QTeskelScrollBar::performAction()
+{
+    const bool adds =
+        (QStyle::SC_ScrollBarAddLine | QStyle::SC_ScrollBarAddPage).testFlag(_pressedControl);
+    const QPointer<QTeskelScrollBar> self(this);
+    if (adds)
+        Q_EMIT nextLine();
+    else
+        Q_EMIT prevLine();
+    if (self)
+        setValue(value() + (adds ? lineStep() : -lineStep()));
+}
+
+void QTeskelScrollBar::doAutoRepeat()
+{
+    if (_pressedControl == QStyle::SC_None)
+        return;
+    if (isBlockedByDialog(this)) {
+        releaseControl();
+        return;
+    }
+    _repeatTimer->start(RepeatInterval);
+    if (_pointerInside)
+        performAction();
+}
+
+void QTeskelScrollBar::releaseControl()
+{
+    _repeatTimer->stop();
+    _pressedControl = QStyle::SC_None;
+    _pointerInside = false;
+    update();
+}
+
+/// Puts the middle of the slider below the pointer and goes on as if the slider had been pressed.
+void QTeskelScrollBar::startMiddleDrag(const QMouseEvent& event)
+{
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const auto part = [&](QStyle::SubControl control) {
+        return style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this);
+    };
+    const QRect groove = part(QStyle::SC_ScrollBarGroove);
+    const QRect slider = part(QStyle::SC_ScrollBarSlider);
+    const bool horizontal = orientation() == Qt::Horizontal;
+    const QPoint start = event.position().toPoint() - groove.topLeft() -
+                         QPoint(slider.width() / 2, slider.height() / 2);
+    const int span =
+        horizontal ? groove.width() - slider.width() : groove.height() - slider.height();
+    setSliderPosition(QStyle::sliderValueFromPosition(
+        minimum(), maximum(), horizontal ? start.x() : start.y(), span, option.upsideDown));
+    _middleDrag = true;
+    QMouseEvent press = asLeftButton(event, Qt::LeftButton);
+    QScrollBar::mousePressEvent(&press);
+}
+
+void QTeskelScrollBar::mousePressEvent(QMouseEvent* event)
+{
+    if (_pressedControl != QStyle::SC_None || isSliderDown())
+        return;
+    const QStyle::SubControl control = controlAt(event->position().toPoint());
+    if (event->button() == Qt::MiddleButton && !Arrows.testFlag(control)) {
+        if (minimum() != maximum())
+            startMiddleDrag(*event);
+    } else if (event->button() != Qt::LeftButton) {
+        event->ignore();
+    } else if ((Arrows | Trough).testFlag(control) && control != QStyle::SC_None) {
+        _pressedControl = control;
+        _pointerInside = true;
+        _repeatTimer->start(FirstRepeatDelay);
+        update();
+        performAction();
+    } else if (control == QStyle::SC_ScrollBarSlider) {
+        QScrollBar::mousePressEvent(event);
+    }
+}
+
+void QTeskelScrollBar::mouseMoveEvent(QMouseEvent* event)
+{
+    if (_pressedControl != QStyle::SC_None) {
+        const bool inside = isHeldAt(event->position().toPoint());
+        if (inside != _pointerInside) {
+            _pointerInside = inside;
+            update();
+        }
+    } else if (_middleDrag) {
+        QMouseEvent move = asLeftButton(*event, Qt::LeftButton);
+        QScrollBar::mouseMoveEvent(&move);
+    } else {
+        QScrollBar::mouseMoveEvent(event);
+    }
+}
+
+void QTeskelScrollBar::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (_pressedControl != QStyle::SC_None) {
+        if (event->button() == Qt::LeftButton)
+            releaseControl();
+    } else if (_middleDrag) {
+        if (event->button() != Qt::MiddleButton)
+            return;
+        _middleDrag = false;
+        QMouseEvent release = asLeftButton(*event, Qt::NoButton);
+        QScrollBar::mouseReleaseEvent(&release);
+    } else {
+        QScrollBar::mouseReleaseEvent(event);
+    }
+}
+
+void QTeskelScrollBar::keyPressEvent(QKeyEvent* event)
+{
+    const bool horizontal = orientation() == Qt::Horizontal;
+    switch (event->key()) {
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        QScrollBar::keyPressEvent(event);
+        break;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        horizontal ? QScrollBar::keyPressEvent(event) : event->ignore();
+        break;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        horizontal ? event->ignore() : QScrollBar::keyPressEvent(event);
+        break;
+    default:
+        event->ignore();
+    }
+}
+
+void QTeskelScrollBar::paintEvent(QPaintEvent* event)
+{
+    const bool emptyRange = minimum() == maximum();
+    if (_pressedControl == QStyle::SC_None && !(emptyRange && isEnabled())) {
+        QScrollBar::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    option.subControls = QStyle::SC_All;
+    option.activeSubControls = QStyle::SC_None;
+    if (_pressedControl != QStyle::SC_None) {
+        option.activeSubControls = _pressedControl;
+        if (_pointerInside)
+            option.state |= QStyle::State_Sunken;
+    } else if (underMouse()) {
+        option.activeSubControls = controlAt(mapFromGlobal(QCursor::pos()));
+    }
+    if (emptyRange) {
+        // Styles grey the arrows out when there is nothing to scroll, but these still act.
+        option.state |= QStyle::State_Enabled;
+        option.pageStep = qMax(option.pageStep, 1) * 1000;
+        option.maximum = option.minimum + 1;
+    }
+    painter.drawComplexControl(QStyle::CC_ScrollBar, option);
+}
+
+void QTeskelScrollBar::hideEvent(QHideEvent* event)
+{
+    releaseControl();
+    _middleDrag = false;
+    QScrollBar::hideEvent(event);
+}
+
+void QTeskelScrollBar::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::EnabledChange && !isEnabled())
+        releaseControl();
+    QScrollBar::changeEvent(event);
+}
