@@ -56,10 +56,7 @@ AboutBaseDialog::AboutBaseDialog(QWidget* parent, const char* name, bool modal,
     createControls(content);
     placeControls(content);
     applyTitleFont();
-    QScrollArea* area = teskel::scrollWhereNeeded(content, this);
-    area->setMaximumWidth(teskel::comfortableWidth(this));
-    auto* column = new QVBoxLayout(this);
-    column->addWidget(area, 1);
+    teskel::fillDialog(this, teskel::scrollWhereNeeded(content, this));
 }
 
 void AboutBaseDialog::createControls(QWidget* content)

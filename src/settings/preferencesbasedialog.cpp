@@ -18,6 +18,12 @@
 namespace
 {
 
+// Pixels. Tight enough for all four groups on a screen of 240 by 320.
+constexpr QMargins pageMargins(6, 3, 6, 3);
+constexpr QMargins groupMargins(6, 3, 6, 3);
+constexpr int groupGap = 3;
+constexpr int choiceGap = 6;
+
 /// One radio button of a group.
 struct Choice {
     QString objectName;
@@ -29,6 +35,8 @@ teskel::ButtonGroupBox* createGroup(QWidget* parent, const QString& objectName,
 {
     auto* group = new teskel::ButtonGroupBox(title, objectName, parent);
     auto* row = new teskel::WrapLayout(group);
+    row->setContentsMargins(groupMargins);
+    row->setSpacing(choiceGap);
     for (const Choice& choice : choices) {
         auto* button = new QRadioButton(choice.caption, group);
         button->setObjectName(choice.objectName);
@@ -67,9 +75,7 @@ PreferencesBaseDialog::PreferencesBaseDialog(QWidget* parent, const char* name, 
     _tabs->setObjectName(QStringLiteral("TabWidget3"));
     _tabs->addTab(createCommonPage(), tr("Common"));
     _tabs->addTab(createFontPage(), tr("Font"));
-    _tabs->setMaximumSize(teskel::comfortableWidth(this), teskel::comfortableWidth(this));
-    auto* column = new QVBoxLayout(this);
-    column->addWidget(_tabs, 1);
+    teskel::fillDialog(this, _tabs);
     applySampleFonts();
 }
 
@@ -91,6 +97,8 @@ QWidget* PreferencesBaseDialog::createCommonPage()
         content, QStringLiteral("panelMenu"), tr("Menu Position"),
         {{QStringLiteral("rbMenuBottom"), tr("Top")}, {QStringLiteral("rbMenuTop"), tr("Bottom")}});
     auto* groups = new QVBoxLayout(content);
+    groups->setContentsMargins(pageMargins);
+    groups->setSpacing(groupGap);
     for (QWidget* group : {_panelCombo, _panelHanded, _panelView, _panelMenu})
         groups->addWidget(group);
     groups->addStretch();
@@ -119,14 +127,19 @@ QWidget* PreferencesBaseDialog::createFontPage()
     _btnSmall = createSizeButton(_groupFont, QStringLiteral("btnSmall"), caption, tr("Small"));
     _btnLarge = createSizeButton(_groupFont, QStringLiteral("btnLarge"), caption, tr("Large"));
     auto* sizes = new QHBoxLayout(_groupFont);
+    sizes->setContentsMargins(groupMargins);
     for (QPushButton* button : {_btnSmall, _btnNormal, _btnLarge}) {
+        // Wide where there is room; a style's own minimum would be too wide for a small screen.
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::MinimumExpanding);
+        button->setMinimumWidth(fontMetrics().averageCharWidth() * 6);
         sizes->addWidget(button);
     }
     setTabOrder(_btnSmall, _btnNormal);
     setTabOrder(_btnNormal, _btnLarge);
 
     auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(pageMargins);
+    column->setSpacing(groupGap);
     column->addWidget(label);
     column->addWidget(_listboxFonts, 1);
     column->addWidget(_groupFont);

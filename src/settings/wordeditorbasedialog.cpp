@@ -53,7 +53,5 @@ WordEditorBaseDialog::WordEditorBaseDialog(QWidget* parent, const char* name, bo
     column->addWidget(_editDescription, 1);
     column->addWidget(_btnDelete, 0, Qt::AlignLeft);
 
-    form->setMaximumSize(teskel::comfortableWidth(this), teskel::comfortableWidth(this));
-    auto* dialogColumn = new QVBoxLayout(this);
-    dialogColumn->addWidget(form, 1);
+    teskel::fillDialog(this, form);
 }

@@ -56,13 +56,15 @@ int WrapLayout::heightForWidth(int width) const
 
 QSize WrapLayout::sizeHint() const
 {
-    QSize hint;
+    int width = 0;
+    int height = 0;
     for (const QLayoutItem* item : _items) {
         const QSize size = item->sizeHint();
-        hint.rwidth() += size.width() + (hint.isEmpty() ? 0 : spacing());
-        hint.setHeight(std::max(hint.height(), size.height()));
+        width += size.width();
+        height = std::max(height, size.height());
     }
-    return hint.grownBy(contentsMargins());
+    const int gaps = std::max(count() - 1, 0) * std::max(spacing(), 0);
+    return QSize(width + gaps, height).grownBy(contentsMargins());
 }
 
 QSize WrapLayout::minimumSize() const

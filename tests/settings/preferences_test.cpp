@@ -1,0 +1,442 @@
+// SPDX-License-Identifier: MIT
+#include "platform/config.h"
+#include "settings/preferences.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFontInfo>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+namespace
+{
+
+QByteArrayList words(const PreferencesData& preferences)
+{
+    QByteArrayList list{"left over"};
+    preferences.fillMRUList(list);
+    return list;
+}
+
+void add(PreferencesData& preferences, const QStringList& added)
+{
+    for (const QString& word : added)
+        preferences.addToMRUList(word);
+}
+
+} // namespace
+
+/// The settings record against files staged in a directory of each test's own.
+class PreferencesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void firstStartHasTheDefaults();
+    void fileIsWrittenWhenTheRecordDies();
+    void settersDoNotWriteTheFile();
+    void everySettingSurvivesARestart();
+    void everyKeyLoadsIntoItsOwnField();
+    void numbersWithoutANameAreKept();
+    void emptyWordsLeaveNoGap();
+    void wordsBeyondTheSixthKeyAreNotRead();
+    void newWordsGoToTheEndUntilSixAreHeldThenToTheFront();
+    void wordInAnotherCaseIsNew();
+    void wordEndsAtTheFirstCharacterOutsideLatin1_data();
+    void wordEndsAtTheFirstCharacterOutsideLatin1();
+    void latin1WordsSurviveARestart();
+    void loadReplacesTheWords();
+    void savedWordsLeaveKeysBeyondThemAlone();
+    void dictionaryWithoutAGroupGetsTheDefaultFont();
+    void fetchedFontBecomesTheGlobalOne();
+    void fetchedFontKeepsTheWeightOfTheDefaultFont();
+    void storedFontIsInTheFileAtOnceAndDoesNotBecomeGlobal();
+    void fontCanBeStoredUnderTheEmptyName();
+    void fontWrittenAfterTheRecordSavedStandsBesideIt();
+    void fontSetInPixelsIsStoredInPoints();
+    void impossibleFontSizeLeavesTheDefault();
+    void garbageFileGivesTheDefaults_data();
+    void garbageFileGivesTheDefaults();
+    void unknownGroupsAndKeysStayInTheFile();
+    void wordWithALineFeedCannotForgeASetting();
+    void unwritableFileIsOneWarning();
+
+private:
+    QString fileName() const { return _home->filePath(QStringLiteral("teskel/Teskel.conf")); }
+    void stage(const QByteArray& content);
+    QString stored(const QString& group, const QString& key) const;
+
+    std::unique_ptr<QTemporaryDir> _home;
+};
+
+void PreferencesTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    _home = std::make_unique<QTemporaryDir>();
+    QVERIFY(_home->isValid());
+    qputenv("XDG_CONFIG_HOME", _home->path().toUtf8());
+    qputenv("HOME", _home->path().toUtf8());
+}
+
+void PreferencesTest::cleanup()
+{
+    _home.reset();
+}
+
+void PreferencesTest::stage(const QByteArray& content)
+{
+    QVERIFY(QDir().mkpath(QFileInfo(fileName()).path()));
+    QFile file(fileName());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), content.size());
+}
+
+QString PreferencesTest::stored(const QString& group, const QString& key) const
+{
+    Config config(fileName(), Config::File);
+    config.setGroup(group);
+    return config.readEntry(key, QStringLiteral("(missing)"));
+}
+
+void PreferencesTest::firstStartHasTheDefaults()
+{
+    const PreferencesData preferences;
+    QCOMPARE(preferences.getLayout(), PreferencesData::Vertical);
+    QCOMPARE(preferences.getUserHandType(), PreferencesData::LeftHanded);
+    QCOMPARE(preferences.getViewType(), PreferencesData::ToggleViewOn);
+    QCOMPARE(preferences.getFindType(), PreferencesData::FindAsYouType);
+    QCOMPARE(preferences.getComboPosition(), PreferencesData::Top);
+    QCOMPARE(preferences.getMenuPosition(), PreferencesData::Top);
+    QVERIFY(words(preferences).isEmpty());
+    QVERIFY(preferences.getLastOpenFile().isEmpty());
+}
+
+void PreferencesTest::fileIsWrittenWhenTheRecordDies()
+{
+    { // the defaults of a first start
+        const PreferencesData preferences;
+    }
+    const QString group = QStringLiteral("ViewPreferences");
+    const QList<std::pair<QString, QString>> expected{
+        {QStringLiteral("PanelView"), QStringLiteral("1")},
+        {QStringLiteral("UserHandType"), QStringLiteral("0")},
+        {QStringLiteral("FontSize"), QStringLiteral("12")},
+        {QStringLiteral("FontName"), QStringLiteral("helvetica")},
+        {QStringLiteral("ViewType"), QStringLiteral("1")},
+        {QStringLiteral("FindType"), QStringLiteral("0")},
+        {QStringLiteral("LastOpenFile"), QString()},
+        {QStringLiteral("ComboPosition"), QStringLiteral("0")},
+        {QStringLiteral("MenuPosition"), QStringLiteral("0")},
+    };
+    for (const auto& [key, value] : expected)
+        QCOMPARE(stored(group, key), value);
+    QCOMPARE(stored(QStringLiteral("MRU List"), QStringLiteral("List0")),
+             QStringLiteral("(missing)"));
+}
+
+void PreferencesTest::settersDoNotWriteTheFile()
+{
+    stage("[ViewPreferences]\nPanelView = 1\n");
+    PreferencesData preferences;
+    preferences.setLayout(PreferencesData::Horizontal);
+    preferences.setLastOpenFile(QStringLiteral("/a.PDB"));
+    preferences.addToMRUList(QStringLiteral("word"));
+    QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("PanelView")),
+             QStringLiteral("1"));
+    QCOMPARE(stored(QStringLiteral("MRU List"), QStringLiteral("List0")),
+             QStringLiteral("(missing)"));
+}
+
+void PreferencesTest::everySettingSurvivesARestart()
+{
+    const QString path = QStringLiteral("/media/my card/ж/a=b [x].PDB");
+    {
+        PreferencesData preferences;
+        preferences.setLayout(PreferencesData::Horizontal);
+        preferences.setUserHandType(PreferencesData::RightHanded);
+        preferences.setViewType(PreferencesData::ToggleViewOff);
+        preferences.setFindType(PreferencesData::FindOnEnter);
+        preferences.setComboPosition(PreferencesData::Bottom);
+        preferences.setMenuPosition(PreferencesData::Bottom);
+        preferences.setLastOpenFile(path);
+        add(preferences, {QStringLiteral("one"), QStringLiteral("two")});
+    }
+    const PreferencesData preferences;
+    QCOMPARE(preferences.getLayout(), PreferencesData::Horizontal);
+    QCOMPARE(preferences.getUserHandType(), PreferencesData::RightHanded);
+    QCOMPARE(preferences.getViewType(), PreferencesData::ToggleViewOff);
+    QCOMPARE(preferences.getFindType(), PreferencesData::FindOnEnter);
+    QCOMPARE(preferences.getComboPosition(), PreferencesData::Bottom);
+    QCOMPARE(preferences.getMenuPosition(), PreferencesData::Bottom);
+    QCOMPARE(preferences.getLastOpenFile(), path);
+    QCOMPARE(words(preferences), (QByteArrayList{"one", "two"}));
+}
+
+void PreferencesTest::everyKeyLoadsIntoItsOwnField()
+{
+    stage("[ViewPreferences]\nPanelView = 10\nUserHandType = 11\nViewType = 12\nFindType = 13\n"
+          "ComboPosition = 14\nMenuPosition = 15\nLastOpenFile = /x.PDB\n");
+    const PreferencesData preferences;
+    QCOMPARE(static_cast<int>(preferences.getLayout()), 10);
+    QCOMPARE(static_cast<int>(preferences.getUserHandType()), 11);
+    QCOMPARE(static_cast<int>(preferences.getViewType()), 12);
+    QCOMPARE(static_cast<int>(preferences.getFindType()), 13);
+    QCOMPARE(static_cast<int>(preferences.getComboPosition()), 14);
+    QCOMPARE(static_cast<int>(preferences.getMenuPosition()), 15);
+    QCOMPARE(preferences.getLastOpenFile(), QStringLiteral("/x.PDB"));
+}
+
+void PreferencesTest::numbersWithoutANameAreKept()
+{
+    stage("[ViewPreferences]\nPanelView = 7\n");
+    {
+        const PreferencesData preferences;
+        QCOMPARE(static_cast<int>(preferences.getLayout()), 7);
+        QVERIFY(preferences.getLayout() != PreferencesData::Vertical);
+    }
+    QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("PanelView")),
+             QStringLiteral("7"));
+}
+
+void PreferencesTest::emptyWordsLeaveNoGap()
+{
+    stage("[MRU List]\nList0 =\nList1 = alpha\nList3 = beta\n");
+    QCOMPARE(words(PreferencesData()), (QByteArrayList{"alpha", "beta"}));
+}
+
+void PreferencesTest::wordsBeyondTheSixthKeyAreNotRead()
+{
+    stage("[MRU List]\nList0 = a\nList1 = b\nList2 = c\nList3 = d\nList4 = e\nList5 = f\n"
+          "List6 = g\n");
+    QCOMPARE(words(PreferencesData()), (QByteArrayList{"a", "b", "c", "d", "e", "f"}));
+}
+
+void PreferencesTest::newWordsGoToTheEndUntilSixAreHeldThenToTheFront()
+{
+    PreferencesData preferences;
+    for (int number = 1; number <= 6; ++number)
+        preferences.addToMRUList(QStringLiteral("w%1").arg(number));
+    QCOMPARE(words(preferences), (QByteArrayList{"w1", "w2", "w3", "w4", "w5", "w6"}));
+    preferences.addToMRUList(QStringLiteral("w7"));
+    const QByteArrayList full{"w7", "w1", "w2", "w3", "w4", "w5"};
+    QCOMPARE(words(preferences), full);
+    preferences.addToMRUList(QStringLiteral("w3"));
+    QCOMPARE(words(preferences), full);
+}
+
+void PreferencesTest::wordInAnotherCaseIsNew()
+{
+    PreferencesData preferences;
+    add(preferences, {QStringLiteral("Haus"), QStringLiteral("haus"), QStringLiteral("Haus")});
+    QCOMPARE(words(preferences), (QByteArrayList{"Haus", "haus"}));
+}
+
+void PreferencesTest::wordEndsAtTheFirstCharacterOutsideLatin1_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<QByteArray>("held");
+    QTest::newRow("latin 1") << QStringLiteral("\u00c4rger\u00ff") << QByteArray("\xc4rger\xff");
+    QTest::newRow("first beyond") << QStringLiteral("a\u0100b") << QByteArray("a");
+    QTest::newRow("euro") << QStringLiteral("5 \u20ac") << QByteArray("5 ");
+    QTest::newRow("surrogates") << QStringLiteral("x\U0001f600y") << QByteArray("x");
+    QTest::newRow("nothing left") << QStringLiteral("жук") << QByteArray("");
+    QTest::newRow("zero") << QStringLiteral("a\0b") << QByteArray("a");
+}
+
+void PreferencesTest::wordEndsAtTheFirstCharacterOutsideLatin1()
+{
+    QFETCH(const QString, word);
+    QFETCH(const QByteArray, held);
+    PreferencesData preferences;
+    preferences.addToMRUList(word);
+    QCOMPARE(words(preferences), QByteArrayList{held});
+}
+
+void PreferencesTest::latin1WordsSurviveARestart()
+{
+    const QByteArrayList held{"\xc4rger", "caf\xe9"};
+    {
+        PreferencesData preferences;
+        add(preferences, {QStringLiteral("Ärger"), QStringLiteral("café")});
+    }
+    QCOMPARE(words(PreferencesData()), held);
+}
+
+void PreferencesTest::loadReplacesTheWords()
+{
+    stage("[MRU List]\nList0 = alpha\n");
+    PreferencesData preferences;
+    preferences.addToMRUList(QStringLiteral("beta"));
+    preferences.load();
+    QCOMPARE(words(preferences), QByteArrayList{"alpha"});
+}
+
+void PreferencesTest::savedWordsLeaveKeysBeyondThemAlone()
+{
+    stage("[MRU List]\nList0 = alpha\nList3 = beta\n");
+    PreferencesData().save();
+    const QString group = QStringLiteral("MRU List");
+    QCOMPARE(stored(group, QStringLiteral("List0")), QStringLiteral("alpha"));
+    QCOMPARE(stored(group, QStringLiteral("List1")), QStringLiteral("beta"));
+    QCOMPARE(stored(group, QStringLiteral("List2")), QStringLiteral("(missing)"));
+    QCOMPARE(stored(group, QStringLiteral("List3")), QStringLiteral("beta"));
+}
+
+void PreferencesTest::dictionaryWithoutAGroupGetsTheDefaultFont()
+{
+    PreferencesData preferences;
+    preferences.setDefaultFont(QFont(QStringLiteral("courier"), 17));
+    const QFont font = preferences.getFont(QStringLiteral("/nowhere/Eng2Ger.PDB"));
+    QCOMPARE(font.pointSize(), 17);
+    QCOMPARE(font.family(), QStringLiteral("courier"));
+    preferences.save();
+    const QString group = QStringLiteral("ViewPreferences");
+    QCOMPARE(stored(group, QStringLiteral("FontSize")), QStringLiteral("17"));
+    QCOMPARE(stored(group, QStringLiteral("FontName")), QStringLiteral("courier"));
+}
+
+void PreferencesTest::fetchedFontBecomesTheGlobalOne()
+{
+    stage("[/a.PDB]\nFontName = times\nFontSize = 9\n[ViewPreferences]\nFontSize = 20\n");
+    {
+        PreferencesData preferences;
+        const QFont font = preferences.getFont(QStringLiteral("/a.PDB"));
+        QCOMPARE(font.pointSize(), 9);
+        QCOMPARE(font.family(), QStringLiteral("times"));
+    }
+    const QString group = QStringLiteral("ViewPreferences");
+    QCOMPARE(stored(group, QStringLiteral("FontSize")), QStringLiteral("9"));
+    QCOMPARE(stored(group, QStringLiteral("FontName")), QStringLiteral("times"));
+}
+
+void PreferencesTest::fetchedFontKeepsTheWeightOfTheDefaultFont()
+{
+    stage("[/a.PDB]\nFontSize = 9\n");
+    PreferencesData preferences;
+    QFont bold(QStringLiteral("courier"), 17, QFont::Bold, true);
+    preferences.setDefaultFont(bold);
+    bold.setPointSize(9);
+    QCOMPARE(preferences.getFont(QStringLiteral("/a.PDB")), bold);
+}
+
+void PreferencesTest::storedFontIsInTheFileAtOnceAndDoesNotBecomeGlobal()
+{
+    PreferencesData preferences;
+    preferences.setFont(QFont(QStringLiteral("times"), 21), QStringLiteral("/card one/b.PDB"));
+    QCOMPARE(stored(QStringLiteral("/card one/b.PDB"), QStringLiteral("FontSize")),
+             QStringLiteral("21"));
+    QCOMPARE(stored(QStringLiteral("/card one/b.PDB"), QStringLiteral("FontName")),
+             QStringLiteral("times"));
+    preferences.save();
+    QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("FontSize")),
+             QStringLiteral("12"));
+    QCOMPARE(preferences.getFont(QStringLiteral("/card one/b.PDB")).pointSize(), 21);
+}
+
+void PreferencesTest::fontCanBeStoredUnderTheEmptyName()
+{
+    PreferencesData preferences;
+    preferences.setFont(QFont(QStringLiteral("times"), 21), QString());
+    QCOMPARE(stored(QString(), QStringLiteral("FontSize")), QStringLiteral("21"));
+    QCOMPARE(preferences.getFont(QString()).pointSize(), 21);
+}
+
+void PreferencesTest::fontWrittenAfterTheRecordSavedStandsBesideIt()
+{
+    PreferencesData preferences;
+    preferences.setLastOpenFile(QStringLiteral("/a.PDB"));
+    preferences.save();
+    preferences.setFont(QFont(QStringLiteral("times"), 21), QStringLiteral("/a.PDB"));
+    QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("LastOpenFile")),
+             QStringLiteral("/a.PDB"));
+    QCOMPARE(stored(QStringLiteral("/a.PDB"), QStringLiteral("FontSize")), QStringLiteral("21"));
+}
+
+void PreferencesTest::fontSetInPixelsIsStoredInPoints()
+{
+    QFont font(QStringLiteral("times"));
+    font.setPixelSize(24);
+    const int points = QFontInfo(font).pointSize();
+    QVERIFY(points > 0);
+    PreferencesData preferences;
+    preferences.setFont(font, QStringLiteral("/a.PDB"));
+    QCOMPARE(stored(QStringLiteral("/a.PDB"), QStringLiteral("FontSize")), QString::number(points));
+    preferences.setDefaultFont(font);
+    QCOMPARE(preferences.getFont(QStringLiteral("/b.PDB")).pointSize(), points);
+}
+
+void PreferencesTest::impossibleFontSizeLeavesTheDefault()
+{
+    stage("[/a.PDB]\nFontSize = -3\n[/b.PDB]\nFontSize = big\n[ViewPreferences]\nFontSize = 0\n");
+    PreferencesData preferences;
+    preferences.setDefaultFont(QFont(QStringLiteral("courier"), 17));
+    QCOMPARE(preferences.getFont(QStringLiteral("/a.PDB")).pointSize(), 17);
+    QCOMPARE(preferences.getFont(QStringLiteral("/b.PDB")).pointSize(), 17);
+}
+
+void PreferencesTest::garbageFileGivesTheDefaults_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("prose") << QByteArray("these are not settings\nPanelView = 0\n");
+    QTest::newRow("zeros") << QByteArray(4096, '\0');
+    QTest::newRow("high bytes") << QByteArray(4096, '\xff');
+    QTest::newRow("bracket only") << QByteArray("[");
+    QTest::newRow("key before any value") << QByteArray("[ViewPreferences\n=\n");
+    QTest::newRow("empty values") << QByteArray("[ViewPreferences]\nPanelView =\nViewType =\n");
+}
+
+void PreferencesTest::garbageFileGivesTheDefaults()
+{
+    QFETCH(const QByteArray, content);
+    stage(content);
+    const PreferencesData preferences;
+    QCOMPARE(preferences.getLayout(), PreferencesData::Vertical);
+    QCOMPARE(preferences.getViewType(), PreferencesData::ToggleViewOn);
+    QCOMPARE(preferences.getFindType(), PreferencesData::FindAsYouType);
+    QVERIFY(words(preferences).isEmpty());
+    QVERIFY(preferences.getLastOpenFile().isEmpty());
+}
+
+void PreferencesTest::unknownGroupsAndKeysStayInTheFile()
+{
+    stage("[Other]\nColour = blue\n[ViewPreferences]\nFuture = 3\n");
+    PreferencesData().save();
+    QCOMPARE(stored(QStringLiteral("Other"), QStringLiteral("Colour")), QStringLiteral("blue"));
+    QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("Future")),
+             QStringLiteral("3"));
+}
+
+void PreferencesTest::wordWithALineFeedCannotForgeASetting()
+{
+    {
+        PreferencesData preferences;
+        preferences.addToMRUList(QStringLiteral("word\n[ViewPreferences]\nPanelView = 0"));
+        preferences.addToMRUList(QStringLiteral("next"));
+    }
+    const PreferencesData preferences;
+    QCOMPARE(preferences.getLayout(), PreferencesData::Vertical);
+    QCOMPARE(words(preferences).size(), 2);
+    QCOMPARE(words(preferences).at(1), QByteArray("next"));
+}
+
+void PreferencesTest::unwritableFileIsOneWarning()
+{
+    // A plain file where the directory should be fails for root too.
+    QFile obstacle(_home->filePath(QStringLiteral("teskel")));
+    QVERIFY(obstacle.open(QIODevice::WriteOnly));
+    const QString message = QStringLiteral("The settings cannot be written to %1").arg(fileName());
+    QTest::ignoreMessage(QtWarningMsg, qPrintable(message));
+    PreferencesData preferences;
+    preferences.save();
+    QCOMPARE(preferences.getLayout(), PreferencesData::Vertical);
+}
+
+QTEST_MAIN(PreferencesTest)
+#include "preferences_test.moc"

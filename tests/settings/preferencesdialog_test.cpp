@@ -1,0 +1,438 @@
+// SPDX-License-Identifier: MIT
+#include "platform/fontdatabase.h"
+#include "settings/buttongroupbox.h"
+#include "settings/preferencesdialog.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QFontInfo>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QMetaMethod>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QTest>
+
+#include <algorithm>
+
+namespace
+{
+
+template<typename Widget>
+Widget* child(const QWidget& dialog, const char* name)
+{
+    return dialog.findChild<Widget*>(QString::fromUtf8(name));
+}
+
+/// A font that the system resolves to a family of its own list.
+QFont knownFont(int size)
+{
+    return {QFontInfo(QApplication::font()).family(), size};
+}
+
+} // namespace
+
+/// The Preferences dialog without a window manager or a main window around it.
+class PreferencesDialogTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void baseDialogHasItsNameCaptionAndPages();
+    void modalFlagAndFlagsReachTheDialog();
+    void groupsHaveTheirTitlesAndButtons_data();
+    void groupsHaveTheirTitlesAndButtons();
+    void menuPositionGoesByNumberNotByObjectName();
+    void numberWithoutAButtonSelectsNothing();
+    void groupButtonsExcludeOneAnother();
+    void sizeButtonsStandInCreationOrder();
+    void sizeButtonsCanBeToldApart();
+    void sizeButtonsKeepTheirLookWhenTheApplicationFontChanges();
+    void noButtonIsDefault();
+    void noControlIsConnectedByTheBaseDialog();
+    void listHoldsTheFamiliesInTheOrderOfTheDatabase();
+    void currentFamilyIsSelected();
+    void familyOutsideTheListLeavesNoSelectionAndIsKept();
+    void unknownFamilyClearsAnEarlierSelection();
+    void focusDoesNotChooseAFamily();
+    void chosenFamilyIsReturned();
+    void sizesMapToButtonsAndBack_data();
+    void sizesMapToButtonsAndBack();
+    void buttonChosenByTheUserDecidesTheSize();
+    void noButtonDownKeepsTheSize();
+    void weightAndSlantAreKept();
+    void returnInTheFontListChangesNothing();
+    void everyControlIsNamedForAssistiveTools();
+};
+
+void PreferencesDialogTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+}
+
+void PreferencesDialogTest::baseDialogHasItsNameCaptionAndPages()
+{
+    const PreferencesBaseDialog dialog;
+    QCOMPARE(dialog.metaObject()->className(), "PreferencesBaseDialog");
+    QCOMPARE(dialog.objectName(), QStringLiteral("PreferencesBase"));
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Preferences"));
+    const auto* tabs = child<QTabWidget>(dialog, "TabWidget3");
+    QVERIFY(tabs != nullptr);
+    QCOMPARE(tabs->count(), 2);
+    QCOMPARE(tabs->tabText(0), QStringLiteral("Common"));
+    QCOMPARE(tabs->widget(0)->objectName(), QStringLiteral("tab"));
+    QCOMPARE(tabs->tabText(1), QStringLiteral("Font"));
+    QCOMPARE(tabs->widget(1)->objectName(), QStringLiteral("tab_2"));
+    QCOMPARE(child<QLabel>(dialog, "TextLabel1_2")->text(), QStringLiteral("Font Name"));
+    QVERIFY(tabs->widget(1)->isAncestorOf(child<QListWidget>(dialog, "listboxFonts")));
+    QCOMPARE(child<QGroupBox>(dialog, "groupFont")->title(), QStringLiteral("Font Size"));
+}
+
+void PreferencesDialogTest::modalFlagAndFlagsReachTheDialog()
+{
+    QWidget parent;
+    const PreferencesDialog dialog(&parent, "Einstellungen", true, Qt::WindowStaysOnTopHint);
+    QCOMPARE(dialog.metaObject()->className(), "PreferencesDialog");
+    QCOMPARE(dialog.objectName(), QStringLiteral("Einstellungen"));
+    QCOMPARE(dialog.parentWidget(), &parent);
+    QVERIFY(dialog.isModal());
+    QVERIFY(dialog.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    QVERIFY(!PreferencesDialog().isModal());
+}
+
+void PreferencesDialogTest::groupsHaveTheirTitlesAndButtons_data()
+{
+    QTest::addColumn<QString>("group");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QStringList>("captions");
+    QTest::newRow("word field") << QStringLiteral("panelCombo")
+                                << QStringLiteral("Word Field Position")
+                                << QStringList{QStringLiteral("RadioButton9"),
+                                               QStringLiteral("RadioButton10")}
+                                << QStringList{QStringLiteral("Top"), QStringLiteral("Bottom")};
+    QTest::newRow("hand") << QStringLiteral("panelHanded") << QStringLiteral("Accessibillity")
+                          << QStringList{QStringLiteral("rbLeftHanded"),
+                                         QStringLiteral("rbRightHanded")}
+                          << QStringList{QStringLiteral("Left handed user"),
+                                         QStringLiteral("Right handed user")};
+    QTest::newRow("view") << QStringLiteral("panelView") << QStringLiteral("Panel View")
+                          << QStringList{QStringLiteral("rbHorizontal"),
+                                         QStringLiteral("rbVertical")}
+                          << QStringList{QStringLiteral("Horizontal"), QStringLiteral("Vertical")};
+    QTest::newRow("menu") << QStringLiteral("panelMenu") << QStringLiteral("Menu Position")
+                          << QStringList{QStringLiteral("rbMenuBottom"),
+                                         QStringLiteral("rbMenuTop")}
+                          << QStringList{QStringLiteral("Top"), QStringLiteral("Bottom")};
+}
+
+void PreferencesDialogTest::groupsHaveTheirTitlesAndButtons()
+{
+    QFETCH(const QString, group);
+    QFETCH(const QString, title);
+    QFETCH(const QStringList, names);
+    QFETCH(const QStringList, captions);
+    const PreferencesBaseDialog dialog;
+    const auto* box = dialog.findChild<teskel::ButtonGroupBox*>(group);
+    QVERIFY(box != nullptr);
+    QCOMPARE(box->title(), title);
+    const auto buttons = box->findChildren<QRadioButton*>();
+    QCOMPARE(buttons.size(), 2);
+    QVERIFY(box->button(2) == nullptr);
+    QCOMPARE(box->selectedId(), -1);
+    for (int id = 0; id < 2; ++id) {
+        QCOMPARE(buttons.at(id)->objectName(), names.at(id));
+        QCOMPARE(buttons.at(id)->text(), captions.at(id));
+        QCOMPARE(box->id(buttons.at(id)), id);
+        QVERIFY(box->button(id) == buttons.at(id));
+        QVERIFY(child<QTabWidget>(dialog, "TabWidget3")->widget(0)->isAncestorOf(buttons.at(id)));
+    }
+}
+
+void PreferencesDialogTest::menuPositionGoesByNumberNotByObjectName()
+{
+    const PreferencesDialog dialog;
+    const auto* top = child<QRadioButton>(dialog, "rbMenuBottom");
+    const auto* bottom = child<QRadioButton>(dialog, "rbMenuTop");
+    QCOMPARE(top->text(), QStringLiteral("Top"));
+    QCOMPARE(dialog.panelMenu()->id(top), 0);
+    QCOMPARE(bottom->text(), QStringLiteral("Bottom"));
+    QCOMPARE(dialog.panelMenu()->id(bottom), 1);
+    dialog.panelMenu()->setButton(1);
+    QVERIFY(bottom->isChecked());
+    QCOMPARE(dialog.panelMenu()->selectedId(), 1);
+}
+
+void PreferencesDialogTest::numberWithoutAButtonSelectsNothing()
+{
+    const PreferencesDialog dialog;
+    dialog.panelView()->setButton(7);
+    QCOMPARE(dialog.panelView()->selectedId(), -1);
+    dialog.panelView()->setButton(1);
+    dialog.panelView()->setButton(-1);
+    QCOMPARE(dialog.panelView()->selectedId(), 1);
+    QCOMPARE(dialog.panelView()->id(nullptr), -1);
+}
+
+void PreferencesDialogTest::groupButtonsExcludeOneAnother()
+{
+    const PreferencesDialog dialog;
+    dialog.panelCombo()->setButton(0);
+    dialog.panelHanded()->setButton(1);
+    QCOMPARE(dialog.panelCombo()->selectedId(), 0);
+    child<QRadioButton>(dialog, "RadioButton10")->click();
+    QCOMPARE(dialog.panelCombo()->selectedId(), 1);
+    QVERIFY(!child<QRadioButton>(dialog, "RadioButton9")->isChecked());
+    QCOMPARE(dialog.panelHanded()->selectedId(), 1);
+}
+
+void PreferencesDialogTest::sizeButtonsStandInCreationOrder()
+{
+    const PreferencesBaseDialog dialog;
+    const auto* group = child<teskel::ButtonGroupBox>(dialog, "groupFont");
+    const QStringList names{QStringLiteral("btnNormal"), QStringLiteral("btnSmall"),
+                            QStringLiteral("btnLarge")};
+    for (int id = 0; id < names.size(); ++id) {
+        QCOMPARE(group->button(id)->objectName(), names.at(id));
+        QCOMPARE(group->button(id)->text(), QStringLiteral("A"));
+        QVERIFY(group->button(id)->isCheckable());
+    }
+    QVERIFY(group->button(3) == nullptr);
+}
+
+void PreferencesDialogTest::sizeButtonsCanBeToldApart()
+{
+    const PreferencesBaseDialog dialog;
+    const QList<std::pair<const char*, QString>> expected{{"btnSmall", QStringLiteral("Small")},
+                                                          {"btnNormal", QStringLiteral("Normal")},
+                                                          {"btnLarge", QStringLiteral("Large")}};
+    for (const auto& [name, meaning] : expected) {
+        QCOMPARE(child<QPushButton>(dialog, name)->accessibleName(), meaning);
+        QCOMPARE(child<QPushButton>(dialog, name)->toolTip(), meaning);
+    }
+}
+
+void PreferencesDialogTest::sizeButtonsKeepTheirLookWhenTheApplicationFontChanges()
+{
+    PreferencesBaseDialog dialog;
+    auto* normal = child<QPushButton>(dialog, "btnNormal");
+    auto* large = child<QPushButton>(dialog, "btnLarge");
+    auto* small = child<QPushButton>(dialog, "btnSmall");
+    const auto check = [&] {
+        QCOMPARE(normal->font().family(), QStringLiteral("adobe-helvetica"));
+        QCOMPARE(normal->font().pointSize(), 14);
+        QCOMPARE(large->font().family(), QStringLiteral("adobe-helvetica"));
+        QCOMPARE(large->font().pointSize(), 18);
+        QCOMPARE(small->font().pointSize(), dialog.font().pointSize());
+    };
+    check();
+
+    normal->setFont(QFont());
+    large->setFont(QFont());
+    const QFont before = QApplication::font();
+    QFont other = before;
+    other.setPointSize(before.pointSize() + 7);
+    QApplication::setFont(other);
+    QTRY_COMPARE(small->font().pointSize(), other.pointSize());
+    check();
+    QApplication::setFont(before);
+}
+
+void PreferencesDialogTest::noButtonIsDefault()
+{
+    PreferencesDialog dialog;
+    dialog.show();
+    const auto buttons = dialog.findChildren<QPushButton*>();
+    QCOMPARE(buttons.size(), 3);
+    for (const QPushButton* button : buttons) {
+        QVERIFY(!button->autoDefault());
+        QVERIFY(!button->isDefault());
+    }
+}
+
+void PreferencesDialogTest::noControlIsConnectedByTheBaseDialog()
+{
+    PreferencesBaseDialog dialog;
+    dialog.show();
+    const QSignalSpy finished(&dialog, &QDialog::finished);
+    const auto buttons = dialog.findChildren<QAbstractButton*>();
+    for (QAbstractButton* button : buttons)
+        button->click();
+    QVERIFY(dialog.isVisible());
+    QCOMPARE(finished.count(), 0);
+}
+
+void PreferencesDialogTest::listHoldsTheFamiliesInTheOrderOfTheDatabase()
+{
+    const PreferencesDialog dialog;
+    const auto* list = child<QListWidget>(dialog, "listboxFonts");
+    QStringList shown;
+    for (int row = 0; row < list->count(); ++row)
+        shown.append(list->item(row)->text());
+    QVERIFY(!shown.isEmpty());
+    QCOMPARE(shown, FontDatabase::families());
+}
+
+void PreferencesDialogTest::currentFamilyIsSelected()
+{
+    PreferencesDialog dialog;
+    dialog.setCurrentFont(knownFont(12));
+    const auto selected = child<QListWidget>(dialog, "listboxFonts")->selectedItems();
+    QCOMPARE(selected.size(), 1);
+    QCOMPARE(selected.first()->text(), QFontInfo(knownFont(12)).family());
+}
+
+void PreferencesDialogTest::familyOutsideTheListLeavesNoSelectionAndIsKept()
+{
+    PreferencesDialog dialog;
+    auto* list = child<QListWidget>(dialog, "listboxFonts");
+    const QFont font = knownFont(40);
+    qDeleteAll(list->findItems(QFontInfo(font).family(), Qt::MatchFixedString));
+    list->addItem(QStringLiteral("Another Family"));
+    dialog.setCurrentFont(font);
+    QVERIFY(list->selectedItems().isEmpty());
+    const QFont chosen = dialog.getSelectedFont();
+    QCOMPARE(chosen.family(), font.family());
+    QCOMPARE(chosen.pointSize(), 14);
+}
+
+void PreferencesDialogTest::unknownFamilyClearsAnEarlierSelection()
+{
+    PreferencesDialog dialog;
+    auto* list = child<QListWidget>(dialog, "listboxFonts");
+    list->clear();
+    list->addItem(QStringLiteral("Another Family"));
+    list->setCurrentRow(0);
+    dialog.setCurrentFont(knownFont(12));
+    QVERIFY(list->selectedItems().isEmpty());
+    QVERIFY(list->currentItem() == nullptr);
+}
+
+void PreferencesDialogTest::focusDoesNotChooseAFamily()
+{
+    PreferencesDialog dialog;
+    auto* list = child<QListWidget>(dialog, "listboxFonts");
+    list->clear();
+    list->addItems({QStringLiteral("Another Family"), QStringLiteral("A Third")});
+    const QFont font = knownFont(12);
+    dialog.setCurrentFont(font);
+    child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
+    dialog.show();
+    dialog.activateWindow();
+    list->setFocus();
+    QTRY_VERIFY(list->hasFocus());
+    QTRY_VERIFY(list->currentItem() != nullptr);
+    QCOMPARE(dialog.getSelectedFont().family(), font.family());
+}
+
+void PreferencesDialogTest::chosenFamilyIsReturned()
+{
+    PreferencesDialog dialog;
+    dialog.setCurrentFont(knownFont(12));
+    auto* list = child<QListWidget>(dialog, "listboxFonts");
+    list->addItem(QStringLiteral("Another Family"));
+    list->setCurrentRow(list->count() - 1);
+    QCOMPARE(dialog.getSelectedFont().family(), QStringLiteral("Another Family"));
+}
+
+void PreferencesDialogTest::sizesMapToButtonsAndBack_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<int>("returned");
+    QTest::newRow("6") << 6 << QStringLiteral("btnSmall") << 10;
+    QTest::newRow("10") << 10 << QStringLiteral("btnSmall") << 10;
+    QTest::newRow("11") << 11 << QStringLiteral("btnNormal") << 12;
+    QTest::newRow("12") << 12 << QStringLiteral("btnNormal") << 12;
+    QTest::newRow("13") << 13 << QStringLiteral("btnNormal") << 12;
+    QTest::newRow("14") << 14 << QStringLiteral("btnLarge") << 14;
+    QTest::newRow("18") << 18 << QStringLiteral("btnLarge") << 14;
+    QTest::newRow("40") << 40 << QStringLiteral("btnLarge") << 14;
+}
+
+void PreferencesDialogTest::sizesMapToButtonsAndBack()
+{
+    QFETCH(const int, size);
+    QFETCH(const QString, button);
+    QFETCH(const int, returned);
+    PreferencesDialog dialog;
+    dialog.setCurrentFont(knownFont(size));
+    const auto buttons = dialog.findChildren<QPushButton*>();
+    for (const QPushButton* candidate : buttons)
+        QCOMPARE(candidate->isChecked(), candidate->objectName() == button);
+    QCOMPARE(dialog.getSelectedFont().pointSize(), returned);
+}
+
+void PreferencesDialogTest::buttonChosenByTheUserDecidesTheSize()
+{
+    PreferencesDialog dialog;
+    dialog.setCurrentFont(knownFont(12));
+    child<QPushButton>(dialog, "btnLarge")->click();
+    QCOMPARE(dialog.getSelectedFont().pointSize(), 14);
+    child<QPushButton>(dialog, "btnSmall")->click();
+    QCOMPARE(dialog.getSelectedFont().pointSize(), 10);
+    child<QPushButton>(dialog, "btnSmall")->click();
+    QCOMPARE(dialog.getSelectedFont().pointSize(), 10);
+}
+
+void PreferencesDialogTest::noButtonDownKeepsTheSize()
+{
+    PreferencesDialog dialog;
+    const int size = QFont().pointSize();
+    QCOMPARE(dialog.getSelectedFont().pointSize(), size);
+}
+
+void PreferencesDialogTest::weightAndSlantAreKept()
+{
+    PreferencesDialog dialog;
+    QFont font = knownFont(18);
+    font.setWeight(QFont::Bold);
+    font.setItalic(true);
+    font.setUnderline(true);
+    dialog.setCurrentFont(font);
+    font.setPointSize(14);
+    QCOMPARE(dialog.getSelectedFont(), font);
+}
+
+void PreferencesDialogTest::returnInTheFontListChangesNothing()
+{
+    PreferencesDialog dialog;
+    dialog.setCurrentFont(knownFont(18));
+    child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
+    dialog.show();
+    dialog.activateWindow();
+    auto* list = child<QListWidget>(dialog, "listboxFonts");
+    list->setFocus();
+    QTRY_VERIFY(list->hasFocus());
+    QTest::keyClick(list, Qt::Key_Return);
+    QVERIFY(child<QPushButton>(dialog, "btnLarge")->isChecked());
+}
+
+void PreferencesDialogTest::everyControlIsNamedForAssistiveTools()
+{
+    const PreferencesDialog dialog;
+    const auto buttons = dialog.findChildren<QAbstractButton*>();
+    for (const QAbstractButton* button : buttons) {
+        if (!button->objectName().isEmpty() &&
+            qobject_cast<const QRadioButton*>(button) == nullptr &&
+            qobject_cast<const QPushButton*>(button) == nullptr)
+            continue;
+        QAccessibleInterface* seen =
+            QAccessible::queryAccessibleInterface(const_cast<QAbstractButton*>(button));
+        QVERIFY2(!seen->text(QAccessible::Name).isEmpty(), qPrintable(button->objectName()));
+    }
+    auto* list = child<QListWidget>(dialog, "listboxFonts");
+    QCOMPARE(QAccessible::queryAccessibleInterface(list)->text(QAccessible::Name),
+             QStringLiteral("Font Name"));
+    // Two groups have a "Top": the description says of what.
+    QCOMPARE(child<QRadioButton>(dialog, "RadioButton9")->accessibleDescription(),
+             QStringLiteral("Word Field Position"));
+}
+
+QTEST_MAIN(PreferencesDialogTest)
+#include "preferencesdialog_test.moc"
