@@ -50,11 +50,9 @@ QIcon Resource::loadIcon(const QString& name)
         const QPixmap pixmap = loadPixmap(name);
         return pixmap.isNull() ? QIcon() : QIcon(pixmap);
     }
-    QIcon icon(compiledIn(name));
-    for (const char* size : {"@2x", "-16", "-20", "-32", "-40"}) {
-        const QString path = compiledIn(name + QLatin1String(size));
-        if (QFile::exists(path))
-            icon.addFile(path);
-    }
+    // Every size stands for itself: QIcon scales the wrong one once it knows of an "@2x" file.
+    QIcon icon;
+    for (const int size : {16, 20, 24, 32, 40, 48})
+        icon.addFile(compiledIn(QStringLiteral("%1-%2").arg(name).arg(size)));
     return icon;
 }

@@ -129,8 +129,8 @@ void paste(IconCanvas& c)
 
 void close(IconCanvas& c)
 {
-    c.line({5, 5}, {19, 19}, 3, GREY);
-    c.line({19, 5}, {5, 19}, 3, GREY);
+    c.line({5, 5}, {19, 19}, 4, GREY);
+    c.line({19, 5}, {5, 19}, 4, GREY);
 }
 
 void program(IconCanvas& c)

@@ -1,0 +1,362 @@
+// SPDX-License-Identifier: MIT
+#include "platform/mounttable.h"
+#include "platform/qcopchannel.h"
+#include "platform/storageinfo.h"
+#include "tests/platform/stagedroots.h"
+
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QtTest>
+
+class StorageInfoTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void removable_data();
+    void removable();
+    void listsDevicesInTableOrder();
+    void leavesOutWhatIsNoDevice();
+    void bindMountIsNotASecondCard();
+    void secondMountOfADeviceIsNotASecondCard();
+    void btrfsSubvolumeCounts();
+    void coveredMountIsLeftOut();
+    void decodesEscapes_data();
+    void decodesEscapes();
+    void optionalFieldsAreSkipped();
+    void fuseMountGoesByItsSource();
+    void rootDeviceGoesByItsNumber();
+    void mappedDeviceGoesByItsName();
+    void encryptedCardIsRemovable();
+    void encryptedDiskIsNot();
+    void loopOfSlavesEnds();
+    void missingRootsGiveNothing();
+    void damagedTablesDoNoHarm();
+    void followsTheCardChannel();
+    void ownMachineCanBeRead();
+
+private:
+    QStringList paths() const;
+
+    std::unique_ptr<StagedRoots> _staged;
+};
+
+namespace
+{
+
+QByteArray mount(const QByteArray& device, const QByteArray& root, const QByteArray& path,
+                 const QByteArray& type, const QByteArray& source)
+{
+    return "36 35 " + device + ' ' + root + ' ' + path + " rw,noatime master:1 - " + type + ' ' +
+           source + " rw\n";
+}
+
+} // namespace
+
+void StorageInfoTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    _staged = std::make_unique<StagedRoots>();
+    StorageInfo::setRoots(_staged->roots());
+}
+
+void StorageInfoTest::cleanup()
+{
+    StorageInfo::setRoots({});
+}
+
+QStringList StorageInfoTest::paths() const
+{
+    const StorageInfo info;
+    QStringList paths;
+    for (const FileSystem& system : info.fileSystems())
+        paths.append(system.path());
+    return paths;
+}
+
+void StorageInfoTest::removable_data()
+{
+    QTest::addColumn<QString>("disk");
+    QTest::addColumn<QString>("partition");
+    QTest::addColumn<QString>("bus");
+    QTest::addColumn<bool>("flag");
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<bool>("removable");
+    const QString pci = u"pci0000:00/0000:00:14.0"_qs;
+    QTest::newRow("internal disk")
+        << u"sda"_qs << u"sda1"_qs << pci + u"/ata1/host0"_qs << false << QByteArray() << false;
+    QTest::newRow("NVMe") << u"nvme0n1"_qs << u"nvme0n1p2"_qs << pci + u"/nvme"_qs << false
+                          << QByteArray() << false;
+    QTest::newRow("USB stick") << u"sdb"_qs << u"sdb1"_qs << pci + u"/usb1/1-2/1-2:1.0/host6"_qs
+                               << true << QByteArray() << true;
+    QTest::newRow("USB disk that calls itself fixed")
+        << u"sdb"_qs << u"sdb1"_qs << pci + u"/usb2/2-1/2-1:1.0/host6"_qs << false << QByteArray()
+        << true;
+    QTest::newRow("USB stick without partitions")
+        << u"sdb"_qs << QString() << pci + u"/usb1/1-2/host6"_qs << true << QByteArray() << true;
+    QTest::newRow("card reader that calls itself removable")
+        << u"sdc"_qs << u"sdc1"_qs << pci + u"/ata3/host3"_qs << true << QByteArray() << true;
+    QTest::newRow("SD card in a built-in slot")
+        << u"mmcblk0"_qs << u"mmcblk0p1"_qs << u"platform/mmc0/mmc0:0001"_qs << false
+        << QByteArray("SD\n") << true;
+    QTest::newRow("soldered eMMC")
+        << u"mmcblk1"_qs << u"mmcblk1p1"_qs << u"platform/mmc1/mmc1:0001"_qs << false
+        << QByteArray("MMC\n") << false;
+    QTest::newRow("Memory Stick") << u"mspblk0"_qs << u"mspblk0p1"_qs << pci + u"/memstick0"_qs
+                                  << false << QByteArray() << true;
+    QTest::newRow("CompactFlash in PCMCIA")
+        << u"sdd"_qs << u"sdd1"_qs << pci + u"/pcmcia_socket0/0.0/host7"_qs << false << QByteArray()
+        << true;
+    QTest::newRow("a disk behind a host called like USB")
+        << u"sda"_qs << u"sda1"_qs << u"platform/usbless/ata1"_qs << false << QByteArray() << false;
+}
+
+void StorageInfoTest::removable()
+{
+    QFETCH(QString, disk);
+    QFETCH(QString, partition);
+    QFETCH(QString, bus);
+    QFETCH(bool, flag);
+    QFETCH(QByteArray, type);
+    _staged->addDisk(disk, bus, flag);
+    if (!type.isEmpty())
+        _staged->setAttribute(disk, u"device/type"_qs, type);
+    if (!partition.isEmpty())
+        _staged->addPartition(disk, partition);
+    const QString device = partition.isEmpty() ? disk : partition;
+    _staged->setTable(mount("8:1", "/", "/mnt/card", "vfat", "/dev/" + device.toLatin1()));
+
+    const StorageInfo info;
+    QCOMPARE(info.fileSystems().size(), 1);
+    const FileSystem system = info.fileSystems().constFirst();
+    QCOMPARE(system.path(), u"/mnt/card"_qs);
+    QCOMPARE(system.disk(), u"/dev/"_qs + device);
+    QCOMPARE(system.options(), u"rw,noatime"_qs);
+    QTEST(system.isRemovable(), "removable");
+}
+
+void StorageInfoTest::listsDevicesInTableOrder()
+{
+    for (const QString& disk : {u"sda"_qs, u"sdb"_qs, u"sdc"_qs})
+        _staged->addDisk(disk, u"pci/usb1/host"_qs + disk, true);
+    _staged->setTable(mount("8:32", "/", "/z", "vfat", "/dev/sdc") +
+                      mount("8:0", "/", "/m", "vfat", "/dev/sda") +
+                      mount("8:16", "/", "/a", "vfat", "/dev/sdb"));
+    QCOMPARE(paths(), QStringList({u"/z"_qs, u"/m"_qs, u"/a"_qs}));
+}
+
+void StorageInfoTest::leavesOutWhatIsNoDevice()
+{
+    _staged->addDisk(u"sda"_qs, u"pci/ata1"_qs, false);
+    _staged->setTable(
+        mount("0:21", "/", "/proc", "proc", "proc") + mount("0:25", "/", "/tmp", "tmpfs", "tmpfs") +
+        mount("0:40", "/", "/net", "nfs4", "server:/export") +
+        mount("0:41", "/", "/run/user/1000/doc", "fuse.portal", "portal") +
+        mount("0:42", "/", "/odd", "fuse", "/dev/fuse") +
+        mount("0:43", "/", "/sda", "tmpfs", "sda") + mount("8:0", "/", "/", "ext4", "/dev/sda"));
+    QCOMPARE(paths(), QStringList({u"/"_qs}));
+}
+
+void StorageInfoTest::bindMountIsNotASecondCard()
+{
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->setTable(mount("8:16", "/QtPalmtop", "/home/me/card", "vfat", "/dev/sdb") +
+                      mount("8:16", "/", "/media/me/CARD", "vfat", "/dev/sdb") +
+                      mount("8:16", "/photos", "/home/me/photos", "vfat", "/dev/sdb"));
+    QCOMPARE(paths(), QStringList({u"/media/me/CARD"_qs}));
+}
+
+void StorageInfoTest::secondMountOfADeviceIsNotASecondCard()
+{
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->setNumber(u"sdb"_qs, u"8:16"_qs);
+    _staged->setTable(mount("8:16", "/", "/first", "vfat", "/dev/sdb") +
+                      mount("8:16", "/", "/second", "vfat", "/dev/sdb") +
+                      mount("8:16", "/", "/third", "vfat", "/dev/disk/by-label/CARD"));
+    QCOMPARE(paths(), QStringList({u"/first"_qs}));
+}
+
+void StorageInfoTest::btrfsSubvolumeCounts()
+{
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->setTable(mount("0:50", "/@cards", "/cards", "btrfs", "/dev/sdb") +
+                      mount("0:50", "/@home", "/home", "btrfs", "/dev/sdb"));
+    QCOMPARE(paths(), QStringList({u"/cards"_qs}));
+}
+
+void StorageInfoTest::coveredMountIsLeftOut()
+{
+    _staged->addDisk(u"sda"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-2"_qs, true);
+    _staged->setTable(mount("8:0", "/", "/mnt", "vfat", "/dev/sda") +
+                      mount("8:16", "/", "/mnt", "vfat", "/dev/sdb") +
+                      mount("8:0", "/", "/other", "vfat", "/dev/sda"));
+    const StorageInfo info;
+    QCOMPARE(info.fileSystems().size(), 2);
+    QCOMPARE(info.fileSystems()[0].disk(), u"/dev/sdb"_qs);
+    QCOMPARE(info.fileSystems()[1].path(), u"/other"_qs);
+}
+
+void StorageInfoTest::decodesEscapes_data()
+{
+    QTest::addColumn<QByteArray>("raw");
+    QTest::addColumn<QString>("path");
+    QTest::newRow("blank") << QByteArray("/media/MY\\040CARD") << u"/media/MY CARD"_qs;
+    QTest::newRow("tab") << QByteArray("/a\\011b") << u"/a\tb"_qs;
+    QTest::newRow("line feed") << QByteArray("/a\\012b") << u"/a\nb"_qs;
+    QTest::newRow("backslash") << QByteArray("/a\\134040b") << u"/a\\040b"_qs;
+    QTest::newRow("number sign") << QByteArray("/a\\043") << u"/a#"_qs;
+    QTest::newRow("UTF-8") << QByteArray("/\xC3\xA4") << u"/ä"_qs;
+    QTest::newRow("too short") << QByteArray("/a\\04") << u"/a\\04"_qs;
+    QTest::newRow("not octal") << QByteArray("/a\\0x9b") << u"/a\\0x9b"_qs;
+}
+
+void StorageInfoTest::decodesEscapes()
+{
+    QFETCH(QByteArray, raw);
+    const auto mounts = teskel::parseMountTable(mount("8:16", "/", raw, "vfat", "/dev/sdb"));
+    QCOMPARE(mounts.size(), 1);
+    QTEST(mounts[0].path, "path");
+}
+
+void StorageInfoTest::optionalFieldsAreSkipped()
+{
+    const auto mounts = teskel::parseMountTable(
+        "1 2 8:16 / /none rw - vfat /dev/sdb rw\n"
+        "1 2 8:17 / /two rw shared:7 propagate_from:2 - ext4 /dev/sdc rw,data=ordered\n");
+    QCOMPARE(mounts.size(), 2);
+    QCOMPARE(mounts[0].source, u"/dev/sdb"_qs);
+    QCOMPARE(mounts[1].type, u"ext4"_qs);
+    QCOMPARE(mounts[1].source, u"/dev/sdc"_qs);
+    QCOMPARE(mounts[1].device, u"8:17"_qs);
+}
+
+void StorageInfoTest::fuseMountGoesByItsSource()
+{
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->addPartition(u"sdb"_qs, u"sdb1"_qs);
+    _staged->setTable(mount("0:52", "/", "/media/me/NTFS", "fuseblk", "/dev/sdb1"));
+    const StorageInfo info;
+    QCOMPARE(info.fileSystems().size(), 1);
+    QVERIFY(info.fileSystems().constFirst().isRemovable());
+}
+
+void StorageInfoTest::rootDeviceGoesByItsNumber()
+{
+    _staged->addDisk(u"mmcblk0"_qs, u"platform/mmc0/mmc0:0001"_qs, false);
+    _staged->setAttribute(u"mmcblk0"_qs, u"device/type"_qs, "SD\n");
+    _staged->addPartition(u"mmcblk0"_qs, u"mmcblk0p2"_qs);
+    _staged->setNumber(u"mmcblk0p2"_qs, u"179:2"_qs);
+    _staged->setTable(mount("179:2", "/", "/", "ext4", "/dev/root"));
+    const StorageInfo info;
+    QCOMPARE(info.fileSystems().size(), 1);
+    QVERIFY(info.fileSystems().constFirst().isRemovable());
+}
+
+void StorageInfoTest::mappedDeviceGoesByItsName()
+{
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->addDisk(u"dm-3"_qs, u"virtual"_qs, false);
+    _staged->setAttribute(u"dm-3"_qs, u"dm/name"_qs, "luks-card\n");
+    _staged->addSlave(u"dm-3"_qs, u"sdb"_qs);
+    _staged->setTable(mount("0:60", "/@", "/card", "btrfs", "/dev/mapper/luks-card"));
+    const StorageInfo info;
+    QCOMPARE(info.fileSystems().size(), 1);
+    QVERIFY(info.fileSystems().constFirst().isRemovable());
+}
+
+void StorageInfoTest::encryptedCardIsRemovable()
+{
+    _staged->addDisk(u"mmcblk0"_qs, u"platform/mmc0/mmc0:0001"_qs, false);
+    _staged->setAttribute(u"mmcblk0"_qs, u"device/type"_qs, "SD\n");
+    _staged->addPartition(u"mmcblk0"_qs, u"mmcblk0p1"_qs);
+    _staged->addDisk(u"dm-0"_qs, u"virtual"_qs, false);
+    _staged->addSlave(u"dm-0"_qs, u"mmcblk0p1"_qs);
+    _staged->addDisk(u"dm-1"_qs, u"virtual"_qs, false);
+    _staged->addSlave(u"dm-1"_qs, u"dm-0"_qs);
+    _staged->setTable(mount("253:1", "/", "/card", "ext4", "/dev/dm-1"));
+    const StorageInfo info;
+    QCOMPARE(info.fileSystems().size(), 1);
+    QVERIFY(info.fileSystems().constFirst().isRemovable());
+}
+
+void StorageInfoTest::encryptedDiskIsNot()
+{
+    _staged->addDisk(u"sda"_qs, u"pci/ata1"_qs, false);
+    _staged->addPartition(u"sda"_qs, u"sda2"_qs);
+    _staged->addDisk(u"dm-0"_qs, u"virtual"_qs, false);
+    _staged->addSlave(u"dm-0"_qs, u"sda2"_qs);
+    _staged->setTable(mount("253:0", "/", "/", "ext4", "/dev/dm-0"));
+    const StorageInfo info;
+    QCOMPARE(info.fileSystems().size(), 1);
+    QVERIFY(!info.fileSystems().constFirst().isRemovable());
+}
+
+void StorageInfoTest::loopOfSlavesEnds()
+{
+    _staged->addDisk(u"dm-0"_qs, u"virtual"_qs, false);
+    _staged->addDisk(u"dm-1"_qs, u"virtual"_qs, false);
+    _staged->addSlave(u"dm-0"_qs, u"dm-1"_qs);
+    _staged->addSlave(u"dm-1"_qs, u"dm-0"_qs);
+    _staged->setTable(mount("253:0", "/", "/", "ext4", "/dev/dm-0"));
+    const StorageInfo info;
+    QVERIFY(!info.fileSystems().constFirst().isRemovable());
+}
+
+void StorageInfoTest::missingRootsGiveNothing()
+{
+    _staged->setTable(mount("8:16", "/", "/card", "vfat", "/dev/sdb"));
+    QCOMPARE(paths(), QStringList());
+    StorageInfo::setRoots({u"/nowhere/mountinfo"_qs, u"/nowhere/sys"_qs});
+    QCOMPARE(paths(), QStringList());
+}
+
+void StorageInfoTest::damagedTablesDoNoHarm()
+{
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    const QByteArray good = mount("8:16", "/", "/card", "vfat", "/dev/sdb");
+    for (qsizetype size = 0; size < good.size(); ++size) {
+        _staged->setTable(good.first(size) + "\n\n   \n- - - - - - - -\n");
+        QVERIFY(paths().size() <= 1);
+    }
+    QByteArray noise(20'000, Qt::Uninitialized);
+    QRandomGenerator generator(3);
+    for (char& byte : noise)
+        byte = static_cast<char>(generator.bounded(256));
+    _staged->setTable(noise + '\n' + good);
+    QCOMPARE(paths(), QStringList({u"/card"_qs}));
+}
+
+void StorageInfoTest::followsTheCardChannel()
+{
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    StorageInfo info;
+    QSignalSpy changed(&info, &StorageInfo::disksChanged);
+    QCOMPARE(info.fileSystems().size(), 0);
+    _staged->setTable(mount("8:16", "/", "/card", "vfat", "/dev/sdb"));
+    QCopChannel::send("QPE/Card", "somethingElse()");
+    QCopChannel::send("QPE/Card", "mtabChanged()");
+    QTRY_COMPARE(changed.count(), 1);
+    QCOMPARE(info.fileSystems().size(), 1);
+}
+
+void StorageInfoTest::ownMachineCanBeRead()
+{
+    StorageInfo::setRoots({});
+    if (!QFile::exists(u"/sys/class/block"_qs))
+        QSKIP("no sysfs");
+    QFile table(u"/proc/self/mountinfo"_qs);
+    QVERIFY(table.open(QIODevice::ReadOnly));
+    const auto mounts = teskel::parseMountTable(table.readAll());
+    QVERIFY(!mounts.isEmpty());
+    const QStringList listed = paths();
+    for (const QString& path : listed) {
+        QVERIFY(std::any_of(mounts.cbegin(), mounts.cend(),
+                            [&path](const teskel::Mount& m) { return m.path == path; }));
+    }
+}
+
+QTEST_GUILESS_MAIN(StorageInfoTest)
+#include "storageinfo_test.moc"
