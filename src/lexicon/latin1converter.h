@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace teskel
+{
+
+/// Turns UTF-8 texts into the Latin-1 texts of a lexicon and counts what had to change.
+class Latin1Converter
+{
+public:
+    /// What a text is, which decides how its characters may be written.
+    enum class Text {
+        Headword,      ///< shown as it is: no entities
+        PlainArticle,  ///< plain text that becomes rich text: "<" and "&" are escaped
+        MarkupArticle, ///< rich text already: only references that hold digits are rewritten
+    };
+    /// How a character was written.
+    enum class Change {
+        Entity,         ///< as a named entity
+        Transliterated, ///< as its stand-in
+        Lost,           ///< as "?"
+        Control,        ///< a control character, as a blank
+        InvalidByte,    ///< no UTF-8, as "?"
+    };
+    struct Count {
+        Change change;
+        std::string written; ///< what was written instead, Latin-1
+        uint64_t times = 0;
+    };
+    /// In the order of the characters; a character may occur once as an entity (in articles) and
+    /// once transliterated (in headwords).
+    using Counts = std::map<std::pair<char32_t, Change>, Count>;
+
+    /// Appends the Latin-1 form of `text` to `out`. Line feeds and tabs stay in articles; headwords
+    /// get single blanks in place of any white space, none at their ends.
+    void convert(std::string_view text, Text kind, std::string& out);
+    std::string converted(std::string_view text, Text kind);
+
+    const Counts& counts() const { return _counts; }
+
+private:
+    void convertHeadword(std::string_view text, std::string& out);
+    void convertArticle(std::string_view text, bool isMarkup, std::string& out);
+    void putCharacter(char32_t character, bool entitiesAllowed, std::string& out);
+    void count(char32_t character, Change change, std::string_view written);
+
+    Counts _counts;
+};
+
+} // namespace teskel
