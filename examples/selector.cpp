@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+
+// Shows the dictionary selector over the dictionaries of this machine. Prints the path of the one
+// that is chosen and ends; ends with code 1 when it is closed without a choice.
+
+#include "files/qteskelfileselector.h"
+#include "platform/qpeapplication.h"
+#include "selectorowner.h"
+
+#include <QTextStream>
+
+int main(int argc, char** argv)
+{
+    // Documents are for the reader, whose place on the bus this program must not take.
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    QPEApplication application(argc, argv);
+    QTeskelFileSelector selector(nullptr, "selector");
+    selector.setWindowTitle(QTeskelFileSelector::tr("Dictionary Selector"));
+    const SelectorOwner owner(&selector);
+
+    int result = 1;
+    QObject::connect(&selector, &QTeskelFileSelector::fileSelected, &selector,
+                     [&result](const QString& path) {
+                         QTextStream(stdout) << path << '\n';
+                         result = 0;
+                     });
+    QObject::connect(&selector, &QTeskelFileSelector::closeMe, &selector, &QWidget::close);
+    application.showMainWidget(&selector);
+    QPEApplication::exec();
+    return result;
+}
