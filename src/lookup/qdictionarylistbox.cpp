@@ -42,8 +42,8 @@ QDictionaryListBox::QDictionaryListBox(Dictionary* dictionary, QWidget* parent, 
 {
     QTeskelScrollBar* const bar = verticalScrollBar();
     bar->setTracking(false);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHScrollBarMode(AlwaysOff);
+    setVScrollBarMode(AlwaysOn);
     connect(bar, &QTeskelScrollBar::nextLine, this, &QDictionaryListBox::nextLine);
     connect(bar, &QTeskelScrollBar::prevLine, this, &QDictionaryListBox::prevLine);
 }
@@ -63,7 +63,7 @@ void QDictionaryListBox::fill(CursorPosition start)
 
 void QDictionaryListBox::move(int lines)
 {
-    if (lines == 0 || rowCount() == 0)
+    if (lines == 0 || count() == 0)
         return;
     const std::unique_ptr<DictionaryIterator> iterator(_dictionary->createIterator());
     CursorPosition top = iterator->move(row(0)->getCursorPosition(), lines);
@@ -136,11 +136,6 @@ void QDictionaryListBox::keyReleaseEvent(QKeyEvent* e)
     tellParent(teskel::navigationFinish);
 }
 
-int QDictionaryListBox::rowCount() const
-{
-    return static_cast<int>(count());
-}
-
 bool QDictionaryListBox::isFirstRowCurrent() const
 {
     return currentItem() == 0;
@@ -148,7 +143,7 @@ bool QDictionaryListBox::isFirstRowCurrent() const
 
 bool QDictionaryListBox::isLastRowCurrent() const
 {
-    return currentItem() >= 0 && currentItem() == rowCount() - 1;
+    return currentItem() >= 0 && currentItem() == count() - 1;
 }
 
 QDictionaryListBoxItem* QDictionaryListBox::row(int index) const
@@ -170,19 +165,19 @@ void QDictionaryListBox::tellParent(QEvent::Type type)
 CursorPosition QDictionaryListBox::topNear(DictionaryIterator& iterator,
                                            CursorPosition wanted) const
 {
-    if (iterator.isValid(iterator.move(wanted, rowCount())))
+    if (iterator.isValid(iterator.move(wanted, count())))
         return wanted;
 
     // Bounded, so that a dictionary whose reads fail and recover cannot hold the walk.
     CursorPosition last = CursorPosition::invalid();
     CursorPosition next = wanted;
-    for (int steps = 0; steps <= rowCount() && iterator.isValid(next); ++steps) {
+    for (int steps = 0; steps <= count() && iterator.isValid(next); ++steps) {
         last = next;
         next = iterator.move(next, 1);
     }
     // A dictionary of fewer words than rows starts at its first word.
     CursorPosition top = last;
-    for (int steps = 1; steps < rowCount(); ++steps) {
+    for (int steps = 1; steps < count(); ++steps) {
         const CursorPosition previous = iterator.move(top, -1);
         if (!iterator.isValid(previous))
             break;
@@ -198,7 +193,7 @@ int QDictionaryListBox::rewriteRows(DictionaryIterator& iterator, CursorPosition
 {
     int found = -1;
     CursorPosition position = top;
-    for (int index = 0; index < rowCount(); ++index) {
+    for (int index = 0; index < count(); ++index) {
         QDictionaryListBoxItem* const item = row(index);
         if (iterator.setPosition(position)) {
             item->setText(QString::fromLatin1(iterator.getWord()));

@@ -47,7 +47,6 @@ protected:
     void keyReleaseEvent(QKeyEvent* e) override;
 
 private:
-    int rowCount() const;
     bool isFirstRowCurrent() const;
     bool isLastRowCurrent() const;
     QDictionaryListBoxItem* row(int index) const;

@@ -81,6 +81,7 @@ void TeskelMainWidget::createArticleView()
     _articleView = new QTeskelEdit(this);
     _articleView->setAccessibleName(tr("Article"));
     _articleView->setFocusPolicy(Qt::NoFocus);
+    _articleView->setTextFormat(Qt::RichText);
     setInitialText();
     _preferences.setDefaultFont(_articleView->font());
 }

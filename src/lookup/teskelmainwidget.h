@@ -53,7 +53,7 @@ public:
     void setEditFont();
 
     /// Path of the open dictionary, empty if none is open.
-    QString getDictionaryFileName() const;
+    QString getDictionaryFileName();
     /// Name of the open dictionary, empty if none is open.
     QString getDictionaryName();
 

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "lookup/lexicontext.h"
+#include "lookup/punctuation.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class TestLexiconText : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void composesBeforeItBecomesLatin1();
+    void refusesWhatNoHeadwordHolds_data();
+    void refusesWhatNoHeadwordHolds();
+    void stripsOuterPunctuation_data();
+    void stripsOuterPunctuation();
+};
+
+void TestLexiconText::composesBeforeItBecomesLatin1()
+{
+    const QString typed = u"Mu\u0308he"_s;
+    QVERIFY(!teskel::toLexiconBytes(typed));
+    QCOMPARE(teskel::toLexiconBytes(teskel::composed(typed)), QByteArray("M\xFChe"));
+    QCOMPARE(teskel::composed(u"\u00A0\u00B2\u00FF"_s), u"\u00A0\u00B2\u00FF"_s);
+}
+
+void TestLexiconText::refusesWhatNoHeadwordHolds_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("length");
+    QTest::newRow("nothing wrong") << u"a\u00FFb"_s << 3;
+    QTest::newRow("empty") << QString() << 0;
+    QTest::newRow("Cyrillic at the end") << u"haus\u0436"_s << 4;
+    QTest::newRow("Cyrillic at the start") << u"\u0436haus"_s << 0;
+    QTest::newRow("NUL") << QString(u"ha"_s + QChar(0) + u"us"_s) << 2;
+    QTest::newRow("outside the basic plane") << u"a\U0001F600"_s << 1;
+    QTest::newRow("first beyond Latin-1") << u"\u0100"_s << 0;
+}
+
+void TestLexiconText::refusesWhatNoHeadwordHolds()
+{
+    QFETCH(QString, text);
+    QFETCH(int, length);
+    QCOMPARE(teskel::lexiconLength(text), length);
+    QCOMPARE(teskel::toLexiconBytes(text).has_value(), length == text.size());
+}
+
+void TestLexiconText::stripsOuterPunctuation_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("empty stays empty") << QString() << QString();
+    QTest::newRow("nothing to strip") << u"rock'n'roll"_s << u"rock'n'roll"_s;
+    QTest::newRow("both ends") << u", house."_s << u"house"_s;
+    QTest::newRow("start only") << u"(house"_s << u"house"_s;
+    QTest::newRow("end only") << u"house!?"_s << u"house"_s;
+    QTest::newRow("inside stays") << u" a, b; c. "_s << u"a, b; c"_s;
+    QTest::newRow("only punctuation and spaces") << u" .,; \t\n"_s << QString();
+    QTest::newRow("one word character") << u"(a)"_s << u"a"_s;
+    QTest::newRow("one punctuation mark") << u"."_s << QString();
+    QTest::newRow("line and paragraph separators") << u"\u2029house\u2028"_s << u"house"_s;
+    QTest::newRow("no-break space") << u"\u00A0house\u00A0"_s << u"house"_s;
+    QTest::newRow("symbols are no punctuation") << u"+house="_s << u"+house="_s;
+    QTest::newRow("digits are no punctuation") << u"1. house"_s << u"1. house"_s;
+}
+
+void TestLexiconText::stripsOuterPunctuation()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, expected);
+    QCOMPARE(teskel::withoutOuterPunctuation(text), expected);
+}
+
+QTEST_GUILESS_MAIN(TestLexiconText)
+#include "test_lexicontext.moc"

@@ -1,0 +1,388 @@
+// SPDX-License-Identifier: MIT
+#include "tests/lookup/lookupbench.h"
+#include "tests/support/warningcapture.h"
+
+#include <QSignalSpy>
+#include <QTextDocument>
+
+using namespace Qt::StringLiterals;
+using namespace teskel::test;
+
+namespace
+{
+
+void findOnEnter(PreferencesData& preferences)
+{
+    preferences.setFindType(PreferencesData::FindOnEnter);
+}
+
+} // namespace
+
+/// What a person types into the entry, and what becomes of it.
+class TestTyping : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void looksUpAfterEveryChange();
+    void showsTheArticleOfTheExactWord();
+    void unknownBeginningLeavesTheListAndClearsTheArticle();
+    void caseDoesNotMatter();
+    void decomposedLettersAreFound();
+    void whatLatin1LacksMatchesNothing_data();
+    void whatLatin1LacksMatchesNothing();
+    void emptyTextLooksNothingUp();
+    void oneCharacterFillsTheListAndTheArticleOnce();
+    void typingBeforeADictionaryOpensDoesNothing();
+    void emptyWordIsReported();
+
+    void exactMatchesEnterTheHistory();
+    void historyNeverHoldsMoreThanSix();
+    void wordInTheHistoryIsNotAddedAgainAndStays();
+    void historyTellsCaseApart();
+    void emptyWordDoesNotEnterTheHistory();
+    void historyUpkeepStartsNoLookup();
+    void historySurvivesARestart();
+    void returnPutsTheTypedTextIntoTheEntrysList();
+    void choosingFromTheHistoryLooksTheWordUp();
+
+    void findOnEnterTypingMovesNothing();
+    void findOnEnterMovesTheListToTheExactWord();
+    void findOnEnterLeavesTheListWithoutAMatch();
+    void findOnEnterWorksWithAFullHistory();
+    void findOnEnterTakesAChoiceFromTheList();
+    void findOnEnterReportsAnEmptyItem();
+    void findOnEnterShowsTheArticleOfAChosenRow();
+    void activationDoesNothingWhenTypingFinds();
+};
+
+void TestTyping::init()
+{
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+}
+
+void TestTyping::looksUpAfterEveryChange()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    const QList<QPair<QString, QString>> expected{
+        {u"h"_s, u"home"_s},     {u"ho"_s, u"home"_s},     {u"hou"_s, u"house"_s},
+        {u"hous"_s, u"house"_s}, {u"house"_s, u"house"_s}, {u"houseb"_s, u"houseboat"_s},
+    };
+    bench.entry().lineEdit()->clear();
+    for (const auto& [text, word] : expected) {
+        bench.typeLetter(text.back());
+        QCOMPARE(bench.typed(), text);
+        QCOMPARE(bench.rows().first(), word);
+        QCOMPARE(bench.currentWord(), word);
+        QCOMPARE(bench.article().text().isEmpty(), text != word);
+    }
+}
+
+void TestTyping::showsTheArticleOfTheExactWord()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"home"_s);
+    QCOMPARE(bench.article().text(),
+             u"<p><b>home</b></p><p><b><font color=\"#0000FF\">1.</font></b> Heim</p><p>\n"
+             "<b><font color=\"#0000FF\">2.</font></b> Zuhause"_s);
+    QCOMPARE(bench.articleText(), u"home\n1. Heim\n2. Zuhause"_s);
+}
+
+void TestTyping::unknownBeginningLeavesTheListAndClearsTheArticle()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"house"_s);
+    const QStringList rows = bench.rows();
+    bench.typeLetter(u'x');
+    QCOMPARE(bench.article().text(), QString());
+    QCOMPARE(bench.rows(), rows);
+    QCOMPARE(bench.currentWord(), u"house"_s);
+}
+
+void TestTyping::caseDoesNotMatter()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"HOUSEBoat"_s);
+    QCOMPARE(bench.currentWord(), u"houseboat"_s);
+    QCOMPARE(bench.articleText(), u"houseboat\nHausboot"_s);
+    QVERIFY(bench.history().contains(u"HOUSEBoat"_s));
+}
+
+void TestTyping::decomposedLettersAreFound()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.entry().lineEdit()->setText(u"mu\u0308esli"_s);
+    QCOMPARE(bench.currentWord(), u"m\u00FCesli"_s);
+    QCOMPARE(bench.articleText(), u"m\u00FCesli\nM\u00FCsli"_s);
+    QCOMPARE(bench.storedHistory(), QStringList{u"m\u00FCesli"_s});
+}
+
+void TestTyping::whatLatin1LacksMatchesNothing_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("Cyrillic after a word") << u"ant\u0436"_s;
+    QTest::newRow("Cyrillic alone") << u"\u0436"_s;
+    QTest::newRow("NUL after a word") << QString(u"ant"_s + QChar(0));
+    QTest::newRow("NUL alone") << QString(QChar(0));
+    QTest::newRow("combining mark without a composed letter") << u"ant\u0323"_s;
+}
+
+void TestTyping::whatLatin1LacksMatchesNothing()
+{
+    QFETCH(QString, text);
+    LookupBench bench;
+    // Headwords as a careless conversion would ask for them.
+    bench.open({{"?", "question mark"}, {"ant", "Ameise"}, {"ant?", "ant?"}, {"zebra", "Zebra"}});
+    bench.entry().lineEdit()->setText(u"zebra"_s);
+    const QStringList rows = bench.rows();
+    bench.entry().lineEdit()->setText(text);
+    QCOMPARE(bench.article().text(), QString());
+    QCOMPARE(bench.rows(), rows);
+    QCOMPARE(bench.currentWord(), u"zebra"_s);
+    QCOMPARE(bench.history(), QStringList{u"zebra"_s});
+}
+
+void TestTyping::emptyTextLooksNothingUp()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"house"_s);
+    const QString article = bench.article().text();
+    bench.entry().lineEdit()->clear();
+    bench.widget().find();
+    QCOMPARE(bench.article().text(), article);
+    QCOMPARE(bench.currentWord(), u"house"_s);
+}
+
+void TestTyping::oneCharacterFillsTheListAndTheArticleOnce()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"hous"_s);
+    const QSignalSpy typed(&bench.entry(), &QTeskelComboBox::textChanged);
+    const QSignalSpy shown(bench.article().document(), &QTextDocument::contentsChanged);
+    const QSignalSpy chosen(&bench.list(),
+                            qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged));
+    bench.typeLetter(u'e');
+    QCOMPARE(bench.articleText(), u"house\n1. Haus"_s);
+    QCOMPARE(typed.count(), 1);
+    QCOMPARE(shown.count(), 1);
+    QVERIFY(chosen.count() <= 1);
+}
+
+void TestTyping::typingBeforeADictionaryOpensDoesNothing()
+{
+    LookupBench bench;
+    const QString initial = bench.article().text();
+    bench.type(u"house"_s);
+    QCOMPARE(bench.article().text(), initial);
+    QCOMPARE(bench.history(), QStringList());
+}
+
+void TestTyping::emptyWordIsReported()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    const WarningCapture warnings;
+    QVERIFY(bench.widget().findWord("", false).isInvalid());
+    QCOMPARE(warnings.count(u"ASSERT: \"strlen(word)>0\" in teskelmainwidget.cpp ("_s), 1);
+}
+
+void TestTyping::exactMatchesEnterTheHistory()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"houses"_s);
+    QCOMPARE(bench.history(), (QStringList{u"houses"_s, u"house"_s}));
+    QCOMPARE(bench.storedHistory(), (QStringList{u"house"_s, u"houses"_s}));
+}
+
+void TestTyping::historyNeverHoldsMoreThanSix()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    QStringList expected;
+    for (int number = 0; number < 10; ++number) {
+        bench.type(numberedWord(number));
+        expected.prepend(numberedWord(number));
+        expected = expected.first(qMin(expected.size(), 6));
+        QCOMPARE(bench.history(), expected);
+        QCOMPARE(bench.typed(), numberedWord(number));
+        QVERIFY(bench.storedHistory().size() <= 6);
+    }
+}
+
+void TestTyping::wordInTheHistoryIsNotAddedAgainAndStays()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    for (const QString& word : {u"ant"_s, u"bear"_s, u"cat"_s, u"ant"_s})
+        bench.type(word);
+    QCOMPARE(bench.history(), (QStringList{u"cat"_s, u"bear"_s, u"ant"_s}));
+}
+
+void TestTyping::historyTellsCaseApart()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"ant"_s);
+    bench.type(u"Ant"_s);
+    QCOMPARE(bench.history(), (QStringList{u"Ant"_s, u"ant"_s}));
+}
+
+void TestTyping::emptyWordDoesNotEnterTheHistory()
+{
+    LookupBench bench;
+    QString word;
+    bench.widget().saveMRUList(word);
+    QCOMPARE(bench.history(), QStringList());
+    QCOMPARE(bench.storedHistory(), QStringList());
+}
+
+void TestTyping::historyUpkeepStartsNoLookup()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"hou"_s);
+    const QSignalSpy typed(&bench.entry(), &QTeskelComboBox::textChanged);
+    for (const QString& text : numberedWords(0, 7)) {
+        QString word = text;
+        bench.widget().saveMRUList(word);
+    }
+    QCOMPARE(typed.count(), 0);
+    QCOMPARE(bench.typed(), u"hou"_s);
+    QCOMPARE(bench.currentWord(), u"house"_s);
+    QCOMPARE(bench.article().text(), QString());
+}
+
+void TestTyping::historySurvivesARestart()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"ant"_s);
+    bench.type(u"m\u00FCesli"_s);
+    bench.stop();
+    bench.start();
+    QCOMPARE(bench.history(), (QStringList{u"ant"_s, u"m\u00FCesli"_s}));
+}
+
+void TestTyping::returnPutsTheTypedTextIntoTheEntrysList()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"xyz"_s);
+    QTest::keyClick(&bench.entry(), Qt::Key_Return);
+    QCOMPARE(bench.history(), QStringList{u"xyz"_s});
+    QCOMPARE(bench.storedHistory(), QStringList());
+}
+
+void TestTyping::choosingFromTheHistoryLooksTheWordUp()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"cat"_s);
+    bench.type(u"dog"_s);
+    bench.entry().setCurrentIndex(1);
+    emit bench.entry().activated(1);
+    QCOMPARE(bench.typed(), u"cat"_s);
+    QCOMPARE(bench.currentWord(), u"cat"_s);
+    QCOMPARE(bench.articleText(), u"cat\nKatze"_s);
+}
+
+void TestTyping::findOnEnterTypingMovesNothing()
+{
+    LookupBench bench(findOnEnter);
+    bench.open(everydayEntries());
+    const QStringList rows = bench.rows();
+    const QString article = bench.article().text();
+    bench.type(u"house"_s);
+    QCOMPARE(bench.rows(), rows);
+    QCOMPARE(bench.list().currentItem(), -1);
+    QCOMPARE(bench.article().text(), article);
+    QCOMPARE(bench.history(), QStringList());
+}
+
+void TestTyping::findOnEnterMovesTheListToTheExactWord()
+{
+    LookupBench bench(findOnEnter);
+    bench.open(everydayEntries());
+    const QString article = bench.article().text();
+    bench.type(u"House"_s);
+    QTest::keyClick(&bench.entry(), Qt::Key_Return);
+    QCOMPARE(bench.currentWord(), u"house"_s);
+    QCOMPARE(bench.article().text(), article);
+    QCOMPARE(bench.typed(), u"House"_s);
+}
+
+void TestTyping::findOnEnterLeavesTheListWithoutAMatch()
+{
+    LookupBench bench(findOnEnter);
+    bench.open(everydayEntries());
+    const QStringList rows = bench.rows();
+    bench.type(u"hou"_s);
+    QTest::keyClick(&bench.entry(), Qt::Key_Return);
+    bench.type(u"hou\u0436"_s);
+    QTest::keyClick(&bench.entry(), Qt::Key_Return);
+    QCOMPARE(bench.rows(), rows);
+    QCOMPARE(bench.list().currentItem(), -1);
+}
+
+void TestTyping::findOnEnterWorksWithAFullHistory()
+{
+    LookupBench bench(findOnEnter);
+    bench.open(everydayEntries());
+    for (int number = 0; number < 9; ++number) {
+        bench.type(numberedWord(number));
+        QTest::keyClick(&bench.entry(), Qt::Key_Return);
+        QCOMPARE(bench.currentWord(), numberedWord(number));
+        QVERIFY(bench.entry().count() <= 6);
+    }
+}
+
+void TestTyping::findOnEnterTakesAChoiceFromTheList()
+{
+    LookupBench bench(findOnEnter);
+    bench.open(everydayEntries());
+    bench.entry().addItems({u"cat"_s, u"dog"_s});
+    emit bench.entry().activated(1);
+    QCOMPARE(bench.currentWord(), u"dog"_s);
+}
+
+void TestTyping::findOnEnterReportsAnEmptyItem()
+{
+    LookupBench bench(findOnEnter);
+    bench.open(everydayEntries());
+    const WarningCapture warnings;
+    bench.widget().comboActivated(99);
+    QCOMPARE(warnings.count(u"ASSERT: \"item.length()>0\" in teskelmainwidget.cpp ("_s), 1);
+    QCOMPARE(bench.list().currentItem(), -1);
+}
+
+void TestTyping::findOnEnterShowsTheArticleOfAChosenRow()
+{
+    LookupBench bench(findOnEnter);
+    bench.open(everydayEntries());
+    bench.type(u"house"_s);
+    QTest::keyClick(&bench.entry(), Qt::Key_Return);
+    QTest::keyClick(&bench.entry(), Qt::Key_Down);
+    QCOMPARE(bench.articleText(), u"houseboat\nHausboot"_s);
+}
+
+void TestTyping::activationDoesNothingWhenTypingFinds()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.entry().addItems({u"cat"_s, u"dog"_s});
+    const QStringList rows = bench.rows();
+    bench.widget().comboActivated(1);
+    QCOMPARE(bench.rows(), rows);
+}
+
+QTEST_MAIN(TestTyping)
+#include "test_typing.moc"
