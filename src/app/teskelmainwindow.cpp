@@ -112,6 +112,8 @@ void TeskelMainWindow::createOpenButton()
     button->setToolTip(tr("Select a dictionary"));
     button->setAccessibleName(button->toolTip());
     button->setFocusPolicy(Qt::NoFocus);
+    button->setIconSize(_toolBar->iconSize());
+    connect(_toolBar, &QToolBar::iconSizeChanged, button, &QToolButton::setIconSize);
     button->setPopupMode(QToolButton::InstantPopup);
     _toolBar->addWidget(button);
 

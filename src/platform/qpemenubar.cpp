@@ -5,5 +5,5 @@ QPEMenuBar::QPEMenuBar(QWidget* parent)
     : QMenuBar(parent)
 {
     setNativeMenuBar(false);
-    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 }

@@ -5,7 +5,7 @@
 
 class QMainWindow;
 
-/// The application's tool bar.
+/// The application's tool bar, with smaller icons where the usual ones would not all fit.
 class QPEToolBar : public QToolBar
 {
     Q_OBJECT
@@ -13,4 +13,10 @@ class QPEToolBar : public QToolBar
 public:
     /// A child of `window`, not yet docked.
     explicit QPEToolBar(QMainWindow* window);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    [[nodiscard]] int widthWithUsualIcons() const;
 };

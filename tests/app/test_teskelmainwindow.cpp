@@ -82,6 +82,7 @@ private slots:
     void startsWithoutSettingsAndDictionaries();
     void hasItsSlotsInOrder();
     void showsToolBarLeftToRight();
+    void everyButtonFitsOnASmallScreen();
     void showsMenusInOrder();
     void skipsLastFileThatIsGone();
     void opensLastFileBeforeTheFirstInstalled();
@@ -228,6 +229,25 @@ void TestTeskelMainWindow::showsToolBarLeftToRight()
                           QStringLiteral("Toggle View"), QStringLiteral("Preferences ...")}));
     QVERIFY(!bar->isMovable());
     QVERIFY(!bar->isFloatable());
+}
+
+void TestTeskelMainWindow::everyButtonFitsOnASmallScreen()
+{
+    TeskelMainWindow window;
+    const auto* bar = window.findChild<QPEToolBar*>();
+    for (const int width : {240, 640, 240}) {
+        window.resize(width, 320);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QTRY_COMPARE(bar->width(), width);
+        const auto actions = bar->actions();
+        for (QAction* entry : actions) {
+            const QWidget* widget = bar->widgetForAction(entry);
+            QTRY_VERIFY2(widget->isVisible(), qPrintable(widget->toolTip()));
+            QTRY_VERIFY(widget->width() >= widget->sizeHint().width());
+            QTRY_VERIFY(bar->rect().contains(widget->geometry()));
+        }
+    }
 }
 
 void TestTeskelMainWindow::showsMenusInOrder()
