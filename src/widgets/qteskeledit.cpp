@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/qteskeledit.h"
 
+#include "widgets/markuplimiter.h"
+
 #include <QEvent>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -62,7 +64,7 @@ void QTeskelEdit::showSource()
     const bool rich =
         _format == Qt::RichText || (_format == Qt::AutoText && Qt::mightBeRichText(_source));
     if (rich)
-        setHtml(_source);
+        setHtml(teskel::MarkupLimiter::limited(_source));
     else
         setPlainText(_source);
 }

@@ -24,6 +24,7 @@ QTeskelListBox::QTeskelListBox(QWidget* parent, const char* name, Qt::WindowFlag
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setMouseTracking(true);
     viewport()->setBackgroundRole(QPalette::Base);
+    viewport()->setAutoFillBackground(true);
 
     _state->updateTimer->setObjectName(QStringLiteral("listbox update timer"));
     _state->updateTimer->setSingleShot(true);
