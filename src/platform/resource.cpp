@@ -2,6 +2,7 @@
 #include "platform/resource.h"
 
 #include <QFile>
+#include <QGuiApplication>
 #include <QImageReader>
 #include <QStringList>
 
@@ -40,8 +41,9 @@ QString installed(const QString& name)
 
 QPixmap Resource::loadPixmap(const QString& name)
 {
-    const QString path = compiledIn(name);
-    return QPixmap(QFile::exists(path) ? path : installed(name));
+    if (!QFile::exists(compiledIn(name)))
+        return QPixmap(installed(name));
+    return QPixmap(compiledIn(qApp->devicePixelRatio() > 1 ? name + QLatin1String("@2x") : name));
 }
 
 QIcon Resource::loadIcon(const QString& name)

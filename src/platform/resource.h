@@ -10,7 +10,8 @@ class Resource
 {
 public:
     /// The picture `name`: the compiled-in one, else a file of that name in `$QPEDIR/pics` (PNG,
-    /// then XPM, then every other format that can be read). Null when there is none.
+    /// then XPM, then every other format that can be read). Compiled-in ones measure 24 units and
+    /// are drawn for twice the density where a screen has it. Null when there is none.
     static QPixmap loadPixmap(const QString& name);
 
     /// The picture `name` as an icon that holds every size drawn for it, so that it is sharp in

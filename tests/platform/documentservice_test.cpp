@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: MIT
+#include "tests/platform/probe.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <csignal>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace
+{
+
+const QString SERVICE = QStringLiteral("org.teskel.Teskel");
+
+// A session bus of the test's own.
+class Bus
+{
+public:
+    bool start()
+    {
+        const QString program = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
+        if (program.isEmpty())
+            return false;
+        _process.start(program, {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                                 QStringLiteral("--print-address=1")});
+        if (!_process.waitForReadyRead(10'000))
+            return false;
+        _address = QString::fromLatin1(_process.readLine()).trimmed();
+        return !_address.isEmpty();
+    }
+    ~Bus()
+    {
+        QDBusConnection::disconnectFromBus(QStringLiteral("test"));
+        _process.terminate();
+        _process.waitForFinished();
+    }
+    Bus() = default;
+    Bus(const Bus&) = delete;
+    Bus& operator=(const Bus&) = delete;
+
+    QString address() const { return _address; }
+    QDBusConnection connection() const
+    {
+        return QDBusConnection::connectToBus(_address, QStringLiteral("test"));
+    }
+
+private:
+    QProcess _process;
+    QString _address;
+};
+
+QProcessEnvironment environmentWith(const QString& address)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address);
+    return environment;
+}
+
+bool waitForOwner(const QDBusConnection& bus)
+{
+    return QTest::qWaitFor([&bus] { return bus.interface()->isServiceRegistered(SERVICE).value(); },
+                           10'000);
+}
+
+QDBusMessage call(const QDBusConnection& bus, const QString& method, const QVariantList& arguments)
+{
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(SERVICE, QStringLiteral("/org/teskel/Teskel"),
+                                       QStringLiteral("org.freedesktop.Application"), method);
+    message.setArguments(arguments);
+    return bus.call(message);
+}
+
+} // namespace
+
+class DocumentServiceTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void openReachesTheMainWidget_data();
+    void openReachesTheMainWidget();
+    void requestsDuringAMessageBoxWait();
+    void activateIsAnswered();
+    void firstProgramKeepsTheName();
+    void withoutABusTheProgramRuns_data();
+    void withoutABusTheProgramRuns();
+    void silentBusDoesNotHoldUpTheWindow();
+    void vanishingBusDoesNotEndTheProgram();
+};
+
+void DocumentServiceTest::openReachesTheMainWidget_data()
+{
+    QTest::addColumn<QStringList>("uris");
+    QTest::addColumn<QStringList>("documents");
+    QTest::newRow("one file") << QStringList{u"file:///tmp/Eng2Ger.PDB"_qs}
+                              << QStringList{u"document /tmp/Eng2Ger.PDB"_qs};
+    QTest::newRow("blank and umlaut") << QStringList{u"file:///tmp/my%20card/%C3%A4.PDB"_qs}
+                                      << QStringList{u"document /tmp/my card/ä.PDB"_qs};
+    QTest::newRow("several") << QStringList{u"file:///a.PDB"_qs, u"file:///b.PDB"_qs}
+                             << QStringList{u"document /a.PDB"_qs, u"document /b.PDB"_qs};
+    QTest::newRow("not local") << QStringList{u"http://host.example/a.PDB"_qs, u"nonsense"_qs,
+                                              QString(), u"file:///b.PDB"_qs}
+                               << QStringList{u"document /b.PDB"_qs};
+    QTest::newRow("none") << QStringList() << QStringList();
+}
+
+void DocumentServiceTest::openReachesTheMainWidget()
+{
+    Bus bus;
+    if (!bus.start())
+        QSKIP("no dbus-daemon");
+    Probe probe({}, environmentWith(bus.address()));
+    QVERIFY(waitForOwner(bus.connection()));
+    QVERIFY(probe.waitFor(u"running"_qs));
+    const qsizetype before = probe.log().size();
+    QFETCH(QStringList, uris);
+    const QDBusMessage reply = call(bus.connection(), u"Open"_qs, {uris, QVariantMap()});
+    QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
+    QFETCH(QStringList, documents);
+    for (const QString& document : documents)
+        QVERIFY(probe.waitFor(document));
+    QCOMPARE(probe.log().mid(before), documents);
+}
+
+void DocumentServiceTest::requestsDuringAMessageBoxWait()
+{
+    Bus bus;
+    if (!bus.start())
+        QSKIP("no dbus-daemon");
+    Probe probe({u"--box"_qs}, environmentWith(bus.address()));
+    QVERIFY(waitForOwner(bus.connection()));
+    QVERIFY(probe.waitFor(u"running"_qs));
+    for (const QString& uri : {u"file:///a.PDB"_qs, u"file:///b.PDB"_qs}) {
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            SERVICE, u"/org/teskel/Teskel"_qs, u"org.freedesktop.Application"_qs, u"Open"_qs);
+        message.setArguments({QStringList{uri}, QVariantMap()});
+        bus.connection().asyncCall(message);
+    }
+    QVERIFY(probe.waitFor(u"document /a.PDB"_qs));
+    // The second call has arrived once this one is answered.
+    QCOMPARE(
+        call(bus.connection(), u"ActivateAction"_qs, {u"none"_qs, QVariantList(), QVariantMap()})
+            .type(),
+        QDBusMessage::ReplyMessage);
+    QVERIFY(!probe.log().contains(u"document /b.PDB"_qs));
+}
+
+void DocumentServiceTest::activateIsAnswered()
+{
+    Bus bus;
+    if (!bus.start())
+        QSKIP("no dbus-daemon");
+    Probe probe({}, environmentWith(bus.address()));
+    QVERIFY(waitForOwner(bus.connection()));
+    const QVariantMap token{{u"activation-token"_qs, u"token"_qs}};
+    QCOMPARE(call(bus.connection(), u"Activate"_qs, {token}).type(), QDBusMessage::ReplyMessage);
+}
+
+void DocumentServiceTest::firstProgramKeepsTheName()
+{
+    Bus bus;
+    if (!bus.start())
+        QSKIP("no dbus-daemon");
+    Probe first({}, environmentWith(bus.address()));
+    QVERIFY(waitForOwner(bus.connection()));
+    const QString owner = bus.connection().interface()->serviceOwner(SERVICE).value();
+    {
+        Probe second({}, environmentWith(bus.address()));
+        QVERIFY(second.waitFor(u"running"_qs));
+        // It has asked for the name once it is listed with its own object.
+        QVERIFY(QTest::qWaitFor(
+            [&bus] {
+                return bus.connection().interface()->registeredServiceNames().value().size() >= 5;
+            },
+            10'000));
+        call(bus.connection(), u"Open"_qs, {QStringList{u"file:///a.PDB"_qs}, QVariantMap()});
+        QVERIFY(first.waitFor(u"document /a.PDB"_qs));
+        QVERIFY(!second.log().contains(u"document /a.PDB"_qs));
+        QCOMPARE(bus.connection().interface()->serviceOwner(SERVICE).value(), owner);
+    }
+    QCOMPARE(bus.connection().interface()->serviceOwner(SERVICE).value(), owner);
+}
+
+void DocumentServiceTest::withoutABusTheProgramRuns_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::newRow("none announced") << QString();
+    QTest::newRow("nobody there") << u"unix:path=/nowhere/bus"_qs;
+    QTest::newRow("nonsense") << u"what is this"_qs;
+}
+
+void DocumentServiceTest::withoutABusTheProgramRuns()
+{
+    QFETCH(QString, address);
+    Probe probe({u"--early"_qs}, environmentWith(address));
+    QVERIFY(probe.waitFor(u"running"_qs));
+    QCOMPARE(::kill(static_cast<pid_t>(probe.processId()), SIGTERM), 0);
+    QVERIFY(probe.waitForEnd());
+    QCOMPARE(probe.log().mid(1), QStringList({u"document /early.PDB"_qs, u"shown"_qs, u"running"_qs,
+                                              u"closed"_qs, u"end"_qs}));
+}
+
+void DocumentServiceTest::silentBusDoesNotHoldUpTheWindow()
+{
+    const QTemporaryDir directory;
+    const QByteArray path = directory.filePath(u"bus"_qs).toUtf8();
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    qstrncpy(address.sun_path, path.constData(), sizeof address.sun_path);
+    const int listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    QCOMPARE(::bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    QCOMPARE(::listen(listener, 4), 0);
+
+    QElapsedTimer timer;
+    timer.start();
+    Probe probe({}, environmentWith(u"unix:path="_qs + QString::fromUtf8(path)));
+    QVERIFY(probe.waitFor(u"running"_qs));
+    QVERIFY(timer.elapsed() < 5'000);
+    // The event loop answers while the connection hangs.
+    QCOMPARE(::kill(static_cast<pid_t>(probe.processId()), SIGTERM), 0);
+    QVERIFY(probe.waitFor(u"end"_qs, 5'000));
+    ::close(listener);
+}
+
+void DocumentServiceTest::vanishingBusDoesNotEndTheProgram()
+{
+    auto bus = std::make_unique<Bus>();
+    if (!bus->start())
+        QSKIP("no dbus-daemon");
+    Probe probe({}, environmentWith(bus->address()));
+    QVERIFY(waitForOwner(bus->connection()));
+    QVERIFY(probe.waitFor(u"running"_qs));
+    bus.reset();
+    QVERIFY(!probe.waitForEnd(300));
+    QCOMPARE(::kill(static_cast<pid_t>(probe.processId()), SIGTERM), 0);
+    QVERIFY(probe.waitForEnd());
+    QCOMPARE(probe.log().constLast(), u"end"_qs);
+}
+
+QTEST_GUILESS_MAIN(DocumentServiceTest)
+#include "documentservice_test.moc"

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "platform/mountwatcher.h"
+#include "platform/qcopchannel.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+namespace
+{
+
+// Mounts of the test are seen by nobody else. Must run while the process has one thread.
+bool enterOwnMountTable()
+{
+    const QByteArray map = QByteArray("0 ") + QByteArray::number(::getuid()) + " 1\n";
+    if (::unshare(CLONE_NEWNS) != 0) {
+        if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
+            return false;
+        QFile file(QStringLiteral("/proc/self/uid_map"));
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+            return false;
+        file.write(map);
+    }
+    return ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
+bool ownMountTable = false;
+
+} // namespace
+
+class MountWatcherTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void eachMountAndEachUnmountSendsOneMessage();
+    void severalStepsOfOneChangeAreOneMessage();
+    void withoutATableThereAreNoMessages();
+    void ordinaryFileIsNoEndlessSource();
+
+private:
+    QTemporaryDir _directory;
+};
+
+void MountWatcherTest::eachMountAndEachUnmountSendsOneMessage()
+{
+    if (!ownMountTable)
+        QSKIP("no right to mount in a private mount namespace");
+    const QByteArray point = _directory.path().toUtf8();
+    QCopChannel channel("QPE/Card");
+    QSignalSpy received(&channel, &QCopChannel::received);
+    const teskel::MountWatcher watcher(QStringLiteral("/proc/self/mountinfo"));
+
+    for (int count = 1; count <= 6; ++count) {
+        if (count % 2 == 1)
+            QCOMPARE(::mount("card", point.constData(), "tmpfs", 0, nullptr), 0);
+        else
+            QCOMPARE(::umount2(point.constData(), 0), 0);
+        QVERIFY(received.wait());
+        QCOMPARE(received.count(), count);
+        QCOMPARE(received.constLast()[0].toByteArray(), QByteArray("mtabChanged()"));
+        // A second message for the same change would come within the next settling time.
+        QVERIFY(!received.wait(400));
+    }
+}
+
+void MountWatcherTest::severalStepsOfOneChangeAreOneMessage()
+{
+    if (!ownMountTable)
+        QSKIP("no right to mount in a private mount namespace");
+    const QByteArray point = _directory.path().toUtf8();
+    QCopChannel channel("QPE/Card");
+    QSignalSpy received(&channel, &QCopChannel::received);
+    const teskel::MountWatcher watcher(QStringLiteral("/proc/self/mountinfo"));
+    QCOMPARE(::mount("card", point.constData(), "tmpfs", 0, nullptr), 0);
+    QCOMPARE(::mount("card", point.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr), 0);
+    QCOMPARE(::umount2(point.constData(), MNT_DETACH), 0);
+    QVERIFY(received.wait());
+    QVERIFY(!received.wait(400));
+    QCOMPARE(received.count(), 1);
+}
+
+void MountWatcherTest::withoutATableThereAreNoMessages()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QCopChannel channel("QPE/Card");
+    QSignalSpy received(&channel, &QCopChannel::received);
+    const teskel::MountWatcher watcher(QStringLiteral("/nowhere/mountinfo"));
+    QVERIFY(!received.wait(400));
+}
+
+void MountWatcherTest::ordinaryFileIsNoEndlessSource()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QFile file(_directory.filePath(QStringLiteral("mountinfo")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("1 2 8:16 / /card rw - vfat /dev/sdb rw\n");
+    file.close();
+    QCopChannel channel("QPE/Card");
+    QSignalSpy received(&channel, &QCopChannel::received);
+    const teskel::MountWatcher watcher(file.fileName());
+    QVERIFY(!received.wait(400));
+}
+
+int main(int argc, char** argv)
+{
+    ownMountTable = enterOwnMountTable();
+    const QCoreApplication application(argc, argv);
+    MountWatcherTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "mountwatcher_test.moc"

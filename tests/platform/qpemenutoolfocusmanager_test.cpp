@@ -1,0 +1,474 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qpemenubar.h"
+#include "platform/qpemenutoolfocusmanager.h"
+#include "platform/qpetoolbar.h"
+
+#include <QContextMenuEvent>
+#include <QDialog>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QtTest>
+
+namespace
+{
+
+// A window like the reader's: menus and buttons on one tool bar, an entry below.
+class Window : public QMainWindow
+{
+public:
+    Window()
+        : _toolBar(new QPEToolBar(this))
+        , _menuBar(new QPEMenuBar(_toolBar))
+        , _entry(new QLineEdit)
+        , _other(new QLineEdit)
+    {
+        _toolBar->addWidget(_menuBar);
+        for (const QString& title : {u"Lexicon"_qs, u"Edit"_qs}) {
+            QMenu* menu = _menuBar->addMenu(title);
+            menu->addAction(title + u" 1"_qs);
+            menu->addAction(title + u" 2"_qs);
+        }
+        for (const QString& text : {u"Open"_qs, u"Hidden"_qs, u"Off"_qs, u"Cross"_qs})
+            _actions[text] = _toolBar->addAction(text);
+        _actions[u"Hidden"_qs]->setVisible(false);
+        _actions[u"Off"_qs]->setEnabled(false);
+        addToolBar(_toolBar);
+        auto* centre = new QWidget;
+        auto* layout = new QVBoxLayout(centre);
+        layout->addWidget(_entry);
+        layout->addWidget(_other);
+        setCentralWidget(centre);
+        resize(600, 200);
+        show();
+        activateWindow();
+        if (!QTest::qWaitForWindowActive(this))
+            qFatal("no active window");
+        _entry->setFocus();
+        QPEMenuToolFocusManager::manager()->addWidget(_toolBar);
+    }
+
+    QPEToolBar* _toolBar;
+    QPEMenuBar* _menuBar;
+    QLineEdit* _entry;
+    QLineEdit* _other;
+    QMap<QString, QAction*> _actions;
+
+    QAction* menuAction(int menu, int entry) const
+    {
+        return _menuBar->actions()[menu]->menu()->actions()[entry];
+    }
+    QWidget* button(const QString& text) const { return _toolBar->widgetForAction(_actions[text]); }
+};
+
+// Where the keyboard is: the title of a menu, the text of a button, or "entry".
+QString place(const Window& window)
+{
+    if (const auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
+        return u"menu "_qs + popup->title();
+    QWidget* focus = QApplication::focusWidget();
+    if (focus == window._menuBar)
+        return window._menuBar->activeAction() != nullptr ? window._menuBar->activeAction()->text()
+                                                          : u"bar"_qs;
+    if (const auto* button = qobject_cast<QToolButton*>(focus))
+        return button->text();
+    return focus == window._entry ? u"entry"_qs : u"elsewhere"_qs;
+}
+
+void key(Qt::Key key)
+{
+    QWidget* popup = QApplication::activePopupWidget();
+    QTest::keyClick(popup != nullptr ? popup : QApplication::focusWidget(), key);
+}
+
+QPEMenuToolFocusManager* manager()
+{
+    return QPEMenuToolFocusManager::manager();
+}
+
+} // namespace
+
+class QPEMenuToolFocusManagerTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void keysStartAndEnd_data();
+    void keysStartAndEnd();
+    void otherKeysDoNotStart_data();
+    void otherKeysDoNotStart();
+    void ringRunsBothWays();
+    void ringFollowsRightToLeft();
+    void upAndDownAreEatenOnButtons();
+    void escapeGivesTheFocusBack_data();
+    void escapeGivesTheFocusBack();
+    void buttonIsPressedAfterTheFocusIsBack_data();
+    void buttonIsPressedAfterTheFocusIsBack();
+    void heldKeyPressesOnce();
+    void menuEntryIsChosen_data();
+    void menuEntryIsChosen();
+    void escapeInAMenuEnds();
+    void leftAndRightWalkThroughOpenMenus();
+    void chosenEntryMayRunADialog();
+    void popupButtonOpensItsMenu();
+    void otherFocusEndsTheWalk();
+    void membersComeAndGo();
+    void membersOfOtherWindowsAreLeftAlone();
+    void withoutMembersTheKeysPass();
+    void menuKeyShowsNoContextMenu();
+    void nothingFocusedBeforehand();
+    void overflowingButtonsAreReached();
+};
+
+void QPEMenuToolFocusManagerTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_qs));
+}
+
+void QPEMenuToolFocusManagerTest::keysStartAndEnd_data()
+{
+    QTest::addColumn<Qt::Key>("start");
+    QTest::newRow("Menu") << Qt::Key_Menu;
+    QTest::newRow("F10") << Qt::Key_F10;
+}
+
+void QPEMenuToolFocusManagerTest::keysStartAndEnd()
+{
+    QFETCH(Qt::Key, start);
+    const Window window;
+    QCOMPARE(place(window), u"entry"_qs);
+    key(start);
+    QCOMPARE(place(window), u"Lexicon"_qs);
+    QVERIFY(manager()->isActive());
+    key(start);
+    QCOMPARE(place(window), u"entry"_qs);
+    QVERIFY(!manager()->isActive());
+    QVERIFY(window._menuBar->activeAction() == nullptr);
+}
+
+void QPEMenuToolFocusManagerTest::otherKeysDoNotStart_data()
+{
+    QTest::addColumn<Qt::Key>("which");
+    QTest::addColumn<Qt::KeyboardModifier>("modifier");
+    QTest::newRow("F9") << Qt::Key_F9 << Qt::NoModifier;
+    QTest::newRow("Shift+F10") << Qt::Key_F10 << Qt::ShiftModifier;
+    QTest::newRow("Ctrl+F10") << Qt::Key_F10 << Qt::ControlModifier;
+}
+
+void QPEMenuToolFocusManagerTest::otherKeysDoNotStart()
+{
+    QFETCH(Qt::Key, which);
+    QFETCH(Qt::KeyboardModifier, modifier);
+    const Window window;
+    QTest::keyClick(window._entry, which, modifier);
+    QCOMPARE(place(window), u"entry"_qs);
+    QVERIFY(!manager()->isActive());
+}
+
+void QPEMenuToolFocusManagerTest::ringRunsBothWays()
+{
+    const Window window;
+    key(Qt::Key_F10);
+    QStringList forward;
+    for (int i = 0; i < 5; ++i) {
+        forward.append(place(window));
+        key(Qt::Key_Right);
+    }
+    QCOMPARE(forward,
+             QStringList({u"Lexicon"_qs, u"Edit"_qs, u"Open"_qs, u"Cross"_qs, u"Lexicon"_qs}));
+    QStringList back;
+    for (int i = 0; i < 5; ++i) {
+        back.append(place(window));
+        key(Qt::Key_Left);
+    }
+    QCOMPARE(back, QStringList({u"Edit"_qs, u"Lexicon"_qs, u"Cross"_qs, u"Open"_qs, u"Edit"_qs}));
+    key(Qt::Key_Escape);
+}
+
+void QPEMenuToolFocusManagerTest::ringFollowsRightToLeft()
+{
+    Window window;
+    window.setLayoutDirection(Qt::RightToLeft);
+    key(Qt::Key_F10);
+    QStringList forward;
+    for (int i = 0; i < 5; ++i) {
+        forward.append(place(window));
+        key(Qt::Key_Left);
+    }
+    QCOMPARE(forward,
+             QStringList({u"Lexicon"_qs, u"Edit"_qs, u"Open"_qs, u"Cross"_qs, u"Lexicon"_qs}));
+    key(Qt::Key_Escape);
+}
+
+void QPEMenuToolFocusManagerTest::upAndDownAreEatenOnButtons()
+{
+    const Window window;
+    key(Qt::Key_F10);
+    key(Qt::Key_Left);
+    QCOMPARE(place(window), u"Cross"_qs);
+    key(Qt::Key_Up);
+    key(Qt::Key_Down);
+    QCOMPARE(place(window), u"Cross"_qs);
+    QVERIFY(manager()->isActive());
+    key(Qt::Key_Escape);
+}
+
+void QPEMenuToolFocusManagerTest::escapeGivesTheFocusBack_data()
+{
+    QTest::addColumn<int>("steps");
+    QTest::newRow("from a title") << 0;
+    QTest::newRow("from a button") << 2;
+}
+
+void QPEMenuToolFocusManagerTest::escapeGivesTheFocusBack()
+{
+    QFETCH(int, steps);
+    const Window window;
+    window._entry->setText(u"house"_qs);
+    window._entry->setCursorPosition(2);
+    key(Qt::Key_F10);
+    for (int i = 0; i < steps; ++i)
+        key(Qt::Key_Right);
+    key(Qt::Key_Escape);
+    QCOMPARE(place(window), u"entry"_qs);
+    QVERIFY(!manager()->isActive());
+    QCOMPARE(window._entry->cursorPosition(), 2);
+    QVERIFY(!window._entry->hasSelectedText());
+}
+
+void QPEMenuToolFocusManagerTest::buttonIsPressedAfterTheFocusIsBack_data()
+{
+    QTest::addColumn<Qt::Key>("which");
+    QTest::newRow("Space") << Qt::Key_Space;
+    QTest::newRow("Return") << Qt::Key_Return;
+    QTest::newRow("Enter") << Qt::Key_Enter;
+}
+
+void QPEMenuToolFocusManagerTest::buttonIsPressedAfterTheFocusIsBack()
+{
+    QFETCH(Qt::Key, which);
+    Window window;
+    QString placeThen;
+    int triggered = 0;
+    connect(window._actions[u"Cross"_qs], &QAction::triggered, this, [&] {
+        ++triggered;
+        placeThen = place(window);
+    });
+    key(Qt::Key_F10);
+    key(Qt::Key_Left);
+    key(which);
+    QCOMPARE(triggered, 1);
+    QCOMPARE(placeThen, u"entry"_qs);
+    QVERIFY(!manager()->isActive());
+    QCOMPARE(window._entry->text(), QString());
+}
+
+void QPEMenuToolFocusManagerTest::heldKeyPressesOnce()
+{
+    const Window window;
+    QSignalSpy triggered(window._actions[u"Cross"_qs], &QAction::triggered);
+    key(Qt::Key_F10);
+    key(Qt::Key_Left);
+    QWidget* button = window.button(u"Cross"_qs);
+    QTest::keyPress(button, Qt::Key_Space);
+    for (int i = 0; i < 3; ++i) {
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, u" "_qs, true);
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &release);
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, u" "_qs, true);
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &press);
+    }
+    QCOMPARE(triggered.count(), 0);
+    QTest::keyRelease(button, Qt::Key_Space);
+    QCOMPARE(triggered.count(), 1);
+    QCOMPARE(window._entry->text(), QString());
+}
+
+void QPEMenuToolFocusManagerTest::menuEntryIsChosen_data()
+{
+    QTest::addColumn<Qt::Key>("open");
+    QTest::addColumn<Qt::Key>("choose");
+    QTest::newRow("Return, Return") << Qt::Key_Return << Qt::Key_Return;
+    QTest::newRow("Down, Enter") << Qt::Key_Down << Qt::Key_Enter;
+}
+
+void QPEMenuToolFocusManagerTest::menuEntryIsChosen()
+{
+    QFETCH(Qt::Key, open);
+    QFETCH(Qt::Key, choose);
+    const Window window;
+    QSignalSpy triggered(window.menuAction(1, 1), &QAction::triggered);
+    key(Qt::Key_F10);
+    key(Qt::Key_Right);
+    key(open);
+    QCOMPARE(place(window), u"menu Edit"_qs);
+    key(Qt::Key_Down);
+    key(choose);
+    QCOMPARE(triggered.count(), 1);
+    QTRY_COMPARE(place(window), u"entry"_qs);
+    QVERIFY(!manager()->isActive());
+    QVERIFY(window._menuBar->activeAction() == nullptr);
+}
+
+void QPEMenuToolFocusManagerTest::escapeInAMenuEnds()
+{
+    const Window window;
+    key(Qt::Key_F10);
+    key(Qt::Key_Down);
+    QCOMPARE(place(window), u"menu Lexicon"_qs);
+    key(Qt::Key_Escape);
+    QTRY_COMPARE(place(window), u"entry"_qs);
+    QVERIFY(!manager()->isActive());
+    QVERIFY(window._menuBar->activeAction() == nullptr);
+}
+
+void QPEMenuToolFocusManagerTest::leftAndRightWalkThroughOpenMenus()
+{
+    const Window window;
+    key(Qt::Key_F10);
+    key(Qt::Key_Down);
+    key(Qt::Key_Right);
+    QCOMPARE(place(window), u"menu Edit"_qs);
+    QCoreApplication::processEvents();
+    QVERIFY(manager()->isActive());
+    key(Qt::Key_Left);
+    QCOMPARE(place(window), u"menu Lexicon"_qs);
+    key(Qt::Key_F10);
+    QTRY_COMPARE(place(window), u"entry"_qs);
+    QVERIFY(!manager()->isActive());
+}
+
+void QPEMenuToolFocusManagerTest::chosenEntryMayRunADialog()
+{
+    Window window;
+    bool ran = false;
+    connect(window.menuAction(0, 0), &QAction::triggered, this, [&] {
+        QDialog dialog(&window);
+        QTimer::singleShot(0, &dialog, [&] {
+            ran = true;
+            dialog.reject();
+        });
+        dialog.exec();
+    });
+    key(Qt::Key_F10);
+    key(Qt::Key_Down);
+    QCOMPARE(place(window), u"menu Lexicon"_qs);
+    key(Qt::Key_Return);
+    QVERIFY(ran);
+    QTRY_COMPARE(place(window), u"entry"_qs);
+    QVERIFY(!manager()->isActive());
+}
+
+void QPEMenuToolFocusManagerTest::popupButtonOpensItsMenu()
+{
+    Window window;
+    QMenu menu(u"Files"_qs);
+    menu.addAction(u"Eng2Ger"_qs);
+    auto* button = qobject_cast<QToolButton*>(window.button(u"Open"_qs));
+    button->setMenu(&menu);
+    button->setPopupMode(QToolButton::InstantPopup);
+    QSignalSpy triggered(&menu, &QMenu::triggered);
+    key(Qt::Key_F10);
+    key(Qt::Key_Right);
+    key(Qt::Key_Right);
+    QCOMPARE(place(window), u"Open"_qs);
+    QTimer::singleShot(0, &menu, [&menu] {
+        QCOMPARE(QApplication::activePopupWidget(), &menu);
+        QTest::keyClick(&menu, Qt::Key_Down);
+        QTest::keyClick(&menu, Qt::Key_Return);
+    });
+    key(Qt::Key_Space);
+    QTRY_COMPARE(triggered.count(), 1);
+    QCOMPARE(place(window), u"entry"_qs);
+}
+
+void QPEMenuToolFocusManagerTest::otherFocusEndsTheWalk()
+{
+    const Window window;
+    key(Qt::Key_F10);
+    window._other->setFocus();
+    QVERIFY(!manager()->isActive());
+    QCOMPARE(QApplication::focusWidget(), window._other);
+    QVERIFY(window._menuBar->activeAction() == nullptr);
+}
+
+void QPEMenuToolFocusManagerTest::membersComeAndGo()
+{
+    Window window;
+    manager()->removeWidget(window._toolBar);
+    key(Qt::Key_F10);
+    QCOMPARE(place(window), u"entry"_qs);
+    manager()->addWidget(window.button(u"Cross"_qs));
+    manager()->addWidget(window.button(u"Cross"_qs));
+    key(Qt::Key_F10);
+    QCOMPARE(place(window), u"Cross"_qs);
+    key(Qt::Key_Right);
+    QCOMPARE(place(window), u"Cross"_qs);
+    delete window.button(u"Cross"_qs);
+    key(Qt::Key_F10);
+    key(Qt::Key_F10);
+    QCOMPARE(place(window), u"entry"_qs);
+}
+
+void QPEMenuToolFocusManagerTest::membersOfOtherWindowsAreLeftAlone()
+{
+    const Window first;
+    QDialog dialog;
+    auto* edit = new QLineEdit(&dialog);
+    dialog.show();
+    dialog.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    edit->setFocus();
+    QTest::keyClick(edit, Qt::Key_F10);
+    QCOMPARE(QApplication::focusWidget(), edit);
+    QVERIFY(!manager()->isActive());
+}
+
+void QPEMenuToolFocusManagerTest::withoutMembersTheKeysPass()
+{
+    QLineEdit edit;
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
+    QVERIFY(!manager()->eventFilter(&edit, &event));
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_F10, Qt::NoModifier);
+    QVERIFY(!manager()->eventFilter(&edit, &press));
+}
+
+void QPEMenuToolFocusManagerTest::menuKeyShowsNoContextMenu()
+{
+    const Window window;
+    QContextMenuEvent keyboard(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
+    QVERIFY(manager()->eventFilter(window._entry, &keyboard));
+    QContextMenuEvent mouse(QContextMenuEvent::Mouse, QPoint(1, 1), QPoint(1, 1));
+    QVERIFY(!manager()->eventFilter(window._entry, &mouse));
+}
+
+void QPEMenuToolFocusManagerTest::nothingFocusedBeforehand()
+{
+    const Window window;
+    window._entry->clearFocus();
+    QVERIFY(QApplication::focusWidget() == nullptr);
+    QTest::keyClick(const_cast<Window*>(&window), Qt::Key_F10);
+    QCOMPARE(place(window), u"Lexicon"_qs);
+    key(Qt::Key_Escape);
+    QVERIFY(!manager()->isActive());
+    QVERIFY(QApplication::focusWidget() == nullptr);
+}
+
+void QPEMenuToolFocusManagerTest::overflowingButtonsAreReached()
+{
+    Window window;
+    window.resize(window._menuBar->sizeHint().width() + 60, 200);
+    auto* more = window._toolBar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_qs);
+    QTRY_VERIFY(more->isVisible());
+    key(Qt::Key_F10);
+    key(Qt::Key_Left);
+    QCOMPARE(QApplication::focusWidget(), more);
+    key(Qt::Key_Escape);
+}
+
+QTEST_MAIN(QPEMenuToolFocusManagerTest)
+#include "qpemenutoolfocusmanager_test.moc"
