@@ -100,6 +100,8 @@ void TeskelMainWidget::createWordEntry()
     _wordEntry->setEditable(true);
     _wordEntry->setInsertPolicy(QComboBox::InsertAtTop);
     _wordEntry->setMaxCount(historyLength);
+    // A long word in the history must neither widen the window nor lay it out anew.
+    _wordEntry->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setFocusProxy(_wordEntry);
 
     QByteArrayList history;

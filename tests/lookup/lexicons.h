@@ -3,8 +3,17 @@
 
 #include "tests/support/dictionarywriter.h"
 
+#include <QRegularExpression>
+#include <QTest>
+
 namespace teskel::test
 {
+
+/// Fails the running test at any warning but one that the test display prints by itself.
+inline void failOnUnexpectedWarnings()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support )")));
+}
 
 /// Entries "w000", "w001", ... with the articles "article 000", ...; at most 1000.
 inline QList<Entry> numberedEntries(int count)

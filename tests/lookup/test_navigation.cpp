@@ -64,7 +64,7 @@ private slots:
 
 void TestNavigation::init()
 {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    failOnUnexpectedWarnings();
 }
 
 /// A bench whose view is shown and open.

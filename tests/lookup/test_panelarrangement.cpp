@@ -43,7 +43,7 @@ private slots:
 
 void TestPanelArrangement::init()
 {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    failOnUnexpectedWarnings();
 }
 
 void TestPanelArrangement::cleanup()

@@ -159,7 +159,7 @@ private slots:
 
 void TestQDictionaryListBox::init()
 {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    failOnUnexpectedWarnings();
 }
 
 void TestQDictionaryListBox::slotsStandInOrder()

@@ -52,7 +52,7 @@ private slots:
 
 void TestTeskelMainWidget::init()
 {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    failOnUnexpectedWarnings();
 }
 
 void TestTeskelMainWidget::slotsStandInOrderAndThereAreNoSignals()
@@ -427,9 +427,10 @@ void TestTeskelMainWidget::dyingChildrenDoNotReachTheWidget()
     bench.open(everydayEntries());
     bench.list().setSelected(2, true);
     bool spoke = false;
-    connect(&bench.list(), &QObject::destroyed, &bench.entry(), [&] {
+    QLineEdit* const edit = bench.entry().lineEdit();
+    connect(&bench.list(), &QObject::destroyed, &bench.entry(), [&spoke, edit] {
         spoke = true;
-        bench.entry().lineEdit()->setText(u"cat"_s);
+        edit->setText(u"cat"_s);
     });
     bench.stop();
     QVERIFY(spoke);

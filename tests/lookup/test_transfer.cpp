@@ -71,7 +71,7 @@ private slots:
 
 void TestTransfer::init()
 {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    failOnUnexpectedWarnings();
     QApplication::clipboard()->clear();
 }
 

@@ -59,7 +59,7 @@ private slots:
 
 void TestTyping::init()
 {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    failOnUnexpectedWarnings();
 }
 
 void TestTyping::looksUpAfterEveryChange()
