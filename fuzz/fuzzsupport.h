@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// What the fuzz targets share.
+namespace teskel::fuzz
+{
+
+/// Drops all messages: damaged input warns a lot, as it should.
+void silenceMessages();
+
+/// Ends the program when a property does not hold, so that the fuzzer keeps the input.
+void require(bool holds);
+
+/// A file in memory that a dictionary can be opened from.
+class MemoryFile
+{
+public:
+    MemoryFile();
+    Q_DISABLE_COPY_MOVE(MemoryFile)
+    ~MemoryFile();
+
+    void setContent(const char* data, std::size_t size) const;
+    [[nodiscard]] QString path() const;
+
+private:
+    int _descriptor;
+};
+
+/// Opens the dictionary at `path` and uses all of it, checking what every dictionary must fulfil.
+void exerciseDictionary(const QString& path);
+
+} // namespace teskel::fuzz

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// Writes the seeds of the fuzz corpora: makeseeds FOLDER.
+#include "tests/dictionary/staticblock.h"
+#include "tests/support/arjmember.h"
+#include "tests/support/dictionarywriter.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace teskel::test;
+
+namespace
+{
+QString folder;
+bool isGood = true;
+
+void seed(const char* name, const QByteArray& bytes)
+{
+    isGood = writeFile(folder + QLatin1Char('/') + QLatin1String(name), bytes) && isGood;
+}
+
+QByteArray blockStream()
+{
+    QRandomGenerator generator(1);
+    StaticBlock block(randomLengths(generator, 510, 510), randomLengths(generator, 17, 17));
+    for (const char byte : QByteArray("Haus und Hof"))
+        block.literal(static_cast<quint8>(byte));
+    block.match(8, 5);
+    block.match(200, 1);
+    block.literal('!');
+    BitWriter bits;
+    block.writeTo(bits);
+    return bits.bytes();
+}
+
+QByteArray blockText()
+{
+    QByteArray text = "Haus und Hof";
+    for (int i = 0; i < 8; ++i)
+        text += text.at(text.size() - 5);
+    return text + QByteArray(200, text.back()) + "!";
+}
+
+QByteArray fastStream()
+{
+    BitWriter bits;
+    for (const char byte : QByteArray("abcdefgh"))
+        bits.put(0, 1).put(static_cast<quint8>(byte), 8);
+    bits.put("1110").put(5, 3).put(0, 1).put(3, 9);      // length 14, distance 4
+    bits.put("1111111").put(9, 7).put("10").put(80, 10); // before the start
+    return bits.bytes();
+}
+
+void decodeSeeds()
+{
+    for (quint8 method = 1; method <= 3; ++method)
+        seed(qPrintable(QStringLiteral("decode/method-%1").arg(method)),
+             makeMember(method, blockStream(), blockText()));
+    seed("decode/method-4", literalMember("Haus und Hof"));
+    seed("decode/method-0-empty", makeMember(0, "", ""));
+    seed("decode/end-mark", QByteArray::fromHex("60ea0000"));
+    seed("decode/header-cut-short", literalMember("abc").left(20));
+    ArjMember extended;
+    extended.method = 4;
+    extended.extendedHeaders = extendedHeader("more");
+    extended.comment = "comment";
+    seed("decode/extended-header", extended.header());
+    seed("decode/stream-blocks", QByteArray("\0\1\0", 3) + blockStream());
+    seed("decode/stream-fastest", QByteArray("\3\0\x40", 3) + fastStream());
+    seed("decode/stream-zeros", QByteArray("\0\x7F\xFF", 3) + QByteArray(8, '\0'));
+}
+
+void dictionarySeeds()
+{
+    DictionaryWriter writer;
+    writer.setDescription("d");
+    writer.addRecord({{"ant", "1"}, {"house", "2"}});
+    writer.addRecord({{"house", "3"}, {"houses", ""}});
+    const PalmWriter whole = writer.container();
+    seed("dictionary/two-records", whole.build());
+    seed("dictionary/cut-short", whole.build().chopped(9));
+    seed("dictionary/no-records", PalmWriter().build());
+    seed("dictionary/count-too-high", PalmWriter(whole).claimRecordCount(60000).build());
+    seed("dictionary/decreasing-offsets", PalmWriter(whole).claimOffset(6, 90).build());
+    seed("dictionary/offset-past-the-end", PalmWriter(whole).claimOffset(5, 0x7FFFFFFF).build());
+    seed("dictionary/index-without-end",
+         DictionaryWriter(writer).setIndex("ant").container().build());
+    seed("dictionary/topic", DictionaryWriter(writer).setIndex("#a").container().build());
+    seed("dictionary/packed-record-damaged",
+         DictionaryWriter(writer).addPackedRecord("x", "60ea").container().build());
+}
+
+void entrySeeds()
+{
+    seed("entries/in-order", "ant/house//|ant/1/ape/2//|house/3/houses/4//");
+    seed("entries/in-disorder", "b/a//|z/1/a/2//|b/3/A/4/b/5//");
+    seed("entries/no-terminators", "a|a/b|house");
+    seed("entries/empty-records", "a/b/c//|/|a/1//||/");
+    seed("entries/fold-alike", "a//|a/1/A/2/a/3//|A/4/\xE4/5/\xC4/6//");
+    seed("entries/no-index", "|a/1//");
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2)
+        return 2;
+    folder = QFile::decodeName(argv[1]);
+    for (const char* target : {"decode", "dictionary", "entries"})
+        QDir(folder).mkpath(QLatin1String(target));
+    decodeSeeds();
+    dictionarySeeds();
+    entrySeeds();
+    return isGood ? 0 : 1;
+}
