@@ -21,11 +21,16 @@ const QString SERVICE = QStringLiteral("org.teskel.Teskel");
 class Bus
 {
 public:
-    bool start()
+    /// @param data directory whose dbus-1/services the bus may start programs from
+    bool start(const QString& data = QString())
     {
         const QString program = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
         if (program.isEmpty())
             return false;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), data);
+        environment.insert(QStringLiteral("XDG_DATA_DIRS"), QStringLiteral("/nowhere"));
+        _process.setProcessEnvironment(environment);
         _process.start(program, {QStringLiteral("--session"), QStringLiteral("--nofork"),
                                  QStringLiteral("--print-address=1")});
         if (!_process.waitForReadyRead(10'000))
@@ -90,6 +95,7 @@ private slots:
     void firstProgramKeepsTheName();
     void withoutABusTheProgramRuns_data();
     void withoutABusTheProgramRuns();
+    void busStartsTheProgram();
     void silentBusDoesNotHoldUpTheWindow();
     void vanishingBusDoesNotEndTheProgram();
 };
@@ -204,6 +210,32 @@ void DocumentServiceTest::withoutABusTheProgramRuns()
     QVERIFY(probe.waitForEnd());
     QCOMPARE(probe.log().mid(1), QStringList({u"document /early.PDB"_qs, u"shown"_qs, u"running"_qs,
                                               u"closed"_qs, u"end"_qs}));
+}
+
+void DocumentServiceTest::busStartsTheProgram()
+{
+    const QTemporaryDir data;
+    QFile installed(QStringLiteral(TESKEL_SERVICE_FILE));
+    QVERIFY(installed.open(QIODevice::ReadOnly));
+    const QString text =
+        QString::fromUtf8(installed.readAll())
+            .replace(QRegularExpression(u"Exec=.*"_qs), u"Exec="_qs + QStringLiteral(TESKEL_PROBE));
+    QVERIFY(QDir(data.path()).mkpath(u"dbus-1/services"_qs));
+    QFile service(data.filePath(u"dbus-1/services/org.teskel.Teskel.service"_qs));
+    QVERIFY(service.open(QIODevice::WriteOnly));
+    service.write(text.toUtf8());
+    service.close();
+
+    Bus bus;
+    if (!bus.start(data.path()))
+        QSKIP("no dbus-daemon");
+    const QDBusMessage reply = call(bus.connection(), u"Open"_qs,
+                                    {QStringList{u"file:///tmp/Eng2Ger.PDB"_qs}, QVariantMap()});
+    QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
+    const uint id = bus.connection().interface()->servicePid(SERVICE).value();
+    QVERIFY(id > 1);
+    QCOMPARE(::kill(static_cast<pid_t>(id), SIGTERM), 0);
+    QTRY_VERIFY(!bus.connection().interface()->isServiceRegistered(SERVICE).value());
 }
 
 void DocumentServiceTest::silentBusDoesNotHoldUpTheWindow()
