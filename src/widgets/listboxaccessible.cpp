@@ -16,13 +16,19 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
     return list == nullptr ? nullptr : new ListBoxAccessible(list);
 }
 
+ListBoxAccessible::Reporter testReporter = nullptr;
+
+/// @param index the item's index, -1 for the list itself
 void announce(QTeskelListBox* list, QAccessible::Event type, int index)
 {
-    if (!QAccessible::isActive() || index < 0)
+    if (testReporter == nullptr && !QAccessible::isActive())
         return;
     QAccessibleEvent event(list, type);
     event.setChild(index);
-    QAccessible::updateAccessibility(&event);
+    if (testReporter != nullptr)
+        testReporter(&event);
+    else
+        QAccessible::updateAccessibility(&event);
 }
 } // namespace
 
@@ -33,6 +39,11 @@ void ListBoxAccessible::install()
         return true;
     }();
     Q_UNUSED(installed)
+}
+
+void ListBoxAccessible::setReporter(Reporter reporter)
+{
+    testReporter = reporter;
 }
 
 void ListBoxAccessible::announceCurrent(QTeskelListBox* list, int index)
@@ -53,10 +64,7 @@ void ListBoxAccessible::announceText(QTeskelListBox* list, int index)
 
 void ListBoxAccessible::announceSelection(QTeskelListBox* list)
 {
-    if (!QAccessible::isActive())
-        return;
-    QAccessibleEvent event(list, QAccessible::SelectionWithin);
-    QAccessible::updateAccessibility(&event);
+    announce(list, QAccessible::SelectionWithin, -1);
 }
 
 ListBoxAccessible::ListBoxAccessible(QTeskelListBox* list)

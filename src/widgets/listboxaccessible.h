@@ -15,6 +15,10 @@ class ListBoxAccessible : public QAccessibleWidget
 public:
     /// Makes every list box be shown this way from now on.
     static void install();
+    /// Takes the events instead of the accessibility framework, which is silent while no assistive
+    /// technology runs; for tests.
+    using Reporter = void (*)(QAccessibleEvent* event);
+    static void setReporter(Reporter reporter);
     /// Reports that an item became current, became selected, or got another text. Costs nothing
     /// while nobody listens.
     static void announceCurrent(QTeskelListBox* list, int index);

@@ -25,6 +25,7 @@ QTeskelListBox::QTeskelListBox(QWidget* parent, const char* name, Qt::WindowFlag
     viewport()->setMouseTracking(true);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAutoFillBackground(true);
+    viewport()->setAutoFillBackground(true);
 
     _state->updateTimer->setObjectName(QStringLiteral("listbox update timer"));
     _state->updateTimer->setSingleShot(true);
@@ -227,6 +228,5 @@ QTeskelListBoxItem* QTeskelListBox::findItem(const QString& text) const
 void QTeskelListBox::itemTextChanged(const QTeskelListBoxItem* item)
 {
     triggerUpdate(true);
-    if (QAccessible::isActive())
-        teskel::ListBoxAccessible::announceText(this, index(item));
+    teskel::ListBoxAccessible::announceText(this, index(item));
 }

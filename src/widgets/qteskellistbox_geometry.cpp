@@ -291,6 +291,8 @@ void QTeskelListBox::paintCell(QPainter* painter, int row, int column)
         QStyleOptionFocusRect option;
         option.initFrom(this);
         option.rect = cell;
+        // Else some styles draw it only after the first Tab.
+        option.state |= QStyle::State_KeyboardFocusChange;
         option.backgroundColor =
             colours.color(item->selected() ? QPalette::Highlight : QPalette::Base);
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, painter, this);

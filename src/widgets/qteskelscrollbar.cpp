@@ -183,24 +183,40 @@ void QTeskelScrollBar::mouseReleaseEvent(QMouseEvent* event)
 void QTeskelScrollBar::keyPressEvent(QKeyEvent* event)
 {
     const bool horizontal = orientation() == Qt::Horizontal;
+    // A horizontal bar has its minimum on the right in a right-to-left layout.
+    const bool reversed = horizontal && isRightToLeft();
+    const SliderAction back = reversed ? SliderSingleStepAdd : SliderSingleStepSub;
+    const SliderAction forth = reversed ? SliderSingleStepSub : SliderSingleStepAdd;
+    SliderAction action = SliderNoAction;
     switch (event->key()) {
     case Qt::Key_Home:
+        action = SliderToMinimum;
+        break;
     case Qt::Key_End:
+        action = SliderToMaximum;
+        break;
     case Qt::Key_PageUp:
+        action = SliderPageStepSub;
+        break;
     case Qt::Key_PageDown:
-        QScrollBar::keyPressEvent(event);
+        action = SliderPageStepAdd;
         break;
     case Qt::Key_Left:
     case Qt::Key_Right:
-        horizontal ? QScrollBar::keyPressEvent(event) : event->ignore();
+        if (horizontal)
+            action = event->key() == Qt::Key_Left ? back : forth;
         break;
     case Qt::Key_Up:
     case Qt::Key_Down:
-        horizontal ? event->ignore() : QScrollBar::keyPressEvent(event);
+        if (!horizontal)
+            action = event->key() == Qt::Key_Up ? back : forth;
         break;
     default:
-        event->ignore();
+        break;
     }
+    event->setAccepted(action != SliderNoAction);
+    if (action != SliderNoAction)
+        triggerAction(action);
 }
 
 void QTeskelScrollBar::paintEvent(QPaintEvent* event)

@@ -3,6 +3,7 @@
 
 #include "widgets/scrollviewchildren.h"
 
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -291,7 +292,7 @@ void QTeskelScrollView::moveContents(QPoint offset)
     if (_staticBackground || !_children->isEmpty() || _clipper != nullptr)
         viewport()->update();
     else
-        viewport()->scroll(moved.x(), moved.y());
+        viewport()->scroll(moved.x(), moved.y(), viewport()->rect());
 }
 
 /// The two slots of the bars move the contents already.
@@ -319,7 +320,8 @@ bool QTeskelScrollView::eventFilter(QObject* watched, QEvent* event)
     return QAbstractScrollArea::eventFilter(watched, event);
 }
 
-/// A wheel event that the viewport leaves unaccepted propagates here, so one place serves both.
+/// A wheel event of the window system that the viewport leaves unaccepted propagates here, so one
+/// place serves both; one that the program sends to the viewport does not propagate.
 bool QTeskelScrollView::event(QEvent* event)
 {
     if (event->type() != QEvent::Wheel)
@@ -330,25 +332,33 @@ bool QTeskelScrollView::event(QEvent* event)
 
 bool QTeskelScrollView::viewportEvent(QEvent* event)
 {
-    if (event->type() == QEvent::Wheel) {
+    if (event->type() != QEvent::Wheel)
+        return QAbstractScrollArea::viewportEvent(event);
+    if (event->spontaneous()) {
         event->ignore();
         return false;
     }
-    return QAbstractScrollArea::viewportEvent(event);
+    auto* wheel = static_cast<QWheelEvent*>(event);
+    offerWheel(wheel, wheel->position());
+    return true;
 }
 
 void QTeskelScrollView::wheelEvent(QWheelEvent* event)
 {
-    QWheelEvent offered(viewport()->mapFrom(this, event->position()), event->globalPosition(),
-                        event->pixelDelta(), event->angleDelta(), event->buttons(),
-                        event->modifiers(), event->phase(), event->inverted(), event->source());
+    offerWheel(event, viewport()->mapFrom(this, event->position()));
+}
+
+void QTeskelScrollView::offerWheel(QWheelEvent* event, QPointF position)
+{
+    QWheelEvent offered(position, event->globalPosition(), event->pixelDelta(), event->angleDelta(),
+                        event->buttons(), event->modifiers(), event->phase(), event->inverted(),
+                        event->source());
     offered.ignore();
     viewportWheelEvent(&offered);
     event->setAccepted(offered.isAccepted());
     if (event->isAccepted())
         return;
-    // Called directly: sent as an event it would come back from the bar to this view.
-    static_cast<QObject*>(_verticalBar)->event(event);
+    QCoreApplication::sendEvent(_verticalBar, event);
 }
 
 void QTeskelScrollView::viewportWheelEvent(QWheelEvent* event)

@@ -137,6 +137,7 @@ protected:
 private:
     using ContentsHandler = void (QTeskelScrollView::*)(QMouseEvent*);
     void passToContents(QMouseEvent* event, ContentsHandler handler);
+    void offerWheel(QWheelEvent* event, QPointF position);
     void moveContents(QPoint offset);
     void setContentsSize(QSize size);
     void followFirstChild();

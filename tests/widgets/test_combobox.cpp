@@ -1,0 +1,415 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/qteskelcombobox.h"
+#include "widgets/qteskellistbox.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+
+namespace
+{
+/// Notes the keys that it is given and leaves them unaccepted.
+class KeySink : public QWidget
+{
+public:
+    using QWidget::QWidget;
+    QStringList keys;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { note(event, u'+'); }
+    void keyReleaseEvent(QKeyEvent* event) override { note(event, u'-'); }
+
+private:
+    void note(QKeyEvent* event, QChar kind)
+    {
+        keys << kind + QKeySequence(event->key()).toString();
+        event->ignore();
+    }
+};
+
+/// The combo box's items and what it emits.
+struct Combo {
+    explicit Combo(const QStringList& items = {}, QWidget* redirector = nullptr)
+        : combo(redirector, nullptr, "entry")
+    {
+        combo.addItems(items);
+        combo.show();
+        QObject::connect(&combo, &QTeskelComboBox::textChanged, &combo,
+                         [this](const QString& text) { log << QStringLiteral("text ") + text; });
+        QObject::connect(&combo, &QComboBox::activated, &combo,
+                         [this](int index) { log << QStringLiteral("activated %1").arg(index); });
+        QObject::connect(&combo, &QComboBox::textActivated, &combo, [this](const QString& text) {
+            log << QStringLiteral("activated ") + text;
+        });
+        QObject::connect(&combo, &QComboBox::currentIndexChanged, &combo,
+                         [this](int index) { indexes << index; });
+    }
+    QString items() const
+    {
+        QStringList all;
+        for (int index = 0; index < combo.count(); ++index)
+            all << combo.text(index);
+        return all.join(u' ');
+    }
+    QTeskelComboBox combo;
+    QStringList log;
+    QList<int> indexes;
+};
+
+QStringList words(const char* text)
+{
+    return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts);
+}
+
+constexpr int Redirected[] = {Qt::Key_Home, Qt::Key_End,    Qt::Key_Up,
+                              Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
+} // namespace
+
+class TestComboBox : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void standardProperties();
+    void slotAndSignal();
+    void navigationKeysGoToTheRedirector_data();
+    void navigationKeysGoToTheRedirector();
+    void ignoredKeysReachTheParentOnlyOnce();
+    void upMovesTheListAndNotTheCombo();
+    void keysWithoutRedirectorAreDropped_data();
+    void keysWithoutRedirectorAreDropped();
+    void keysAfterTheRedirectorDiedDoNothing();
+    void otherKeysStay();
+    void leftAndRightMoveTheCaret();
+    void nothingIsCompleted();
+    void typingEmitsTextChanged();
+    void historyInsertion_data();
+    void historyInsertion();
+    void historyInsertionLeavesTheEntryAlone_data();
+    void historyInsertionLeavesTheEntryAlone();
+    void historyInsertionIntoAnEmptyCombo();
+    void returnRules_data();
+    void returnRules();
+    void returnOnEmptyTextBringsTheCurrentItemBack();
+    void returnOnEmptyHistory();
+    void losingFocusChoosesNothing();
+    void wheelChoosesNothing();
+    void firstItemIsShown();
+};
+
+void TestComboBox::standardProperties()
+{
+    QWidget parent;
+    QTeskelComboBox combo(nullptr, &parent, "entry");
+    QCOMPARE(combo.objectName(), QStringLiteral("entry"));
+    QCOMPARE(combo.parentWidget(), &parent);
+    QVERIFY(combo.isEditable());
+    QCOMPARE(combo.completer(), nullptr);
+    QCOMPARE(combo.maxCount(), 6);
+    QCOMPARE(combo.insertPolicy(), QComboBox::InsertAtTop);
+    QVERIFY(combo.text(0).isEmpty());
+}
+
+void TestComboBox::slotAndSignal()
+{
+    const auto& meta = QTeskelComboBox::staticMetaObject;
+    QVERIFY(meta.indexOfSlot("redirectorDestroyed()") >= meta.methodOffset());
+    QVERIFY(meta.indexOfSignal("textChanged(QString)") >= meta.methodOffset());
+}
+
+void TestComboBox::navigationKeysGoToTheRedirector_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    for (const int key : Redirected) {
+        const QByteArray name = QKeySequence(key).toString().toLatin1();
+        QTest::addRow("%s", name.constData()) << key << Qt::KeyboardModifiers();
+        QTest::addRow("Alt+%s", name.constData()) << key << Qt::KeyboardModifiers(Qt::AltModifier);
+        QTest::addRow("keypad %s", name.constData())
+            << key << Qt::KeyboardModifiers(Qt::KeypadModifier);
+    }
+}
+
+void TestComboBox::navigationKeysGoToTheRedirector()
+{
+    QFETCH(int, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    KeySink sink;
+    Combo c(words("one two three"), &sink);
+    QTest::keyClick(&c.combo, Qt::Key(key), modifiers);
+    const QString name = QKeySequence(key).toString();
+    QCOMPARE(sink.keys, (QStringList{u'+' + name, u'-' + name}));
+    QCOMPARE(c.log, QStringList());
+    QCOMPARE(c.combo.currentIndex(), 0);
+    QVERIFY(!c.combo.view()->isVisible());
+    QCOMPARE(c.combo.lineEdit()->cursorPosition(), 3);
+}
+
+void TestComboBox::ignoredKeysReachTheParentOnlyOnce()
+{
+    KeySink window;
+    auto* list = new QWidget(&window);
+    auto* combo = new QTeskelComboBox(list, &window);
+    QTest::keyPress(combo, Qt::Key_Down);
+    QCOMPARE(window.keys, QStringList{QStringLiteral("+Down")});
+}
+
+void TestComboBox::upMovesTheListAndNotTheCombo()
+{
+    QTeskelListBox list;
+    list.insertStringList(words("a b c"));
+    list.setCurrentItem(2);
+    Combo c(words("one two three"), &list);
+    c.combo.setCurrentIndex(1);
+    c.log.clear();
+    QTest::keyClick(&c.combo, Qt::Key_Up);
+    QCOMPARE(list.currentItem(), 1);
+    QCOMPARE(c.combo.currentIndex(), 1);
+    QCOMPARE(c.combo.currentText(), QStringLiteral("two"));
+    QVERIFY(!c.combo.view()->isVisible());
+    QCOMPARE(c.log, QStringList());
+}
+
+void TestComboBox::keysWithoutRedirectorAreDropped_data()
+{
+    QTest::addColumn<int>("key");
+    for (const int key : Redirected)
+        QTest::addRow("%s", QKeySequence(key).toString().toLatin1().constData()) << key;
+}
+
+void TestComboBox::keysWithoutRedirectorAreDropped()
+{
+    QFETCH(int, key);
+    Combo c(words("one two three"));
+    c.combo.lineEdit()->setCursorPosition(1);
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(&c.combo, &event);
+        QVERIFY(event.isAccepted());
+    }
+    QCOMPARE(c.combo.currentIndex(), 0);
+    QCOMPARE(c.combo.lineEdit()->cursorPosition(), 1);
+    QCOMPARE(c.log, QStringList());
+}
+
+void TestComboBox::keysAfterTheRedirectorDiedDoNothing()
+{
+    auto sink = std::make_unique<KeySink>();
+    Combo c(words("one two three"), sink.get());
+    sink.reset();
+    for (const int key : Redirected)
+        QTest::keyClick(&c.combo, Qt::Key(key));
+    QCOMPARE(c.combo.currentIndex(), 0);
+    QCOMPARE(c.combo.currentText(), QStringLiteral("one"));
+    QVERIFY(!c.combo.view()->isVisible());
+    QCOMPARE(c.log, QStringList());
+}
+
+void TestComboBox::otherKeysStay()
+{
+    KeySink sink;
+    Combo c({}, &sink);
+    QTest::keyClicks(&c.combo, QStringLiteral("ab"));
+    QCOMPARE(c.combo.currentText(), QStringLiteral("ab"));
+    QCOMPARE(sink.keys, QStringList());
+}
+
+void TestComboBox::leftAndRightMoveTheCaret()
+{
+    KeySink sink;
+    Combo c(words("word"), &sink);
+    c.combo.lineEdit()->setCursorPosition(2);
+    QTest::keyClick(&c.combo, Qt::Key_Left);
+    QCOMPARE(c.combo.lineEdit()->cursorPosition(), 1);
+    QTest::keyClick(&c.combo, Qt::Key_Right);
+    QCOMPARE(c.combo.lineEdit()->cursorPosition(), 2);
+    QCOMPARE(sink.keys, QStringList());
+}
+
+void TestComboBox::nothingIsCompleted()
+{
+    Combo c(words("household"));
+    c.combo.lineEdit()->clear();
+    c.log.clear();
+    QTest::keyClicks(&c.combo, QStringLiteral("house"));
+    QCOMPARE(c.combo.currentText(), QStringLiteral("house"));
+    QCOMPARE(c.log.last(), QStringLiteral("text house"));
+}
+
+void TestComboBox::typingEmitsTextChanged()
+{
+    Combo c;
+    QTest::keyClicks(&c.combo, QStringLiteral("ab"));
+    c.combo.lineEdit()->setText(QStringLiteral("set"));
+    c.combo.lineEdit()->setText(QStringLiteral("set"));
+    QCOMPARE(c.log, (QStringList{QStringLiteral("text a"), QStringLiteral("text ab"),
+                                 QStringLiteral("text set")}));
+}
+
+void TestComboBox::historyInsertion_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    QTest::addRow("empty") << QString() << QStringLiteral("new");
+    QTest::addRow("one") << QStringLiteral("a") << QStringLiteral("new a");
+    QTest::addRow("five") << QStringLiteral("a b c d e") << QStringLiteral("new a b c d e");
+    QTest::addRow("six") << QStringLiteral("a b c d e f") << QStringLiteral("new a b c d e");
+}
+
+void TestComboBox::historyInsertion()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, after);
+    Combo c(before.split(u' ', Qt::SkipEmptyParts));
+    c.combo.insertHistoryItem(QStringLiteral("new"));
+    QCOMPARE(c.items(), after);
+    QCOMPARE(c.combo.currentIndex(), 0);
+    QVERIFY(!c.combo.signalsBlocked() && !c.combo.lineEdit()->signalsBlocked());
+}
+
+void TestComboBox::historyInsertionLeavesTheEntryAlone_data()
+{
+    QTest::addColumn<int>("items");
+    QTest::addColumn<int>("current");
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("length");
+    for (const int items : {1, 5, 6}) {
+        for (const int current : {0, items - 1}) {
+            QTest::addRow("%d items, %d current, caret", items, current)
+                << items << current << 2 << 0;
+            QTest::addRow("%d items, %d current, selection", items, current)
+                << items << current << 1 << 2;
+            QTest::addRow("%d items, %d current, backward selection", items, current)
+                << items << current << 3 << -2;
+        }
+    }
+}
+
+void TestComboBox::historyInsertionLeavesTheEntryAlone()
+{
+    QFETCH(int, items);
+    QFETCH(int, current);
+    QFETCH(int, start);
+    QFETCH(int, length);
+    Combo c(words("a b c d e f").mid(0, items));
+    c.combo.setCurrentIndex(current);
+    QLineEdit* edit = c.combo.lineEdit();
+    edit->setText(QStringLiteral("typed"));
+    edit->setSelection(start, length);
+    c.log.clear();
+    c.indexes.clear();
+    c.combo.insertHistoryItem(QStringLiteral("new"));
+    QCOMPARE(edit->text(), QStringLiteral("typed"));
+    QCOMPARE(edit->cursorPosition(), start + length);
+    QCOMPARE(edit->selectedText(), length == 0 ? QString() : QStringLiteral("yp"));
+    QCOMPARE(c.log, QStringList());
+    QCOMPARE(c.indexes, QList<int>());
+}
+
+void TestComboBox::historyInsertionIntoAnEmptyCombo()
+{
+    Combo c;
+    c.combo.insertHistoryItem(QStringLiteral("new"));
+    QVERIFY(c.combo.currentText().isEmpty());
+    QCOMPARE(c.log, QStringList());
+}
+
+void TestComboBox::returnRules_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("after");
+    QTest::addColumn<int>("activated");
+    QTest::addRow("new text") << QStringLiteral("a b") << QStringLiteral("new")
+                              << QStringLiteral("new a b") << 0;
+    QTest::addRow("new text in an empty list")
+        << QString() << QStringLiteral("new") << QStringLiteral("new") << 0;
+    QTest::addRow("new text at six items") << QStringLiteral("a b c d e f") << QStringLiteral("new")
+                                           << QStringLiteral("new a b c d e") << 0;
+    QTest::addRow("known text") << QStringLiteral("a b c") << QStringLiteral("c")
+                                << QStringLiteral("a b c") << 2;
+    QTest::addRow("known text at six items") << QStringLiteral("a b c d e f") << QStringLiteral("f")
+                                             << QStringLiteral("a b c d e f") << 5;
+    QTest::addRow("another case is another text")
+        << QStringLiteral("a b") << QStringLiteral("B") << QStringLiteral("B a b") << 0;
+}
+
+void TestComboBox::returnRules()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, typed);
+    QFETCH(QString, after);
+    QFETCH(int, activated);
+    Combo c(before.split(u' ', Qt::SkipEmptyParts));
+    c.combo.lineEdit()->setText(typed);
+    c.log.clear();
+    QTest::keyClick(&c.combo, Qt::Key_Return);
+    QCOMPARE(c.items(), after);
+    QCOMPARE(c.combo.currentIndex(), activated);
+    QCOMPARE(c.combo.currentText(), typed);
+    QCOMPARE(c.log, (QStringList{QStringLiteral("activated %1").arg(activated),
+                                 QStringLiteral("activated ") + typed}));
+}
+
+void TestComboBox::returnOnEmptyTextBringsTheCurrentItemBack()
+{
+    Combo c(words("one two"));
+    c.combo.setCurrentIndex(1);
+    c.combo.lineEdit()->clear();
+    c.log.clear();
+    QTest::keyClick(&c.combo, Qt::Key_Return);
+    QCOMPARE(c.combo.currentText(), QStringLiteral("two"));
+    QCOMPARE(c.combo.lineEdit()->selectedText(), QStringLiteral("two"));
+    QCOMPARE(c.log, QStringList());
+    QCOMPARE(c.items(), QStringLiteral("one two"));
+}
+
+void TestComboBox::returnOnEmptyHistory()
+{
+    Combo c;
+    QTest::keyClick(&c.combo, Qt::Key_Return);
+    QCOMPARE(c.log, QStringList());
+    QCOMPARE(c.combo.count(), 0);
+}
+
+void TestComboBox::losingFocusChoosesNothing()
+{
+    Combo c(words("one two"));
+    QWidget other;
+    other.setFocusPolicy(Qt::StrongFocus);
+    other.show();
+    c.combo.activateWindow();
+    c.combo.setFocus();
+    QTRY_VERIFY(c.combo.hasFocus());
+    c.combo.lineEdit()->setText(QStringLiteral("two"));
+    c.log.clear();
+    QSignalSpy finished(c.combo.lineEdit(), &QLineEdit::editingFinished);
+    c.combo.clearFocus();
+    QTRY_VERIFY(!c.combo.hasFocus());
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(c.combo.currentIndex(), 0);
+    QCOMPARE(c.log, QStringList());
+}
+
+void TestComboBox::wheelChoosesNothing()
+{
+    Combo c(words("one two three"));
+    QWheelEvent wheel(QPointF(5, 5), c.combo.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&c.combo, &wheel);
+    QVERIFY(!wheel.isAccepted());
+    QCOMPARE(c.combo.currentIndex(), 0);
+    QCOMPARE(c.log, QStringList());
+}
+
+void TestComboBox::firstItemIsShown()
+{
+    Combo c(words("one two"));
+    QCOMPARE(c.combo.currentText(), QStringLiteral("one"));
+}
+
+QTEST_MAIN(TestComboBox)
+#include "test_combobox.moc"

@@ -1,0 +1,829 @@
+// SPDX-License-Identifier: MIT
+#include "tests/widgets/plainitem.h"
+#include "tests/widgets/signallog.h"
+#include "widgets/qteskellistbox.h"
+#include "widgets/qteskellistboxpixmap.h"
+#include "widgets/qteskellistboxtext.h"
+
+#include <QKeyEvent>
+#include <QPixmap>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+using teskel::test::PlainItem;
+using teskel::test::SignalLog;
+
+namespace
+{
+QStringList entries(std::initializer_list<const char*> names)
+{
+    QStringList all;
+    for (const char* name : names)
+        all << QString::fromLatin1(name);
+    return all;
+}
+
+/// A shown list of ten rows of 20 pixels, "a" to "j", in a view of 100 pixels.
+struct List {
+    explicit List(int rows = 10)
+    {
+        list.setFrameStyle(QFrame::NoFrame);
+        list.setHScrollBarMode(QTeskelScrollView::AlwaysOff);
+        list.resize(200, 100);
+        for (int row = 0; row < rows; ++row)
+            list.insertItem(new PlainItem(QString(QChar(u'a' + row))));
+        list.show();
+        list.refreshSlot();
+    }
+    bool press(int key, const QString& text = QString(), Qt::KeyboardModifiers modifiers = {})
+    {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+        static_cast<QObject&>(list).event(&event);
+        return event.isAccepted();
+    }
+    QTeskelListBox list{nullptr, "list"};
+    SignalLog log{&list};
+};
+} // namespace
+
+class TestListBox : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void declarationOrder();
+    void timersHaveTheirNames();
+
+    void insertsChangesAndRemoves();
+    void itemsKnowTheirNeighbours();
+    void itemMovesFromOneListToAnother();
+    void deletingAnItemTakesItOut();
+    void badIndexesAreIgnored();
+    void sortsAndInsertsSorted();
+    void clearEmitsNothing();
+    void itemInsertedByADestructorIsReported();
+    void itemDeletedByADestructorIsReported();
+    void removingTheCurrentItemMovesOn();
+    void removingTheLastItemReportsNoCurrent();
+    void changeItemKeepsTheCurrentRow();
+
+    void setCurrentItemEmitsInOrder();
+    void setCurrentItemIsSilentForTheSameAndForNull();
+    void setCurrentItemWithoutTextEmitsNoText();
+    void setCurrentItemToUnselectable();
+    void setCurrentItemBringsIntoView();
+    void setSelectedEmitsInOrder();
+    void setSelectedIsSilentWhenSelected();
+    void setSelectedDoesNotStartTheVisibilityTimer();
+    void setSelectedInMultiKeepsTheCurrentItem();
+    void deselectingReports();
+    void selectionOfSeveral();
+
+    void keyInAnEmptyListIsIgnored();
+    void keyWithoutCurrentItemSelectsTheFirst();
+    void keys_data();
+    void keys();
+    void keysAtTheEndsEmitNothing_data();
+    void keysAtTheEndsEmitNothing();
+    void pageDownMakesTheRowTheBottomOne();
+    void pageUpMakesTheRowTheTopOne();
+    void returnEmitsInOrder();
+    void spaceTogglesInMulti();
+    void shiftExtendsTheSelection();
+    void keyReleaseIsIgnored();
+    void otherKeysAreIgnored();
+    void leftAndRightMoveBetweenColumns();
+
+    void typeAheadFindsTheFirstBeginning();
+    void typeAheadStartsAgainAfterHalfASecond();
+    void typeAheadIgnoresControlKeys();
+
+    void focusSelectsTheFirstItem();
+    void focusByMouseSelectsNothing();
+
+    void numItemsVisible_data();
+    void numItemsVisible();
+    void ensureCurrentVisibleShowsTheWholeRow();
+    void topAndBottomItem();
+    void horizontalRangeIsZeroWithoutABar();
+    void setTextLaysOutOnce();
+    void geometryFollowsAChangedFont();
+    void deletingTheListInASlotIsSafe();
+    void removingTheItemInASlotIsSafe();
+    void tenThousandItems();
+};
+
+void TestListBox::declarationOrder()
+{
+    const auto& meta = QTeskelListBox::staticMetaObject;
+    QCOMPARE(teskel::test::methodsOf(meta, QMetaMethod::Signal),
+             entries({"highlighted(int)",
+                      "selected(int)",
+                      "highlighted(QString)",
+                      "selected(QString)",
+                      "highlighted(QTeskelListBoxItem*)",
+                      "selected(QTeskelListBoxItem*)",
+                      "selectionChanged()",
+                      "selectionChanged(QTeskelListBoxItem*)",
+                      "currentChanged(QTeskelListBoxItem*)",
+                      "clicked(QTeskelListBoxItem*)",
+                      "clicked(QTeskelListBoxItem*,QPoint)",
+                      "pressed(QTeskelListBoxItem*)",
+                      "pressed(QTeskelListBoxItem*,QPoint)",
+                      "doubleClicked(QTeskelListBoxItem*)",
+                      "returnPressed(QTeskelListBoxItem*)",
+                      "rightButtonClicked(QTeskelListBoxItem*,QPoint)",
+                      "rightButtonPressed(QTeskelListBoxItem*,QPoint)",
+                      "mouseButtonPressed(int,QTeskelListBoxItem*,QPoint)",
+                      "mouseButtonClicked(int,QTeskelListBoxItem*,QPoint)",
+                      "onItem(QTeskelListBoxItem*)",
+                      "onViewport()"}));
+    QCOMPARE(teskel::test::methodsOf(meta, QMetaMethod::Slot),
+             entries({"ensureCurrentVisible()", "clearSelection()", "selectAll(bool)",
+                      "invertSelection()", "clearInputString()", "refreshSlot()", "doAutoScroll()",
+                      "adjustItems()"}));
+}
+
+void TestListBox::timersHaveTheirNames()
+{
+    QTeskelListBox list(nullptr, "list");
+    QCOMPARE(list.objectName(), QStringLiteral("list"));
+    QVERIFY(list.findChild<QTimer*>(QStringLiteral("listbox update timer")));
+    auto* visible = list.findChild<QTimer*>(QStringLiteral("listbox visible timer"));
+    QVERIFY(visible && visible->isSingleShot());
+    list.insertStringList({QStringLiteral("a"), QStringLiteral("b")});
+    list.setCurrentItem(1);
+    QVERIFY(visible->isActive());
+    QCOMPARE(visible->interval(), 1);
+}
+
+void TestListBox::insertsChangesAndRemoves()
+{
+    QTeskelListBox list;
+    list.insertItem(QStringLiteral("b"));
+    list.insertItem(QStringLiteral("a"), 0);
+    list.insertStringList({QStringLiteral("x"), QStringLiteral("y")}, 1);
+    auto* last = new QTeskelListBoxText(&list, QStringLiteral("z"));
+    auto* behind = new QTeskelListBoxText(&list, QStringLiteral("b2"), list.item(3));
+    QCOMPARE(list.index(behind), 4);
+    QCOMPARE(list.index(last), 5);
+    QCOMPARE(list.count(), 6);
+    list.changeItem(QStringLiteral("X"), 1);
+    list.removeItem(2);
+    QStringList texts;
+    for (int row = 0; row < list.count(); ++row)
+        texts << list.text(row);
+    QCOMPARE(texts.join(u' '), QStringLiteral("a X b b2 z"));
+    list.insertItem(new QTeskelListBoxText(QStringLiteral("first")),
+                    static_cast<const QTeskelListBoxItem*>(nullptr));
+    QCOMPARE(list.text(0), QStringLiteral("first"));
+
+    QPixmap picture(8, 8);
+    picture.fill(Qt::red);
+    list.insertItem(picture, QStringLiteral("pic"), 0);
+    QVERIFY(list.pixmap(0));
+    QCOMPARE(list.pixmap(1), nullptr);
+    list.changeItem(picture, 1);
+    QVERIFY(list.pixmap(1));
+    QVERIFY(list.text(1).isEmpty());
+}
+
+void TestListBox::itemsKnowTheirNeighbours()
+{
+    List l(3);
+    QTeskelListBoxItem* middle = l.list.item(1);
+    QCOMPARE(middle->prev(), l.list.firstItem());
+    QCOMPARE(middle->next(), l.list.item(2));
+    QCOMPARE(middle->next()->next(), nullptr);
+    QCOMPARE(middle->prev()->prev(), nullptr);
+    QCOMPARE(middle->listBox(), &l.list);
+    PlainItem loose;
+    QCOMPARE(loose.next(), nullptr);
+    QCOMPARE(loose.listBox(), nullptr);
+    QVERIFY(!loose.current());
+}
+
+void TestListBox::itemMovesFromOneListToAnother()
+{
+    List from(3);
+    List to(2);
+    QTeskelListBoxItem* item = from.list.item(1);
+    to.list.insertItem(item, 0);
+    QCOMPARE(from.list.count(), 2);
+    QCOMPARE(to.list.item(0), item);
+    QCOMPARE(item->listBox(), &to.list);
+}
+
+void TestListBox::deletingAnItemTakesItOut()
+{
+    List l(3);
+    delete l.list.item(1);
+    QCOMPARE(l.list.count(), 2);
+    QCOMPARE(l.list.text(1), QStringLiteral("c"));
+}
+
+void TestListBox::badIndexesAreIgnored()
+{
+    List l(3);
+    for (const int index : {-1, 3, 999}) {
+        l.list.setCurrentItem(index);
+        l.list.setSelected(index, true);
+        l.list.removeItem(index);
+        l.list.changeItem(QStringLiteral("x"), index);
+        l.list.setTopItem(index);
+        l.list.setBottomItem(index);
+        QCOMPARE(l.list.item(index), nullptr);
+        QVERIFY(l.list.text(index).isEmpty());
+        QVERIFY(!l.list.isSelected(index));
+        QVERIFY(!l.list.itemVisible(index));
+    }
+    l.list.insertItem(static_cast<QTeskelListBoxItem*>(nullptr));
+    l.list.takeItem(nullptr);
+    QVERIFY(!l.list.itemRect(nullptr).isValid());
+    QCOMPARE(l.log.take(), QStringList());
+    QCOMPARE(l.list.count(), 3);
+    QCOMPARE(l.list.currentItem(), -1);
+}
+
+void TestListBox::sortsAndInsertsSorted()
+{
+    QTeskelListBox list;
+    list.insertStringList({QStringLiteral("c"), QStringLiteral("a")});
+    list.sort();
+    list.inSort(QStringLiteral("b"));
+    QCOMPARE(list.text(0) + list.text(1) + list.text(2), QStringLiteral("abc"));
+    list.sort(false);
+    QCOMPARE(list.text(0), QStringLiteral("c"));
+    QCOMPARE(list.findItem(QStringLiteral("B")), list.item(1));
+}
+
+void TestListBox::clearEmitsNothing()
+{
+    List l;
+    l.list.setCurrentItem(3);
+    l.log.take();
+    l.list.clear();
+    QCOMPARE(l.log.take(), QStringList());
+    QCOMPARE(l.list.count(), 0);
+    QCOMPARE(l.list.currentItem(), -1);
+    QVERIFY(!l.list.signalsBlocked());
+}
+
+void TestListBox::itemInsertedByADestructorIsReported()
+{
+    struct Inserter : PlainItem {
+        ~Inserter() override { target->insertItem(new PlainItem); }
+        QTeskelListBox* target = nullptr;
+    };
+    QTeskelListBox list;
+    auto* inserter = new Inserter;
+    inserter->target = &list;
+    list.insertItem(inserter);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(
+                                           R"(^ASSERT: "!head" in qteskellistbox\.cpp \(\d+\)$)")));
+    list.clear();
+    QCOMPARE(list.count(), 1);
+}
+
+void TestListBox::itemDeletedByADestructorIsReported()
+{
+    struct Deleter : PlainItem {
+        ~Deleter() override { delete victim; }
+        QTeskelListBoxItem* victim = nullptr;
+    };
+    QTeskelListBox list;
+    auto* deleter = new Deleter;
+    deleter->victim = new PlainItem;
+    list.insertItem(deleter->victim);
+    list.insertItem(deleter);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(
+                                           R"(^ASSERT: "i==0" in qteskellistbox\.cpp \(\d+\)$)")));
+    list.clear();
+    QCOMPARE(list.count(), 0);
+}
+
+void TestListBox::removingTheCurrentItemMovesOn()
+{
+    List l(3);
+    l.list.setCurrentItem(1);
+    l.list.removeItem(1);
+    QCOMPARE(l.list.currentText(), QStringLiteral("c"));
+    QVERIFY(l.list.isSelected(1));
+    l.list.removeItem(1);
+    QCOMPARE(l.list.currentText(), QStringLiteral("a"));
+}
+
+void TestListBox::removingTheLastItemReportsNoCurrent()
+{
+    List l(1);
+    l.list.setCurrentItem(0);
+    l.log.take();
+    l.list.removeItem(0);
+    QCOMPARE(l.log.take(), entries({"selectionChanged()", "currentChanged(-)"}));
+}
+
+void TestListBox::changeItemKeepsTheCurrentRow()
+{
+    List l(3);
+    l.list.setCurrentItem(1);
+    l.list.changeItem(new PlainItem(QStringLiteral("new")), 1);
+    QCOMPARE(l.list.count(), 3);
+    QCOMPARE(l.list.currentItem(), 1);
+    QCOMPARE(l.list.currentText(), QStringLiteral("new"));
+}
+
+void TestListBox::setCurrentItemEmitsInOrder()
+{
+    List l;
+    l.list.setCurrentItem(2);
+    QCOMPARE(l.log.take(), entries({"selectionChanged(c)", "selectionChanged()", "highlighted(c)",
+                                    "highlighted(\"c\")", "highlighted(2)", "currentChanged(c)"}));
+    QVERIFY(l.list.isSelected(2));
+    l.list.setCurrentItem(4);
+    QVERIFY(!l.list.isSelected(2));
+    QCOMPARE(l.list.selectedItem(), l.list.item(4));
+    QVERIFY(l.list.item(4)->current());
+}
+
+void TestListBox::setCurrentItemIsSilentForTheSameAndForNull()
+{
+    List l;
+    l.list.setCurrentItem(2);
+    l.log.take();
+    l.list.setCurrentItem(2);
+    l.list.setCurrentItem(nullptr);
+    QCOMPARE(l.log.take(), QStringList());
+    QCOMPARE(l.list.currentItem(), 2);
+}
+
+void TestListBox::setCurrentItemWithoutTextEmitsNoText()
+{
+    List l(1);
+    l.list.insertItem(QPixmap(5, 5));
+    l.list.setCurrentItem(1);
+    QCOMPARE(l.log.take(), entries({"selectionChanged()", "selectionChanged()", "highlighted()",
+                                    "highlighted(1)", "currentChanged()"}));
+}
+
+void TestListBox::setCurrentItemToUnselectable()
+{
+    List l;
+    l.list.setCurrentItem(0);
+    l.list.item(1)->setSelectable(false);
+    l.log.take();
+    l.list.setCurrentItem(1);
+    QCOMPARE(l.log.take(), entries({"selectionChanged()", "highlighted(b)", "highlighted(\"b\")",
+                                    "highlighted(1)", "currentChanged(b)"}));
+    QCOMPARE(l.list.selectedItem(), nullptr);
+}
+
+void TestListBox::setCurrentItemBringsIntoView()
+{
+    List l;
+    QCOMPARE(l.list.contentsY(), 0);
+    l.list.setCurrentItem(9);
+    QTRY_COMPARE(l.list.contentsY(), 100);
+}
+
+void TestListBox::setSelectedEmitsInOrder()
+{
+    List l;
+    l.list.setCurrentItem(0);
+    l.log.take();
+    l.list.setSelected(2, true);
+    QCOMPARE(l.log.take(), entries({"selectionChanged(c)", "selectionChanged()", "highlighted(c)",
+                                    "highlighted(\"c\")", "highlighted(2)", "currentChanged(c)"}));
+    QCOMPARE(l.list.currentItem(), 2);
+    QVERIFY(!l.list.isSelected(0));
+}
+
+void TestListBox::setSelectedIsSilentWhenSelected()
+{
+    List l;
+    l.list.setSelected(2, true);
+    l.list.item(3)->setSelectable(false);
+    l.log.take();
+    l.list.setSelected(2, true);
+    l.list.setSelected(3, true);
+    l.list.setSelected(4, false);
+    l.list.setSelected(nullptr, true);
+    QCOMPARE(l.log.take(), QStringList());
+    QCOMPARE(l.list.currentItem(), 2);
+}
+
+void TestListBox::setSelectedDoesNotStartTheVisibilityTimer()
+{
+    List l;
+    l.list.setSelected(9, true);
+    QVERIFY(!l.list.findChild<QTimer*>(QStringLiteral("listbox visible timer"))->isActive());
+}
+
+void TestListBox::setSelectedInMultiKeepsTheCurrentItem()
+{
+    List l;
+    l.list.setSelectionMode(QTeskelListBox::Multi);
+    QVERIFY(l.list.isMultiSelection());
+    l.list.setSelected(2, true);
+    l.list.setSelected(4, true);
+    QCOMPARE(l.log.take(), entries({"selectionChanged()", "selectionChanged()"}));
+    QCOMPARE(l.list.currentItem(), -1);
+    QVERIFY(l.list.isSelected(2) && l.list.isSelected(4));
+}
+
+void TestListBox::deselectingReports()
+{
+    List l;
+    l.list.setCurrentItem(2);
+    l.log.take();
+    l.list.setSelected(2, false);
+    QCOMPARE(l.log.take(), entries({"selectionChanged()"}));
+    QCOMPARE(l.list.currentItem(), 2);
+    l.list.clearSelection();
+    QCOMPARE(l.log.take(), QStringList());
+}
+
+void TestListBox::selectionOfSeveral()
+{
+    List l(3);
+    l.list.selectAll(true);
+    QCOMPARE(l.log.take(), QStringList());
+    l.list.setMultiSelection(true);
+    l.list.selectAll(true);
+    QVERIFY(l.list.isSelected(0) && l.list.isSelected(2));
+    l.list.invertSelection();
+    QCOMPARE(l.list.selectedItem(), nullptr);
+    QCOMPARE(l.log.take(), entries({"selectionChanged()", "selectionChanged()"}));
+}
+
+void TestListBox::keyInAnEmptyListIsIgnored()
+{
+    List l(0);
+    QVERIFY(!l.press(Qt::Key_Down));
+    QVERIFY(!l.press(Qt::Key_A, QStringLiteral("a")));
+    QCOMPARE(l.log.take(), QStringList());
+}
+
+void TestListBox::keyWithoutCurrentItemSelectsTheFirst()
+{
+    List l;
+    QVERIFY(!l.press(Qt::Key_End));
+    QCOMPARE(l.list.currentItem(), 0);
+    QVERIFY(l.list.isSelected(0));
+}
+
+void TestListBox::keys_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addRow("Down") << int(Qt::Key_Down) << 3 << 4;
+    QTest::addRow("Up") << int(Qt::Key_Up) << 3 << 2;
+    QTest::addRow("Page Down") << int(Qt::Key_PageDown) << 1 << 6;
+    QTest::addRow("Page Down clamped") << int(Qt::Key_PageDown) << 7 << 9;
+    QTest::addRow("Page Up clamped") << int(Qt::Key_PageUp) << 2 << 0;
+    QTest::addRow("Home") << int(Qt::Key_Home) << 4 << 0;
+    QTest::addRow("End") << int(Qt::Key_End) << 4 << 9;
+}
+
+void TestListBox::keys()
+{
+    QFETCH(int, key);
+    QFETCH(int, from);
+    QFETCH(int, to);
+    List l;
+    l.list.setCurrentItem(from);
+    l.list.setContentsPos(0, 0);
+    l.log.take();
+    QVERIFY(l.press(key));
+    QCOMPARE(l.list.currentItem(), to);
+    const QString text(QChar(u'a' + to));
+    QCOMPARE(l.log.take(), (QStringList{QStringLiteral("selectionChanged(%1)").arg(text),
+                                        QStringLiteral("selectionChanged()"),
+                                        QStringLiteral("highlighted(%1)").arg(text),
+                                        QStringLiteral("highlighted(\"%1\")").arg(text),
+                                        QStringLiteral("highlighted(%1)").arg(to),
+                                        QStringLiteral("currentChanged(%1)").arg(text)}));
+}
+
+void TestListBox::keysAtTheEndsEmitNothing_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("row");
+    QTest::addRow("Up") << int(Qt::Key_Up) << 0;
+    QTest::addRow("Page Up") << int(Qt::Key_PageUp) << 0;
+    QTest::addRow("Home") << int(Qt::Key_Home) << 0;
+    QTest::addRow("Down") << int(Qt::Key_Down) << 9;
+    QTest::addRow("Page Down") << int(Qt::Key_PageDown) << 9;
+    QTest::addRow("End") << int(Qt::Key_End) << 9;
+}
+
+void TestListBox::keysAtTheEndsEmitNothing()
+{
+    QFETCH(int, key);
+    QFETCH(int, row);
+    List l;
+    l.list.setCurrentItem(row);
+    l.log.take();
+    QVERIFY(l.press(key));
+    QCOMPARE(l.log.take(), QStringList());
+    QCOMPARE(l.list.currentItem(), row);
+}
+
+void TestListBox::pageDownMakesTheRowTheBottomOne()
+{
+    List l;
+    l.list.setCurrentItem(1);
+    l.press(Qt::Key_PageDown);
+    QCOMPARE(l.list.currentItem(), 6);
+    QCOMPARE(l.list.contentsY(), 7 * 20 - 100);
+}
+
+void TestListBox::pageUpMakesTheRowTheTopOne()
+{
+    List l;
+    l.list.setCurrentItem(8);
+    l.list.setContentsPos(0, 100);
+    l.press(Qt::Key_PageUp);
+    QCOMPARE(l.list.currentItem(), 3);
+    QCOMPARE(l.list.contentsY(), 3 * 20);
+    QCOMPARE(l.list.topItem(), 3);
+}
+
+void TestListBox::returnEmitsInOrder()
+{
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        List l;
+        l.list.setCurrentItem(1);
+        l.log.take();
+        QVERIFY(l.press(key, QStringLiteral("\r")));
+        QCOMPARE(l.log.take(),
+                 entries({"selected(1)", "selected(b)", "selected(\"b\")", "returnPressed(b)"}));
+    }
+}
+
+void TestListBox::spaceTogglesInMulti()
+{
+    List l;
+    l.list.setMultiSelection(true);
+    l.list.setCurrentItem(1);
+    l.press(Qt::Key_Space, QStringLiteral(" "));
+    QVERIFY(l.list.isSelected(1));
+    l.press(Qt::Key_Space, QStringLiteral(" "));
+    QVERIFY(!l.list.isSelected(1));
+}
+
+void TestListBox::shiftExtendsTheSelection()
+{
+    List l;
+    l.list.setSelectionMode(QTeskelListBox::Extended);
+    l.list.setCurrentItem(0);
+    l.press(Qt::Key_Down);
+    l.press(Qt::Key_Down, {}, Qt::ShiftModifier);
+    l.press(Qt::Key_Down, {}, Qt::ShiftModifier);
+    QVERIFY(!l.list.isSelected(0));
+    QVERIFY(l.list.isSelected(1) && l.list.isSelected(2) && l.list.isSelected(3));
+    l.press(Qt::Key_Down);
+    QVERIFY(l.list.isSelected(4) && !l.list.isSelected(3));
+    l.press(Qt::Key_A, QStringLiteral("\x01"), Qt::ControlModifier);
+    QVERIFY(l.list.isSelected(0) && l.list.isSelected(9));
+}
+
+void TestListBox::keyReleaseIsIgnored()
+{
+    List l;
+    l.list.setCurrentItem(1);
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Down, Qt::NoModifier);
+    static_cast<QObject&>(l.list).event(&release);
+    QVERIFY(!release.isAccepted());
+    QCOMPARE(l.list.currentItem(), 1);
+}
+
+void TestListBox::otherKeysAreIgnored()
+{
+    List l;
+    l.list.setCurrentItem(1);
+    QVERIFY(!l.press(Qt::Key_Escape, QStringLiteral("\x1b")));
+    QVERIFY(!l.press(Qt::Key_F5));
+    QVERIFY(l.press(Qt::Key_Left));
+    QCOMPARE(l.list.currentItem(), 1);
+}
+
+void TestListBox::leftAndRightMoveBetweenColumns()
+{
+    List l;
+    l.list.setColumnMode(2);
+    QCOMPARE(l.list.numColumns(), 2);
+    QCOMPARE(l.list.numRows(), 5);
+    l.list.setCurrentItem(1);
+    l.press(Qt::Key_Right);
+    QCOMPARE(l.list.currentItem(), 6);
+    l.press(Qt::Key_Left);
+    QCOMPARE(l.list.currentItem(), 1);
+    l.list.setRowMode(QTeskelListBox::FitToHeight);
+    QCOMPARE(l.list.rowMode(), QTeskelListBox::FitToHeight);
+    QCOMPARE(l.list.numRows(), 5);
+}
+
+void TestListBox::typeAheadFindsTheFirstBeginning()
+{
+    QTeskelListBox list;
+    list.insertStringList(
+        {QStringLiteral("Hound"), QStringLiteral("House"), QStringLiteral("household")});
+    list.setCurrentItem(0);
+    QTest::keyClicks(&list, QStringLiteral("HoUs"));
+    QCOMPARE(list.currentItem(), 1);
+    QTest::keyClicks(&list, QStringLiteral("x"));
+    QCOMPARE(list.currentItem(), 1);
+}
+
+void TestListBox::typeAheadStartsAgainAfterHalfASecond()
+{
+    List l;
+    l.list.setCurrentItem(0);
+    l.press(Qt::Key_C, QStringLiteral("c"));
+    QCOMPARE(l.list.currentItem(), 2);
+    l.press(Qt::Key_D, QStringLiteral("d"));
+    QCOMPARE(l.list.currentItem(), 2);
+    auto* timer = l.list.findChild<QTimer*>(QStringLiteral("listbox input timer"));
+    QVERIFY(timer->isSingleShot());
+    QCOMPARE(timer->interval(), 500);
+    QTRY_VERIFY(!timer->isActive());
+    l.press(Qt::Key_D, QStringLiteral("d"));
+    QCOMPARE(l.list.currentItem(), 3);
+    l.list.clearInputString();
+    l.press(Qt::Key_E, QStringLiteral("e"));
+    QCOMPARE(l.list.currentItem(), 4);
+}
+
+void TestListBox::typeAheadIgnoresControlKeys()
+{
+    List l;
+    l.list.setCurrentItem(0);
+    QVERIFY(!l.press(Qt::Key_C, QStringLiteral("\x03"), Qt::ControlModifier));
+    QVERIFY(!l.press(Qt::Key_C, QStringLiteral("c"), Qt::AltModifier));
+    QCOMPARE(l.list.currentItem(), 0);
+}
+
+void TestListBox::focusSelectsTheFirstItem()
+{
+    List l;
+    QFocusEvent event(QEvent::FocusIn, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(&l.list, &event);
+    QCOMPARE(l.list.currentItem(), 0);
+    QVERIFY(l.list.isSelected(0));
+}
+
+void TestListBox::focusByMouseSelectsNothing()
+{
+    List l;
+    QFocusEvent event(QEvent::FocusIn, Qt::MouseFocusReason);
+    QCoreApplication::sendEvent(&l.list, &event);
+    QCOMPARE(l.list.currentItem(), -1);
+}
+
+void TestListBox::numItemsVisible_data()
+{
+    QTest::addColumn<int>("height");
+    QTest::addColumn<int>("visible");
+    QTest::addRow("100 pixels") << 100 << 5;
+    QTest::addRow("101 pixels") << 101 << 6;
+    QTest::addRow("more than the rows") << 500 << 10;
+}
+
+void TestListBox::numItemsVisible()
+{
+    QFETCH(int, height);
+    QFETCH(int, visible);
+    List l;
+    l.list.resize(200, height);
+    QCOMPARE(l.list.numItemsVisible(), visible);
+}
+
+void TestListBox::ensureCurrentVisibleShowsTheWholeRow()
+{
+    List l;
+    l.list.setSelected(6, true);
+    l.list.ensureCurrentVisible();
+    QCOMPARE(l.list.contentsY(), 7 * 20 - 100);
+    QCOMPARE(l.list.itemRect(l.list.item(6)), QRect(0, 80, l.list.visibleWidth(), 20));
+    l.list.setSelected(1, true);
+    l.list.ensureCurrentVisible();
+    QCOMPARE(l.list.contentsY(), 20);
+    QVERIFY(l.list.itemVisible(1));
+    QVERIFY(!l.list.itemVisible(0));
+    QCOMPARE(l.list.itemYPos(l.list.item(3)), 60);
+}
+
+void TestListBox::topAndBottomItem()
+{
+    List l;
+    l.list.setTopItem(3);
+    QCOMPARE(l.list.topItem(), 3);
+    l.list.setBottomItem(9);
+    QCOMPARE(l.list.topItem(), 5);
+    QCOMPARE(List(0).list.topItem(), -1);
+}
+
+void TestListBox::horizontalRangeIsZeroWithoutABar()
+{
+    List l;
+    l.list.insertItem(new PlainItem(QStringLiteral("wide"), QSize(5000, 20)));
+    l.list.adjustItems();
+    QCOMPARE(l.list.horizontalScrollBar()->maximum(), 0);
+    l.list.setHScrollBarMode(QTeskelScrollView::Auto);
+    l.list.adjustItems();
+    QVERIFY(l.list.horizontalScrollBar()->maximum() > 4000);
+    QCOMPARE(l.list.maxItemWidth(), 5000);
+}
+
+/// Counts how often its height is asked for.
+class CountingItem : public QTeskelListBoxText
+{
+public:
+    using QTeskelListBoxText::QTeskelListBoxText;
+    int height(const QTeskelListBox* list) const override
+    {
+        ++asked;
+        return QTeskelListBoxText::height(list);
+    }
+    mutable int asked = 0;
+};
+
+void TestListBox::setTextLaysOutOnce()
+{
+    QTeskelListBox list;
+    QList<CountingItem*> items;
+    for (int row = 0; row < 20; ++row) {
+        items << new CountingItem(QStringLiteral("word"));
+        list.insertItem(items.last());
+    }
+    list.resize(200, 400);
+    list.show();
+    auto* update = list.findChild<QTimer*>(QStringLiteral("listbox update timer"));
+    QTRY_VERIFY(!update->isActive());
+    for (CountingItem* item : items)
+        item->asked = 0;
+    for (CountingItem* item : items)
+        item->setText(QStringLiteral("other"));
+    QCOMPARE(items.first()->asked, 0);
+    list.setSelected(3, true);
+    list.ensureCurrentVisible();
+    list.triggerUpdate(true);
+    QTRY_VERIFY(!update->isActive());
+    // Once for ensureCurrentVisible, once for the update that was asked for after it.
+    for (const CountingItem* item : items)
+        QCOMPARE(item->asked, 2);
+}
+
+void TestListBox::geometryFollowsAChangedFont()
+{
+    QTeskelListBox list;
+    list.insertItem(QStringLiteral("a"));
+    list.show();
+    const int before = list.itemHeight();
+    QFont font = list.font();
+    font.setPixelSize(60);
+    list.setFont(font);
+    QVERIFY(list.itemHeight() > before);
+    QCOMPARE(list.itemHeight(), QFontMetrics(font).lineSpacing() + 2);
+    QCOMPARE(list.item(0)->width(&list),
+             QFontMetrics(font).horizontalAdvance(QStringLiteral("a")) + 6);
+}
+
+void TestListBox::deletingTheListInASlotIsSafe()
+{
+    auto* list = new QTeskelListBox;
+    list->insertStringList({QStringLiteral("a"), QStringLiteral("b")});
+    QPointer<QTeskelListBox> alive(list);
+    connect(list, qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged), this,
+            [list] { delete list; });
+    list->setCurrentItem(1);
+    QVERIFY(alive.isNull());
+}
+
+void TestListBox::removingTheItemInASlotIsSafe()
+{
+    List l(3);
+    connect(&l.list, qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged), &l.list,
+            [&] { l.list.clear(); });
+    l.list.setCurrentItem(1);
+    QCOMPARE(l.list.count(), 0);
+    QCOMPARE(l.log.take(), entries({"selectionChanged(b)"}));
+}
+
+void TestListBox::tenThousandItems()
+{
+    QTeskelListBox list;
+    for (int row = 0; row < 10'000; ++row)
+        list.insertItem(QString::number(row), 0);
+    QCOMPARE(list.index(list.item(5'000)), 5'000);
+    list.setCurrentItem(9'999);
+    while (list.count() > 0)
+        list.removeItem(list.count() - 1);
+    QCOMPARE(list.currentItem(), -1);
+}
+
+QTEST_MAIN(TestListBox)
+#include "test_listbox.moc"

@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include "tests/widgets/plainitem.h"
+#include "widgets/listboxaccessible.h"
+#include "widgets/qteskellistbox.h"
+#include "widgets/qteskellistboxtext.h"
+
+#include <QAccessible>
+#include <QTest>
+
+namespace
+{
+struct Event {
+    QAccessible::Event type;
+    QString name;
+    bool operator==(const Event&) const = default;
+};
+QList<Event> events;
+
+void noteEvent(QAccessibleEvent* event)
+{
+    if (qobject_cast<QTeskelListBox*>(event->object()) == nullptr || event->child() < 0)
+        return;
+    QAccessibleInterface* interface = event->accessibleInterface();
+    if (interface != nullptr)
+        events << Event{event->type(), interface->text(QAccessible::Name)};
+}
+
+/// A list box of another class: the interface must reach derived classes.
+class DerivedList : public QTeskelListBox
+{
+    Q_OBJECT
+public:
+    using QTeskelListBox::QTeskelListBox;
+};
+} // namespace
+
+class TestListBoxAccessible : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+    void listHasItsItemsAsChildren();
+    void itemsTellTheirState();
+    void itemsTellTheirPlace();
+    void itemsCanBePressed();
+    void interfacesGoWithTheirItems();
+    void selectionAndFocusAreReported();
+    void textChangesAreReported();
+};
+
+void TestListBoxAccessible::initTestCase()
+{
+    teskel::ListBoxAccessible::setReporter(noteEvent);
+}
+
+void TestListBoxAccessible::cleanupTestCase()
+{
+    teskel::ListBoxAccessible::setReporter(nullptr);
+}
+
+void TestListBoxAccessible::listHasItsItemsAsChildren()
+{
+    DerivedList list(nullptr, "words");
+    list.setAccessibleName(QStringLiteral("Words"));
+    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&list);
+    QVERIFY(interface);
+    QCOMPARE(interface->role(), QAccessible::List);
+    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Words"));
+    QCOMPARE(interface->childCount(), 2);
+    QAccessibleInterface* second = interface->child(1);
+    QCOMPARE(second, interface->child(1));
+    QCOMPARE(second->role(), QAccessible::ListItem);
+    QCOMPARE(second->text(QAccessible::Name), QStringLiteral("two"));
+    QCOMPARE(second->parent(), interface);
+    QCOMPARE(interface->indexOfChild(second), 1);
+    QCOMPARE(interface->child(2), nullptr);
+    QCOMPARE(interface->child(-1), nullptr);
+}
+
+void TestListBoxAccessible::itemsTellTheirState()
+{
+    QTeskelListBox list;
+    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    list.show();
+    list.activateWindow();
+    list.setFocus();
+    QTRY_VERIFY(list.hasFocus());
+    list.setCurrentItem(1);
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&list);
+    QAccessible::State state = interface->child(1)->state();
+    QVERIFY(state.selectable && state.selected && state.focusable && state.focused);
+    state = interface->child(0)->state();
+    QVERIFY(state.selectable && !state.selected && !state.focused);
+    QCOMPARE(interface->focusChild(), interface->child(1));
+    list.setSelectionMode(QTeskelListBox::Extended);
+    QVERIFY(interface->state().multiSelectable && interface->state().extSelectable);
+    list.setFocusPolicy(Qt::NoFocus);
+    QVERIFY(!interface->child(1)->state().focusable);
+}
+
+void TestListBoxAccessible::itemsTellTheirPlace()
+{
+    QTeskelListBox list;
+    for (int row = 0; row < 20; ++row)
+        list.insertItem(new teskel::test::PlainItem(QString::number(row)));
+    list.resize(200, 100);
+    list.show();
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&list);
+    QAccessibleInterface* second = interface->child(1);
+    QCOMPARE(second->rect(),
+             QRect(list.viewport()->mapToGlobal(QPoint(0, 20)), QSize(list.visibleWidth(), 20)));
+    const QPoint middle = second->rect().center();
+    QCOMPARE(interface->childAt(middle.x(), middle.y()), second);
+    QVERIFY(!second->state().offscreen);
+    QVERIFY(interface->child(19)->state().offscreen);
+    QCOMPARE(interface->childAt(-5000, -5000), nullptr);
+}
+
+void TestListBoxAccessible::itemsCanBePressed()
+{
+    QTeskelListBox list;
+    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    QAccessibleInterface* item = QAccessible::queryAccessibleInterface(&list)->child(1);
+    QAccessibleActionInterface* action = item->actionInterface();
+    QVERIFY(action);
+    QCOMPARE(action->actionNames(), QStringList{QAccessibleActionInterface::pressAction()});
+    action->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(list.currentItem(), 1);
+}
+
+void TestListBoxAccessible::interfacesGoWithTheirItems()
+{
+    auto list = std::make_unique<QTeskelListBox>();
+    list->insertStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")});
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(list.get());
+    QList<QAccessible::Id> ids;
+    for (int row = 0; row < 3; ++row)
+        ids << QAccessible::uniqueId(interface->child(row));
+    list->removeItem(0);
+    QCOMPARE(QAccessible::accessibleInterface(ids[0]), nullptr);
+    QCOMPARE(QAccessible::accessibleInterface(ids[1])->text(QAccessible::Name),
+             QStringLiteral("two"));
+    std::unique_ptr<QTeskelListBoxItem> taken(list->item(0));
+    list->takeItem(taken.get());
+    QCOMPARE(QAccessible::accessibleInterface(ids[1]), nullptr);
+    list.reset();
+    QCOMPARE(QAccessible::accessibleInterface(ids[2]), nullptr);
+}
+
+void TestListBoxAccessible::selectionAndFocusAreReported()
+{
+    QTeskelListBox list;
+    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    list.show();
+    events.clear();
+    list.setCurrentItem(1);
+    const QString two = QStringLiteral("two");
+    QCOMPARE(events, (QList<Event>{{QAccessible::ActiveDescendantChanged, two},
+                                   {QAccessible::Selection, two}}));
+    list.activateWindow();
+    list.setFocus();
+    QTRY_VERIFY(list.hasFocus());
+    events.clear();
+    list.setSelected(0, true);
+    const QString one = QStringLiteral("one");
+    QCOMPARE(events, (QList<Event>{{QAccessible::Focus, one}, {QAccessible::Selection, one}}));
+}
+
+void TestListBoxAccessible::textChangesAreReported()
+{
+    QTeskelListBox list;
+    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    events.clear();
+    list.item(1)->setText(QStringLiteral("three"));
+    QCOMPARE(events, (QList<Event>{{QAccessible::NameChanged, QStringLiteral("three")}}));
+}
+
+QTEST_MAIN(TestListBoxAccessible)
+#include "test_listboxaccessible.moc"

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "tests/widgets/plainitem.h"
+#include "widgets/listboxmodel.h"
+
+#include <QTest>
+
+#include <memory>
+#include <vector>
+
+using teskel::ListBoxModel;
+using teskel::test::PlainItem;
+
+namespace
+{
+/// A model without a window, and the owner of its items.
+struct Fixture {
+    ListBoxModel model{nullptr};
+    std::vector<std::unique_ptr<PlainItem>> items;
+
+    PlainItem* add(const char* text, int index = -1)
+    {
+        items.push_back(std::make_unique<PlainItem>(QString::fromLatin1(text)));
+        model.insert(items.back().get(), index);
+        return items.back().get();
+    }
+    QString texts() const
+    {
+        QStringList all;
+        for (int index = 0; index < model.count(); ++index)
+            all << model.item(index)->text();
+        return all.join(u' ');
+    }
+};
+} // namespace
+
+class TestListBoxModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void insertsAtAnyPlace();
+    void indexesFollowChanges();
+    void foreignItemsHaveNoIndex();
+    void sortsStably();
+    void findsBeginningsInAnyCase();
+    void sortedIndexIsBehindEqualTexts();
+    void knowsWhatWasRemoved();
+};
+
+void TestListBoxModel::insertsAtAnyPlace()
+{
+    Fixture f;
+    f.add("b");
+    f.add("c", 99);
+    f.add("a", 0);
+    f.add("d", -1);
+    QCOMPARE(f.texts(), QStringLiteral("a b c d"));
+    QCOMPARE(f.model.item(4), nullptr);
+    QCOMPARE(f.model.item(-1), nullptr);
+}
+
+void TestListBoxModel::indexesFollowChanges()
+{
+    Fixture f;
+    PlainItem* a = f.add("a");
+    PlainItem* b = f.add("b");
+    PlainItem* c = f.add("c");
+    f.add("x", 0);
+    QCOMPARE(f.model.index(c), 3);
+    QVERIFY(f.model.take(a));
+    QVERIFY(!f.model.take(a));
+    QCOMPARE(f.model.index(a), -1);
+    QCOMPARE(f.model.index(b), 1);
+    QCOMPARE(f.model.index(c), 2);
+}
+
+void TestListBoxModel::foreignItemsHaveNoIndex()
+{
+    Fixture f;
+    Fixture other;
+    f.add("a");
+    QCOMPARE(f.model.index(other.add("a")), -1);
+    QCOMPARE(f.model.index(nullptr), -1);
+    PlainItem loose;
+    QCOMPARE(f.model.index(&loose), -1);
+}
+
+void TestListBoxModel::sortsStably()
+{
+    Fixture f;
+    PlainItem* first = f.add("b");
+    f.add("a");
+    PlainItem* second = f.add("b");
+    f.model.sort(true);
+    QCOMPARE(f.texts(), QStringLiteral("a b b"));
+    QVERIFY(f.model.index(first) < f.model.index(second));
+    f.model.sort(false);
+    QCOMPARE(f.texts(), QStringLiteral("b b a"));
+    QVERIFY(f.model.index(first) < f.model.index(second));
+}
+
+void TestListBoxModel::findsBeginningsInAnyCase()
+{
+    Fixture f;
+    f.add("Hound");
+    PlainItem* house = f.add("House");
+    f.add("household");
+    QCOMPARE(f.model.findPrefix(QStringLiteral("hous")), house);
+    QCOMPARE(f.model.findPrefix(QStringLiteral("x")), nullptr);
+    QCOMPARE(f.model.findPrefix(QString()), nullptr);
+}
+
+void TestListBoxModel::sortedIndexIsBehindEqualTexts()
+{
+    Fixture f;
+    f.add("a");
+    f.add("b");
+    f.add("c");
+    QCOMPARE(f.model.sortedIndex(QStringLiteral("b")), 2);
+    QCOMPARE(f.model.sortedIndex(QStringLiteral("")), 0);
+    QCOMPARE(f.model.sortedIndex(QStringLiteral("z")), 3);
+}
+
+void TestListBoxModel::knowsWhatWasRemoved()
+{
+    Fixture f;
+    PlainItem* a = f.add("a");
+    PlainItem* b = f.add("b");
+    const quint64 before = f.model.removals();
+    QVERIFY(f.model.stillHolds(a, before));
+    f.model.take(a);
+    QVERIFY(!f.model.stillHolds(a, before));
+    QVERIFY(f.model.stillHolds(b, before));
+}
+
+QTEST_APPLESS_MAIN(TestListBoxModel)
+#include "test_listboxmodel.moc"

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include "tests/widgets/plainitem.h"
+#include "widgets/qteskellistbox.h"
+#include "widgets/qteskellistboxpixmap.h"
+#include "widgets/qteskellistboxtext.h"
+
+#include <QPainter>
+#include <QTest>
+
+namespace
+{
+const QColor Base(10, 20, 30);
+const QColor Text(200, 210, 220);
+const QColor Highlight(0, 200, 0);
+const QColor HighlightedText(255, 0, 255);
+
+/// Notes what it is painted with.
+class SpyItem : public teskel::test::PlainItem
+{
+public:
+    using PlainItem::PlainItem;
+    void paint(QPainter* painter) override
+    {
+        pen = painter->pen().color();
+        background = painter->background().color();
+        origin = painter->worldTransform().map(QPoint(0, 0));
+        ++painted;
+    }
+    QColor pen;
+    QColor background;
+    QPoint origin;
+    int painted = 0;
+};
+
+struct List {
+    List()
+    {
+        QPalette palette;
+        palette.setColor(QPalette::Base, Base);
+        palette.setColor(QPalette::Text, Text);
+        palette.setColor(QPalette::Highlight, Highlight);
+        palette.setColor(QPalette::HighlightedText, HighlightedText);
+        list.setPalette(palette);
+        list.setFrameStyle(QFrame::NoFrame);
+        list.resize(200, 100);
+        for (int row = 0; row < 4; ++row) {
+            items << new SpyItem(QStringLiteral("item"));
+            list.insertItem(items.last());
+        }
+        list.show();
+    }
+    QImage shot() { return list.viewport()->grab().toImage(); }
+    QTeskelListBox list;
+    QList<SpyItem*> items;
+};
+} // namespace
+
+class TestListBoxPainting : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void unselectedIsOnBase();
+    void selectedFillsTheCell();
+    void selectedFillsTheItemWidthInColumns();
+    void customHighlightingKeepsTheBase();
+    void focusRectangleIsAroundTheCurrentItem();
+    void textIsDrawnAtItsPlace();
+    void pixmapIsDrawn();
+    void rowsAreWhereTheyAreScrolledTo();
+    void onlyTheExposedRowsArePainted();
+};
+
+void TestListBoxPainting::unselectedIsOnBase()
+{
+    List l;
+    QCOMPARE(l.shot().pixelColor(150, 30), Base);
+    QCOMPARE(l.items[1]->pen, Text);
+    QCOMPARE(l.items[1]->origin, QPoint(0, 20));
+    QVERIFY(!l.items[1]->customHighlighting());
+}
+
+void TestListBoxPainting::selectedFillsTheCell()
+{
+    List l;
+    l.list.setCurrentItem(1);
+    const QImage shot = l.shot();
+    QCOMPARE(shot.pixelColor(150, 30), Highlight);
+    QCOMPARE(shot.pixelColor(150, 10), Base);
+    QCOMPARE(shot.pixelColor(150, 50), Base);
+    QCOMPARE(l.items[1]->pen, HighlightedText);
+    QCOMPARE(l.items[1]->background, Highlight);
+    QCOMPARE(l.items[0]->pen, Text);
+}
+
+void TestListBoxPainting::selectedFillsTheItemWidthInColumns()
+{
+    List l;
+    l.list.setColumnMode(2);
+    l.list.setCurrentItem(0);
+    const QImage shot = l.shot();
+    QCOMPARE(shot.pixelColor(39, 10), Highlight);
+    QCOMPARE(shot.pixelColor(41, 10), Base);
+}
+
+void TestListBoxPainting::customHighlightingKeepsTheBase()
+{
+    List l;
+    l.items[1]->setCustomHighlighting(true);
+    l.list.setCurrentItem(1);
+    QCOMPARE(l.shot().pixelColor(150, 30), Base);
+    QCOMPARE(l.items[1]->pen, HighlightedText);
+    QCOMPARE(l.items[1]->background, Highlight);
+}
+
+void TestListBoxPainting::focusRectangleIsAroundTheCurrentItem()
+{
+    List l;
+    l.list.activateWindow();
+    l.list.setCurrentItem(1);
+    l.list.setFocus();
+    QTRY_VERIFY(l.list.hasFocus());
+    const QImage focused = l.shot();
+    l.items[1]->setCustomHighlighting(true);
+    const QImage custom = l.shot();
+    l.items[1]->setCustomHighlighting(false);
+    l.list.clearFocus();
+    const QImage plain = l.shot();
+    const QRect row(0, 20, 200, 20);
+    QVERIFY(focused.copy(row) != plain.copy(row));
+    QCOMPARE(custom.pixelColor(0, 20), Base);
+}
+
+void TestListBoxPainting::textIsDrawnAtItsPlace()
+{
+    QTeskelListBox list;
+    auto* item = new QTeskelListBoxText(&list, QStringLiteral("Wg"));
+    const QFontMetrics metrics(list.font());
+    QImage painted(100, 50, QImage::Format_ARGB32);
+    QImage expected = painted;
+    for (QImage* image : {&painted, &expected}) {
+        image->fill(Qt::white);
+        QPainter painter(image);
+        painter.setFont(list.font());
+        if (image == &painted)
+            item->paint(&painter);
+        else
+            painter.drawText(3,
+                             painter.fontMetrics().ascent() + painter.fontMetrics().leading() / 2,
+                             QStringLiteral("Wg"));
+    }
+    QCOMPARE(painted, expected);
+    QCOMPARE(item->height(&list), metrics.lineSpacing() + 2);
+}
+
+void TestListBoxPainting::pixmapIsDrawn()
+{
+    QPixmap red(30, 40);
+    red.fill(Qt::red);
+    QTeskelListBox list;
+    list.setFrameStyle(QFrame::NoFrame);
+    auto* item = new QTeskelListBoxPixmap(&list, red, QStringLiteral("x"));
+    auto* bare = new QTeskelListBoxPixmap(&list, red);
+    QCOMPARE(bare->width(&list), 36);
+    QCOMPARE(bare->height(&list), 40);
+    QVERIFY(item->width(&list) > 36);
+    list.resize(200, 100);
+    list.show();
+    const QImage shot = list.viewport()->grab().toImage();
+    QCOMPARE(shot.pixelColor(4, 5), QColor(Qt::red));
+    QCOMPARE(shot.pixelColor(32, 60), QColor(Qt::red));
+    QVERIFY(shot.pixelColor(1, 5) != QColor(Qt::red));
+}
+
+void TestListBoxPainting::rowsAreWhereTheyAreScrolledTo()
+{
+    List l;
+    l.list.resize(200, 40);
+    l.list.setContentsPos(0, 30);
+    l.list.setCurrentItem(2);
+    l.list.setContentsPos(0, 30);
+    const QImage shot = l.shot();
+    QCOMPARE(shot.pixelColor(100, 5), Base);
+    QCOMPARE(shot.pixelColor(100, 15), Highlight);
+}
+
+void TestListBoxPainting::onlyTheExposedRowsArePainted()
+{
+    List l;
+    QVERIFY(QTest::qWaitForWindowExposed(&l.list));
+    l.shot();
+    for (SpyItem* item : l.items)
+        item->painted = 0;
+    l.list.viewport()->grab(QRect(0, 25, 50, 5));
+    QCOMPARE(l.items[1]->painted, 1);
+    QCOMPARE(l.items[0]->painted + l.items[2]->painted + l.items[3]->painted, 0);
+}
+
+QTEST_MAIN(TestListBoxPainting)
+#include "test_listboxpainting.moc"

@@ -1,0 +1,493 @@
+// SPDX-License-Identifier: MIT
+#include "tests/widgets/signallog.h"
+#include "widgets/qteskelscrollbar.h"
+
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QSignalSpy>
+#include <QStyleFactory>
+#include <QStyleOptionSlider>
+#include <QTest>
+#include <QTimer>
+
+namespace
+{
+constexpr int LineStep = 3;
+constexpr int PageStep = 30;
+
+/// A shown bar of its own style, and the places of its controls.
+struct Bar {
+    explicit Bar(const QString& styleName = QStringLiteral("Fusion"),
+                 Qt::Orientation orientation = Qt::Vertical)
+        : style(QStyleFactory::create(styleName))
+        , bar(orientation, &parent, "bar")
+    {
+        parent.resize(200, 200);
+        bar.setStyle(style.get());
+        bar.setRange(0, 100);
+        bar.setLineStep(LineStep);
+        bar.setPageStep(PageStep);
+        bar.setGeometry(orientation == Qt::Vertical ? QRect(0, 0, 20, 200) : QRect(0, 0, 200, 20));
+        parent.show();
+    }
+    QRect rectOf(QStyle::SubControl control) const
+    {
+        QStyleOptionSlider option;
+        option.initFrom(&bar);
+        option.orientation = bar.orientation();
+        option.state.setFlag(QStyle::State_Horizontal, bar.orientation() == Qt::Horizontal);
+        option.minimum = bar.minimum();
+        option.maximum = bar.maximum();
+        option.sliderPosition = bar.sliderPosition();
+        option.sliderValue = bar.value();
+        option.singleStep = bar.singleStep();
+        option.pageStep = bar.pageStep();
+        option.upsideDown = bar.invertedAppearance();
+        return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, control, &bar);
+    }
+    QPoint middleOf(QStyle::SubControl control) const { return rectOf(control).center(); }
+
+    std::unique_ptr<QStyle> style;
+    QWidget parent;
+    QTeskelScrollBar bar;
+};
+
+const QStringList Styles{QStringLiteral("Fusion"), QStringLiteral("Windows")};
+} // namespace
+
+class TestScrollBar : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void signalsAreDeclaredInOrder();
+    void pressActsOnce_data();
+    void pressActsOnce();
+    void signalComesBeforeTheStep();
+    void actsAtTheLimit_data();
+    void actsAtTheLimit();
+    void arrowsActWithEmptyRange_data();
+    void arrowsActWithEmptyRange();
+    void heldPressRepeatsAfter500msAndEvery50ms();
+    void heldTroughGoesOnUnderTheSlider();
+    void leavingAnArrowPausesIt();
+    void releaseStopsRepeating();
+    void otherButtonsDoNothingOnArrows_data();
+    void otherButtonsDoNothingOnArrows();
+    void hidingStopsRepeating();
+    void deletingInTheSlotIsSafe();
+    void keys_data();
+    void keys();
+    void arrowKeysFollowTheLayoutDirection();
+    void draggingMovesTheSlider();
+    void draggingWithoutTrackingSetsTheValueAtRelease();
+    void middleButtonJumps_data();
+    void middleButtonJumps();
+    void pressedArrowIsDrawnPressed_data();
+    void pressedArrowIsDrawnPressed();
+    void arrowsLookEnabledWithEmptyRange_data();
+    void arrowsLookEnabledWithEmptyRange();
+    void hasNoContextMenu();
+    void standardNames();
+};
+
+void TestScrollBar::signalsAreDeclaredInOrder()
+{
+    const QStringList wanted{
+        QStringLiteral("valueChanged(int)"), QStringLiteral("sliderPressed()"),
+        QStringLiteral("sliderMoved(int)"),  QStringLiteral("sliderReleased()"),
+        QStringLiteral("nextLine()"),        QStringLiteral("prevLine()"),
+        QStringLiteral("nextPage()"),        QStringLiteral("prevPage()"),
+    };
+    QStringList found =
+        teskel::test::methodsOf(QTeskelScrollBar::staticMetaObject, QMetaMethod::Signal, false);
+    found.removeIf([&](const QString& name) { return !wanted.contains(name); });
+    QCOMPARE(found, wanted);
+    QCOMPARE(teskel::test::methodsOf(QTeskelScrollBar::staticMetaObject, QMetaMethod::Slot),
+             QStringList{QStringLiteral("doAutoRepeat()")});
+}
+
+void TestScrollBar::pressActsOnce_data()
+{
+    QTest::addColumn<QString>("style");
+    QTest::addColumn<Qt::Orientation>("orientation");
+    QTest::addColumn<QStyle::SubControl>("control");
+    QTest::addColumn<int>("next");
+    QTest::addColumn<int>("prev");
+    QTest::addColumn<int>("moved");
+    for (const QString& style : Styles) {
+        for (const auto orientation : {Qt::Vertical, Qt::Horizontal}) {
+            const auto row = [&](const char* name, QStyle::SubControl control, int next, int prev) {
+                QTest::addRow("%s %d %s", qPrintable(style), orientation, name)
+                    << style << orientation << control << next << prev << (next - prev) * LineStep;
+            };
+            row("add line", QStyle::SC_ScrollBarAddLine, 1, 0);
+            row("add page", QStyle::SC_ScrollBarAddPage, 1, 0);
+            row("subtract line", QStyle::SC_ScrollBarSubLine, 0, 1);
+            row("subtract page", QStyle::SC_ScrollBarSubPage, 0, 1);
+            row("slider", QStyle::SC_ScrollBarSlider, 0, 0);
+        }
+    }
+}
+
+void TestScrollBar::pressActsOnce()
+{
+    QFETCH(QString, style);
+    QFETCH(Qt::Orientation, orientation);
+    QFETCH(QStyle::SubControl, control);
+    QFETCH(int, next);
+    QFETCH(int, prev);
+    QFETCH(int, moved);
+    Bar b(style, orientation);
+    b.bar.setValue(50);
+    QSignalSpy nextLine(&b.bar, &QTeskelScrollBar::nextLine);
+    QSignalSpy prevLine(&b.bar, &QTeskelScrollBar::prevLine);
+    QSignalSpy nextPage(&b.bar, &QTeskelScrollBar::nextPage);
+    QSignalSpy prevPage(&b.bar, &QTeskelScrollBar::prevPage);
+    QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(control));
+    QCOMPARE(nextLine.count(), next);
+    QCOMPARE(prevLine.count(), prev);
+    QCOMPARE(nextPage.count() + prevPage.count(), 0);
+    QCOMPARE(b.bar.value(), 50 + moved);
+}
+
+void TestScrollBar::signalComesBeforeTheStep()
+{
+    Bar b;
+    QList<int> values;
+    connect(&b.bar, &QTeskelScrollBar::nextLine, this, [&] { values << b.bar.value(); });
+    connect(&b.bar, &QTeskelScrollBar::valueChanged, this, [&](int value) { values << value; });
+    QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+    QCOMPARE(values, (QList<int>{0, LineStep}));
+}
+
+void TestScrollBar::actsAtTheLimit_data()
+{
+    QTest::addColumn<QString>("style");
+    QTest::addColumn<bool>("add");
+    for (const QString& style : Styles) {
+        QTest::addRow("%s maximum", qPrintable(style)) << style << true;
+        QTest::addRow("%s minimum", qPrintable(style)) << style << false;
+    }
+}
+
+void TestScrollBar::actsAtTheLimit()
+{
+    QFETCH(QString, style);
+    QFETCH(bool, add);
+    Bar b(style);
+    b.bar.setValue(add ? 100 : 0);
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    QSignalSpy prev(&b.bar, &QTeskelScrollBar::prevLine);
+    QSignalSpy changed(&b.bar, &QTeskelScrollBar::valueChanged);
+    const auto control = add ? QStyle::SC_ScrollBarAddLine : QStyle::SC_ScrollBarSubLine;
+    QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(control));
+    QCOMPARE(next.count(), add ? 1 : 0);
+    QCOMPARE(prev.count(), add ? 0 : 1);
+    QCOMPARE(changed.count(), 0);
+}
+
+void TestScrollBar::arrowsActWithEmptyRange_data()
+{
+    actsAtTheLimit_data();
+}
+
+void TestScrollBar::arrowsActWithEmptyRange()
+{
+    QFETCH(QString, style);
+    QFETCH(bool, add);
+    Bar b(style);
+    b.bar.setRange(0, 0);
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    QSignalSpy prev(&b.bar, &QTeskelScrollBar::prevLine);
+    const auto control = add ? QStyle::SC_ScrollBarAddLine : QStyle::SC_ScrollBarSubLine;
+    QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(control));
+    QCOMPARE(next.count(), add ? 1 : 0);
+    QCOMPARE(prev.count(), add ? 0 : 1);
+    QCOMPARE(b.bar.value(), 0);
+}
+
+void TestScrollBar::heldPressRepeatsAfter500msAndEvery50ms()
+{
+    Bar b;
+    b.bar.setValue(100);
+    auto* timer = b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"));
+    QVERIFY(timer);
+    QCOMPARE(timer->timerType(), Qt::PreciseTimer);
+    QElapsedTimer clock;
+    QList<qint64> times;
+    connect(&b.bar, &QTeskelScrollBar::nextLine, this, [&] { times << clock.elapsed(); });
+    clock.start();
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+    QCOMPARE(times.size(), 1);
+    QCOMPARE(timer->interval(), 500);
+    QTRY_COMPARE(times.size(), 2);
+    QCOMPARE(timer->interval(), 50);
+    QTRY_COMPARE(times.size(), 5);
+    QCOMPARE(timer->interval(), 50);
+    QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+    // Timers never fire early; how late they may be is the machine's affair.
+    QVERIFY2(times.at(1) >= 495, qPrintable(QString::number(times.at(1))));
+    QVERIFY2(times.at(4) - times.at(1) >= 3 * 50 - 5, "repeats come faster than every 50 ms");
+    QCOMPARE(b.bar.value(), 100);
+}
+
+void TestScrollBar::heldTroughGoesOnUnderTheSlider()
+{
+    Bar b;
+    b.bar.setValue(95);
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    const QPoint trough(10, b.rectOf(QStyle::SC_ScrollBarAddPage).bottom());
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, trough);
+    QTRY_COMPARE(b.bar.value(), 100);
+    const auto reached = next.count();
+    QTRY_VERIFY(next.count() >= reached + 2);
+    QCOMPARE(b.bar.value(), 100);
+    QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, trough);
+}
+
+void TestScrollBar::leavingAnArrowPausesIt()
+{
+    Bar b;
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    const QPoint arrow = b.middleOf(QStyle::SC_ScrollBarAddLine);
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, arrow);
+    QTest::mouseMove(&b.bar, QPoint(100, 100));
+    b.bar.doAutoRepeat();
+    QCOMPARE(next.count(), 1);
+    QTest::mouseMove(&b.bar, arrow);
+    b.bar.doAutoRepeat();
+    QCOMPARE(next.count(), 2);
+    QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, arrow);
+}
+
+void TestScrollBar::releaseStopsRepeating()
+{
+    Bar b;
+    auto* timer = b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"));
+    const QPoint arrow = b.middleOf(QStyle::SC_ScrollBarAddLine);
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, arrow);
+    QVERIFY(timer->isActive());
+    QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, arrow);
+    QVERIFY(!timer->isActive());
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    b.bar.doAutoRepeat();
+    QCOMPARE(next.count(), 0);
+}
+
+void TestScrollBar::otherButtonsDoNothingOnArrows_data()
+{
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::addRow("right") << Qt::RightButton;
+    QTest::addRow("middle") << Qt::MiddleButton;
+}
+
+void TestScrollBar::otherButtonsDoNothingOnArrows()
+{
+    QFETCH(Qt::MouseButton, button);
+    Bar b;
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    QTest::mouseClick(&b.bar, button, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+    QCOMPARE(next.count(), 0);
+    QCOMPARE(b.bar.value(), 0);
+}
+
+void TestScrollBar::hidingStopsRepeating()
+{
+    Bar b;
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+    b.bar.hide();
+    QVERIFY(!b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"))->isActive());
+}
+
+void TestScrollBar::deletingInTheSlotIsSafe()
+{
+    QWidget parent;
+    auto* bar = new QTeskelScrollBar(Qt::Vertical, &parent);
+    bar->resize(20, 200);
+    parent.show();
+    connect(bar, &QTeskelScrollBar::valueChanged, bar, [bar] { bar->deleteLater(); });
+    QPointer<QTeskelScrollBar> alive(bar);
+    QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(10, 198));
+    QTRY_VERIFY(alive.isNull());
+}
+
+void TestScrollBar::keys_data()
+{
+    QTest::addColumn<Qt::Orientation>("orientation");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<bool>("taken");
+    const auto both = {Qt::Vertical, Qt::Horizontal};
+    for (const auto orientation : both) {
+        const bool vertical = orientation == Qt::Vertical;
+        const auto row = [&](const char* name, int key, int value, bool taken) {
+            QTest::addRow("%s %s", vertical ? "vertical" : "horizontal", name)
+                << orientation << key << value << taken;
+        };
+        row("Home", Qt::Key_Home, 0, true);
+        row("End", Qt::Key_End, 100, true);
+        row("Page Up", Qt::Key_PageUp, 50 - PageStep, true);
+        row("Page Down", Qt::Key_PageDown, 50 + PageStep, true);
+        row("Up", Qt::Key_Up, vertical ? 50 - LineStep : 50, vertical);
+        row("Down", Qt::Key_Down, vertical ? 50 + LineStep : 50, vertical);
+        row("Left", Qt::Key_Left, vertical ? 50 : 50 - LineStep, !vertical);
+        row("Right", Qt::Key_Right, vertical ? 50 : 50 + LineStep, !vertical);
+        row("a", Qt::Key_A, 50, false);
+        row("Space", Qt::Key_Space, 50, false);
+    }
+}
+
+void TestScrollBar::keys()
+{
+    QFETCH(Qt::Orientation, orientation);
+    QFETCH(int, key);
+    QFETCH(int, value);
+    QFETCH(bool, taken);
+    Bar b(QStringLiteral("Fusion"), orientation);
+    b.bar.setValue(50);
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    QSignalSpy prev(&b.bar, &QTeskelScrollBar::prevLine);
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    static_cast<QObject&>(b.bar).event(&press);
+    QCOMPARE(b.bar.value(), value);
+    QCOMPARE(press.isAccepted(), taken);
+    QCOMPARE(next.count() + prev.count(), 0);
+}
+
+void TestScrollBar::arrowKeysFollowTheLayoutDirection()
+{
+    Bar b(QStringLiteral("Fusion"), Qt::Horizontal);
+    b.bar.setLayoutDirection(Qt::RightToLeft);
+    b.bar.setValue(50);
+    QTest::keyClick(&b.bar, Qt::Key_Left);
+    QCOMPARE(b.bar.value(), 50 + LineStep);
+    QTest::keyClick(&b.bar, Qt::Key_Right);
+    QCOMPARE(b.bar.value(), 50);
+}
+
+void TestScrollBar::draggingMovesTheSlider()
+{
+    Bar b;
+    QSignalSpy pressed(&b.bar, &QTeskelScrollBar::sliderPressed);
+    QSignalSpy released(&b.bar, &QTeskelScrollBar::sliderReleased);
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    const QPoint start = b.bar.sliderRect().center();
+    QCOMPARE(b.bar.sliderStart(), b.bar.sliderRect().top());
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, start);
+    QVERIFY(b.bar.draggingSlider());
+    QTest::mouseMove(&b.bar, start + QPoint(0, 40));
+    QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, start + QPoint(0, 40));
+    QVERIFY(!b.bar.draggingSlider());
+    QVERIFY(b.bar.value() > 10);
+    QCOMPARE(pressed.count(), 1);
+    QCOMPARE(released.count(), 1);
+    QCOMPARE(next.count(), 0);
+}
+
+void TestScrollBar::draggingWithoutTrackingSetsTheValueAtRelease()
+{
+    Bar b;
+    b.bar.setTracking(false);
+    QVERIFY(!b.bar.tracking());
+    QStringList order;
+    connect(&b.bar, &QTeskelScrollBar::sliderReleased, this,
+            [&] { order << QStringLiteral("released"); });
+    connect(&b.bar, &QTeskelScrollBar::valueChanged, this,
+            [&] { order << QStringLiteral("value"); });
+    QSignalSpy moved(&b.bar, &QTeskelScrollBar::sliderMoved);
+    const QPoint start = b.bar.sliderRect().center();
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, start);
+    QTest::mouseMove(&b.bar, start + QPoint(0, 40));
+    QVERIFY(moved.count() > 0);
+    QCOMPARE(b.bar.value(), 0);
+    QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, start + QPoint(0, 40));
+    QVERIFY(b.bar.value() > 10);
+    QCOMPARE(order, (QStringList{QStringLiteral("released"), QStringLiteral("value")}));
+}
+
+void TestScrollBar::middleButtonJumps_data()
+{
+    QTest::addColumn<QString>("style");
+    for (const QString& style : Styles)
+        QTest::addRow("%s", qPrintable(style)) << style;
+}
+
+void TestScrollBar::middleButtonJumps()
+{
+    QFETCH(QString, style);
+    Bar b(style);
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    const QRect groove = b.rectOf(QStyle::SC_ScrollBarGroove);
+    QTest::mousePress(&b.bar, Qt::MiddleButton, {}, groove.center());
+    QVERIFY2(qAbs(b.bar.value() - 50) <= 3, qPrintable(QString::number(b.bar.value())));
+    QVERIFY(b.bar.draggingSlider());
+    QMouseEvent move(QEvent::MouseMove, QPointF(10, groove.bottom()),
+                     b.bar.mapToGlobal(QPointF(10, groove.bottom())), Qt::NoButton,
+                     Qt::MiddleButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&b.bar, &move);
+    QCOMPARE(b.bar.value(), 100);
+    QTest::mouseRelease(&b.bar, Qt::MiddleButton, {}, groove.center());
+    QVERIFY(!b.bar.draggingSlider());
+    QCOMPARE(next.count(), 0);
+}
+
+void TestScrollBar::pressedArrowIsDrawnPressed_data()
+{
+    middleButtonJumps_data();
+}
+
+void TestScrollBar::pressedArrowIsDrawnPressed()
+{
+    QFETCH(QString, style);
+    Bar b(style);
+    b.bar.setValue(100);
+    const QRect arrow = b.rectOf(QStyle::SC_ScrollBarAddLine);
+    const QImage before = b.bar.grab(arrow).toImage();
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, arrow.center());
+    const QImage pressed = b.bar.grab(arrow).toImage();
+    QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, arrow.center());
+    QVERIFY(before != pressed);
+}
+
+void TestScrollBar::arrowsLookEnabledWithEmptyRange_data()
+{
+    middleButtonJumps_data();
+}
+
+void TestScrollBar::arrowsLookEnabledWithEmptyRange()
+{
+    QFETCH(QString, style);
+    Bar b(style);
+    const QRect add = b.rectOf(QStyle::SC_ScrollBarAddLine);
+    const QRect sub = b.rectOf(QStyle::SC_ScrollBarSubLine);
+    const QImage addInRange = b.bar.grab(add).toImage();
+    const QImage subInRange = b.bar.grab(sub).toImage();
+    b.bar.setRange(0, 0);
+    QCOMPARE(b.bar.grab(add).toImage(), addInRange);
+    QCOMPARE(b.bar.grab(sub).toImage(), subInRange);
+    b.bar.setEnabled(false);
+    QVERIFY(b.bar.grab(add).toImage() != addInRange);
+}
+
+void TestScrollBar::hasNoContextMenu()
+{
+    QCOMPARE(QTeskelScrollBar(Qt::Vertical).contextMenuPolicy(), Qt::NoContextMenu);
+}
+
+void TestScrollBar::standardNames()
+{
+    QTeskelScrollBar bar(Qt::Horizontal, nullptr, "named");
+    QCOMPARE(bar.objectName(), QStringLiteral("named"));
+    QCOMPARE(bar.orientation(), Qt::Horizontal);
+    bar.setMinValue(-5);
+    bar.setMaxValue(50);
+    bar.setLineStep(7);
+    QCOMPARE(bar.minValue(), -5);
+    QCOMPARE(bar.maxValue(), 50);
+    QCOMPARE(bar.lineStep(), 7);
+    QVERIFY(bar.tracking());
+}
+
+QTEST_MAIN(TestScrollBar)
+#include "test_scrollbar.moc"

@@ -1,0 +1,436 @@
+// SPDX-License-Identifier: MIT
+#include "tests/widgets/signallog.h"
+#include "widgets/qteskelscrollview.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+#include <QtTest/qtestspontaneevent.h>
+
+namespace
+{
+/// A view that may take wheel events itself and notes where they were.
+class WheelView : public QTeskelScrollView
+{
+public:
+    using QTeskelScrollView::QTeskelScrollView;
+    bool takesWheel = false;
+    QList<QPointF> offered;
+
+protected:
+    void viewportWheelEvent(QWheelEvent* event) override
+    {
+        offered << event->position();
+        event->setAccepted(takesWheel);
+    }
+};
+
+void show(QTeskelScrollView& view)
+{
+    view.resize(200, 200);
+    view.setHScrollBarMode(QTeskelScrollView::AlwaysOff);
+    view.setVScrollBarMode(QTeskelScrollView::AlwaysOff);
+    view.setFrameStyle(QFrame::NoFrame);
+    view.show();
+}
+
+bool turnWheel(QWidget* receiver, QPoint position)
+{
+    QWheelEvent event(position, receiver->mapToGlobal(position), QPoint(), QPoint(0, -120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(receiver, &event);
+    return event.isAccepted();
+}
+} // namespace
+
+class TestScrollView : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void declarationOrder();
+    void partsHaveTheirNames();
+    void frameIsSunkenStyledPanel();
+    void rangesFollowContents();
+    void rangeIsEmptyWhenContentsFit();
+    void barsMoveContents();
+    void contentsMovingComesBeforeTheMove();
+    void positionIsCutToTheRange();
+    void ensureVisible_data();
+    void ensureVisible();
+    void marginsAreZeroWhenContentsFit();
+    void centerPutsThePointInTheMiddle();
+    void coordinatesConvert();
+    void childrenMoveWithContents();
+    void childrenMoveWithTheClipper();
+    void autoOneFollowsTheChild();
+    void resizeContentsIsManual();
+    void deletedChildIsForgotten();
+    void childrenOutliveTheView();
+    void clipperAfterChildrenWarns();
+    void wheelIsOfferedToTheViewportFirst();
+    void wheelGoesToTheVerticalBar();
+    void wheelOnTheViewportArrivesOnce_data();
+    void wheelOnTheViewportArrivesOnce();
+    void scrollingKeepsOtherChildWidgets();
+    void scrollBarModes();
+    void marginsShrinkTheViewport();
+    void disablingReachesTheBars();
+};
+
+void TestScrollView::declarationOrder()
+{
+    const auto& meta = QTeskelScrollView::staticMetaObject;
+    QCOMPARE(
+        teskel::test::methodsOf(meta, QMetaMethod::Slot),
+        (QStringList{
+            QStringLiteral("resizeContents(int,int)"), QStringLiteral("scrollBy(int,int)"),
+            QStringLiteral("setContentsPos(int,int)"), QStringLiteral("ensureVisible(int,int)"),
+            QStringLiteral("ensureVisible(int,int,int,int)"), QStringLiteral("center(int,int)"),
+            QStringLiteral("center(int,int,float,float)"), QStringLiteral("updateScrollBars()"),
+            QStringLiteral("setEnabled(bool)"), QStringLiteral("hslide(int)"),
+            QStringLiteral("vslide(int)")}));
+    QCOMPARE(teskel::test::methodsOf(meta, QMetaMethod::Signal),
+             QStringList{QStringLiteral("contentsMoving(int,int)")});
+}
+
+void TestScrollView::partsHaveTheirNames()
+{
+    QTeskelScrollView view(nullptr, "view");
+    QCOMPARE(view.objectName(), QStringLiteral("view"));
+    QCOMPARE(view.horizontalScrollBar(),
+             view.findChild<QTeskelScrollBar*>(QStringLiteral("qt_hbar")));
+    QCOMPARE(view.verticalScrollBar(),
+             view.findChild<QTeskelScrollBar*>(QStringLiteral("qt_vbar")));
+    QCOMPARE(view.viewport()->objectName(), QStringLiteral("qt_viewport"));
+    QCOMPARE(view.clipper(), view.viewport());
+    view.enableClipper(true);
+    QCOMPARE(view.clipper()->objectName(), QStringLiteral("qt_clipped_viewport"));
+    for (const QTeskelScrollBar* bar : {view.horizontalScrollBar(), view.verticalScrollBar()}) {
+        QCOMPARE(bar->lineStep(), 20);
+        QCOMPARE(bar->pageStep(), 1);
+    }
+}
+
+void TestScrollView::frameIsSunkenStyledPanel()
+{
+    QTeskelScrollView view;
+    QCOMPARE(view.frameStyle(), int(QFrame::StyledPanel) | int(QFrame::Sunken));
+}
+
+void TestScrollView::rangesFollowContents()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(500, 1000);
+    QCOMPARE(view.horizontalScrollBar()->maximum(), 300);
+    QCOMPARE(view.verticalScrollBar()->maximum(), 800);
+    QCOMPARE(view.verticalScrollBar()->pageStep(), 200);
+    view.resize(200, 300);
+    QCOMPARE(view.verticalScrollBar()->maximum(), 700);
+}
+
+void TestScrollView::rangeIsEmptyWhenContentsFit()
+{
+    QTeskelScrollView view;
+    view.resize(200, 200);
+    view.show();
+    view.resizeContents(view.visibleWidth(), view.visibleHeight());
+    QCOMPARE(view.verticalScrollBar()->maximum(), 0);
+    QVERIFY(!view.verticalScrollBar()->isVisible());
+    view.resizeContents(10, 1000);
+    QTRY_VERIFY(view.verticalScrollBar()->isVisible());
+    QVERIFY(!view.horizontalScrollBar()->isVisible());
+}
+
+void TestScrollView::barsMoveContents()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(500, 1000);
+    view.verticalScrollBar()->setValue(40);
+    view.horizontalScrollBar()->setValue(30);
+    QCOMPARE(view.contentsY(), 40);
+    QCOMPARE(view.contentsX(), 30);
+    view.scrollBy(5, -10);
+    QCOMPARE(view.horizontalScrollBar()->value(), 35);
+    QCOMPARE(view.verticalScrollBar()->value(), 30);
+}
+
+void TestScrollView::contentsMovingComesBeforeTheMove()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(500, 1000);
+    QList<int> seen;
+    connect(&view, &QTeskelScrollView::contentsMoving, this,
+            [&](int x, int y) { seen << x << y << view.contentsY(); });
+    view.setContentsPos(0, 100);
+    QCOMPARE(seen, (QList<int>{0, 100, 0}));
+}
+
+void TestScrollView::positionIsCutToTheRange()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(500, 1000);
+    view.setContentsPos(9999, 9999);
+    QCOMPARE(view.contentsX(), 300);
+    QCOMPARE(view.contentsY(), 800);
+    view.setContentsPos(-5, -5);
+    QCOMPARE(view.contentsX(), 0);
+    QCOMPARE(view.contentsY(), 0);
+}
+
+void TestScrollView::ensureVisible_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("y");
+    QTest::addColumn<int>("margin");
+    QTest::addColumn<int>("expected");
+    QTest::addRow("in view stays") << 300 << 400 << 20 << 300;
+    QTest::addRow("above") << 300 << 250 << 20 << 230;
+    QTest::addRow("below") << 300 << 600 << 20 << 420;
+    QTest::addRow("margin cut to half the view") << 300 << 600 << 5000 << 500;
+    QTest::addRow("cut at the end") << 300 << 995 << 20 << 800;
+    QTest::addRow("cut at the beginning") << 300 << 5 << 20 << 0;
+}
+
+void TestScrollView::ensureVisible()
+{
+    QFETCH(int, from);
+    QFETCH(int, y);
+    QFETCH(int, margin);
+    QFETCH(int, expected);
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(500, 1000);
+    view.setContentsPos(0, from);
+    view.ensureVisible(0, y, 0, margin);
+    QCOMPARE(view.contentsY(), expected);
+}
+
+void TestScrollView::marginsAreZeroWhenContentsFit()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(100, 1000);
+    view.ensureVisible(90, 500);
+    QCOMPARE(view.contentsX(), 0);
+    QCOMPARE(view.contentsY(), 500 - 200 + 50);
+}
+
+void TestScrollView::centerPutsThePointInTheMiddle()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(1000, 1000);
+    view.center(500, 500);
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(400, 400));
+    view.setContentsPos(0, 0);
+    view.center(500, 500, 0.0F, 0.0F);
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(300, 300));
+}
+
+void TestScrollView::coordinatesConvert()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(1000, 1000);
+    view.setContentsPos(10, 20);
+    QCOMPARE(view.contentsToViewport({15, 30}), QPoint(5, 10));
+    QCOMPARE(view.viewportToContents({5, 10}), QPoint(15, 30));
+}
+
+void TestScrollView::childrenMoveWithContents()
+{
+    QTeskelScrollView view;
+    show(view);
+    auto* child = new QWidget;
+    view.setResizePolicy(QTeskelScrollView::Manual);
+    view.addChild(child, 50, 60);
+    view.resizeContents(1000, 1000);
+    QCOMPARE(child->parentWidget(), view.viewport());
+    view.setContentsPos(10, 20);
+    QCOMPARE(child->pos(), QPoint(40, 40));
+    QCOMPARE(QPoint(view.childX(child), view.childY(child)), QPoint(50, 60));
+    view.moveChild(child, 100, 100);
+    QCOMPARE(child->pos(), QPoint(90, 80));
+    view.removeChild(child);
+    view.setContentsPos(0, 0);
+    QCOMPARE(child->pos(), QPoint(90, 80));
+    view.addChild(nullptr);
+}
+
+void TestScrollView::childrenMoveWithTheClipper()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.enableClipper(true);
+    view.setResizePolicy(QTeskelScrollView::Manual);
+    auto* child = new QWidget;
+    view.addChild(child, 50, 60);
+    view.resizeContents(1000, 1000);
+    view.setContentsPos(10, 20);
+    QCOMPARE(child->parentWidget(), view.clipper());
+    QCOMPARE(child->mapTo(view.viewport(), QPoint(0, 0)), QPoint(40, 40));
+}
+
+void TestScrollView::autoOneFollowsTheChild()
+{
+    QTeskelScrollView view;
+    show(view);
+    auto* child = new QWidget;
+    child->resize(300, 400);
+    view.addChild(child);
+    QCOMPARE(view.resizePolicy(), QTeskelScrollView::AutoOne);
+    QCOMPARE(QSize(view.contentsWidth(), view.contentsHeight()), QSize(300, 400));
+    child->resize(310, 500);
+    QCOMPARE(view.contentsHeight(), 500);
+}
+
+void TestScrollView::resizeContentsIsManual()
+{
+    QTeskelScrollView view;
+    view.resizeContents(-1, 10);
+    QCOMPARE(view.resizePolicy(), QTeskelScrollView::Manual);
+    QCOMPARE(QSize(view.contentsWidth(), view.contentsHeight()), QSize(0, 10));
+}
+
+void TestScrollView::deletedChildIsForgotten()
+{
+    QTeskelScrollView view;
+    show(view);
+    auto* child = new QWidget;
+    view.addChild(child, 5, 5);
+    delete child;
+    view.resizeContents(1000, 1000);
+    view.setContentsPos(0, 50);
+    QCOMPARE(view.childX(child), 0);
+}
+
+void TestScrollView::childrenOutliveTheView()
+{
+    auto view = std::make_unique<QTeskelScrollView>();
+    auto* child = new QWidget;
+    QPointer<QWidget> alive(child);
+    view->addChild(child, 5, 5);
+    view.reset();
+    QVERIFY(alive.isNull());
+}
+
+void TestScrollView::clipperAfterChildrenWarns()
+{
+    QTeskelScrollView view;
+    view.addChild(new QWidget);
+    QTest::ignoreMessage(QtWarningMsg,
+                         "May only call QScrollView::enableClipper() before adding widgets");
+    view.enableClipper(true);
+    QCOMPARE(view.clipper(), view.viewport());
+}
+
+void TestScrollView::wheelIsOfferedToTheViewportFirst()
+{
+    WheelView view;
+    view.resize(200, 200);
+    view.show();
+    view.resizeContents(100, 1000);
+    view.takesWheel = true;
+    QVERIFY(turnWheel(&view, {50, 60}));
+    QCOMPARE(view.offered,
+             QList<QPointF>{QPointF(view.viewport()->mapFrom(&view, QPoint(50, 60)))});
+    QCOMPARE(view.contentsY(), 0);
+}
+
+void TestScrollView::wheelGoesToTheVerticalBar()
+{
+    WheelView view;
+    view.resize(200, 200);
+    view.show();
+    view.resizeContents(100, 1000);
+    QVERIFY(turnWheel(&view, {50, 60}));
+    QCOMPARE(view.contentsY(), 3 * 20);
+    view.setContentsPos(0, 1000);
+    QVERIFY(!turnWheel(&view, {50, 60}));
+    QCOMPARE(view.offered.size(), 2);
+}
+
+void TestScrollView::wheelOnTheViewportArrivesOnce_data()
+{
+    QTest::addColumn<bool>("fromWindowSystem");
+    QTest::addColumn<bool>("atTheEnd");
+    for (const bool fromWindowSystem : {false, true}) {
+        for (const bool atTheEnd : {false, true}) {
+            QTest::addRow("%s, %s", fromWindowSystem ? "window system" : "program",
+                          atTheEnd ? "at the end" : "at the beginning")
+                << fromWindowSystem << atTheEnd;
+        }
+    }
+}
+
+void TestScrollView::wheelOnTheViewportArrivesOnce()
+{
+    QFETCH(bool, fromWindowSystem);
+    QFETCH(bool, atTheEnd);
+    WheelView view;
+    view.resize(200, 200);
+    view.show();
+    view.resizeContents(100, 1000);
+    if (atTheEnd)
+        view.setContentsPos(0, 1000);
+    const int before = view.contentsY();
+    QWheelEvent event(QPointF(50, 60), view.viewport()->mapToGlobal(QPointF(50, 60)), QPoint(),
+                      QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    if (fromWindowSystem)
+        QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(view.viewport(), &event);
+    QCOMPARE(view.offered, QList<QPointF>{QPointF(50, 60)});
+    QCOMPARE(view.contentsY(), atTheEnd ? before : 3 * 20);
+    QCOMPARE(event.isAccepted(), !atTheEnd);
+}
+
+void TestScrollView::scrollingKeepsOtherChildWidgets()
+{
+    QTeskelScrollView view;
+    show(view);
+    auto* overlay = new QWidget(view.viewport());
+    overlay->move(10, 10);
+    view.resizeContents(1000, 1000);
+    view.setContentsPos(50, 50);
+    QCOMPARE(overlay->pos(), QPoint(10, 10));
+}
+
+void TestScrollView::scrollBarModes()
+{
+    QTeskelScrollView view;
+    QCOMPARE(view.vScrollBarMode(), QTeskelScrollView::Auto);
+    view.resize(200, 200);
+    view.setVScrollBarMode(QTeskelScrollView::AlwaysOn);
+    view.setHScrollBarMode(QTeskelScrollView::AlwaysOff);
+    view.resizeContents(1000, 10);
+    view.show();
+    QCOMPARE(view.vScrollBarMode(), QTeskelScrollView::AlwaysOn);
+    QCOMPARE(view.hScrollBarMode(), QTeskelScrollView::AlwaysOff);
+    QVERIFY(view.verticalScrollBar()->isVisible());
+    QVERIFY(!view.horizontalScrollBar()->isVisible());
+}
+
+void TestScrollView::marginsShrinkTheViewport()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.setMargins(10, 20, 30, 40);
+    QCOMPARE(view.viewport()->geometry(), QRect(10, 20, 160, 140));
+    QCOMPARE(view.leftMargin() + view.topMargin() + view.rightMargin() + view.bottomMargin(), 100);
+}
+
+void TestScrollView::disablingReachesTheBars()
+{
+    QTeskelScrollView view;
+    view.setEnabled(false);
+    QVERIFY(!view.isEnabled());
+    QVERIFY(!view.verticalScrollBar()->isEnabled());
+}
+
+QTEST_MAIN(TestScrollView)
+#include "test_scrollview.moc"
