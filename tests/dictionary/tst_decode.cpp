@@ -61,6 +61,7 @@ private slots:
     void unpacksLiterals();
     void unpacksMatchesThatOverlapThemselves();
     void severalBlocks();
+    void workedExamplesOfTheFormatsDescription();
     void methodsUnpackToIdenticalBytes();
     void blockWithoutTheIdGivesNull();
     void archiveEndMarkGivesNull();
@@ -131,6 +132,28 @@ void TestDecode::severalBlocks()
         block.writeTo(bits);
     }
     QCOMPARE(unpackToBytes(makeMember(2, bits.bytes(), expected), expected.size()), expected);
+}
+
+// The examples at the end of docs/lexicon-format.md.
+void TestDecode::workedExamplesOfTheFormatsDescription()
+{
+    const QByteArray expected = "aaaab";
+    BitWriter fast;
+    fast.put("0").put("01100001");
+    fast.put("10").put("0").put("0").put("000000000");
+    fast.put("0").put("01100010");
+    QCOMPARE(fast.bytes(), QByteArray::fromHex("30c000c4"));
+    QCOMPARE(unpackToBytes(makeMember(4, fast.bytes(), expected), 5), expected);
+
+    BitWriter block;
+    block.put("0000000000000011");
+    block.put("00101").put("000").put("000").put("001").put("00").put("010").put("010");
+    block.put("100000001").put("0").put("001001101").put("10").put("11");
+    block.put("0").put("010001001").put("11");
+    block.put("00000").put("00000");
+    block.put("0").put("11").put("10");
+    for (quint8 method = 1; method <= 3; ++method)
+        QCOMPARE(unpackToBytes(makeMember(method, block.bytes(), expected), 5), expected);
 }
 
 void TestDecode::methodsUnpackToIdenticalBytes()

@@ -156,6 +156,19 @@ void TestDecodeHostile::damagedTables_data()
     {
         BitWriter bits;
         bits.put(1, 16);
+        putSmallTable(bits, {0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 1}, 3); // run: 0, eight bits: 1
+        bits.put(510, 9);
+        for (int i = 0; i < 256; ++i)
+            bits.put("1");
+        for (int i = 0; i < 14; ++i)
+            bits.put("0").put(15, 4); // 18 zeros
+        bits.put("0").put(0, 4);      // 3 more, where 2 are left
+        putSingle(bits, 0, 5);
+        add("run of zero lengths one past the alphabet", bits);
+    }
+    {
+        BitWriter bits;
+        bits.put(1, 16);
         putSingle(bits, 9, 5); // 256 characters of 7 bits
         bits.put(256, 9);
         add("character code oversubscribed", bits);
