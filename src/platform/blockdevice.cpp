@@ -29,7 +29,7 @@ QString directoryOfMapping(const QString& sysfs, const QString& name)
     const QDir devices(sysfs + QLatin1String("/class/block"));
     const QStringList names = devices.entryList({QStringLiteral("dm-*")}, QDir::Dirs);
     for (const QString& device : names) {
-        const QString path = devices.filePath(device);
+        QString path = devices.filePath(device);
         if (attribute(path, QStringLiteral("dm/name")) == name)
             return path;
     }
@@ -42,11 +42,11 @@ QString directoryOf(const QString& sysfs, const QString& source, const QString& 
         return {};
     const QString target = QFileInfo(source).canonicalFilePath();
     const QString name = QFileInfo(target.isEmpty() ? source : target).fileName();
-    const QString byName = sysfs + QLatin1String("/class/block/") + name;
+    QString byName = sysfs + QLatin1String("/class/block/") + name;
     if (!name.isEmpty() && QFileInfo(byName).isDir())
         return byName;
     if (source.startsWith(QLatin1String("/dev/mapper/"))) {
-        const QString mapping = directoryOfMapping(sysfs, QFileInfo(source).fileName());
+        QString mapping = directoryOfMapping(sysfs, QFileInfo(source).fileName());
         if (!mapping.isEmpty())
             return mapping;
     }

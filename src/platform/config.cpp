@@ -11,7 +11,7 @@ namespace
 {
 
 // Settings are a few hundred bytes; anything near this size is not a settings file.
-constexpr qint64 LARGEST_FILE = 1024 * 1024;
+constexpr qint64 LARGEST_FILE = 1'048'576;
 
 QString userFileName(const QString& name)
 {

@@ -38,7 +38,7 @@ signals:
 private:
     void connected();
 
-    QThread* _connector = nullptr;
+    [[maybe_unused]] QThread* _connector = nullptr;
 };
 
 } // namespace teskel

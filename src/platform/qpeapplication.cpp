@@ -47,8 +47,9 @@ QPEApplication::QPEApplication(int& argc, char** argv)
     new teskel::MountWatcher(StorageInfo::roots().mountInfo, this);
 
     auto* documents = new teskel::DocumentService(this);
-    connect(documents, &teskel::DocumentService::openRequested, this,
-            &QPEApplication::openDocument);
+    // Queued: a message about a bad file must not keep the asking program waiting for its answer.
+    connect(documents, &teskel::DocumentService::openRequested, this, &QPEApplication::openDocument,
+            Qt::QueuedConnection);
     connect(documents, &teskel::DocumentService::activateRequested, this,
             &QPEApplication::activateMainWidget);
     QTimer::singleShot(0, documents, &teskel::DocumentService::start);

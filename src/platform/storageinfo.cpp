@@ -12,7 +12,7 @@ namespace
 {
 
 // Far above any real table; a wrong path must not fill the memory.
-constexpr qint64 LARGEST_TABLE = 4 * 1024 * 1024;
+constexpr qint64 LARGEST_TABLE = 4'194'304;
 
 StorageRoots& currentRoots()
 {

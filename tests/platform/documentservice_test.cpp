@@ -91,6 +91,7 @@ private slots:
     void openReachesTheMainWidget_data();
     void openReachesTheMainWidget();
     void requestsDuringAMessageBoxWait();
+    void messageBoxDoesNotHoldUpTheAnswer();
     void activateIsAnswered();
     void firstProgramKeepsTheName();
     void withoutABusTheProgramRuns_data();
@@ -155,6 +156,19 @@ void DocumentServiceTest::requestsDuringAMessageBoxWait()
             .type(),
         QDBusMessage::ReplyMessage);
     QVERIFY(!probe.log().contains(u"document /b.PDB"_qs));
+}
+
+void DocumentServiceTest::messageBoxDoesNotHoldUpTheAnswer()
+{
+    Bus bus;
+    if (!bus.start())
+        QSKIP("no dbus-daemon");
+    Probe probe({u"--box"_qs}, environmentWith(bus.address()));
+    QVERIFY(waitForOwner(bus.connection()));
+    const QDBusMessage reply =
+        call(bus.connection(), u"Open"_qs, {QStringList{u"file:///a.PDB"_qs}, QVariantMap()});
+    QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
+    QVERIFY(probe.waitFor(u"document /a.PDB"_qs));
 }
 
 void DocumentServiceTest::activateIsAnswered()
