@@ -1,0 +1,64 @@
+# SPDX-License-Identifier: MIT
+"""Dictionaries that the desktop asks the running reader to open."""
+from gi.repository import Gio, GLib
+
+from harness.accessible import connect
+from harness.scenario import Scenario
+from harness.waiting import wait_for_value, wait_until
+
+NAME = "org.teskel.Teskel"
+PATH = "/org/teskel/Teskel"
+
+
+class Documents(Scenario):
+
+    def setUp(self):
+        super().setUp()
+        self.bus = connect(self.desktop.bus_address)
+        self.addCleanup(self.bus.close_sync, None)
+
+    def call(self, service, path, interface, method, arguments):
+        return self.bus.call_sync(service, path, interface, method, arguments, None,
+                                  Gio.DBusCallFlags.NONE, 10000, None)
+
+    def owner(self):
+        answer = self.call("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                           "org.freedesktop.DBus", "ListNames", None).unpack()[0]
+        if NAME not in answer:
+            return None
+        return self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                         "GetConnectionUnixProcessID", GLib.Variant("(s)", (NAME,))).unpack()[0]
+
+    def open(self, path):
+        uri = GLib.filename_to_uri(str(path), None)
+        self.call(NAME, PATH, "org.freedesktop.Application", "Open",
+                  GLib.Variant("(asa{sv})", ([uri], {})))
+
+    def test_a_document_opens_in_the_running_reader(self):
+        reader = self.start_on("Eng2Ger")
+        wait_for_value("the owner of the name", self.owner, reader.pid)
+        target = self.home.place("a place with blanks/Ger2Eng.PDB",
+                                 self.samples["Ger2Eng"].read_bytes())
+        self.open(target)
+        reader.wait_for_title("Teskel-Ger2Eng")
+        self.end(reader)
+        self.assertEqual(self.home.view_setting("LastOpenFile"), str(target))
+
+    def test_a_document_that_is_no_dictionary_is_reported(self):
+        reader = self.start_on("Eng2Ger")
+        wait_for_value("the owner of the name", self.owner, reader.pid)
+        broken = self.home.place("Broken.PDB", b"no dictionary")
+        self.open(broken)
+        self.assertEqual(reader.message(), f"File\n{broken}\nis not a valid dictionary")
+        reader.dismiss()
+        self.assertEqual(reader.title, "Teskel-Eng2Ger")
+
+    def test_a_second_reader_has_its_own_window(self):
+        first = self.start_on("Eng2Ger")
+        wait_for_value("the owner of the name", self.owner, first.pid)
+        second = self.start("-f", self.home.dictionaries / "Ger2Eng.PDB")
+        wait_for_value("the second title", lambda: second.title, "Teskel-Ger2Eng")
+        self.assertEqual(first.title, "Teskel-Eng2Ger")
+        self.assertEqual(self.owner(), first.pid)
+        self.end(first)
+        wait_until("the name to be free", lambda: self.owner() != first.pid)
