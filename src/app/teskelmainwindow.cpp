@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QToolButton>
 
+#include "app/menubutton.h"
 #include "files/fileloader.h"
 #include "files/qteskelfileinfo.h"
 #include "files/qteskelfilemenu.h"
@@ -107,14 +108,12 @@ void TeskelMainWindow::createMenus(QAction*& preferences)
 
 void TeskelMainWindow::createOpenButton()
 {
-    auto* button = new QToolButton(_toolBar);
+    auto* button = new teskel::MenuButton(_toolBar);
     button->setIcon(Resource::loadIcon(QStringLiteral("teskel-open")));
     button->setToolTip(tr("Select a dictionary"));
     button->setAccessibleName(button->toolTip());
-    button->setFocusPolicy(Qt::NoFocus);
     button->setIconSize(_toolBar->iconSize());
     connect(_toolBar, &QToolBar::iconSizeChanged, button, &QToolButton::setIconSize);
-    button->setPopupMode(QToolButton::InstantPopup);
     _toolBar->addWidget(button);
 
     _fileMenu = new QTeskelFileMenu(this, "fileMenu");
