@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// A bare window up to its first painting; with "--stay" it stays.
+#include "bench/support/barewindow.h"
+#include "bench/support/firstpaint.h"
+
+#include <QApplication>
+
+#include <optional>
+
+int main(int argc, char* argv[])
+{
+    const QApplication application(argc, argv);
+    teskel::bench::BareWindow window;
+    QStringList rows;
+    for (int row = 0; row < 20; ++row)
+        rows.append(QStringLiteral("word %1").arg(row));
+    window.setView({rows, 0, QStringLiteral("<p><b>word</b></p><p>article</p>")});
+    std::optional<teskel::bench::FirstPaint> end;
+    if (!QApplication::arguments().contains(QStringLiteral("--stay")))
+        end.emplace(&window);
+    window.showMaximized();
+    return QApplication::exec();
+}

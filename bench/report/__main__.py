@@ -1,0 +1,57 @@
+# SPDX-License-Identifier: MIT
+"""Compares the reader with other programs, on the same data in the same run, and prints a table.
+
+usage: python3 bench/report [--smoke] [--lexicon FILE] [--only SECTION,...] BUILD-DIRECTORY
+"""
+import argparse
+import sys
+import tempfile
+from pathlib import Path
+
+import corpus
+import decoding
+import growth
+import lookups
+import start
+import table
+import window
+
+SECTIONS = {
+    "decoder": decoding.measure,
+    "growth": growth.measure,
+    "lookups": lookups.measure,
+    "window": window.measure,
+    "start": start.measure,
+}
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser(prog="bench/report", description=__doc__.splitlines()[0])
+    parser.add_argument("build", type=Path, help="build directory")
+    parser.add_argument("--lexicon", type=Path, help="the dictionary to measure with")
+    parser.add_argument("--only", help="sections, by commas: " + ", ".join(SECTIONS))
+    parser.add_argument("--smoke", action="store_true",
+                        help="everything once over on a small made-up dictionary")
+    arguments = parser.parse_args()
+    chosen = arguments.only.split(",") if arguments.only else list(SECTIONS)
+    unknown = [name for name in chosen if name not in SECTIONS]
+    if unknown:
+        parser.error("no such section: " + ", ".join(unknown))
+    if not arguments.smoke and not arguments.lexicon:
+        parser.error("--lexicon or --smoke is needed")
+    return arguments, chosen
+
+
+def main():
+    arguments, chosen = parse_arguments()
+    with tempfile.TemporaryDirectory(prefix="teskel-bench-") as directory:
+        data = corpus.Corpus(arguments.build, Path(directory), arguments.lexicon,
+                             smoke=arguments.smoke)
+        for name in chosen:
+            print(f"{name}:", flush=True)
+            print(table.format_rows(SECTIONS[name](data)) + "\n", flush=True)
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

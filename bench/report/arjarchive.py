@@ -1,0 +1,28 @@
+# SPDX-License-Identifier: MIT
+"""The word records of a dictionary as one ARJ archive, which other programs can test."""
+import struct
+import zlib
+
+FIRST_WORD_RECORD = 5
+
+
+def records(path):
+    """The word records of a dictionary file, packed as they stand in it."""
+    data = path.read_bytes()
+    count, = struct.unpack_from(">H", data, 76)
+    offsets = [struct.unpack_from(">I", data, 78 + 8 * index)[0] for index in range(count)]
+    ends = offsets[1:] + [len(data)]
+    return [data[start:end] for start, end in zip(offsets, ends)][FIRST_WORD_RECORD:]
+
+
+def header(file_type, name):
+    basic = struct.pack("<BBBBBBBBIIIIHHH", 30, 11, 1, 2, 0, 0, file_type, 0,
+                        0, 0, 0, 0, 0, 0, 0) + name + b"\0\0"
+    return struct.pack("<HH", 0xEA60, len(basic)) + basic + struct.pack("<IH", zlib.crc32(basic), 0)
+
+
+def write(lexicon, target):
+    main_header = 2
+    target.write_bytes(header(main_header, b"bench.arj") + b"".join(records(lexicon))
+                       + b"\x60\xEA\0\0")
+    return target

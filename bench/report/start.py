@@ -1,0 +1,46 @@
+# SPDX-License-Identifier: MIT
+"""From the start of the process to the painted window."""
+import struct
+
+import display
+import processes
+from table import Row
+
+
+def index_size(lexicon):
+    """Bytes of the word index, record 0."""
+    with open(lexicon, "rb") as file:
+        header = file.read(78 + 16)
+    first, = struct.unpack_from(">I", header, 78)
+    second, = struct.unpack_from(">I", header, 86)
+    return second - first
+
+
+def measure(data):
+    rows = []
+    reader = data.program("bench_start_reader")
+    bare = data.program("bench_start_bare")
+    repeats = 1 if data.smoke else 25
+    with display.platforms(data) as platforms:
+        for name, environment in platforms:
+            commands = [[bare]] + [[reader, "-f", path] for _, path in data.by_size]
+            costs = processes.cpu_pairs(commands, repeats, environment)
+            for (words, _), cost in zip(data.by_size, costs[1:]):
+                rows.append(Row(f"start until painted, {words} words, {name}", cost * 1e3, "ms",
+                                costs[0] * 1e3, "bare Qt window", limit=2.0))
+        rows += bytes_read(data, reader, environment)
+    return rows
+
+
+def bytes_read(data, reader, environment):
+    """What is read at start beyond what is read with the smallest dictionary, beside what the
+    word index is longer."""
+    read = [int(processes.cpu_once([reader, "-f", path], environment)[1]) for _, path in
+            data.by_size]
+    first_index = index_size(data.by_size[0][1])
+    rows = []
+    for (words, path), count in list(zip(data.by_size, read))[1:]:
+        rows.append(Row(f"bytes read at start beyond those of {data.by_size[0][0]} words, "
+                        f"{words} words", (count - read[0]) / 1024, "KiB",
+                        (index_size(path) - first_index) / 1024, "growth of the word index"))
+    return rows
