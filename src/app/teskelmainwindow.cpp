@@ -3,13 +3,13 @@
 
 #include <QAction>
 #include <QMenu>
-#include <QMessageBox>
 #include <QToolButton>
 
 #include "app/menubutton.h"
 #include "files/fileloader.h"
 #include "files/qteskelfileinfo.h"
 #include "files/qteskelfilemenu.h"
+#include "lookup/plainmessage.h"
 #include "lookup/teskelmainwidget.h"
 #include "platform/qpeapplication.h"
 #include "platform/qpemenubar.h"
@@ -186,7 +186,8 @@ void TeskelMainWindow::setCaption(const QString& name)
 
 void TeskelMainWindow::lexiconAddEditWord()
 {
-    QMessageBox::information(this, tr("Teskel"), tr("Sorry, this feature is not yet available."));
+    teskel::showPlainMessage(this, QMessageBox::Information, tr("Teskel"),
+                             tr("Sorry, this feature is not yet available."));
 }
 
 void TeskelMainWindow::lexiconRandomWord()
@@ -196,7 +197,7 @@ void TeskelMainWindow::lexiconRandomWord()
 
 void TeskelMainWindow::lexiconDeleteCurrent()
 {
-    QMessageBox::information(this, tr("Teskel"),
+    teskel::showPlainMessage(this, QMessageBox::Information, tr("Teskel"),
                              tr("The recomended way to delete lexicon \n"
                                 "files is to use the standard \n"
                                 "uninstalation procedure. Go to the \n"
