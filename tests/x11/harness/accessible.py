@@ -18,7 +18,7 @@ _ON_SCREEN = 0
 _ANSWER_MS = 10000
 
 # Bit numbers of the AT-SPI states.
-STATES = {"active": 1, "checked": 4, "editable": 7, "enabled": 8, "focusable": 11, "focused": 12,
+STATES = {"active": 1, "checked": 4, "editable": 7, "enabled": 8, "expanded": 10, "focusable": 11, "focused": 12,
           "pressed": 20, "selected": 23, "sensitive": 24, "showing": 25, "visible": 30}
 
 

@@ -18,7 +18,7 @@ _FRAMED_FROM = 480
 _WINDOW_MANAGER_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew></focus>
-  <theme><name>Clearlooks</name></theme>
+  <theme><name>Clearlooks</name><keepBorder>no</keepBorder></theme>
   <desktops><number>1</number><popupTime>0</popupTime></desktops>
   <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
   <mouse>

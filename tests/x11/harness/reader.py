@@ -60,8 +60,9 @@ class Reader:
 
     @property
     def window(self):
-        """The main window, or None before it is there."""
-        return next((child for child in self.application.children if child.role == "frame"), None)
+        """The main window, once it is there."""
+        return wait_until("the main window", lambda: next(
+            (child for child in self.application.children if child.role == "frame"), None))
 
     @property
     def title(self):
@@ -83,7 +84,7 @@ class Reader:
 
     def _part(self, role, name):
         return wait_until(f"a {role} named {name!r}",
-                          lambda: self.window and self.window.first(role, name),
+                          lambda: self.window.first(role, name),
                           detail=lambda: self.application.tree())
 
     @property
@@ -226,11 +227,10 @@ class Reader:
     def dialog(self, title):
         """Waits for a dialog or message box of that title to be shown and active."""
         def look():
-            for window in self.application.children:
-                if window.role in _DIALOGS and window.name == title:
-                    if window.has_state("showing"):
-                        return window
-            return None
+            try:
+                return next((window for window in self.dialogs if window.name == title), None)
+            except Gone:
+                return None
         found = wait_until(f"a dialog {title!r}", look, detail=lambda: self.application.tree())
         wait_until(f"the dialog {title!r} to be active",
                    lambda: self.desktop.active_window_name() == title,
@@ -240,8 +240,14 @@ class Reader:
     @property
     def dialogs(self):
         """Dialogs and message boxes that are shown."""
-        return [window for window in self.application.children
-                if window.role in _DIALOGS and window.has_state("showing")]
+        shown = []
+        for window in self.application.children:
+            try:
+                if window.role in _DIALOGS and window.has_state("showing"):
+                    shown.append(window)
+            except Gone:
+                continue
+        return shown
 
     def message(self, title="Teskel"):
         """The text of a message box."""
