@@ -65,6 +65,7 @@ TeskelMainWidget::TeskelMainWidget(QWidget* parent, PreferencesData& preferences
     connect(_wordEntry, &QComboBox::activated, this, &TeskelMainWidget::comboActivated);
     _mruOnSelection = true;
     resetLayout();
+    _wordEntry->setFocus();
 }
 
 TeskelMainWidget::~TeskelMainWidget()
@@ -128,7 +129,17 @@ void TeskelMainWidget::fillControls()
 {
     TESKEL_ASSERT(_dictionary.isOpen(), "_dictionary.isOpen()", unit);
     _articleView->setText(teskel::dictionaryDescription(_dictionary));
+    showFirstWords();
+    update();
 
+    _preferences.setLastOpenFile(_dictionary.getUrl());
+    setEditFont();
+    find();
+    _wordEntry->setEnabled(true);
+}
+
+void TeskelMainWidget::showFirstWords()
+{
     _wordList->clear();
     const std::unique_ptr<DictionaryIterator> iterator(_dictionary.createIterator());
     CursorPosition position = iterator->begin();
@@ -140,12 +151,6 @@ void TeskelMainWidget::fillControls()
         position = iterator->move(position, 1);
     }
     _wordList->adjustScrollBars();
-    update();
-
-    _preferences.setLastOpenFile(_dictionary.getUrl());
-    setEditFont();
-    find();
-    _wordEntry->setEnabled(true);
 }
 
 void TeskelMainWidget::setInitialText()

@@ -98,6 +98,7 @@ private:
     void createArticleView();
     void createWordList();
     void createWordEntry();
+    void showFirstWords();
     void selectEntryText();
 
     PreferencesData& _preferences;
