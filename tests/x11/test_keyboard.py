@@ -15,8 +15,8 @@ class Keyboard(Scenario):
     def focused_object(self, root):
         """The innermost object below `root` that has the keyboard, or None."""
         # The tab in front and the current row of a list say so of themselves all the time.
-        focused = [found for found in root.all() if found.role not in ("page tab", "list item")
-                   and found.has_state("focused")]
+        focused = [found for found, role in root.descendants(into_lists=False)
+                   if role != "page tab" and found.has_state("focused")]
         return focused[-1] if focused else None
 
     def focused(self, root):

@@ -18,8 +18,8 @@ _ON_SCREEN = 0
 _ANSWER_MS = 10000
 
 # Bit numbers of the AT-SPI states.
-STATES = {"active": 1, "checked": 4, "editable": 7, "enabled": 8, "expanded": 10, "focusable": 11, "focused": 12,
-          "pressed": 20, "selected": 23, "sensitive": 24, "showing": 25, "visible": 30}
+STATES = {"checked": 4, "editable": 7, "expanded": 10, "focused": 12, "selected": 23,
+          "showing": 25}
 
 
 def connect(address):
@@ -156,36 +156,39 @@ class Accessible:
         x, y, width, height = self.character_rectangle(offset)
         return x + width // 2, y + height // 2
 
-    def all(self, role=None, name=None):
-        """Every object below that has the role and the name, in the order of the tree."""
-        found = []
+    def descendants(self, into_lists=True):
+        """Every object below with its role, in the order of the tree."""
         for child in self._children_if_there():
             try:
-                if role in (None, child.role) and name in (None, child.name):
-                    found.append(child)
+                role = child.role
             except Gone:
                 continue
-            found.extend(child.all(role, name))
-        return found
+            yield child, role
+            if into_lists or role != "list":
+                yield from child.descendants(into_lists)
+
+    def _matching(self, role, name):
+        # The rows of a list are many, and hold nothing but themselves.
+        for found, its_role in self.descendants(into_lists=role in (None, "list item")):
+            try:
+                if role in (None, its_role) and name in (None, found.name):
+                    yield found
+            except Gone:
+                continue
+
+    def all(self, role=None, name=None):
+        """Every object below that has the role and the name, in the order of the tree."""
+        return list(self._matching(role, name))
+
+    def first(self, role=None, name=None):
+        """The first object below that has the role and the name, or None."""
+        return next(self._matching(role, name), None)
 
     def _children_if_there(self):
         try:
             return self.children
         except Gone:
             return []
-
-    def first(self, role=None, name=None):
-        """The first object below that has the role and the name, or None."""
-        for child in self._children_if_there():
-            try:
-                if role in (None, child.role) and name in (None, child.name):
-                    return child
-            except Gone:
-                continue
-            found = child.first(role, name)
-            if found:
-                return found
-        return None
 
     def tree(self, depth=0):
         """The tree as lines of text, for failure messages."""

@@ -19,10 +19,7 @@ class Preferences:
                           detail=lambda: self.window.tree())
 
     def _group(self, title):
-        return wait_until(f"a group {title!r}", lambda: next(
-            (found for found in self.window.all(name=title)
-             if found.role == "panel"), None),
-            detail=lambda: self.window.tree())
+        return self._control("panel", title)
 
     def radio_button(self, group, caption):
         """A radio button by the title of its group and its caption."""

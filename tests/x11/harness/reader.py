@@ -8,6 +8,7 @@ from .waiting import wait_for_value, wait_until
 
 ROWS = 20
 _DIALOGS = ("alert message", "dialog")
+_BUTTONS = ("push button", "button menu", "check box")
 
 
 class Reader:
@@ -177,8 +178,8 @@ class Reader:
     def button(self, name):
         """A button of the tool bar."""
         return wait_until(f"a button {name!r}", lambda: next(
-            (found for found in self.window.all(name=name)
-             if "button" in found.role or found.role == "check box"), None),
+            (found for found, role in self.tool_bar.descendants()
+             if role in _BUTTONS and found.name == name), None),
             detail=lambda: self.application.tree())
 
     def click_button(self, name):
