@@ -57,10 +57,12 @@ class Corpus:
         # A line without a headword describes the dictionary.
         return [line for line in exported if not line.startswith(b"\t")]
 
-    @cached_property
-    def tsv(self):
-        path = self.directory / "whole.tsv"
-        path.write_bytes(b"".join(self.lines))
+    def part(self, size):
+        """Entries from all over the dictionary as a file to build from."""
+        path = self.directory / f"words{size}.tsv"
+        step = max(1.0, len(self.lines) / size)
+        size = min(size, len(self.lines))
+        path.write_bytes(b"".join(self.lines[int(index * step)] for index in range(size)))
         return path
 
     @cached_property
@@ -71,10 +73,7 @@ class Corpus:
         for size in sizes:
             if size >= len(self.lines):
                 continue
-            part = self.directory / f"words{size}.tsv"
-            step = len(self.lines) / size
-            part.write_bytes(b"".join(self.lines[int(index * step)] for index in range(size)))
-            result.append((size, self.build_lexicon(part, f"words{size}")))
+            result.append((size, self.build_lexicon(self.part(size), f"words{size}")))
         return result + [(len(self.lines), self.whole)]
 
     def words(self, count):

@@ -1,6 +1,9 @@
 # SPDX-License-Identifier: MIT
 """From the start of the process to the painted window."""
 import struct
+import subprocess
+import time
+from pathlib import Path
 
 import display
 import processes
@@ -28,6 +31,10 @@ def measure(data):
             for (words, _), cost in zip(data.by_size, costs[1:]):
                 rows.append(Row(f"start until painted, {words} words, {name}", cost * 1e3, "ms",
                                 costs[0] * 1e3, "bare Qt window", limit=2.0))
+            stay = [cpu_at_rest(command, environment, repeats // 4 + 1) for command in
+                    ([bare, "--stay"], [data.build / "src/app/teskel", "-f", data.whole])]
+            rows.append(Row(f"the program itself, started until it rests, {name}", stay[1] * 1e3,
+                            "ms", stay[0] * 1e3, "bare Qt window", limit=2.0))
         rows += bytes_read(data, reader, environment)
     return rows
 
@@ -44,3 +51,35 @@ def bytes_read(data, reader, environment):
                         f"{words} words", (count - read[0]) / 1024, "KiB",
                         (index_size(path) - first_index) / 1024, "growth of the word index"))
     return rows
+
+
+def cpu_at_rest(command, environment, repeats):
+    """The least CPU seconds of several starts, until the program waits for its user."""
+    costs = []
+    for _ in range(repeats):
+        child = subprocess.Popen([str(part) for part in command], env=environment,
+                                 stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                 stderr=subprocess.DEVNULL)
+        try:
+            costs.append(wait_for_rest(Path("/proc", str(child.pid), "task")))
+        finally:
+            child.terminate()
+            child.wait()
+    return min(costs)
+
+
+def wait_for_rest(tasks):
+    """Until no thread wants to run for a while: the CPU seconds that it took."""
+    asleep = 0
+    cost = 0
+    deadline = time.monotonic() + 60
+    while asleep < 12:
+        if time.monotonic() > deadline:
+            raise RuntimeError("a program never comes to rest")
+        time.sleep(0.02)
+        states = [(task / "stat").read_text().rpartition(")")[2].split()[0]
+                  for task in tasks.iterdir()]
+        now = sum(int((task / "schedstat").read_text().split()[0]) for task in tasks.iterdir())
+        asleep = asleep + 1 if set(states) == {"S"} and now == cost else 0
+        cost = now
+    return cost / 1e9
