@@ -26,14 +26,18 @@ class Keyboard(Scenario):
 
     def walk_to(self, name, root, key):
         """Presses `key` until the object of that name has the keyboard."""
+        here = self.focused_object(root)
         passed = []
-        while self.focused(root) != name:
-            here = self.focused_object(root)
+        while here is None or here.name != name:
             self.assertNotIn(here, passed, f"{name!r} is not among {passed}")
             passed.append(here)
             self.desktop.press(key)
-            wait_until(f"{key} to move the keyboard on from {here!r}",
-                       lambda: self.focused_object(root) not in (None, here))
+            here = wait_until(f"{key} to move the keyboard on from {here!r}",
+                              lambda: self.focused_beside(root, passed[-1]))
+
+    def focused_beside(self, root, other):
+        found = self.focused_object(root)
+        return found if found != other else None
 
     def enter_tool_bar(self, key="F10"):
         self.desktop.press(key)

@@ -13,7 +13,8 @@ _libc = ctypes.CDLL(None, use_errno=True)
 
 
 def _die_with_parent():
-    _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGKILL, 0, 0, 0)
+    # Asked, not killed, so that a service ends the helpers that it started itself.
+    _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGTERM, 0, 0, 0)
 
 
 class Processes:
@@ -25,7 +26,7 @@ class Processes:
         self._children = []
 
     def start(self, command, environment, **options):
-        """Starts `command`; it is killed by the kernel when this process dies."""
+        """Starts `command`; the kernel ends it when this process dies."""
         child = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL,
                                  preexec_fn=_die_with_parent, **options)
         self._children.append(child)
