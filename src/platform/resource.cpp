@@ -30,7 +30,7 @@ QString installed(const QString& name)
     QList<QByteArray> formats{"png", "xpm"};
     formats += QImageReader::supportedImageFormats();
     for (const QByteArray& format : std::as_const(formats)) {
-        const QString path = root + QLatin1String("/pics/") + name + u'.' + QLatin1String(format);
+        QString path = root + QLatin1String("/pics/") + name + u'.' + QLatin1String(format);
         if (QFile::exists(path))
             return path;
     }

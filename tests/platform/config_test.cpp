@@ -399,7 +399,7 @@ void ConfigTest::unreadableFilesGiveDefaults_data()
     QTest::newRow("NUL bytes") << QByteArray(5000, '\0');
     QTest::newRow("half a character") << QByteArray("[g\xC3");
     QTest::newRow("only brackets") << QByteArray(50'000, '[');
-    QTest::newRow("huge") << "[g]\nk = v\n" + QByteArray(2 * 1024 * 1024, '\n');
+    QTest::newRow("huge") << "[g]\nk = v\n" + QByteArray(2'097'152, '\n');
 }
 
 void ConfigTest::unreadableFilesGiveDefaults()
