@@ -25,7 +25,8 @@ class Lookup(Scenario):
     def words_from(self, word, count):
         """What the dictionary holds from `word` on, read with the tool that made it."""
         answer = subprocess.run(
-            [Context.lexicon_tool, "list", str(self.lexicon), "--from", word, "--count", str(count)],
+            [Context.lexicon_tool, "list", str(self.lexicon),
+             "--from", word, "--count", str(count)],
             check=True, stdout=subprocess.PIPE, text=True)
         return answer.stdout.splitlines()
 

@@ -23,7 +23,9 @@ _WINDOW_MANAGER_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
   <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
   <mouse>
     <context name="Client">
-      <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
+      <mousebind button="Left" action="Press">
+        <action name="Focus"/><action name="Raise"/>
+      </mousebind>
     </context>
   </mouse>
   <applications><application class="*"><decor>{decor}</decor></application></applications>

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """What the suite needs from the machine."""
+import importlib
 import os
 import shutil
 
@@ -21,7 +22,7 @@ def missing_packages():
     if not os.path.exists(ACCESSIBILITY_LAUNCHER):
         missing.add("at-spi2-core")
     try:
-        import gi.repository.Gio  # noqa: F401  pylint: disable=unused-import
+        importlib.import_module("gi.repository.Gio")
     except ImportError:
         missing.add("python3-pyatspi")
     return sorted(missing)
