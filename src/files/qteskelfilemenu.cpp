@@ -44,10 +44,10 @@ QTeskelFileMenu::QTeskelFileMenu(QWidget* parent, const char* name)
 
 void QTeskelFileMenu::menuActivated(int id)
 {
-    const auto found = _fileMap.constFind(id);
-    if (found == _fileMap.constEnd())
+    if (!_fileMap.contains(id))
         return;
-    const QTeskelFileInfo info = *found;
+    // A copy: the receiver may delete this menu.
+    const QTeskelFileInfo info = _fileMap.value(id);
     emit fileSelected(info);
 }
 

@@ -61,6 +61,7 @@ QWidget* QTeskelFileSelector::createTopRow()
     _closeButton->setToolTip(tr("Close the Dictionary Selector"));
     _closeButton->setAccessibleName(_closeButton->toolTip());
     connect(_closeButton, &QToolButton::clicked, this, &QTeskelFileSelector::closeMe);
+    QPEMenuToolFocusManager::manager()->addWidget(menuBar);
     QPEMenuToolFocusManager::manager()->addWidget(_closeButton);
     rowLayout->addWidget(_closeButton);
     return row;

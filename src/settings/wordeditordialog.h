@@ -12,7 +12,6 @@ public:
     explicit WordEditorDialog(QWidget* parent = nullptr, const char* name = nullptr,
                               bool modal = false, Qt::WindowFlags flags = {});
 
-public slots:
     /// Empties the word field; the description stays.
-    void clearWord();
+    Q_SLOT void clearWord();
 };
