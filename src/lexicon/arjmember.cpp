@@ -12,7 +12,7 @@ namespace
 {
 
 constexpr char memberName[] = "r";
-constexpr unsigned archiverVersion = 3;
+constexpr unsigned archiverVersion = 11;
 constexpr unsigned minimumVersion = 1;
 constexpr unsigned hostUnix = 2;
 constexpr unsigned binaryFile = 0;

@@ -68,7 +68,8 @@ void addReaders(CLI::App& app, Request& request)
     list->add_option("FILE", request.list.file)->required();
     list->add_option("--from", request.list.from,
                      "Begin with the first headword not before this word");
-    list->add_option("--count", request.list.count, "Print at most so many");
+    list->add_option("--count", request.list.count, "Print at most so many")
+        ->check(CLI::NonNegativeNumber);
 
     CLI::App* exporting = app.add_subcommand("export", "Print all entries as TSV");
     exporting->add_option("FILE", request.file)->required();

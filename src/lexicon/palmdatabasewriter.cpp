@@ -25,7 +25,7 @@ std::string header(std::string_view name, uint16_t recordCount)
     std::string bytes(name.substr(0, nameBytes - 1));
     bytes.resize(nameBytes, '\0');
     putNumber(bytes, 0, 2); // attributes
-    putNumber(bytes, 1, 2); // version
+    putNumber(bytes, 0, 2); // version
     putNumber(bytes, 0, 4); // creation date
     putNumber(bytes, 0, 4); // modification date
     putNumber(bytes, 0, 4); // last backup date
