@@ -13,7 +13,7 @@ _libc = ctypes.CDLL(None, use_errno=True)
 
 
 def _die_with_parent():
-    # Asked, not killed, so that a service ends the helpers that it started itself.
+    # Asked, not killed, so that a service ends the programs that it started itself.
     _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGTERM, 0, 0, 0)
 
 
