@@ -13,8 +13,7 @@ namespace
 {
 constexpr int wrapWarningLine = 335;
 // A character code, a position code and the position's own bits.
-constexpr unsigned bitsOfOneMatch = 2 * arj::maxCodeLength + arj::positionCodes - 2;
-static_assert(bitsOfOneMatch <= 56);
+static_assert(2 * arj::maxCodeLength + arj::positionCodes - 2 <= 56, "one refill serves a match");
 
 // The length of one code of the position or length alphabet: three bits, and from 7 on as many one
 // bits as it is longer than 7, ended by a zero bit.
@@ -120,7 +119,7 @@ MemberStatus decodeStaticHuffman(CBitBuffer& bits, StaticHuffmanTables& tables,
             }
         }
         --codesLeft; // a block said to have no codes has 65,536
-        window.need(bitsOfOneMatch);
+        window.refill();
         const unsigned code = tables.characters.decode(window);
         if (code < arj::literalCount) {
             output.putLiteral(code);
