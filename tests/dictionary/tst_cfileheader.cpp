@@ -95,6 +95,8 @@ void TestCFileHeader::refuses_data()
     QTest::newRow("wrong id") << QByteArray("\x61\xEA") + whole.mid(2);
     QTest::newRow("the mark that ends an archive") << QByteArray::fromHex("60ea0000");
     QTest::newRow("end mark and more") << QByteArray::fromHex("60ea0000") + whole.mid(4);
+    QTest::newRow("end mark followed by what ends a header")
+        << QByteArray::fromHex("60ea0000000000000000");
     QTest::newRow("basic header cut short") << whole.left(20);
     ArjMember claims;
     claims.basicHeaderSize = 0xFFFF;

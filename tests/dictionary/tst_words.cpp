@@ -42,6 +42,7 @@ private slots:
     void positionArgumentIsNotUsed();
     void prefixIsFoundAtTheEndOfTheRecordBefore();
     void missingWordIsInvalid();
+    void keysBeyondTheLastRecordLeadNowhere();
     void searchEndsAtARecordThatCannotBeRead();
     void wordAtAPosition();
     void wordAtAWrongPositionWarns_data();
@@ -224,6 +225,17 @@ void TestWords::prefixIsFoundAtTheEndOfTheRecordBefore()
 void TestWords::missingWordIsInvalid()
 {
     QVERIFY(_dictionary.findWord(nullptr, nowhere, false).isInvalid());
+}
+
+void TestWords::keysBeyondTheLastRecordLeadNowhere()
+{
+    DictionaryWriter writer;
+    writer.addRecord({{"a", "1"}, {"z", "2"}});
+    writer.setIndex(QByteArray("a\0b\0c\0\0", 7));
+    QVERIFY(open(writer));
+    QCOMPARE(find("a").value(), CursorPosition::at(0, 0).value());
+    QVERIFY(find("z").isInvalid()); // the keys send it to a record that is not there
+    QVERIFY(find("bb").isInvalid());
 }
 
 void TestWords::searchEndsAtARecordThatCannotBeRead()
