@@ -10,8 +10,6 @@
 #include <QFile>
 
 #include <array>
-#include <cerrno>
-#include <cstring>
 
 namespace teskel
 {

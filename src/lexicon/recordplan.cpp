@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/recordplan.h"
 
+#include <algorithm>
+
 namespace teskel
 {
 

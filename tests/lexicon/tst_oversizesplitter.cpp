@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+#include <algorithm>
+
 using namespace teskel;
 
 class TestOversizeSplitter : public QObject
