@@ -10,7 +10,7 @@ namespace
 {
 int quotientUp(int number, int divisor)
 {
-    return (number + divisor - 1) / divisor;
+    return (number + divisor - 1) / qMax(1, divisor);
 }
 
 std::vector<int> measured(int count, const ListBoxLayouter::Measure& measure)
@@ -56,7 +56,7 @@ void ListBoxLayouter::layOut(const Rules& rules, int count, QSize viewport, cons
     if (rules.rowMode == QTeskelListBox::FixedNumber)
         rows = rules.rows;
     else if (rules.rowMode == QTeskelListBox::FitToHeight)
-        rows = viewport.height() / largest(heights, 0, count);
+        rows = viewport.height() / qMax(1, largest(heights, 0, count));
     else if (!oneColumn)
         rows = quotientUp(count, rules.columnMode == QTeskelListBox::FixedNumber
                                      ? rules.columns
@@ -81,7 +81,7 @@ int ListBoxLayouter::fittingColumns(const Rules& rules, const std::vector<int>& 
                                     int room) const
 {
     if (!rules.variableWidth)
-        return qBound(1, room / largest(widths, 0, _count), _count);
+        return qBound(1, room / qMax(1, largest(widths, 0, _count)), _count);
     const int narrowest = *std::min_element(widths.begin(), widths.end());
     int columns = qBound(1, room / narrowest, _count);
     for (; columns > 1; --columns) {

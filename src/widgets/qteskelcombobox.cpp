@@ -83,8 +83,6 @@ QTeskelComboBox::QTeskelComboBox(QWidget* redirector, QWidget* parent, const cha
         connect(redirector, &QObject::destroyed, this, &QTeskelComboBox::redirectorDestroyed);
 }
 
-QTeskelComboBox::~QTeskelComboBox() = default;
-
 void QTeskelComboBox::redirectorDestroyed()
 {
     _redirector = nullptr;

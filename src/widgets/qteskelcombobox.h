@@ -20,7 +20,6 @@ public:
     /// @param redirector receives the keys; not owned, may be null and may die first
     explicit QTeskelComboBox(QWidget* redirector, QWidget* parent = nullptr,
                              const char* name = nullptr);
-    ~QTeskelComboBox() override;
 
     /// The item's text, empty for an index that does not exist.
     QString text(int index) const { return itemText(index); }

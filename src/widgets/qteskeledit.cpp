@@ -38,8 +38,6 @@ QTeskelEdit::QTeskelEdit(QWidget* parent, const char* name)
     keepPageLight();
 }
 
-QTeskelEdit::~QTeskelEdit() = default;
-
 void QTeskelEdit::setText(const QString& text)
 {
     _source = text;

@@ -14,7 +14,6 @@ class QTeskelEdit : public QTextEdit
 
 public:
     explicit QTeskelEdit(QWidget* parent = nullptr, const char* name = nullptr);
-    ~QTeskelEdit() override;
 
     /// Shows `text`, from the top and with nothing selected.
     void setText(const QString& text);

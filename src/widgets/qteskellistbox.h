@@ -34,6 +34,7 @@ public:
     explicit QTeskelListBox(QWidget* parent = nullptr, const char* name = nullptr,
                             Qt::WindowFlags flags = {});
     ~QTeskelListBox() override;
+    Q_DISABLE_COPY_MOVE(QTeskelListBox)
 
     // Items
     int count() const;

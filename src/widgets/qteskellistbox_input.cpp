@@ -151,7 +151,8 @@ void QTeskelListBox::contentsMousePressEvent(QMouseEvent* event)
         clearSelection();
     emission.emitSignal(pressedItem, item)
         .emitSignal(pressedAt, item, position)
-        .emitSignal(&QTeskelListBox::mouseButtonPressed, event->button(), item, position);
+        .emitSignal(&QTeskelListBox::mouseButtonPressed, static_cast<int>(event->button()), item,
+                    position);
     if (event->button() == Qt::RightButton)
         emission.emitSignal(&QTeskelListBox::rightButtonPressed, item, position);
 }
@@ -170,7 +171,8 @@ void QTeskelListBox::contentsMouseReleaseEvent(QMouseEvent* event)
     teskel::ListBoxEmission emission(this, item);
     emission.emitSignal(clickedItem, item)
         .emitSignal(clickedAt, item, position)
-        .emitSignal(&QTeskelListBox::mouseButtonClicked, event->button(), item, position);
+        .emitSignal(&QTeskelListBox::mouseButtonClicked, static_cast<int>(event->button()), item,
+                    position);
     if (event->button() == Qt::RightButton)
         emission.emitSignal(&QTeskelListBox::rightButtonClicked, item, position);
 }

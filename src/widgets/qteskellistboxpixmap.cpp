@@ -41,8 +41,6 @@ QTeskelListBoxPixmap::QTeskelListBoxPixmap(QTeskelListBox* listBox, const QPixma
     QTeskelListBoxItem::setText(text);
 }
 
-QTeskelListBoxPixmap::~QTeskelListBoxPixmap() = default;
-
 void QTeskelListBoxPixmap::paint(QPainter* painter)
 {
     const QSize size = sizeOf(_pixmap);

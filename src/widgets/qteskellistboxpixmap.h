@@ -14,7 +14,6 @@ public:
                          const QString& text = QString());
     QTeskelListBoxPixmap(QTeskelListBox* listBox, const QPixmap& pixmap, const QString& text,
                          QTeskelListBoxItem* after);
-    ~QTeskelListBoxPixmap() override;
 
     const QPixmap* pixmap() const override { return &_pixmap; }
     void paint(QPainter* painter) override;

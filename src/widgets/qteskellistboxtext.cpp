@@ -32,8 +32,6 @@ QTeskelListBoxText::QTeskelListBoxText(QTeskelListBox* listBox, const QString& t
     QTeskelListBoxItem::setText(text);
 }
 
-QTeskelListBoxText::~QTeskelListBoxText() = default;
-
 void QTeskelListBoxText::paint(QPainter* painter)
 {
     const QFontMetrics metrics = painter->fontMetrics();

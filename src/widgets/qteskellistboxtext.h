@@ -10,7 +10,6 @@ public:
     explicit QTeskelListBoxText(const QString& text = QString());
     explicit QTeskelListBoxText(QTeskelListBox* listBox, const QString& text = QString());
     QTeskelListBoxText(QTeskelListBox* listBox, const QString& text, QTeskelListBoxItem* after);
-    ~QTeskelListBoxText() override;
 
     void paint(QPainter* painter) override;
     /// The text's width and 6 pixels.

@@ -42,8 +42,6 @@ QTeskelScrollBar::QTeskelScrollBar(Qt::Orientation orientation, QWidget* parent,
     connect(_repeatTimer, &QTimer::timeout, this, &QTeskelScrollBar::doAutoRepeat);
 }
 
-QTeskelScrollBar::~QTeskelScrollBar() = default;
-
 QRect QTeskelScrollBar::sliderRect() const
 {
     QStyleOptionSlider option;

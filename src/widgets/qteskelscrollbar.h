@@ -19,7 +19,6 @@ class QTeskelScrollBar : public QScrollBar
 public:
     explicit QTeskelScrollBar(Qt::Orientation orientation, QWidget* parent = nullptr,
                               const char* name = nullptr);
-    ~QTeskelScrollBar() override;
 
     bool tracking() const { return hasTracking(); }
     /// Whether the person holds the slider at this moment.

@@ -35,6 +35,7 @@ public:
     explicit QTeskelScrollView(QWidget* parent = nullptr, const char* name = nullptr,
                                Qt::WindowFlags flags = {});
     ~QTeskelScrollView() override;
+    Q_DISABLE_COPY_MOVE(QTeskelScrollView)
 
     /// Puts `child` at a contents position; the view becomes its parent, and a child that is there
     /// already moves. Null is ignored.
