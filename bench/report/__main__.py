@@ -6,6 +6,7 @@ usage: python3 bench/report [--smoke] [--lexicon FILE] [--only SECTION,...] BUIL
 import argparse
 import sys
 import tempfile
+from dataclasses import replace
 from pathlib import Path
 
 import corpus
@@ -49,7 +50,10 @@ def main():
                              smoke=arguments.smoke)
         for name in chosen:
             print(f"{name}:", flush=True)
-            print(table.format_rows(SECTIONS[name](data)) + "\n", flush=True)
+            rows = SECTIONS[name](data)
+            if arguments.smoke:  # nothing is long enough to be judged by
+                rows = [replace(row, limit=None) for row in rows]
+            print(table.format_rows(rows) + "\n", flush=True)
     return 0
 
 

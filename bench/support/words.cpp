@@ -23,8 +23,7 @@ qint64 entryCount(QtDictionary& dictionary)
 
 QList<CursorPosition> samplePositions(QtDictionary& dictionary, int count)
 {
-    // NOLINTNEXTLINE(bugprone-random-generator-seed): the same words in every run
-    std::minstd_rand random(20);
+    std::minstd_rand random(20); // the same words in every run
     const unsigned records = dictionary.getWordRecordCount();
     QList<CursorPosition> positions;
     for (int number = 0; number < count; ++number) {
