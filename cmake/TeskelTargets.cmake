@@ -19,6 +19,19 @@ function(teskel_set_defaults target)
     endif()
 endfunction()
 
+# Lets a target reuse the precompiled headers of Qt Widgets or, if it goes without them, Qt Core.
+# Parsing Qt's headers is what most of the time of a build goes into.
+function(teskel_use_precompiled_headers target)
+    if(NOT TESKEL_PRECOMPILE)
+        return()
+    endif()
+    set(kind core)
+    if("${ARGN}" MATCHES "Qt6::Widgets|teskel_(platform|settings|widgets|files|lookup|app)")
+        set(kind widgets)
+    endif()
+    target_precompile_headers(${target} REUSE_FROM teskel_precompiled_${kind})
+endfunction()
+
 # teskel_add_library(name SOURCES ... [PUBLIC libs...] [PRIVATE libs...])
 # A static library of one folder below src/; headers are included as "folder/header.h".
 function(teskel_add_library name)
@@ -27,6 +40,7 @@ function(teskel_add_library name)
     target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
     target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
     teskel_set_defaults(${name})
+    teskel_use_precompiled_headers(${name} ${arg_PUBLIC} ${arg_PRIVATE})
 endfunction()
 
 # teskel_add_program(name SOURCES ... [LIBS libs...])
@@ -36,6 +50,7 @@ function(teskel_add_program name)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/src")
     target_link_libraries(${name} PRIVATE ${arg_LIBS})
     teskel_set_defaults(${name})
+    teskel_use_precompiled_headers(${name} ${arg_LIBS})
 endfunction()
 
 # Environment of every test: no display, a home of its own, nothing from the developer's session.
@@ -58,6 +73,7 @@ function(teskel_add_test name)
         "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE ${arg_LIBS} Qt6::Test)
     teskel_set_defaults(${name})
+    teskel_use_precompiled_headers(${name} ${arg_LIBS})
     add_test(NAME ${name} COMMAND ${name})
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)

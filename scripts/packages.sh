@@ -4,12 +4,13 @@
 packages_build=(build-essential cmake ninja-build qt6-base-dev zlib1g-dev libcli11-dev libgl-dev)
 packages_reader=(qt6-qpa-plugins fonts-dejavu-core dict-freedict-eng-deu dict-freedict-deu-eng)
 packages_test=(
-    arj 7zip                                   # independent witnesses of the packed records
+    arj 7zip dictzip gzip                      # independent witnesses of the packed records
     xvfb openbox xdotool xclip x11-utils imagemagick
-    dbus at-spi2-core python3 python3-pyatspi  # the reader as a screen reader sees it
-    desktop-file-utils appstream shared-mime-info
+    dbus dbus-daemon at-spi2-core python3 python3-pyatspi # the reader as a screen reader sees it
+    desktop-file-utils appstream shared-mime-info groff-base e2fsprogs
 )
 packages_bench=(libbenchmark-dev sdcv)
+packages_screenshots=(qt6-gtk-platformtheme)
 packages_lint=(clang clang-tidy clang-format libclang-rt-14-dev)
 
 # ensure_packages NAME...: installs those that are not there yet, and says which.

@@ -45,7 +45,7 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
                                         : sensenumbers::LineStart::Sequence);
     if (_headword.empty()) {
         // Nothing is dropped: such an article is found under the sign for "unknown".
-        _headword = "?";
+        _headword.assign(1, '?');
         _report.note("entries without a headword",
                      std::string(where) + ": the headword is empty; its article is under \"?\"");
     }

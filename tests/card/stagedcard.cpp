@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "tests/card/stagedcard.h"
+
+#include "platform/mounttable.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+
+#include <sched.h>
+#include <sys/mount.h>
+
+namespace teskel::test
+{
+
+namespace
+{
+
+constexpr qint64 ImageSize = 4 << 20;
+
+bool run(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(program, arguments);
+    return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit &&
+           process.exitCode() == 0;
+}
+
+} // namespace
+
+bool StagedCard::_hasNamespace = false;
+
+bool StagedCard::enterOwnNamespace()
+{
+    _hasNamespace = unshare(CLONE_NEWNS) == 0 &&
+                    mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+    return _hasNamespace;
+}
+
+StagedCard::StagedCard()
+{
+    QDir(_home.path()).mkdir(QStringLiteral("card"));
+    _isReal = _hasNamespace && makeImage() && insert();
+    if (_isReal) {
+        _stage.addDisk(QFileInfo(mountedDevice()).fileName(), QStringLiteral("pci0000:00/usb1/1-1"),
+                       false);
+        return;
+    }
+    _stage.addDisk(QStringLiteral("sdz"), QStringLiteral("pci0000:00/usb1/1-1"), false);
+    (void)insert();
+}
+
+StagedCard::~StagedCard()
+{
+    (void)pull(true);
+}
+
+bool StagedCard::makeImage() const
+{
+    QFile file(image());
+    return file.open(QIODevice::WriteOnly) && file.resize(ImageSize) &&
+           run(QStringLiteral("/sbin/mkfs.ext2"),
+               {QStringLiteral("-q"), QStringLiteral("-F"), image()});
+}
+
+bool StagedCard::insert()
+{
+    if (_hasNamespace && QFile::exists(image())) {
+        return run(QStringLiteral("mount"),
+                   {QStringLiteral("-o"), QStringLiteral("loop"), image(), path()});
+    }
+    _stage.setTable("36 25 8:17 / " + QFile::encodeName(path()) + " rw - ext2 /dev/sdz rw\n");
+    return true;
+}
+
+bool StagedCard::pull(bool lazily)
+{
+    if (_isReal) {
+        return run(QStringLiteral("umount"),
+                   lazily ? QStringList{QStringLiteral("-l"), path()} : QStringList{path()});
+    }
+    _stage.setTable({});
+    return QDir(path()).removeRecursively();
+}
+
+QString StagedCard::dictionaries() const
+{
+    return path() + QLatin1String("/QtPalmtop/teskel");
+}
+
+StorageRoots StagedCard::roots() const
+{
+    StorageRoots roots = _stage.roots();
+    if (_isReal)
+        roots.mountInfo = QStringLiteral("/proc/self/mountinfo");
+    return roots;
+}
+
+QString StagedCard::mountedDevice() const
+{
+    QFile table(QStringLiteral("/proc/self/mountinfo"));
+    if (!table.open(QIODevice::ReadOnly))
+        return {};
+    const QList<teskel::Mount> mounts = teskel::parseMountTable(table.readAll());
+    for (const teskel::Mount& mount : mounts) {
+        if (mount.path == path())
+            return mount.source;
+    }
+    return {};
+}
+
+} // namespace teskel::test
