@@ -23,6 +23,7 @@ public:
     /// @param preferences not owned; must outlive the widget, whose destructor stores a font in it
     TeskelMainWidget(QWidget* parent, PreferencesData& preferences);
     ~TeskelMainWidget() override;
+    Q_DISABLE_COPY_MOVE(TeskelMainWidget)
 
     /// Opens the dictionary at `path` and shows it.
     ///
