@@ -163,9 +163,11 @@ void TestCard::everyMountAndUnmountSendsOneMessage()
     int expected = 0;
     for (int round = 0; round < 2; ++round) {
         QVERIFY(_card->pull(false));
-        QTRY_COMPARE(received.size(), ++expected);
+        ++expected;
+        QTRY_COMPARE(received.size(), expected);
         QVERIFY(_card->insert());
-        QTRY_COMPARE(received.size(), ++expected);
+        ++expected;
+        QTRY_COMPARE(received.size(), expected);
     }
     for (const QList<QVariant>& message : received)
         QCOMPARE(message.at(0).toByteArray(), QByteArray("mtabChanged()"));
