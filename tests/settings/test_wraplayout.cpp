@@ -106,4 +106,4 @@ void WrapLayoutTest::itemsCanBeTaken()
 }
 
 QTEST_MAIN(WrapLayoutTest)
-#include "wraplayout_test.moc"
+#include "test_wraplayout.moc"

@@ -223,4 +223,4 @@ void QTeskelFileSelectorTest::receiverMayDeleteThePanel()
 }
 
 QTEST_MAIN(QTeskelFileSelectorTest)
-#include "qteskelfileselector_test.moc"
+#include "test_qteskelfileselector.moc"

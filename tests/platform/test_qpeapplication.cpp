@@ -260,4 +260,4 @@ int main(int argc, char** argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "qpeapplication_test.moc"
+#include "test_qpeapplication.moc"

@@ -113,4 +113,4 @@ int main(int argc, char** argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "mountwatcher_test.moc"
+#include "test_mountwatcher.moc"

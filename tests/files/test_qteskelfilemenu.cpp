@@ -215,4 +215,4 @@ void QTeskelFileMenuTest::receiverMayDeleteTheMenu()
 }
 
 QTEST_MAIN(QTeskelFileMenuTest)
-#include "qteskelfilemenu_test.moc"
+#include "test_qteskelfilemenu.moc"

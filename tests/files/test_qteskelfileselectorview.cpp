@@ -338,4 +338,4 @@ void QTeskelFileSelectorViewTest::receiverMayDeleteTheView()
 }
 
 QTEST_MAIN(QTeskelFileSelectorViewTest)
-#include "qteskelfileselectorview_test.moc"
+#include "test_qteskelfileselectorview.moc"

@@ -299,4 +299,4 @@ void FileLoaderTest::unreadableDirectoryGivesNothing()
 }
 
 QTEST_GUILESS_MAIN(FileLoaderTest)
-#include "fileloader_test.moc"
+#include "test_fileloader.moc"

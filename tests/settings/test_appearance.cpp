@@ -155,4 +155,4 @@ void AppearanceTest::contentsStayTogetherOnALargeScreen()
 }
 
 QTEST_MAIN(AppearanceTest)
-#include "appearance_test.moc"
+#include "test_appearance.moc"

@@ -97,4 +97,4 @@ void QTeskelSelectorMenuTest::settingTheFilterReportsButMovesNoMark()
 }
 
 QTEST_MAIN(QTeskelSelectorMenuTest)
-#include "qteskelselectormenu_test.moc"
+#include "test_qteskelselectormenu.moc"

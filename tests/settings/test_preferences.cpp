@@ -439,4 +439,4 @@ void PreferencesTest::unwritableFileIsOneWarning()
 }
 
 QTEST_MAIN(PreferencesTest)
-#include "preferences_test.moc"
+#include "test_preferences.moc"

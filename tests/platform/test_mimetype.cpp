@@ -53,4 +53,4 @@ void MimeTypeTest::lexiconIsKnown()
 }
 
 QTEST_GUILESS_MAIN(MimeTypeTest)
-#include "mimetype_test.moc"
+#include "test_mimetype.moc"

@@ -77,4 +77,4 @@ void QCopChannelTest::listenerMayEndItselfOrOthers()
 }
 
 QTEST_GUILESS_MAIN(QCopChannelTest)
-#include "qcopchannel_test.moc"
+#include "test_qcopchannel.moc"

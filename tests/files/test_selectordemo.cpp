@@ -121,4 +121,4 @@ void SelectorDemoTest::appearance()
 }
 
 QTEST_MAIN(SelectorDemoTest)
-#include "selectordemo_test.moc"
+#include "test_selectordemo.moc"

@@ -472,4 +472,4 @@ void QPEMenuToolFocusManagerTest::overflowingButtonsAreReached()
 }
 
 QTEST_MAIN(QPEMenuToolFocusManagerTest)
-#include "qpemenutoolfocusmanager_test.moc"
+#include "test_qpemenutoolfocusmanager.moc"

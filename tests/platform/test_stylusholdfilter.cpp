@@ -192,4 +192,4 @@ void StylusHoldFilterTest::widgetMayDieWhileHeld()
 }
 
 QTEST_MAIN(StylusHoldFilterTest)
-#include "stylusholdfilter_test.moc"
+#include "test_stylusholdfilter.moc"

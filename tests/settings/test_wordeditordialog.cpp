@@ -121,4 +121,4 @@ void WordEditorDialogTest::returnInTheWordFieldPressesNothing()
 }
 
 QTEST_MAIN(WordEditorDialogTest)
-#include "wordeditordialog_test.moc"
+#include "test_wordeditordialog.moc"

@@ -290,4 +290,4 @@ void DocumentServiceTest::vanishingBusDoesNotEndTheProgram()
 }
 
 QTEST_GUILESS_MAIN(DocumentServiceTest)
-#include "documentservice_test.moc"
+#include "test_documentservice.moc"

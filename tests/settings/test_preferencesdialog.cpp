@@ -435,4 +435,4 @@ void PreferencesDialogTest::everyControlIsNamedForAssistiveTools()
 }
 
 QTEST_MAIN(PreferencesDialogTest)
-#include "preferencesdialog_test.moc"
+#include "test_preferencesdialog.moc"

@@ -255,4 +255,4 @@ int main(int argc, char** argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "dialogframe_test.moc"
+#include "test_dialogframe.moc"

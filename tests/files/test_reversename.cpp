@@ -75,4 +75,4 @@ void ReverseNameTest::wellFormedNamesComeBackAfterTwoTurns()
 }
 
 QTEST_APPLESS_MAIN(ReverseNameTest)
-#include "reversename_test.moc"
+#include "test_reversename.moc"

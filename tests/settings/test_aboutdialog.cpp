@@ -108,4 +108,4 @@ void AboutDialogTest::escapeEndsTheDialogUnaccepted()
 }
 
 QTEST_MAIN(AboutDialogTest)
-#include "aboutdialog_test.moc"
+#include "test_aboutdialog.moc"

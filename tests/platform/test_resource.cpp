@@ -215,4 +215,4 @@ void ResourceTest::familiesAreThoseOfTheSystem()
 }
 
 QTEST_MAIN(ResourceTest)
-#include "resource_test.moc"
+#include "test_resource.moc"

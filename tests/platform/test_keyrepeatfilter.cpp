@@ -73,4 +73,4 @@ void KeyRepeatFilterTest::repeats()
 }
 
 QTEST_MAIN(KeyRepeatFilterTest)
-#include "keyrepeatfilter_test.moc"
+#include "test_keyrepeatfilter.moc"

@@ -425,4 +425,4 @@ void ConfigTest::pipeInPlaceOfTheFileIsNotRead()
 }
 
 QTEST_GUILESS_MAIN(ConfigTest)
-#include "config_test.moc"
+#include "test_config.moc"

@@ -359,4 +359,4 @@ void StorageInfoTest::ownMachineCanBeRead()
 }
 
 QTEST_GUILESS_MAIN(StorageInfoTest)
-#include "storageinfo_test.moc"
+#include "test_storageinfo.moc"
