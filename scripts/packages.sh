@@ -16,7 +16,9 @@ packages_lint=(clang clang-tidy clang-format libclang-rt-14-dev)
 # ensure_packages NAME...: installs those that are not there yet, and says which.
 ensure_packages() {
     local missing=() name known
-    known=$(dpkg-query -W -f '${Package} ${db:Status-Abbrev}\n' "$@" 2>/dev/null | awk '$2 == "ii" {print $1}')
+    # dpkg-query fails when it does not know one of the names; the others are listed all the same.
+    known=$(dpkg-query -W -f '${Package} ${db:Status-Abbrev}\n' "$@" 2>/dev/null |
+        awk '$2 == "ii" {print $1}') || true
     for name in "$@"; do
         grep -qxF -- "$name" <<<"$known" || missing+=("$name")
     done
