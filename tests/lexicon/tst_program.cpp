@@ -79,6 +79,15 @@ QStringList words(std::initializer_list<const char*> texts)
     return result;
 }
 
+// So many lines of TSV. The numbers do not fit 32 bits.
+QByteArray manyEntries(qint64 count)
+{
+    QByteArray tsv;
+    for (qint64 i = 0; i < count; ++i)
+        tsv += QByteArray::number(i * 7919) + '\t' + QByteArray::number(i * 104729) + '\n';
+    return tsv;
+}
+
 } // namespace
 
 TestProgram::Result TestProgram::run(const QStringList& arguments, const QByteArray& input) const
@@ -483,10 +492,7 @@ void TestProgram::failedBuildLeavesTheOldFile()
 
 void TestProgram::fullDiskLeavesNothingBehind()
 {
-    QByteArray tsv;
-    for (int i = 0; i < 20000; ++i)
-        tsv += QByteArray::number(i * 7919) + '\t' + QByteArray::number(i * 104729) + '\n';
-    QVERIFY(writeFile(path("big.tsv"), tsv));
+    QVERIFY(writeFile(path("big.tsv"), manyEntries(20000)));
     const QStringList before = QDir(_directory.path()).entryList();
     // A limit on the size of files stands in for the end of the disk.
     const Result result = runShell(QStringLiteral("trap '' XFSZ; ulimit -f 20; exec " TESKEL_LEXICON
@@ -508,14 +514,11 @@ void TestProgram::interruptedBuildLeavesNothingBehind_data()
 void TestProgram::interruptedBuildLeavesNothingBehind()
 {
     QFETCH(int, signal);
-    QByteArray tsv;
-    for (int i = 0; i < 400000; ++i)
-        tsv += QByteArray::number(i * 7919) + '\t' + QByteArray::number(i * 104729) + '\n';
     const QTemporaryDir directory;
     QProcess process;
     process.setWorkingDirectory(directory.path());
     process.start(QStringLiteral(TESKEL_LEXICON), words({"build", "-", "-o", "out.PDB"}));
-    process.write(tsv);
+    process.write(manyEntries(400000));
     process.closeWriteChannel();
     // As soon as the unfinished file is there, and before it can be complete.
     const auto files = [&] { return QDir(directory.path()).entryList(QDir::Files).size(); };
