@@ -61,8 +61,10 @@ int QtPalmDatabase::load(const QString& fileName)
     clean();
     _device = std::move(device);
     _url = fileName;
-    if (!readHeader())
+    if (!readHeader()) {
+        _records.forgetDevice();
         return -1;
+    }
     _records.setIOInfo(_device.get(), static_cast<int>(_device->pos()), _header.recordCount);
     return 0;
 }

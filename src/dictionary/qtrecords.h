@@ -49,6 +49,8 @@ public:
     bool getRecordMetaData(RecordMetaData* data, unsigned short index);
     /// Binds the list to an open device, which is borrowed. Meant to be called once.
     void setIOInfo(QIODevice* device, int firstRecordOffset, unsigned short recordCount);
+    /// Lets go of a device that is gone: every read fails from then on.
+    void forgetDevice() { _device = nullptr; }
 
 private:
     bool locate(unsigned short index, qint64& offset, qint64& size);

@@ -27,6 +27,7 @@ private slots:
     void failedLoadLeavesTheObjectAsItWas();
     void shortFileFailsWithoutAMessage_data();
     void shortFileFailsWithoutAMessage();
+    void shortFileAfterAGoodOneFailsEveryRead();
     void closedDatabaseWarnsButAnswers();
     void saveDoesNothing();
     void secondLoadWarnsAndReadsTheNewFile();
@@ -152,6 +153,19 @@ void TestQtPalmDatabase::shortFileFailsWithoutAMessage()
     QtPalmDatabase database;
     QCOMPARE(database.load(path("short.PDB")), -1);
     QCOMPARE(database.getCreator(), ""); // device and name stay attached, so no warning
+}
+
+void TestQtPalmDatabase::shortFileAfterAGoodOneFailsEveryRead()
+{
+    QVERIFY(PalmWriter().addRecord("first").write(path("a.PDB")));
+    QVERIFY(writeFile(path("short.PDB"), PalmWriter().build().left(77)));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(path("a.PDB")), 0);
+    QCOMPARE(database.load(path("short.PDB")), -1);
+    const WarningCapture warnings;
+    QVERIFY(!RecordPointer(database.getRecords()->getData(0)));
+    QCOMPARE(warnings.count(QStringLiteral("\"_device!=NULL\" in qtpalmdb.cpp")), 1);
+    QCOMPARE(warnings.messages().last(), QStringLiteral("Cannot get record meta data"));
 }
 
 void TestQtPalmDatabase::closedDatabaseWarnsButAnswers()
