@@ -72,11 +72,10 @@ int QtPalmDatabase::load(const QString& fileName)
 bool QtPalmDatabase::readHeader()
 {
     verifyOpen(__LINE__);
-    char bytes[headerSize];
-    if (_device->read(bytes, headerSize) != headerSize)
-        return false;
-    _header = parseHeader(bytes);
-    return true;
+    char bytes[headerSize] = {};
+    const qint64 count = _device->read(bytes, headerSize);
+    _header = parseHeader(bytes); // what a short file has of it, too
+    return count == headerSize;
 }
 
 void QtPalmDatabase::verifyOpen(int line) const

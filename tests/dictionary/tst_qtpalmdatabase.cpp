@@ -28,6 +28,8 @@ private slots:
     void shortFileFailsWithoutAMessage_data();
     void shortFileFailsWithoutAMessage();
     void shortFileAfterAGoodOneFailsEveryRead();
+    void shortHeaderIsReadAsFarAsItGoes_data();
+    void shortHeaderIsReadAsFarAsItGoes();
     void closedDatabaseWarnsButAnswers();
     void saveDoesNothing();
     void secondLoadWarnsAndReadsTheNewFile();
@@ -152,7 +154,8 @@ void TestQtPalmDatabase::shortFileFailsWithoutAMessage()
     QVERIFY(writeFile(path("short.PDB"), PalmWriter().build().left(size)));
     QtPalmDatabase database;
     QCOMPARE(database.load(path("short.PDB")), -1);
-    QCOMPARE(database.getCreator(), ""); // device and name stay attached, so no warning
+    QCOMPARE(database.getNumRecords(), static_cast<unsigned short>(0));
+    // The device and its name stay attached, so nothing warns.
 }
 
 void TestQtPalmDatabase::shortFileAfterAGoodOneFailsEveryRead()
@@ -166,6 +169,31 @@ void TestQtPalmDatabase::shortFileAfterAGoodOneFailsEveryRead()
     QVERIFY(!RecordPointer(database.getRecords()->getData(0)));
     QCOMPARE(warnings.count(QStringLiteral("\"_device!=NULL\" in qtpalmdb.cpp")), 1);
     QCOMPARE(warnings.messages().last(), QStringLiteral("Cannot get record meta data"));
+}
+
+void TestQtPalmDatabase::shortHeaderIsReadAsFarAsItGoes_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QByteArray>("creator");
+    QTest::addColumn<int>("version");
+    QTest::newRow("all but the count's last byte")
+        << 77 << QByteArray("Dict") << QByteArray("TSKL") << 0x0203;
+    QTest::newRow("half of the creator") << 66 << QByteArray("Dict") << QByteArray("TS") << 0x0203;
+    QTest::newRow("half of the version") << 35 << QByteArray() << QByteArray() << 0x0200;
+    QTest::newRow("nothing") << 0 << QByteArray() << QByteArray() << 0;
+}
+
+// The object is good for nothing else, but its getters answer.
+void TestQtPalmDatabase::shortHeaderIsReadAsFarAsItGoes()
+{
+    QFETCH(int, size);
+    QVERIFY(writeFile(path("short.PDB"), PalmWriter().setVersion(0x0203).build().left(size)));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(path("short.PDB")), -1);
+    QTEST(QByteArray(database.getType()), "type");
+    QTEST(QByteArray(database.getCreator()), "creator");
+    QTEST(int{database.getVersion()}, "version");
 }
 
 void TestQtPalmDatabase::closedDatabaseWarnsButAnswers()
