@@ -14,6 +14,7 @@ namespace
 {
 constexpr auto unit = "qtpalmdb.cpp";
 constexpr int entrySize = 8;
+constexpr qint64 maxRecordSize = qint64{64} << 20; // twice the largest word index there can be
 } // namespace
 
 void QtRecords::setIOInfo(QIODevice* device, int firstRecordOffset, unsigned short recordCount)
@@ -84,16 +85,16 @@ Record* QtRecords::getData(unsigned short index)
     if (!locate(index, offset, size))
         return nullptr;
     RecordPointer result(new Record);
-    // Memory is taken only for bytes that the file has.
+    // Memory is taken only for bytes that the file has, and for no giant of a sparse file.
     qint64 count = std::clamp<qint64>(_device->size() - offset, 0, std::max<qint64>(size, 0));
     if (count == size) {
-        result->data = new (std::nothrow) char[static_cast<std::size_t>(size)];
+        if (size <= maxRecordSize)
+            result->data = new (std::nothrow) char[static_cast<std::size_t>(size)];
         const bool isReady = result->data && _device->seek(offset);
         count = isReady ? _device->read(result->data, size) : 0;
     }
     if (count != size) {
-        qWarning("Cannot read record,bytes to read %d, bytes read %d", static_cast<int>(size),
-                 static_cast<int>(count));
+        qWarning("Cannot read record,bytes to read %lld, bytes read %lld", size, count);
         return nullptr;
     }
     result->size = static_cast<quint32>(size);

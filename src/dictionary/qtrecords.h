@@ -33,7 +33,7 @@ struct RecordMetaData {
 /// The record list of a Palm database, read from the file at each request.
 ///
 /// A card may be pulled out and files may lie: nothing is read ahead or kept, and offsets are
-/// checked against the file's size before memory is taken.
+/// checked against the file's size before memory is taken. Records above 64 MiB are not read.
 class QtRecords
 {
 public:

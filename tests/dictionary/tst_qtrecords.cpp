@@ -33,6 +33,8 @@ private slots:
     void recordOfNoBytesIsReturnedWithAWarning();
     void damagedOffsetsAreReadFailures_data();
     void damagedOffsetsAreReadFailures();
+    void recordBeyondTheLargestSizeIsAReadFailure_data();
+    void recordBeyondTheLargestSizeIsAReadFailure();
     void recordListCutShort();
     void fileThatShrinksFailsFromThenOn();
     void unboundListWarnsAndFails();
@@ -129,7 +131,7 @@ void TestQtRecords::damagedOffsetsAreReadFailures_data()
     QTest::addColumn<quint32>("second");
     QTest::addColumn<unsigned short>("index");
     QTest::addColumn<QString>("message");
-    const auto message = [](int size, int read) {
+    const auto message = [](qint64 size, qint64 read) {
         return QStringLiteral("Cannot read record,bytes to read %1, bytes read %2")
             .arg(size)
             .arg(read);
@@ -143,7 +145,7 @@ void TestQtRecords::damagedOffsetsAreReadFailures_data()
     QTest::newRow("record of 2 GB") << 94U << 0x7FFFFFFFU << first << message(0x7FFFFFFF - 94, 8);
     QTest::newRow("last record begins past the end") << 94U << 200U << last << message(-98, 0);
     QTest::newRow("last record begins at 4 GB")
-        << 94U << 0xFFFFFFFFU << last << message(static_cast<int>(102 - 0xFFFFFFFFLL), 0);
+        << 94U << 0xFFFFFFFFU << last << message(102 - 0xFFFFFFFFLL, 0);
 }
 
 void TestQtRecords::damagedOffsetsAreReadFailures()
@@ -162,6 +164,33 @@ void TestQtRecords::damagedOffsetsAreReadFailures()
     QCOMPARE(database.load(_path), 0);
     QTest::ignoreMessage(QtWarningMsg, qPrintable(message));
     QVERIFY(!RecordPointer(database.getRecords()->getData(index)));
+}
+
+void TestQtRecords::recordBeyondTheLargestSizeIsAReadFailure_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<bool>("isRead");
+    constexpr qint64 largest = 64LL << 20;
+    QTest::newRow("as large as can be") << largest << true;
+    QTest::newRow("a byte more") << largest + 1 << false;
+    QTest::newRow("more than 32 bits can tell") << (4LL << 30) + 7 << false;
+}
+
+// The file has all the bytes, though none of them takes room on the disk.
+void TestQtRecords::recordBeyondTheLargestSizeIsAReadFailure()
+{
+    QFETCH(qint64, size);
+    QFETCH(bool, isRead);
+    QVERIFY(PalmWriter().addRecord("").write(_path));
+    QVERIFY(QFile::resize(_path, 78 + 8 + size));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    const QString message = QStringLiteral("Cannot read record,bytes to read %1, bytes read 0");
+    if (!isRead)
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(message.arg(size)));
+    const RecordPointer record(database.getRecords()->getData(0));
+    QCOMPARE(record != nullptr, isRead);
+    QVERIFY(!record || record->size == static_cast<quint32>(size));
 }
 
 void TestQtRecords::recordListCutShort()
