@@ -8,6 +8,7 @@
 namespace
 {
 constexpr long maxSize = std::numeric_limits<qint32>::max();
+constexpr long maxGrownSize = 64L << 20;
 } // namespace
 
 bool CBuffer::OpenMemory(const void* data, long size, EOpenMode mode)
@@ -55,14 +56,14 @@ int CBuffer::GetC()
 
 void CBuffer::Seek(long offset, ESeekMode mode)
 {
-    qint64 position = offset;
+    qint64 position = std::clamp(offset, -maxSize, maxSize);
     if (mode == FromPosition)
         position += _position;
     else if (mode == FromEnd)
         position += _size;
     position = std::clamp<qint64>(position, 0, maxSize);
     if (position > _size) {
-        if (_isOwned) {
+        if (_isOwned && position <= maxGrownSize) {
             _memory.resize(static_cast<std::size_t>(position));
             _data = _memory.data();
             _size = static_cast<qint32>(position);
@@ -91,7 +92,8 @@ bool CBuffer::GetByteAt(void* byte, long index) const
 
 bool CBuffer::PutByteAt(const void* byte, long index)
 {
-    if (index < 0 || index >= _position)
+    const bool isWritable = _isOwned || _mode == Write_Mode;
+    if (!isWritable || index < 0 || index >= _position)
         return false;
     _data[index] = *static_cast<const unsigned char*>(byte);
     return true;

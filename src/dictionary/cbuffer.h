@@ -27,14 +27,15 @@ public:
     long Read(void* target, long size);
     /// The next byte, or -1 at the end.
     int GetC();
-    /// Moves the position, clamped at 0; past the end own memory grows (by zero bytes) and
-    /// borrowed memory clamps.
+    /// Moves the position, clamped at 0. Past the end own memory grows (by zero bytes, up to
+    /// 64 MiB); otherwise the position clamps to the end.
     void Seek(long offset, ESeekMode mode);
     [[nodiscard]] long Tell() const { return _position; }
     /// Write mode: stores one byte and advances; false at the end of the block and in read mode.
     bool Write(const void* byte);
-    /// Fetches or changes a byte before the position; false elsewhere.
+    /// Fetches a byte before the position; false elsewhere.
     bool GetByteAt(void* byte, long index) const;
+    /// Changes a byte before the position; false elsewhere, and for borrowed memory in read mode.
     bool PutByteAt(const void* byte, long index);
     [[nodiscard]] long Size() const { return _size; }
 

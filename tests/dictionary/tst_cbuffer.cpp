@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+#include <limits>
+
 class TestCBuffer : public QObject
 {
     Q_OBJECT
@@ -16,11 +18,14 @@ private slots:
     void seeks_data();
     void seeks();
     void seekGrowsOwnMemory();
+    void seekGrowsOwnMemoryWithinReason();
     void openTakesACopy();
     void openFailsWhenTheSourceIsTooShort();
     void writesUntilTheEnd();
     void writeDoesNothingInReadMode();
     void bytesBeforeThePositionCanBeFetchedAndChanged();
+    void borrowedBytesAreNotChangedInReadMode();
+    void ownBytesCanBeChanged();
 };
 
 void TestCBuffer::readsBytesUntilTheEnd()
@@ -88,6 +93,14 @@ void TestCBuffer::seeks_data()
     QTest::newRow("before the start") << -9L << int{CBuffer::FromPosition} << 0L;
     QTest::newRow("past the end of borrowed memory") << 9L << int{CBuffer::FromStart} << 6L;
     QTest::newRow("far past the end") << 0x7FFFFFFFFFL << int{CBuffer::FromPosition} << 6L;
+    constexpr long largest = std::numeric_limits<long>::max();
+    constexpr long smallest = std::numeric_limits<long>::min();
+    QTest::newRow("largest, start") << largest << int{CBuffer::FromStart} << 6L;
+    QTest::newRow("largest, position") << largest << int{CBuffer::FromPosition} << 6L;
+    QTest::newRow("largest, end") << largest << int{CBuffer::FromEnd} << 6L;
+    QTest::newRow("smallest, start") << smallest << int{CBuffer::FromStart} << 0L;
+    QTest::newRow("smallest, position") << smallest << int{CBuffer::FromPosition} << 0L;
+    QTest::newRow("smallest, end") << smallest << int{CBuffer::FromEnd} << 0L;
 }
 
 void TestCBuffer::seeks()
@@ -115,6 +128,19 @@ void TestCBuffer::seekGrowsOwnMemory()
     QCOMPARE(byte, quint8{0});
     QVERIFY(buffer.GetByteAt(&byte, 2));
     QCOMPARE(byte, quint8{'c'});
+}
+
+void TestCBuffer::seekGrowsOwnMemoryWithinReason()
+{
+    CBuffer source;
+    source.OpenMemory("abc", 3, CBuffer::Read_Mode);
+    CBuffer buffer;
+    QVERIFY(buffer.Open(&source, 3));
+    for (const long offset : {(64L << 20) + 1, std::numeric_limits<long>::max()}) {
+        buffer.Seek(offset, CBuffer::FromStart);
+        QCOMPARE(buffer.Size(), 3L);
+        QCOMPARE(buffer.Tell(), 3L);
+    }
 }
 
 void TestCBuffer::openTakesACopy()
@@ -179,6 +205,30 @@ void TestCBuffer::bytesBeforeThePositionCanBeFetchedAndChanged()
     QVERIFY(!buffer.PutByteAt("X", 2));
     QVERIFY(!buffer.PutByteAt("X", -1));
     QCOMPARE(memory, "Xbcd");
+}
+
+// They may be constants.
+void TestCBuffer::borrowedBytesAreNotChangedInReadMode()
+{
+    char memory[] = "abcd";
+    CBuffer buffer;
+    buffer.OpenMemory(memory, 4, CBuffer::Read_Mode);
+    buffer.Seek(2, CBuffer::FromStart);
+    QVERIFY(!buffer.PutByteAt("X", 0));
+    QCOMPARE(memory, "abcd");
+}
+
+void TestCBuffer::ownBytesCanBeChanged()
+{
+    CBuffer source;
+    source.OpenMemory("abc", 3, CBuffer::Read_Mode);
+    CBuffer buffer;
+    QVERIFY(buffer.Open(&source, 3));
+    buffer.Seek(2, CBuffer::FromStart);
+    QVERIFY(buffer.PutByteAt("X", 1));
+    char byte = '?';
+    QVERIFY(buffer.GetByteAt(&byte, 1));
+    QCOMPARE(byte, 'X');
 }
 
 QTEST_GUILESS_MAIN(TestCBuffer)
