@@ -7,8 +7,6 @@
 class DictionaryIterator
 {
 public:
-    virtual ~DictionaryIterator() = default;
-
     /// The current position; invalid until begin(), setPosition() or move() set it.
     virtual CursorPosition getPosition() = 0;
     /// Makes a valid `position` current; otherwise keeps the current one and returns false.
@@ -23,6 +21,7 @@ public:
     virtual CursorPosition begin() = 0;
     /// Whether the dictionary has a word at `position`.
     virtual bool isValid(CursorPosition position) = 0;
+    virtual ~DictionaryIterator() = default;
 
 protected:
     DictionaryIterator() = default;

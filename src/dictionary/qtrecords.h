@@ -34,12 +34,12 @@ struct RecordMetaData {
 ///
 /// A card may be pulled out and files may lie: nothing is read ahead or kept, and offsets are
 /// checked against the file's size before memory is taken. Records above 64 MiB are not read.
-class QtRecords
+class QtRecords final
 {
 public:
     QtRecords() = default;
     Q_DISABLE_COPY_MOVE(QtRecords)
-    virtual ~QtRecords() = default;
+    ~QtRecords() = default;
 
     /// Reads record `index` whole: a new record that the caller frees, or null on failure.
     virtual Record* getData(unsigned short index);
