@@ -119,6 +119,7 @@ void TestArj::everyMethodUnpacksToTheSameBytes()
     for (int method = 1; method <= 4; ++method) {
         QString error;
         const QByteArray member = packWithArj(original, method, error);
+        QVERIFY2(!member.isEmpty(), qPrintable(error));
         MemberBlock block;
         QCOMPARE(decodeMember(member.constData(), static_cast<std::size_t>(member.size()), block),
                  MemberStatus::Ok);
@@ -131,7 +132,9 @@ void TestArj::unpacksAMemberFollowedByOtherBytes()
     const QByteArray original = dictionaryText(5000, 12);
     for (int method = 1; method <= 4; ++method) {
         QString error;
-        const QByteArray member = packWithArj(original, method, error) + QByteArray(20, '\xFF');
+        const QByteArray packed = packWithArj(original, method, error);
+        QVERIFY2(!packed.isEmpty(), qPrintable(error));
+        const QByteArray member = packed + QByteArray(20, '\xFF');
         MemberBlock block;
         QCOMPARE(decodeMember(member.constData(), static_cast<std::size_t>(member.size()), block),
                  MemberStatus::Ok);

@@ -237,7 +237,6 @@ void TestDecode::dataThatRunsOutIsFollowedByZeroBits()
 {
     const QByteArray packed = packLiterals("ab");
     const QByteArray expected = "ab" + QByteArray(100, '\0');
-    ArjMember member = headerFor(4, packed, static_cast<int>(expected.size()));
     const QByteArray whole = makeMember(4, packed, expected);
     QCOMPARE(unpackToBytes(whole + QByteArray(300, '\xFF'), expected.size()), expected);
 }
