@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 /// Case folding of dictionary texts: one fixed Latin-1 table, whatever the locale.
 namespace teskel
@@ -29,19 +30,12 @@ constexpr unsigned char foldByte(unsigned char byte)
     return detail::foldTable[byte];
 }
 
-/// Compares two folded NUL-terminated texts by unsigned bytes: negative, 0 or positive.
-inline int foldedCompare(const char* a, const char* b)
-{
-    for (;; ++a, ++b) {
-        const unsigned char left = foldByte(static_cast<unsigned char>(*a));
-        const unsigned char right = foldByte(static_cast<unsigned char>(*b));
-        if (left != right || left == 0)
-            return int{left} - int{right};
-    }
-}
+/// A length that no text reaches: compare texts to their end.
+inline constexpr std::size_t wholeText = SIZE_MAX;
 
-/// The same on at most `n` bytes.
-inline int foldedCompare(const char* a, const char* b, std::size_t n)
+/// Compares at most `n` bytes of two folded NUL-terminated texts by unsigned bytes: negative, 0 or
+/// positive.
+inline int foldedCompare(const char* a, const char* b, std::size_t n = wholeText)
 {
     for (; n > 0; --n, ++a, ++b) {
         const unsigned char left = foldByte(static_cast<unsigned char>(*a));

@@ -91,12 +91,12 @@ public:
     /// cannot be read. Owned by the cache and always followed by terminating NULs.
     const char* getWordRecord(unsigned short recordIndex);
     const char* getDecompressedRecord(unsigned short index);
-    /// Unpacks a database record afresh; null when it cannot be read.
-    std::unique_ptr<teskel::TextRecord> decompressRecord(unsigned short index);
     void clearWordCache();
 
 private:
     bool loadIndex();
+    /// Unpacks a database record afresh; null when it cannot be read.
+    std::unique_ptr<teskel::TextRecord> decompressRecord(unsigned short index);
     const teskel::TextRecord* cachedRecord(unsigned short index);
     const teskel::TextRecord* cachedWordRecord(unsigned short recordIndex);
 

@@ -52,21 +52,18 @@ CursorPosition QtDictionary::findWord(const char* word, CursorPosition /*positio
 {
     if (!TESKEL_ASSERT(isOpen(), "isOpen()", unit) || !word || !loadIndex())
         return CursorPosition::invalid();
-    const std::size_t length = std::strlen(word);
-    const std::size_t* prefixLength = prefix ? &length : nullptr;
+    const std::size_t length = prefix ? std::strlen(word) : teskel::wholeText;
     const unsigned short recordCount = getWordRecordCount();
-    for (std::size_t i = _index.recordFor(word, prefixLength); i < recordCount; ++i) {
+    for (std::size_t i = _index.recordFor(word, length); i < recordCount; ++i) {
         const auto recordIndex = static_cast<unsigned short>(i);
         const teskel::TextRecord* record = cachedWordRecord(recordIndex);
         if (!record || record->count() == 0)
             break;
-        const quint16 entry = record->firstNotBelow(word, prefixLength);
+        const quint16 entry = record->firstNotBelow(word, length);
         if (entry == record->count())
             continue;
-        const char* found = record->word(entry);
-        const int order = prefix ? teskel::foldedCompare(found, word, length)
-                                 : teskel::foldedCompare(found, word);
-        return order == 0 ? CursorPosition::at(recordIndex, entry) : CursorPosition::invalid();
+        const bool isFound = teskel::foldedCompare(record->word(entry), word, length) == 0;
+        return isFound ? CursorPosition::at(recordIndex, entry) : CursorPosition::invalid();
     }
     return CursorPosition::invalid();
 }

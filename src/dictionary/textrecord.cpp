@@ -9,15 +9,6 @@
 namespace teskel
 {
 
-namespace
-{
-int compare(const char* headword, const char* word, const std::size_t* prefixLength)
-{
-    return prefixLength ? foldedCompare(headword, word, *prefixLength)
-                        : foldedCompare(headword, word);
-}
-} // namespace
-
 quint16 TextRecord::count() const
 {
     findEntries();
@@ -30,17 +21,11 @@ const char* TextRecord::word(quint16 entry) const
     return text() + _offsets[entry];
 }
 
-const char* TextRecord::article(quint16 entry) const
-{
-    const char* headword = word(entry);
-    return headword + std::strlen(headword) + 1;
-}
-
-quint16 TextRecord::firstNotBelow(const char* word, const std::size_t* prefixLength) const
+quint16 TextRecord::firstNotBelow(const char* word, std::size_t length) const
 {
     findEntries();
     const auto isBelow = [&](quint16 offset) {
-        return compare(text() + offset, word, prefixLength) < 0;
+        return foldedCompare(text() + offset, word, length) < 0;
     };
     const auto found = _isAscending
                            ? std::partition_point(_offsets.begin(), _offsets.end(), isBelow)

@@ -30,13 +30,12 @@ public:
 
     /// Number of entries.
     [[nodiscard]] quint16 count() const;
-    /// Headword and article of an entry below count().
+    /// The headword of an entry below count(); its article follows the NUL.
     [[nodiscard]] const char* word(quint16 entry) const;
-    [[nodiscard]] const char* article(quint16 entry) const;
-    /// The first entry, in record order, whose headword does not compare below `word`, or count().
-    /// With `prefixLength` set, only so many bytes are compared. Searched by halves where the
-    /// headwords ascend, which gives the same result.
-    [[nodiscard]] quint16 firstNotBelow(const char* word, const std::size_t* prefixLength) const;
+    /// The first entry, in record order, whose headword does not compare below `word` in its first
+    /// `length` bytes, or count(). Searched by halves where the headwords ascend, which gives the
+    /// same result.
+    [[nodiscard]] quint16 firstNotBelow(const char* word, std::size_t length) const;
 
 private:
     void findEntries() const;

@@ -35,12 +35,10 @@ void WordIndex::parse(const char* data, std::size_t size, std::size_t wordRecord
     _isLoaded = true;
 }
 
-std::size_t WordIndex::recordFor(const char* word, const std::size_t* prefixLength) const
+std::size_t WordIndex::recordFor(const char* word, std::size_t length) const
 {
     const auto isBelow = [&](quint32 offset) {
-        const char* key = _keys.constData() + offset;
-        return (prefixLength ? foldedCompare(key, word, *prefixLength) : foldedCompare(key, word)) <
-               0;
+        return foldedCompare(_keys.constData() + offset, word, length) < 0;
     };
     const auto stop = _isAscending ? std::partition_point(_offsets.begin(), _offsets.end(), isBelow)
                                    : std::find_if_not(_offsets.begin(), _offsets.end(), isBelow);

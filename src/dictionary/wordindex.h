@@ -21,9 +21,9 @@ public:
     [[nodiscard]] bool isTopicIndex() const { return _keys.startsWith('#'); }
 
     /// The record with which a search for `word` begins: that of the last key before the first one
-    /// that does not compare below it. With `prefixLength` set, only so many bytes are compared.
-    /// Searched by halves where the keys ascend, else from the front.
-    [[nodiscard]] std::size_t recordFor(const char* word, const std::size_t* prefixLength) const;
+    /// that does not compare below it in its first `length` bytes. Searched by halves where the
+    /// keys ascend, else from the front.
+    [[nodiscard]] std::size_t recordFor(const char* word, std::size_t length) const;
 
 private:
     QByteArray _keys;
