@@ -46,6 +46,7 @@ private slots:
     void keepsOneHundredRecords();
     void aHitMakesARecordTheMostRecent();
     void rawRecordsEndWithNuls();
+    void recordBeyondTheLastWarns();
     void closedDictionaryWarnsButAnswers();
 
 private:
@@ -103,6 +104,8 @@ void TestQtDictionary::refusesFilesThatAreNoDictionary_data()
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("shorter than a header") << animals().container().build().left(70);
     QTest::newRow("other creator") << animals().container().setCreator("TSKM").build();
+    QTest::newRow("other creator and type")
+        << animals().container().setType("TSKL").setCreator("TSKM").build();
     QTest::newRow("creator in lower case") << animals().container().setCreator("tskl").build();
     QTest::newRow("creator with an early end")
         << animals().container().setCreator(QByteArray("TSK\0", 4)).build();
@@ -437,19 +440,36 @@ void TestQtDictionary::rawRecordsEndWithNuls()
     QCOMPARE(dictionary.getWordRecord(0), dictionary.getDecompressedRecord(5));
 }
 
+void TestQtDictionary::recordBeyondTheLastWarns()
+{
+    QVERIFY(animals().write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    const WarningCapture warnings;
+    QVERIFY(!dictionary.getDecompressedRecord(7));
+    QCOMPARE(warnings.count(
+                 QStringLiteral("ASSERT: \"recordIndex<records->getCount()\" in qtdictionary.cpp")),
+             1);
+    QCOMPARE(dictionary.getDecompressedRecord(6), "bat");
+}
+
 void TestQtDictionary::closedDictionaryWarnsButAnswers()
 {
     QtDictionary dictionary;
     char buffer[10] = "?";
     unsigned int size = sizeof buffer;
     const WarningCapture warnings;
+    QVERIFY(dictionary.getName(buffer, 10));
+    QCOMPARE(buffer, "");
+    QCOMPARE(warnings.count(QStringLiteral("ASSERT: \"isOpen()\" in qtdictionary.cpp (")), 1);
+    buffer[0] = '?';
     QVERIFY(!dictionary.getDescription(buffer, 10));
     QVERIFY(!dictionary.getDescription(CursorPosition::at(0, 0), buffer, &size));
     QCOMPARE(size, 0U);
     QVERIFY(!dictionary.getWordAt(CursorPosition::at(0, 0)));
     QVERIFY(dictionary.findWord("a", CursorPosition::invalid(), false).isInvalid());
     QVERIFY(!dictionary.getDecompressedRecord(5));
-    QVERIFY(warnings.count(QStringLiteral("ASSERT: \"isOpen()\" in qtdictionary.cpp (")) >= 5);
+    QVERIFY(warnings.count(QStringLiteral("ASSERT: \"isOpen()\" in qtdictionary.cpp (")) >= 6);
     QCOMPARE(buffer, "?");
 }
 
