@@ -1,0 +1,477 @@
+// SPDX-License-Identifier: MIT
+// Opening, naming and reading the records of a dictionary.
+#include "dictionary/qtdictionary.h"
+#include "tests/support/arjmember.h"
+#include "tests/support/dictionarywriter.h"
+#include "tests/support/warningcapture.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace teskel::test;
+
+class TestQtDictionary : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void startsClosed();
+    void opensByBothKindsOfPath();
+    void refusesFilesThatAreNoDictionary_data();
+    void refusesFilesThatAreNoDictionary();
+    void refusedFileLeavesTheOpenOne();
+    void typeIsNotChecked();
+    void fiveRecordsAreADictionaryWithoutWords();
+    void fourRecordsAreTooFewAndStayAttached();
+    void topicDictionaryIsRefusedAndStaysAttached();
+    void unreadableFirstRecordIsRefusedAndStaysAttached();
+    void emptyFirstRecordHoldsNoKeys();
+    void openingAgainReplacesTheDictionary();
+    void closeForgetsEverything();
+    void nameIsTheBaseName_data();
+    void nameIsTheBaseName();
+    void nameFitsItsBufferExactly();
+    void descriptionFitsItsBufferExactly();
+    void unreadableDescription();
+    void wordCountIsAlwaysZero();
+    void countsEntries_data();
+    void countsEntries();
+    void countBeyondTheLastRecordWarns();
+    void damagedRecordIsMissing();
+    void failedDecompressionIsTriedAgain();
+    void recordOfNoBytesIsMissing();
+    void keepsOneHundredRecords();
+    void aHitMakesARecordTheMostRecent();
+    void rawRecordsEndWithNuls();
+    void recordBeyondTheLastWarns();
+    void closedDictionaryWarnsButAnswers();
+
+private:
+    QString path(const char* name) { return _directory.filePath(QString::fromUtf8(name)); }
+
+    QTemporaryDir _directory;
+};
+
+namespace
+{
+DictionaryWriter animals()
+{
+    DictionaryWriter writer;
+    writer.setDescription("Animals");
+    writer.addRecord({{"ant", "Ameise"}, {"ape", "Affe"}});
+    writer.addRecord({{"bat", "Fledermaus"}, {"bee", "Biene"}, {"bug", "Wanze"}});
+    return writer;
+}
+} // namespace
+
+void TestQtDictionary::init()
+{
+    QVERIFY(_directory.isValid());
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+}
+
+void TestQtDictionary::startsClosed()
+{
+    QtDictionary dictionary;
+    QVERIFY(!dictionary.isOpen());
+    QCOMPARE(dictionary.getUrl(), QString());
+    QCOMPARE(dictionary.getWordRecordCount(), static_cast<unsigned short>(0));
+    QCOMPARE(dictionary.close(), 0);
+}
+
+void TestQtDictionary::opensByBothKindsOfPath()
+{
+    const QString latin1 = path("T\xC3\xBCr.PDB");
+    const QString cyrillic = path("\xD0\xB6.PDB");
+    QVERIFY(animals().write(latin1));
+    QVERIFY(animals().write(cyrillic));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(latin1.toLatin1().constData()), 0);
+    QVERIFY(dictionary.isOpen());
+    QCOMPARE(dictionary.getUrl(), latin1);
+    QVERIFY(dictionary.isValidDictionary(latin1.toLatin1().constData()));
+    QCOMPARE(dictionary.open(cyrillic), 0);
+    QCOMPARE(dictionary.getUrl(), cyrillic);
+    QCOMPARE(dictionary.getWordRecordCount(), static_cast<unsigned short>(2));
+}
+
+void TestQtDictionary::refusesFilesThatAreNoDictionary_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("shorter than a header") << animals().container().build().left(70);
+    QTest::newRow("other creator") << animals().container().setCreator("TSKM").build();
+    QTest::newRow("other creator and type")
+        << animals().container().setType("TSKL").setCreator("TSKM").build();
+    QTest::newRow("creator in lower case") << animals().container().setCreator("tskl").build();
+    QTest::newRow("creator with an early end")
+        << animals().container().setCreator(QByteArray("TSK\0", 4)).build();
+    QTest::newRow("noise") << QByteArray(500, '\xA7');
+}
+
+void TestQtDictionary::refusesFilesThatAreNoDictionary()
+{
+    QFETCH(QByteArray, bytes);
+    QVERIFY(writeFile(path("a.PDB"), bytes));
+    QtDictionary dictionary;
+    QVERIFY(!dictionary.isValidDictionary(path("a.PDB")));
+    QCOMPARE(dictionary.open(path("a.PDB")), -1);
+    QVERIFY(!dictionary.isOpen());
+}
+
+void TestQtDictionary::refusedFileLeavesTheOpenOne()
+{
+    QVERIFY(animals().write(path("a.PDB")));
+    QVERIFY(animals().container().setCreator("Else").write(path("b.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QCOMPARE(dictionary.open(path("b.PDB")), -1);
+    QVERIFY(dictionary.isOpen());
+    QCOMPARE(dictionary.getUrl(), path("a.PDB"));
+    QVERIFY(!dictionary.findWord("bee", CursorPosition::invalid(), false).isInvalid());
+}
+
+void TestQtDictionary::typeIsNotChecked()
+{
+    QVERIFY(animals().container().setType("????").write(path("a.PDB")));
+    QCOMPARE(QtDictionary().open(path("a.PDB")), 0);
+}
+
+void TestQtDictionary::fiveRecordsAreADictionaryWithoutWords()
+{
+    QVERIFY(DictionaryWriter().write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QCOMPARE(dictionary.getWordRecordCount(), static_cast<unsigned short>(0));
+    QVERIFY(dictionary.findWord("a", CursorPosition::invalid(), true).isInvalid());
+}
+
+void TestQtDictionary::fourRecordsAreTooFewAndStayAttached()
+{
+    QVERIFY(DictionaryWriter().container().claimRecordCount(4).write(path("a.PDB")));
+    QtDictionary dictionary;
+    QTest::ignoreMessage(QtWarningMsg, "Invalid database. Records are less than 5");
+    QCOMPARE(dictionary.open(path("a.PDB")), -1);
+    QVERIFY(dictionary.isOpen());
+    QCOMPARE(dictionary.getUrl(), path("a.PDB"));
+    QCOMPARE(dictionary.getWordRecordCount(), static_cast<unsigned short>(0));
+    dictionary.close();
+    QVERIFY(!dictionary.isOpen());
+    QCOMPARE(dictionary.getUrl(), QString());
+}
+
+void TestQtDictionary::topicDictionaryIsRefusedAndStaysAttached()
+{
+    QVERIFY(
+        DictionaryWriter().addRecord({{"#topic", "x"}, {"ant", "Ameise"}}).write(path("a.PDB")));
+    QtDictionary dictionary;
+    QTest::ignoreMessage(QtWarningMsg, "No support for topic dictionaries yet");
+    QCOMPARE(dictionary.open(path("a.PDB")), -1);
+    QVERIFY(dictionary.isOpen());
+    QCOMPARE(dictionary.getUrl(), path("a.PDB"));
+    QVERIFY(!dictionary.findWord("ant", CursorPosition::invalid(), false).isInvalid());
+}
+
+void TestQtDictionary::unreadableFirstRecordIsRefusedAndStaysAttached()
+{
+    QVERIFY(animals().container().claimOffset(0, 0xFFFFFF00).write(path("a.PDB")));
+    QtDictionary dictionary;
+    {
+        const WarningCapture warnings;
+        QCOMPARE(dictionary.open(path("a.PDB")), -1);
+        QCOMPARE(warnings.messages().last(), QStringLiteral("Cannot get first record"));
+    }
+    QVERIFY(dictionary.isOpen());
+    const WarningCapture warnings;
+    QVERIFY(dictionary.findWord("ant", CursorPosition::invalid(), false).isInvalid());
+    QCOMPARE(warnings.count(QStringLiteral("Cannot read record,bytes to read ")), 1);
+}
+
+void TestQtDictionary::emptyFirstRecordHoldsNoKeys()
+{
+    QVERIFY(animals().setIndex("").write(path("a.PDB")));
+    QtDictionary dictionary;
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("\"result->size!=0\"")));
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    // A search then begins in the first record.
+    QVERIFY(dictionary.findWord("bee", CursorPosition::invalid(), false) ==
+            CursorPosition::at(1, 1));
+}
+
+void TestQtDictionary::openingAgainReplacesTheDictionary()
+{
+    QVERIFY(animals().write(path("a.PDB")));
+    QVERIFY(DictionaryWriter().addRecord({{"cat", "Katze"}}).write(path("b.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QCOMPARE(dictionary.getWordAt(CursorPosition::at(0, 0)), "ant");
+    QCOMPARE(dictionary.open(path("b.PDB")), 0);
+    QCOMPARE(dictionary.getWordAt(CursorPosition::at(0, 0)), "cat");
+    QVERIFY(dictionary.findWord("bee", CursorPosition::invalid(), false).isInvalid());
+}
+
+void TestQtDictionary::closeForgetsEverything()
+{
+    QVERIFY(animals().write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(dictionary.getWordRecord(0));
+    QCOMPARE(dictionary.close(), 0);
+    QVERIFY(!dictionary.isOpen());
+    QCOMPARE(dictionary.getUrl(), QString());
+    QVERIFY(!dictionary.getWordRecord(0));
+}
+
+void TestQtDictionary::nameIsTheBaseName_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("usual") << QStringLiteral("Eng2Ger.PDB") << QByteArray("Eng2Ger");
+    QTest::newRow("up to the first dot")
+        << QStringLiteral("en-de.large.pdb") << QByteArray("en-de");
+    QTest::newRow("without a dot") << QStringLiteral("words") << QByteArray("words");
+    QTest::newRow("nothing before the dot") << QStringLiteral(".PDB") << QByteArray();
+    QTest::newRow("umlaut") << QStringLiteral(u"W\u00F6rter.PDB") << QByteArray("W\xF6rter");
+}
+
+void TestQtDictionary::nameIsTheBaseName()
+{
+    QFETCH(QString, file);
+    QVERIFY(animals().write(_directory.filePath(file)));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(_directory.filePath(file)), 0);
+    char buffer[512];
+    QVERIFY(dictionary.getName(buffer, sizeof buffer));
+    QTEST(QByteArray(buffer), "name");
+}
+
+void TestQtDictionary::nameFitsItsBufferExactly()
+{
+    QVERIFY(animals().write(path("en-de.large.pdb")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("en-de.large.pdb")), 0);
+    char buffer[6] = {'?', '?', '?', '?', '?', '?'};
+    for (const int size : {5, 1, 0, -1}) {
+        QVERIFY(!dictionary.getName(buffer, size));
+        QCOMPARE(buffer[0], '?');
+    }
+    QVERIFY(dictionary.getName(buffer, 6));
+    QCOMPARE(buffer, "en-de");
+}
+
+void TestQtDictionary::descriptionFitsItsBufferExactly()
+{
+    QVERIFY(animals().write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    char buffer[8] = {'?'};
+    QVERIFY(!dictionary.getDescription(buffer, 7));
+    QCOMPARE(buffer[0], '?');
+    QVERIFY(dictionary.getDescription(buffer, 8));
+    QCOMPARE(buffer, "Animals");
+}
+
+void TestQtDictionary::unreadableDescription()
+{
+    QVERIFY(PalmWriter()
+                .addRecord(QByteArray(1, '\0'))
+                .addRecord("x")
+                .addRecord("not packed")
+                .addRecord("x")
+                .addRecord("x")
+                .write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    char buffer[512] = "?";
+    QTest::ignoreMessage(QtWarningMsg, "Decompressed record is null");
+    QVERIFY(!dictionary.getDescription(buffer, sizeof buffer));
+    QCOMPARE(buffer, "?");
+}
+
+void TestQtDictionary::wordCountIsAlwaysZero()
+{
+    QVERIFY(animals().write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.getWordCount(), 0);
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QCOMPARE(dictionary.getWordCount(), 0);
+}
+
+void TestQtDictionary::countsEntries_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<unsigned short>("count");
+    const auto row = [](const char* name, const QByteArray& text, unsigned short count) {
+        QTest::newRow(name) << text << count;
+    };
+    row("single 0 byte", QByteArray(1, '\0'), 0);
+    row("no bytes", QByteArray(), 0);
+    row("one entry", QByteArray("a\0b\0\0", 5), 1);
+    row("empty articles", QByteArray("a\0\0b\0\0\0", 7), 2);
+    row("bytes after the end", QByteArray("a\0b\0\0c\0d\0\0", 10), 1);
+    row("without the last terminator", QByteArray("a\0b\0c\0d\0", 8), 2);
+    row("article without terminator", QByteArray("a\0b\0c\0d", 7), 2);
+    row("headword without article", QByteArray("a\0b\0c\0", 6), 2);
+    row("headword without terminator", QByteArray("a\0b\0c", 5), 2);
+    row("no terminators at all", QByteArray(100, 'x'), 1);
+    row("no terminators in the largest record", QByteArray(32767, 'x'), 1);
+    row("as many entries as there can be", QByteArray("x\0\0", 3).repeated(10922), 10922);
+}
+
+void TestQtDictionary::countsEntries()
+{
+    QFETCH(QByteArray, text);
+    QVERIFY(DictionaryWriter().addPackedRecord("a", literalMember(text)).write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QTEST(dictionary.getTotalWordCount(0), "count");
+    // Every headword and article lies within the record, and reads as a text.
+    for (quint16 word = 0; word < dictionary.getTotalWordCount(0); ++word) {
+        const char* headword = dictionary.getWordAt(CursorPosition::at(0, word));
+        QVERIFY(qstrlen(headword) > 0 && qstrlen(headword) <= static_cast<size_t>(text.size()));
+        QByteArray buffer(40000, '?');
+        auto size = static_cast<unsigned int>(buffer.size());
+        QVERIFY(dictionary.getDescription(CursorPosition::at(0, word), buffer.data(), &size));
+        QVERIFY(size <= static_cast<unsigned int>(text.size()));
+    }
+}
+
+void TestQtDictionary::countBeyondTheLastRecordWarns()
+{
+    QVERIFY(animals().write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QTest::ignoreMessage(
+        QtWarningMsg,
+        QRegularExpression(QStringLiteral(
+            "^ASSERT: \"recordIndex<getWordRecordCount\\(\\)\" in qtdictionary.cpp \\(\\d+\\)$")));
+    QCOMPARE(dictionary.getTotalWordCount(2), static_cast<unsigned short>(0));
+}
+
+void TestQtDictionary::damagedRecordIsMissing()
+{
+    QByteArray damaged = literalMember(DictionaryWriter::recordText({{"ant", "Ameise"}}));
+    damaged.back() = static_cast<char>(damaged.back() ^ 0x40);
+    QVERIFY(animals().addPackedRecord("cat", damaged).write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QTest::ignoreMessage(QtWarningMsg, "Decompressed record is null");
+    QVERIFY(!dictionary.getWordRecord(2));
+    QTest::ignoreMessage(QtWarningMsg, "Decompressed record is null");
+    QCOMPARE(dictionary.getTotalWordCount(2), static_cast<unsigned short>(0));
+    QCOMPARE(dictionary.getTotalWordCount(1), static_cast<unsigned short>(3));
+}
+
+void TestQtDictionary::failedDecompressionIsTriedAgain()
+{
+    const QByteArray good = animals().container().build();
+    QByteArray bad = good;
+    bad.back() = static_cast<char>(bad.back() ^ 0x40);
+    QVERIFY(writeFile(path("a.PDB"), bad));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QTest::ignoreMessage(QtWarningMsg, "Decompressed record is null");
+    QVERIFY(!dictionary.getWordRecord(1));
+    QFile file(path("a.PDB"));
+    QVERIFY(file.open(QIODevice::ReadWrite)); // the same file, mended in place
+    QCOMPARE(file.write(good), good.size());
+    file.close();
+    QCOMPARE(dictionary.getWordRecord(1), "bat");
+}
+
+void TestQtDictionary::recordOfNoBytesIsMissing()
+{
+    QVERIFY(animals().addPackedRecord("cat", "").addRecord({{"dog", "Hund"}}).write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    const WarningCapture warnings;
+    QVERIFY(!dictionary.getWordRecord(2));
+    QCOMPARE(warnings.count(QStringLiteral("\"result->size!=0\" in qtpalmdb.cpp")), 1);
+    QCOMPARE(warnings.count(QStringLiteral("\"metaData->size!=0\" in qtdictionary.cpp")), 1);
+    QCOMPARE(warnings.messages().last(), QStringLiteral("Decompressed record is null"));
+}
+
+// Whether a record comes from the cache shows once the file is gone.
+void TestQtDictionary::keepsOneHundredRecords()
+{
+    QList<Entry> entries;
+    for (int i = 1000; i < 1102; ++i)
+        entries.append({QByteArray::number(i), "x"});
+    QVERIFY(DictionaryWriter().addEntries(entries, 1).write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    for (unsigned short record = 0; record < 101; ++record)
+        QVERIFY(dictionary.getWordRecord(record));
+    QVERIFY(QFile::resize(path("a.PDB"), 0));
+    for (unsigned short record = 1; record < 101; ++record)
+        QCOMPARE(dictionary.getWordRecord(record), QByteArray::number(1000 + record).constData());
+    const WarningCapture warnings;
+    QVERIFY(!dictionary.getWordRecord(0));
+    QVERIFY(!warnings.messages().isEmpty());
+}
+
+void TestQtDictionary::aHitMakesARecordTheMostRecent()
+{
+    QList<Entry> entries;
+    for (int i = 1000; i < 1102; ++i)
+        entries.append({QByteArray::number(i), "x"});
+    QVERIFY(DictionaryWriter().addEntries(entries, 1).write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    for (unsigned short record = 0; record < 100; ++record)
+        QVERIFY(dictionary.getWordRecord(record));
+    QVERIFY(dictionary.getWordRecord(0));
+    QVERIFY(dictionary.getWordRecord(100)); // pushes 1 out instead of 0
+    QVERIFY(QFile::resize(path("a.PDB"), 0));
+    QVERIFY(dictionary.getWordRecord(0));
+    const WarningCapture warnings;
+    QVERIFY(!dictionary.getWordRecord(1));
+}
+
+void TestQtDictionary::rawRecordsEndWithNuls()
+{
+    QVERIFY(DictionaryWriter().addPackedRecord("a", literalMember("ab")).write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QCOMPARE(QByteArray(dictionary.getDecompressedRecord(5), 5), QByteArray("ab\0\0\0", 5));
+    QCOMPARE(dictionary.getWordRecord(0), dictionary.getDecompressedRecord(5));
+}
+
+void TestQtDictionary::recordBeyondTheLastWarns()
+{
+    QVERIFY(animals().write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    const WarningCapture warnings;
+    QVERIFY(!dictionary.getDecompressedRecord(7));
+    QCOMPARE(warnings.count(
+                 QStringLiteral("ASSERT: \"recordIndex<records->getCount()\" in qtdictionary.cpp")),
+             1);
+    QCOMPARE(dictionary.getDecompressedRecord(6), "bat");
+}
+
+void TestQtDictionary::closedDictionaryWarnsButAnswers()
+{
+    QtDictionary dictionary;
+    char buffer[10] = "?";
+    unsigned int size = sizeof buffer;
+    const WarningCapture warnings;
+    QVERIFY(dictionary.getName(buffer, 10));
+    QCOMPARE(buffer, "");
+    QCOMPARE(warnings.count(QStringLiteral("ASSERT: \"isOpen()\" in qtdictionary.cpp (")), 1);
+    buffer[0] = '?';
+    QVERIFY(!dictionary.getDescription(buffer, 10));
+    QVERIFY(!dictionary.getDescription(CursorPosition::at(0, 0), buffer, &size));
+    QCOMPARE(size, 0U);
+    QVERIFY(!dictionary.getWordAt(CursorPosition::at(0, 0)));
+    QVERIFY(dictionary.findWord("a", CursorPosition::invalid(), false).isInvalid());
+    QVERIFY(!dictionary.getDecompressedRecord(5));
+    QVERIFY(warnings.count(QStringLiteral("ASSERT: \"isOpen()\" in qtdictionary.cpp (")) >= 6);
+    QCOMPARE(buffer, "?");
+}
+
+QTEST_GUILESS_MAIN(TestQtDictionary)
+#include "test_qtdictionary.moc"

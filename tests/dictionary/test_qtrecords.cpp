@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+#include "dictionary/qtpalmdb.h"
+#include "tests/support/palmwriter.h"
+#include "tests/support/warningcapture.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace teskel::test;
+
+namespace
+{
+QByteArray bytesOf(const RecordPointer& record)
+{
+    return record ? QByteArray(record->data, record->size) : QByteArray("(null)");
+}
+} // namespace
+
+class TestQtRecords : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void readsEveryRecord();
+    void readsTheRecordList();
+    void lastRecordRunsToTheEndOfTheFile();
+    void databaseWithoutRecordsWarnsAndTries();
+    void indexBeyondTheCountWarnsAndTries();
+    void recordOfNoBytesIsReturnedWithAWarning();
+    void damagedOffsetsAreReadFailures_data();
+    void damagedOffsetsAreReadFailures();
+    void recordBeyondTheLargestSizeIsAReadFailure_data();
+    void recordBeyondTheLargestSizeIsAReadFailure();
+    void recordListCutShort();
+    void fileThatShrinksFailsFromThenOn();
+    void unboundListWarnsAndFails();
+    void metaDataNeedsATarget();
+
+private:
+    QTemporaryDir _directory;
+    QString _path = _directory.filePath(QStringLiteral("a.PDB"));
+};
+
+void TestQtRecords::init()
+{
+    QVERIFY(_directory.isValid());
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+}
+
+void TestQtRecords::readsEveryRecord()
+{
+    const QByteArrayList contents = {"first", QByteArray(50000, 'x'), QByteArray("\0\0", 2), "4"};
+    PalmWriter writer;
+    for (const QByteArray& content : contents)
+        writer.addRecord(content);
+    QVERIFY(writer.write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    for (const auto index : std::initializer_list<unsigned short>{3, 0, 2, 1, 3})
+        QCOMPARE(bytesOf(RecordPointer(database.getRecords()->getData(index))), contents.at(index));
+}
+
+void TestQtRecords::readsTheRecordList()
+{
+    QVERIFY(PalmWriter().addRecord("abc").addRecord("d").write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    RecordMetaData entry;
+    QVERIFY(database.getRecords()->getRecordMetaData(&entry, 1));
+    QCOMPARE(entry.offset, 78U + 2 * 8 + 3);
+    QCOMPARE(entry.attributes[3], quint8{1});
+}
+
+void TestQtRecords::lastRecordRunsToTheEndOfTheFile()
+{
+    QVERIFY(PalmWriter().addRecord("one").addRecord("two").setTrailer(" and more").write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    QCOMPARE(bytesOf(RecordPointer(database.getRecords()->getData(1))), QByteArray("two and more"));
+}
+
+void TestQtRecords::databaseWithoutRecordsWarnsAndTries()
+{
+    QVERIFY(PalmWriter().write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    QCOMPARE(database.getRecords()->getCount(), static_cast<unsigned short>(0));
+    const WarningCapture warnings;
+    QVERIFY(!RecordPointer(database.getRecords()->getData(0)));
+    QCOMPARE(warnings.count(QStringLiteral("ASSERT: \"index<_recordCount\" in qtpalmdb.cpp")), 2);
+    QCOMPARE(warnings.messages().mid(2),
+             QStringList({QStringLiteral("Cannot read record meta data"),
+                          QStringLiteral("bytes to read 8, bytes read 0"),
+                          QStringLiteral("Cannot get record meta data")}));
+}
+
+void TestQtRecords::indexBeyondTheCountWarnsAndTries()
+{
+    // Two entries of the list follow that the header does not count.
+    QVERIFY(
+        PalmWriter().addRecord("one").addRecord("two").addRecord("three").claimRecordCount(1).write(
+            _path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    const WarningCapture warnings;
+    QCOMPARE(bytesOf(RecordPointer(database.getRecords()->getData(1))), QByteArray("two"));
+    QVERIFY(warnings.count(QStringLiteral("\"index<_recordCount\"")) > 0);
+}
+
+void TestQtRecords::recordOfNoBytesIsReturnedWithAWarning()
+{
+    QVERIFY(PalmWriter().addRecord("").addRecord("x").write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral(
+                             "^ASSERT: \"result->size!=0\" in qtpalmdb.cpp \\(\\d+\\)$")));
+    const RecordPointer record(database.getRecords()->getData(0));
+    QVERIFY(record);
+    QVERIFY(record->data);
+    QCOMPARE(record->size, 0U);
+}
+
+void TestQtRecords::damagedOffsetsAreReadFailures_data()
+{
+    QTest::addColumn<quint32>("first");
+    QTest::addColumn<quint32>("second");
+    QTest::addColumn<unsigned short>("index");
+    QTest::addColumn<QString>("message");
+    const auto message = [](qint64 size, qint64 read) {
+        return QStringLiteral("Cannot read record,bytes to read %1, bytes read %2")
+            .arg(size)
+            .arg(read);
+    };
+    // The file: list up to 94, "aaaa" up to 98, "bbbb" up to 102.
+    const unsigned short first = 0;
+    const unsigned short last = 1;
+    QTest::newRow("decreasing offsets") << 98U << 94U << first << message(-4, 0);
+    QTest::newRow("record runs past the end") << 94U << 110U << first << message(16, 8);
+    QTest::newRow("record begins past the end") << 200U << 204U << first << message(4, 0);
+    QTest::newRow("record of 2 GB") << 94U << 0x7FFFFFFFU << first << message(0x7FFFFFFF - 94, 8);
+    QTest::newRow("last record begins past the end") << 94U << 200U << last << message(-98, 0);
+    QTest::newRow("last record begins at 4 GB")
+        << 94U << 0xFFFFFFFFU << last << message(102 - 0xFFFFFFFFLL, 0);
+}
+
+void TestQtRecords::damagedOffsetsAreReadFailures()
+{
+    QFETCH(quint32, first);
+    QFETCH(quint32, second);
+    QFETCH(unsigned short, index);
+    QFETCH(QString, message);
+    QVERIFY(PalmWriter()
+                .addRecord("aaaa")
+                .addRecord("bbbb")
+                .claimOffset(0, first)
+                .claimOffset(1, second)
+                .write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    QTest::ignoreMessage(QtWarningMsg, qPrintable(message));
+    QVERIFY(!RecordPointer(database.getRecords()->getData(index)));
+}
+
+void TestQtRecords::recordBeyondTheLargestSizeIsAReadFailure_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<bool>("isRead");
+    constexpr qint64 largest = 64LL << 20;
+    QTest::newRow("as large as can be") << largest << true;
+    QTest::newRow("a byte more") << largest + 1 << false;
+    QTest::newRow("more than 32 bits can tell") << (4LL << 30) + 7 << false;
+}
+
+// The file has all the bytes, though none of them takes room on the disk.
+void TestQtRecords::recordBeyondTheLargestSizeIsAReadFailure()
+{
+    QFETCH(qint64, size);
+    QFETCH(bool, isRead);
+    QVERIFY(PalmWriter().addRecord("").write(_path));
+    QVERIFY(QFile::resize(_path, 78 + 8 + size));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    const QString message = QStringLiteral("Cannot read record,bytes to read %1, bytes read 0");
+    if (!isRead)
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(message.arg(size)));
+    const RecordPointer record(database.getRecords()->getData(0));
+    QCOMPARE(record != nullptr, isRead);
+    QVERIFY(!record || record->size == static_cast<quint32>(size));
+}
+
+void TestQtRecords::recordListCutShort()
+{
+    const QByteArray whole = PalmWriter().addRecord("aaaa").addRecord("bbbb").build();
+    QVERIFY(writeFile(_path, whole.left(78 + 8 + 3)));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    const WarningCapture warnings;
+    QVERIFY(!RecordPointer(database.getRecords()->getData(0)));
+    QVERIFY(!RecordPointer(database.getRecords()->getData(1)));
+    QCOMPARE(warnings.messages(), QStringList({QStringLiteral("Cannot read record meta data"),
+                                               QStringLiteral("bytes to read 8, bytes read 3"),
+                                               QStringLiteral("Cannot read Record Meta data"),
+                                               QStringLiteral("Cannot read record meta data"),
+                                               QStringLiteral("bytes to read 8, bytes read 3"),
+                                               QStringLiteral("Cannot get record meta data")}));
+}
+
+// As when a card is pulled out: reads fail and nothing else happens.
+void TestQtRecords::fileThatShrinksFailsFromThenOn()
+{
+    QVERIFY(PalmWriter().addRecord("aaaa").addRecord("bbbb").write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    QCOMPARE(bytesOf(RecordPointer(database.getRecords()->getData(0))), QByteArray("aaaa"));
+    QVERIFY(QFile::resize(_path, 96));
+    QTest::ignoreMessage(QtWarningMsg, "Cannot read record,bytes to read 4, bytes read 2");
+    QVERIFY(!RecordPointer(database.getRecords()->getData(0)));
+    QVERIFY(QFile::resize(_path, 0));
+    const WarningCapture warnings;
+    QVERIFY(!RecordPointer(database.getRecords()->getData(1)));
+    QCOMPARE(warnings.count(QStringLiteral("Cannot get record meta data")), 1);
+}
+
+void TestQtRecords::unboundListWarnsAndFails()
+{
+    QtRecords records;
+    QCOMPARE(records.getCount(), static_cast<unsigned short>(0));
+    const WarningCapture warnings;
+    QVERIFY(!RecordPointer(records.getData(0)));
+    for (const char* condition : {"\"_device!=NULL\"", "\"_device->isOpen()\"",
+                                  "\"_firstRecordOffset!=-1\"", "\"index<_recordCount\""})
+        QVERIFY2(warnings.count(QLatin1String(condition)) > 0, condition);
+}
+
+void TestQtRecords::metaDataNeedsATarget()
+{
+    QVERIFY(PalmWriter().addRecord("aaaa").write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("\"data!=NULL\"")));
+    QVERIFY(!database.getRecords()->getRecordMetaData(nullptr, 0));
+}
+
+QTEST_GUILESS_MAIN(TestQtRecords)
+#include "test_qtrecords.moc"

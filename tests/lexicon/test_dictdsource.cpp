@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/dictdindex.h"
+#include "lexicon/dictdsource.h"
+#include "lexicon/dictzipreader.h"
+#include "lexicon/entryintake.h"
+#include "tests/support/palmwriter.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace teskel;
+using teskel::test::writeFile;
+
+/// Reads dictd dictionaries: index, plain and packed articles, and what can be wrong with them.
+class TestDictdSource : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void readsPlainArticles();
+    void readsArticlesPackedByDictzip();
+    void readsArticlesPackedByGzip();
+    void readsAcrossChunks();
+    void describesItself();
+    void refusesDamagedIndexes_data();
+    void refusesDamagedIndexes();
+    void refusesMissingArticles();
+    void refusesTruncatedArticles_data();
+    void refusesTruncatedArticles();
+    void refusesArticlesThatAreNotPacked();
+
+private:
+    using Pairs = QList<QPair<QByteArray, QByteArray>>;
+
+    static std::string stdPath(const QTemporaryDir& directory, const QString& name)
+    {
+        return directory.filePath(name).toStdString();
+    }
+    /// Copies the sample into the directory; `packer` packs its articles.
+    static void stage(const QTemporaryDir& directory, const QString& packer);
+    static Pairs readAll(const std::string& index, std::string& error);
+};
+
+void TestDictdSource::stage(const QTemporaryDir& directory, const QString& packer)
+{
+    const QString data = QStringLiteral(TEST_DATA "/sample");
+    QVERIFY(QFile::copy(data + QStringLiteral(".index"),
+                        directory.filePath(QStringLiteral("s.index"))));
+    QVERIFY(
+        QFile::copy(data + QStringLiteral(".dict"), directory.filePath(QStringLiteral("s.dict"))));
+    if (packer.isEmpty())
+        return;
+    QProcess process;
+    process.setWorkingDirectory(directory.path());
+    process.start(packer, {QStringLiteral("s.dict")});
+    QVERIFY2(process.waitForFinished() && process.exitCode() == 0,
+             qPrintable(packer + QStringLiteral(" is needed for this test")));
+    const QString gzipped = directory.filePath(QStringLiteral("s.dict.gz"));
+    if (QFile::exists(gzipped))
+        QVERIFY(QFile::rename(gzipped, directory.filePath(QStringLiteral("s.dict.dz"))));
+    QVERIFY(QFile::exists(directory.filePath(QStringLiteral("s.dict.dz"))));
+}
+
+TestDictdSource::Pairs TestDictdSource::readAll(const std::string& index, std::string& error)
+{
+    EntryArena arena;
+    BuildReport report;
+    EntryIntake intake(arena, report);
+    DictdSource source(index);
+    if (!source.read(intake, error))
+        return {};
+    std::vector<LexiconEntry> entries = intake.take();
+    std::sort(entries.begin(), entries.end(), comesBefore);
+    Pairs result;
+    for (const LexiconEntry& entry : entries)
+        result.append({QByteArray(entry.text), QByteArray(entry.article().data())});
+    return result;
+}
+
+namespace
+{
+
+const QList<QPair<QByteArray, QByteArray>> sample = {
+    {"$", "dollar sign ($)\nDollar-Zeichen &lt;neut> $"},
+    {"... and no mistake.", "und nichts anderes&hellip;"},
+    {"abbr.", "abbreviation (abbr.)\nAbk\xFCrzung &lt;fem> Abk."},
+    {"abbreviation", "(abbr.) Abk\xFCrzung &lt;fem> Abk."},
+    {"house", "Haus &lt;neut>, Geb\xE4ude &lt;neut>\n\"build a house\" - ein Haus bauen\n"
+              "Synonyms: home; place, building\nsee: houses"},
+    {"house", "House-Musik &lt;fem>"},
+    {"seventeenth year", "17<i></i>. Lebensjahr &amp; mehr"},
+    {"tower", "&lt;v> emporragen &lt;v, intr>"},
+    {"Tower", "Kontrollturm &lt;masc>\nNote: im 3<i></i>. Stock"},
+};
+
+} // namespace
+
+void TestDictdSource::readsPlainArticles()
+{
+    std::string error;
+    const Pairs entries = readAll(TEST_DATA "/sample.index", error);
+    QCOMPARE(error, std::string());
+    QCOMPARE(entries, sample);
+}
+
+void TestDictdSource::readsArticlesPackedByDictzip()
+{
+    const QTemporaryDir directory;
+    stage(directory, QStringLiteral("dictzip"));
+    std::string error;
+    QCOMPARE(readAll(stdPath(directory, QStringLiteral("s.index")), error), sample);
+}
+
+void TestDictdSource::readsArticlesPackedByGzip()
+{
+    const QTemporaryDir directory;
+    stage(directory, QStringLiteral("gzip"));
+    std::string error;
+    QCOMPARE(readAll(stdPath(directory, QStringLiteral("s.index")), error), sample);
+}
+
+void TestDictdSource::readsAcrossChunks()
+{
+    const QTemporaryDir directory;
+    QByteArray content;
+    for (int i = 0; content.size() < 300000; ++i)
+        content += QByteArray::number(i * i) + ' ';
+    QVERIFY(writeFile(directory.filePath(QStringLiteral("big")), content));
+    QProcess dictzip;
+    dictzip.start(QStringLiteral("dictzip"), {directory.filePath(QStringLiteral("big"))});
+    QVERIFY(dictzip.waitForFinished() && dictzip.exitCode() == 0);
+    DictzipReader reader;
+    std::string error;
+    QVERIFY(reader.open(stdPath(directory, QStringLiteral("big.dz")), error));
+    std::string piece;
+    // In both directions, from single bytes to pieces of several chunks.
+    for (const qsizetype size : {1, 1000, 70000, 250000}) {
+        for (qsizetype offset = 0; offset + size <= content.size(); offset += 49999) {
+            QVERIFY(reader.read(static_cast<uint64_t>(offset), static_cast<uint64_t>(size), piece,
+                                error));
+            QVERIFY(QByteArray::fromStdString(piece) == content.mid(offset, size));
+        }
+    }
+    const auto end = static_cast<uint64_t>(content.size());
+    QVERIFY(reader.read(end - 1, 1, piece, error));
+    QVERIFY(!reader.read(end, 1, piece, error));
+    QVERIFY(!reader.read(end - 1, 2, piece, error));
+}
+
+void TestDictdSource::describesItself()
+{
+    EntryArena arena;
+    BuildReport report;
+    EntryIntake intake(arena, report);
+    DictdSource source(TEST_DATA "/sample.index");
+    std::string error;
+    QVERIFY(source.read(intake, error));
+    QCOMPARE(source.description(), std::string("English - German, a sample for tests ver. 0.1"));
+}
+
+void TestDictdSource::refusesDamagedIndexes_data()
+{
+    QTest::addColumn<QByteArray>("index");
+    QTest::addColumn<QByteArray>("reason");
+    const QByteArray form =
+        "not a line of a dictd index (word, offset and length, divided by tabs)";
+    QTest::newRow("no tabs") << QByteArray("house\n") << QByteArray("line 1: " + form);
+    QTest::newRow("no length") << QByteArray("house\tA\tB\nhouse\tA\n")
+                               << QByteArray("line 2: " + form);
+    QTest::newRow("bad digit") << QByteArray("house\tA\t-\n") << QByteArray("line 1: " + form);
+    QTest::newRow("huge number") << QByteArray("house\tA\tAAAAAAAAA\n")
+                                 << QByteArray("line 1: " + form);
+    QTest::newRow("behind the articles") << QByteArray("house\tZZZ\tB\n") << QByteArray("line 1: ");
+}
+
+void TestDictdSource::refusesDamagedIndexes()
+{
+    QFETCH(QByteArray, index);
+    QFETCH(QByteArray, reason);
+    const QTemporaryDir directory;
+    QVERIFY(writeFile(directory.filePath(QStringLiteral("s.index")), index));
+    QVERIFY(writeFile(directory.filePath(QStringLiteral("s.dict")), "Haus\n"));
+    const std::string path = stdPath(directory, QStringLiteral("s.index"));
+    std::string error;
+    QVERIFY(readAll(path, error).isEmpty());
+    QVERIFY2(error.starts_with(path + ", " + reason.toStdString()), error.c_str());
+}
+
+void TestDictdSource::refusesMissingArticles()
+{
+    const QTemporaryDir directory;
+    QVERIFY(writeFile(directory.filePath(QStringLiteral("s.index")), "house\tA\tB\n"));
+    std::string error;
+    QVERIFY(readAll(stdPath(directory, QStringLiteral("s.index")), error).isEmpty());
+    const std::string base = stdPath(directory, QStringLiteral("s.dict"));
+    QCOMPARE(error, "cannot find " + base + ".dz or " + base + " beside the index");
+}
+
+void TestDictdSource::refusesTruncatedArticles_data()
+{
+    QTest::addColumn<QString>("packer");
+    QTest::addColumn<QString>("file");
+    QTest::newRow("plain") << QString() << QStringLiteral("s.dict");
+    QTest::newRow("dictzip") << QStringLiteral("dictzip") << QStringLiteral("s.dict.dz");
+    QTest::newRow("gzip") << QStringLiteral("gzip") << QStringLiteral("s.dict.dz");
+}
+
+void TestDictdSource::refusesTruncatedArticles()
+{
+    QFETCH(QString, packer);
+    QFETCH(QString, file);
+    const QTemporaryDir directory;
+    stage(directory, packer);
+    QFile articles(directory.filePath(file));
+    QVERIFY(articles.resize(articles.size() * 2 / 3));
+    std::string error;
+    QVERIFY(readAll(stdPath(directory, QStringLiteral("s.index")), error).isEmpty());
+    QVERIFY2(error.find("is damaged") != std::string::npos, error.c_str());
+}
+
+void TestDictdSource::refusesArticlesThatAreNotPacked()
+{
+    const QTemporaryDir directory;
+    QVERIFY(writeFile(directory.filePath(QStringLiteral("s.index")), "house\tA\tB\n"));
+    QVERIFY(writeFile(directory.filePath(QStringLiteral("s.dict.dz")), "Haus, not packed"));
+    std::string error;
+    QVERIFY(readAll(stdPath(directory, QStringLiteral("s.index")), error).isEmpty());
+    QCOMPARE(error,
+             stdPath(directory, QStringLiteral("s.dict.dz")) + " is not packed by dictzip or gzip");
+}
+
+QTEST_GUILESS_MAIN(TestDictdSource)
+#include "test_dictdsource.moc"

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/entrymerger.h"
+
+#include <QTest>
+
+using namespace teskel;
+
+class TestEntryMerger : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void merges_data();
+    void merges();
+    void sortsAsTheReaderCompares();
+    void smallLettersComeBeforeCapitals();
+    void sensesKeepTheOrderOfTheSource();
+    void countsRepeatedArticles();
+};
+
+namespace
+{
+
+using Pairs = QList<QPair<QByteArray, QByteArray>>;
+
+Pairs merged(const Pairs& source, bool numbers, BuildReport& report)
+{
+    EntryArena arena;
+    std::vector<LexiconEntry> entries;
+    uint32_t order = 0;
+    for (const auto& [headword, article] : source)
+        entries.push_back(arena.make(headword.toStdString(), article.toStdString(), order++));
+    Pairs result;
+    for (const LexiconEntry& entry : EntryMerger(arena, report, numbers).merge(entries))
+        result.append({QByteArray(entry.text), QByteArray(entry.article().data())});
+    return result;
+}
+
+Pairs merged(const Pairs& source, bool numbers = true)
+{
+    BuildReport report;
+    return merged(source, numbers, report);
+}
+
+QByteArrayList headwords(const Pairs& entries)
+{
+    QByteArrayList words;
+    for (const auto& entry : entries)
+        words += entry.first;
+    return words;
+}
+
+} // namespace
+
+void TestEntryMerger::merges_data()
+{
+    QTest::addColumn<QByteArrayList>("articles");
+    QTest::addColumn<bool>("numbers");
+    QTest::addColumn<QByteArray>("article");
+    QTest::newRow("one article stays as it is")
+        << QByteArrayList{"Haus"} << true << QByteArray("Haus");
+    QTest::newRow("two articles are numbered")
+        << QByteArrayList{"Haus", "Heim"} << true << QByteArray("1. Haus\n2. Heim");
+    QTest::newRow("further lines follow their number")
+        << QByteArrayList{"Haus\nsee: home", "Heim"} << true
+        << QByteArray("1. Haus\nsee: home\n2. Heim");
+    QTest::newRow("numbers end at nine")
+        << QByteArrayList{"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k"} << true
+        << QByteArray("1. a\n2. b\n3. c\n4. d\n5. e\n6. f\n7. g\n8. h\n9. i\nj\nk");
+    QTest::newRow("numbered already")
+        << QByteArrayList{"1. a", "2. b"} << true << QByteArray("1. a\n2. b");
+    QTest::newRow("one of them numbered already")
+        << QByteArrayList{"a", "1. b\n2. c"} << true << QByteArray("a\n1. b\n2. c");
+    QTest::newRow("an ordinal number is no numbering")
+        << QByteArrayList{"1<i></i>. Klasse", "erstklassig"} << true
+        << QByteArray("1. 1<i></i>. Klasse\n2. erstklassig");
+    QTest::newRow("without numbers") << QByteArrayList{"a", "b"} << false << QByteArray("a\nb");
+    QTest::newRow("repeated article is kept once")
+        << QByteArrayList{"a", "b", "a"} << true << QByteArray("1. a\n2. b");
+    QTest::newRow("only repetitions are not numbered")
+        << QByteArrayList{"a", "a"} << true << QByteArray("a");
+    QTest::newRow("empty articles") << QByteArrayList{"", "a"} << true << QByteArray("1. \n2. a");
+}
+
+void TestEntryMerger::merges()
+{
+    QFETCH(QByteArrayList, articles);
+    QFETCH(bool, numbers);
+    QFETCH(QByteArray, article);
+    Pairs source;
+    for (const QByteArray& each : articles)
+        source.append({"house", each});
+    QCOMPARE(merged(source, numbers), (Pairs{{"house", article}}));
+}
+
+void TestEntryMerger::sortsAsTheReaderCompares()
+{
+    const Pairs source = {{"z", ""},    {"\xE4", ""}, {"A", ""},   {"b", ""},    {"a b", ""},
+                          {"a-b", ""},  {"ab", ""},   {"_", ""},   {"1", ""},    {"\xDF", ""},
+                          {"\xFF", ""}, {"#", ""},    {"ABA", ""}, {"\xD7", ""}, {"\xF7", ""}};
+    const QByteArrayList expected = {"#", "1", "A",    "a b",  "a-b",  "ab",   "ABA", "b",
+                                     "z", "_", "\xE4", "\xD7", "\xDF", "\xF7", "\xFF"};
+    QCOMPARE(headwords(merged(source)), expected);
+}
+
+void TestEntryMerger::smallLettersComeBeforeCapitals()
+{
+    const Pairs source = {{"SET", ""}, {"Set", ""}, {"set", ""}, {"\xC4", ""}, {"\xE4", ""}};
+    QCOMPARE(headwords(merged(source)), (QByteArrayList{"set", "Set", "SET", "\xE4", "\xC4"}));
+}
+
+void TestEntryMerger::sensesKeepTheOrderOfTheSource()
+{
+    const Pairs source = {{"b", "z"}, {"a", "2nd"}, {"b", "y"}, {"A", "?"}, {"a", "1st"}};
+    QCOMPARE(merged(source), (Pairs{{"a", "1. 2nd\n2. 1st"}, {"A", "?"}, {"b", "1. z\n2. y"}}));
+}
+
+void TestEntryMerger::countsRepeatedArticles()
+{
+    BuildReport report;
+    merged({{"a", "x"}, {"a", "x"}, {"a", "y"}, {"b", "x"}, {"b", "x"}}, true, report);
+    QCOMPARE(report.repeatedArticles, uint64_t{2});
+    QCOMPARE(report.mergedHeadwords, uint64_t{1});
+}
+
+QTEST_APPLESS_MAIN(TestEntryMerger)
+#include "test_entrymerger.moc"

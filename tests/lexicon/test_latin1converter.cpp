@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/latin1converter.h"
+#include "lexicon/utf8.h"
+
+#include <QTest>
+
+using teskel::Latin1Converter;
+using Text = Latin1Converter::Text;
+
+class TestLatin1Converter : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void converts_data();
+    void converts();
+    void countsEachKind();
+    void isItsOwnFixedPointOnMarkup_data();
+    void isItsOwnFixedPointOnMarkup();
+    void latin1BecomesUtf8();
+};
+
+void TestLatin1Converter::converts_data()
+{
+    QTest::addColumn<QByteArray>("source");
+    QTest::addColumn<QByteArray>("headword");
+    QTest::addColumn<QByteArray>("plain");
+    QTest::addColumn<QByteArray>("markup");
+    const auto row = [](const char* name, const char* source, const char* headword,
+                        const char* plain, const char* markup) {
+        QTest::addRow("%s", name) << QByteArray(source) << QByteArray(headword) << QByteArray(plain)
+                                  << QByteArray(markup);
+    };
+    row("ascii", "house", "house", "house", "house");
+    row("latin", "Größe",
+        "Gr\xF6\xDF"
+        "e",
+        "Gr\xF6\xDF"
+        "e",
+        "Gr\xF6\xDF"
+        "e");
+    row("tags and ampersand", "a <b> & c", "a <b> & c", "a &lt;b> &amp; c", "a <b> & c");
+    row("ellipsis", "x…", "x...", "x&hellip;", "x&hellip;");
+    row("quotes", "„a“ ‘b’", "\"a\" 'b'", "&bdquo;a&ldquo; &lsquo;b&rsquo;",
+        "&bdquo;a&ldquo; &lsquo;b&rsquo;");
+    row("dashes", "a–b—c", "a-b-c", "a&ndash;b&mdash;c", "a&ndash;b&mdash;c");
+    row("euro", "€5", "EUR5", "&euro;5", "&euro;5");
+    row("greek", "5α", "5alpha", "5&alpha;", "5&alpha;");
+    row("ligature with an entity", "œuf", "oeuf", "&oelig;uf", "&oelig;uf");
+    row("ligature without one", "ﬁn", "fin", "fin", "fin");
+    row("letter with a stroke", "Łódź",
+        "L\xF3"
+        "dz",
+        "L\xF3"
+        "dz",
+        "L\xF3"
+        "dz");
+    row("macron", "whekī", "wheki", "wheki", "wheki");
+    row("entity name with a digit is not used", "∴", "?", "?", "?");
+    row("not equal is not equal", "≠", "?", "&ne;", "&ne;");
+    row("unknown script", "日本", "??", "??", "??");
+    row("beyond the first plane", "\xF0\x9F\x98\x80", "?", "?", "?");
+    row("decomposed letter", "scho\xCC\x88n", "sch\xF6n", "sch\xF6n", "sch\xF6n");
+    row("mark without a letter for it", "x\xCC\x83", "x", "x", "x");
+    row("wide form of an ampersand", "＆＜", "&?", "&amp;?", "&amp;?");
+    row("invalid byte",
+        "a\xFF"
+        "b",
+        "a?b", "a?b", "a?b");
+    row("cut character", "a\xC3", "a?", "a?", "a?");
+    row("overlong character", "\xC0\x80", "??", "??", "??");
+    row("surrogate", "\xED\xA0\x80", "???", "???", "???");
+    row("blanks", "  a \t b\n", "a b", "  a \t b\n", "  a \t b\n");
+    row("control characters", "a\x01\rb", "a b", "a  b", "a  b");
+    row("no-break space",
+        "a\xC2\xA0"
+        "b",
+        "a\xA0"
+        "b",
+        "a\xA0"
+        "b",
+        "a\xA0"
+        "b");
+    row("named references", "&lt; &auml; &amp;", "&lt; &auml; &amp;",
+        "&amp;lt; &amp;auml; &amp;amp;", "&lt; &auml; &amp;");
+    row("decimal reference", "&#8211;&#228;", "&#8211;&#228;", "&amp;#8211;&amp;#228;",
+        "&ndash;\xE4");
+    row("hexadecimal reference", "&#x2026;", "&#x2026;", "&amp;#x2026;", "&hellip;");
+    row("reference to a special sign", "&#60;&#38;", "&#60;&#38;", "&amp;#60;&amp;#38;",
+        "&lt;&amp;");
+    row("reference with a digit in its name", "&frac12;&sup2;", "&frac12;&sup2;",
+        "&amp;frac12;&amp;sup2;", "\xBD\xB2");
+    row("no reference", "R&D &#; &#x; &#999999999;", "R&D &#; &#x; &#999999999;",
+        "R&amp;D &amp;#; &amp;#x; &amp;#999999999;", "R&D &#; &#x; &#999999999;");
+}
+
+void TestLatin1Converter::converts()
+{
+    QFETCH(QByteArray, source);
+    const std::string text = source.toStdString();
+    const auto result = [&text](Text kind) {
+        return QByteArray::fromStdString(Latin1Converter().converted(text, kind));
+    };
+    QTEST(result(Text::Headword), "headword");
+    QTEST(result(Text::PlainArticle), "plain");
+    QTEST(result(Text::MarkupArticle), "markup");
+}
+
+void TestLatin1Converter::countsEachKind()
+{
+    using Change = Latin1Converter::Change;
+    Latin1Converter converter;
+    converter.converted("… … ń 日 \xFF \x01", Text::PlainArticle);
+    converter.converted("…", Text::Headword);
+    const auto& counts = converter.counts();
+    QCOMPARE(counts.size(), size_t{6});
+    QCOMPARE(counts.at({U'…', Change::Entity}).times, uint64_t{2});
+    QCOMPARE(counts.at({U'…', Change::Entity}).written, std::string("&hellip;"));
+    QCOMPARE(counts.at({U'…', Change::Transliterated}).times, uint64_t{1});
+    QCOMPARE(counts.at({U'ń', Change::Transliterated}).written, std::string("n"));
+    QCOMPARE(counts.at({U'日', Change::Lost}).times, uint64_t{1});
+    QCOMPARE(counts.at({teskel::utf8::invalid, Change::InvalidByte}).times, uint64_t{1});
+    QCOMPARE(counts.at({U'\x01', Change::Control}).times, uint64_t{1});
+}
+
+void TestLatin1Converter::isItsOwnFixedPointOnMarkup_data()
+{
+    converts_data();
+}
+
+void TestLatin1Converter::isItsOwnFixedPointOnMarkup()
+{
+    QFETCH(QByteArray, source);
+    for (const Text kind : {Text::PlainArticle, Text::MarkupArticle}) {
+        const std::string once = Latin1Converter().converted(source.toStdString(), kind);
+        const std::string again =
+            Latin1Converter().converted(teskel::utf8::fromLatin1(once), Text::MarkupArticle);
+        QCOMPARE(QByteArray::fromStdString(again), QByteArray::fromStdString(once));
+    }
+    const std::string once = Latin1Converter().converted(source.toStdString(), Text::Headword);
+    QCOMPARE(Latin1Converter().converted(teskel::utf8::fromLatin1(once), Text::Headword), once);
+}
+
+void TestLatin1Converter::latin1BecomesUtf8()
+{
+    QCOMPARE(teskel::utf8::fromLatin1("\xE4\x80"
+                                      "a\xFF"),
+             std::string("\xC3\xA4\xC2\x80"
+                         "a\xC3\xBF"));
+}
+
+QTEST_APPLESS_MAIN(TestLatin1Converter)
+#include "test_latin1converter.moc"

@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: MIT
+#include "dictionary/latin1fold.h"
+#include "dictionary/qtdictionary.h"
+#include "lexicon/lexiconbuilder.h"
+#include "lexicon/lexiconverifier.h"
+#include "tests/support/palmwriter.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace teskel;
+using teskel::test::writeFile;
+
+/// Builds whole dictionaries and opens them with the engine.
+class TestLexiconBuilder : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyMethodGivesAValidDictionary_data();
+    void everyMethodGivesAValidDictionary();
+    void sameInputGivesSameBytes();
+    void outputNameDoesNotMatter();
+    void firstHeadwordMayBeginWithTheTopicMark();
+    void wordsThatFoldAlikeStayInOneRecord();
+    void descriptionComesFromTheSource();
+    void descriptionOptionIsPlainText();
+    void longDescriptionIsCutAndReported();
+    void emptyHeadwordIsKeptAndReported();
+    void longHeadwordIsKeptWholeInItsArticle();
+    void longArticleIsKeptWhole();
+    void malformedLineIsNamed();
+    void sourceWithoutEntriesIsRefused();
+    void unknownKindOfSourceIsRefused();
+    void failureLeavesNothingBehind();
+
+private:
+    /// Builds from TSV; the result is "out.PDB" in the directory.
+    bool buildTsv(const QByteArray& tsv, BuildOptions options = {});
+    QString output() const { return _directory->filePath(QStringLiteral("out.PDB")); }
+    QByteArray outputBytes() const;
+    static QByteArray articleOf(QtDictionary& dictionary, const char* word);
+
+    std::unique_ptr<QTemporaryDir> _directory;
+    std::string _error;
+    BuildReport _report;
+};
+
+bool TestLexiconBuilder::buildTsv(const QByteArray& tsv, BuildOptions options)
+{
+    _directory = std::make_unique<QTemporaryDir>();
+    const QString source = _directory->filePath(QStringLiteral("in.tsv"));
+    if (!writeFile(source, tsv))
+        return false;
+    options.source = source.toStdString();
+    if (options.output.empty())
+        options.output = output().toStdString();
+    else
+        options.output = _directory->path().toStdString() + '/' + options.output;
+    LexiconBuilder builder(options);
+    _error.clear();
+    const bool done = builder.build(_error);
+    _report = builder.report();
+    return done;
+}
+
+QByteArray TestLexiconBuilder::outputBytes() const
+{
+    QFile file(output());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray TestLexiconBuilder::articleOf(QtDictionary& dictionary, const char* word)
+{
+    const CursorPosition position = dictionary.findWord(word, CursorPosition(), false);
+    QByteArray article(100000, '\0');
+    auto size = static_cast<unsigned>(article.size());
+    if (position.isInvalid() || !dictionary.getDescription(position, article.data(), &size))
+        return "(not found)";
+    return article.left(static_cast<qsizetype>(size) - 1);
+}
+
+namespace
+{
+
+QByteArray manyWords()
+{
+    QByteArray tsv;
+    for (int i = 0; i < 3000; ++i) {
+        const QByteArray number = QByteArray::number(i * 7919 % 3000);
+        tsv += "word" + number + "\tWort &lt;neut> " + number.repeated(5) + "\\nsee: other\n";
+    }
+    return tsv;
+}
+
+void verifyValid(const QString& path)
+{
+    LexiconVerifier verifier;
+    std::string error;
+    QVERIFY(verifier.run(path.toStdString(), error));
+    for (const std::string& finding : verifier.findings())
+        QFAIL(finding.c_str());
+}
+
+} // namespace
+
+void TestLexiconBuilder::everyMethodGivesAValidDictionary_data()
+{
+    QTest::addColumn<int>("method");
+    QTest::addColumn<unsigned>("recordSize");
+    for (int method = 1; method <= 4; ++method) {
+        for (const unsigned size : {256U, 8192U, 32767U})
+            QTest::addRow("method %d, %u bytes", method, size) << method << size;
+    }
+}
+
+void TestLexiconBuilder::everyMethodGivesAValidDictionary()
+{
+    QFETCH(int, method);
+    QFETCH(unsigned, recordSize);
+    BuildOptions options;
+    options.method = method;
+    options.recordSize = recordSize;
+    QVERIFY(buildTsv(manyWords(), options));
+    verifyValid(output());
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    QCOMPARE(articleOf(dictionary, "WORD17"), QByteArray("Wort &lt;neut> 1717171717\nsee: other"));
+    QCOMPARE(_report.headwords, uint64_t{3000});
+    QCOMPARE(_report.spotChecks, uint64_t{4});
+}
+
+void TestLexiconBuilder::sameInputGivesSameBytes()
+{
+    QVERIFY(buildTsv(manyWords()));
+    const QByteArray first = outputBytes();
+    QVERIFY(buildTsv(manyWords()));
+    QVERIFY(!first.isEmpty());
+    QVERIFY(outputBytes() == first);
+}
+
+void TestLexiconBuilder::outputNameDoesNotMatter()
+{
+    QVERIFY(buildTsv(manyWords()));
+    const QByteArray first = outputBytes();
+    BuildOptions options;
+    options.output = "other.PDB";
+    QVERIFY(buildTsv(manyWords(), options));
+    QFile other(_directory->filePath(QStringLiteral("other.PDB")));
+    QVERIFY(other.open(QIODevice::ReadOnly));
+    QVERIFY(other.readAll() == first);
+}
+
+void TestLexiconBuilder::firstHeadwordMayBeginWithTheTopicMark()
+{
+    QVERIFY(buildTsv("#1\tnumber one\n#2\tnumber two\nhouse\tHaus\n"));
+    verifyValid(output());
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    QCOMPARE(articleOf(dictionary, "#1"), QByteArray("number one"));
+    QCOMPARE(articleOf(dictionary, "house"), QByteArray("Haus"));
+}
+
+void TestLexiconBuilder::wordsThatFoldAlikeStayInOneRecord()
+{
+    QByteArray tsv;
+    for (int word = 0; word < 200; ++word) {
+        for (int spelling = 0; spelling < 8; ++spelling) {
+            QByteArray headword = "abc" + QByteArray::number(1000 + word);
+            for (int letter = 0; letter < 3; ++letter) {
+                if ((spelling >> letter & 1) != 0)
+                    headword[letter] = static_cast<char>(headword[letter] - 0x20);
+            }
+            tsv += headword + "\tarticle " + QByteArray(40, 'x') + "\n";
+        }
+    }
+    BuildOptions options;
+    options.recordSize = 256;
+    QVERIFY(buildTsv(tsv, options));
+    verifyValid(output());
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    std::string last;
+    for (unsigned short record = 0; record < dictionary.getWordRecordCount(); ++record) {
+        const std::string first = dictionary.getWordAt(CursorPosition::at(record, 0));
+        QVERIFY(foldedCompare(last.c_str(), first.c_str()) < 0);
+        const auto count = dictionary.getTotalWordCount(record);
+        last = dictionary.getWordAt(CursorPosition::at(record, static_cast<quint16>(count - 1)));
+    }
+}
+
+void TestLexiconBuilder::descriptionComesFromTheSource()
+{
+    QVERIFY(buildTsv("\tA <b>bold</b> ‚name‘\nhouse\tHaus\n"));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    char text[512];
+    QVERIFY(dictionary.getDescription(text, sizeof text));
+    QCOMPARE(QByteArray(text), QByteArray("A <b>bold</b> &sbquo;name&lsquo;"));
+    QCOMPARE(outputBytes().left(11), QByteArray("A bold &sbq"));
+}
+
+void TestLexiconBuilder::descriptionOptionIsPlainText()
+{
+    BuildOptions options;
+    options.description = "1 < 2 & 3";
+    QVERIFY(buildTsv("\tfrom the source\nhouse\tHaus\n", options));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    char text[512];
+    QVERIFY(dictionary.getDescription(text, sizeof text));
+    QCOMPARE(QByteArray(text), QByteArray("1 &lt; 2 &amp; 3"));
+}
+
+void TestLexiconBuilder::longDescriptionIsCutAndReported()
+{
+    QVERIFY(buildTsv("\t" + QByteArray("x").repeated(508) + "&amp;\nhouse\tHaus\n"));
+    QCOMPARE(_report.notes.size(), size_t{1});
+    QCOMPARE(_report.notes.front(),
+             std::string("the description has 513 bytes, more than 511; its end is left out"));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    char text[512];
+    QVERIFY(dictionary.getDescription(text, sizeof text));
+    QCOMPARE(QByteArray(text), QByteArray("x").repeated(508));
+}
+
+void TestLexiconBuilder::emptyHeadwordIsKeptAndReported()
+{
+    QVERIFY(buildTsv("house\tHaus\n  \tnowhere\n"));
+    QCOMPARE(_report.notes.size(), size_t{1});
+    QCOMPARE(_report.notes.front(),
+             std::string("line 2: the headword is empty; its article is under \"?\""));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    QCOMPARE(articleOf(dictionary, "?"), QByteArray("nowhere"));
+}
+
+void TestLexiconBuilder::longHeadwordIsKeptWholeInItsArticle()
+{
+    const QByteArray headword = QByteArray("long & ").repeated(80) + "end";
+    QVERIFY(buildTsv(headword + "\tlang\n"));
+    verifyValid(output());
+    QCOMPARE(_report.notes.size(), size_t{1});
+    QVERIFY(_report.notes.front().starts_with("line 1: the headword has 563 bytes, more than 511; "
+                                              "it is shortened and stands whole in its "
+                                              "article: long & "));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    QCOMPARE(articleOf(dictionary, headword.left(511).trimmed().constData()),
+             QByteArray("long &amp; ").repeated(80) + "end\nlang");
+}
+
+void TestLexiconBuilder::longArticleIsKeptWhole()
+{
+    QByteArray tsv;
+    for (int i = 0; i < 12; ++i)
+        tsv += "house\tsense " + QByteArray::number(i) + ' ' + QByteArray(5000, 'x') + '\n';
+    QVERIFY(buildTsv(tsv + "mouse\tMaus\n"));
+    verifyValid(output());
+    QCOMPARE(_report.headwords, uint64_t{3});
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    const QByteArray first = articleOf(dictionary, "house");
+    const QByteArray second = articleOf(dictionary, "house (2)");
+    QVERIFY(first.startsWith("1. sense 0 "));
+    QVERIFY(second.startsWith("&hellip;\n7. sense 6 "));
+    QVERIFY(second.contains("\nsense 11 "));
+}
+
+void TestLexiconBuilder::malformedLineIsNamed()
+{
+    QVERIFY(!buildTsv("house\tHaus\n\nmouse Maus\n"));
+    QVERIFY2(_error.ends_with("in.tsv, line 3: no tab between headword and article"),
+             _error.c_str());
+}
+
+void TestLexiconBuilder::sourceWithoutEntriesIsRefused()
+{
+    QVERIFY(!buildTsv("\tonly a description\n"));
+    QVERIFY2(_error.ends_with("in.tsv holds no entries"), _error.c_str());
+}
+
+void TestLexiconBuilder::unknownKindOfSourceIsRefused()
+{
+    BuildOptions options;
+    options.source = "words.txt";
+    options.output = "/nowhere/out.PDB";
+    LexiconBuilder builder(options);
+    std::string error;
+    QVERIFY(!builder.build(error));
+    QCOMPARE(error, std::string("words.txt is neither a dictd .index nor a .tsv file"));
+}
+
+void TestLexiconBuilder::failureLeavesNothingBehind()
+{
+    BuildOptions options;
+    options.output = "no/such/directory/out.PDB";
+    QVERIFY(!buildTsv("house\tHaus\n", options));
+    QVERIFY2(_error.ends_with("out.PDB: No such file or directory"), _error.c_str());
+    QCOMPARE(QDir(_directory->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList{QStringLiteral("in.tsv")});
+}
+
+QTEST_APPLESS_MAIN(TestLexiconBuilder)
+#include "test_lexiconbuilder.moc"

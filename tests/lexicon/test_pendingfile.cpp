@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/pendingfile.h"
+#include "tests/support/palmwriter.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+using teskel::PendingFile;
+using teskel::test::writeFile;
+
+class TestPendingFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void standsBesideItsTargetUntilCommitted();
+    void leavesNothingWhenNotCommitted();
+    void replacesTheTarget();
+    void saysWhyItCannotBeCommitted();
+};
+
+namespace
+{
+
+QStringList filesIn(const QTemporaryDir& directory)
+{
+    return QDir(directory.path()).entryList(QDir::Files | QDir::Hidden);
+}
+
+std::string pathIn(const QTemporaryDir& directory, const char* name)
+{
+    return directory.filePath(QString::fromLatin1(name)).toStdString();
+}
+
+} // namespace
+
+void TestPendingFile::standsBesideItsTargetUntilCommitted()
+{
+    const QTemporaryDir directory;
+    PendingFile file(pathIn(directory, "a.PDB"));
+    QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
+    QVERIFY(!filesIn(directory).contains(QStringLiteral("a.PDB")));
+    std::string error;
+    QVERIFY(file.commit(error));
+    QCOMPARE(filesIn(directory), QStringList{QStringLiteral("a.PDB")});
+}
+
+void TestPendingFile::leavesNothingWhenNotCommitted()
+{
+    const QTemporaryDir directory;
+    {
+        const PendingFile file(pathIn(directory, "a.PDB"));
+        QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
+        QCOMPARE(filesIn(directory).size(), 1);
+    }
+    QVERIFY(filesIn(directory).isEmpty());
+}
+
+void TestPendingFile::replacesTheTarget()
+{
+    const QTemporaryDir directory;
+    const QString target = directory.filePath(QStringLiteral("a.PDB"));
+    QVERIFY(writeFile(target, "old"));
+    PendingFile file(target.toStdString());
+    QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
+    std::string error;
+    QVERIFY(file.commit(error));
+    QFile result(target);
+    QVERIFY(result.open(QIODevice::ReadOnly));
+    QCOMPARE(result.readAll(), QByteArray("new"));
+}
+
+void TestPendingFile::saysWhyItCannotBeCommitted()
+{
+    const QTemporaryDir directory;
+    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("a.PDB")));
+    const std::string target = pathIn(directory, "a.PDB");
+    std::string error;
+    {
+        PendingFile file(target);
+        QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
+        QVERIFY(!file.commit(error));
+    }
+    QCOMPARE(error, "cannot write " + target + ": Is a directory");
+    QVERIFY(filesIn(directory).isEmpty());
+}
+
+QTEST_APPLESS_MAIN(TestPendingFile)
+#include "test_pendingfile.moc"

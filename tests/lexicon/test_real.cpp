@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+#include "dictionary/qtdictionary.h"
+#include "lexicon/articleof.h"
+#include "lexicon/dictdsource.h"
+#include "lexicon/entryintake.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <unordered_map>
+
+/// The dictionaries that people will read: what the FreeDict packages of Debian become.
+class TestReal : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void verifyPasses_data();
+    void verifyPasses();
+    void exportAndBuildGiveTheSameFile_data();
+    void exportAndBuildGiveTheSameFile();
+    void houseHasSenses();
+    void hausHasSenses();
+    void everyEntryOfTheSourceIsThere_data();
+    void everyEntryOfTheSourceIsThere();
+    void noDigitWithinALineTurnsBlue_data();
+    void noDigitWithinALineTurnsBlue();
+    void wholeBuildIsEconomical();
+
+private:
+    static void addLexicons();
+    static int run(const QStringList& arguments);
+};
+
+namespace
+{
+
+QString lexicon(const char* name)
+{
+    return QStringLiteral(REAL_LEXICONS "/") + QString::fromLatin1(name);
+}
+
+QByteArray articleFor(const char* file, const char* word)
+{
+    QtDictionary dictionary;
+    if (dictionary.open(lexicon(file)) != 0)
+        return "(no dictionary)";
+    const CursorPosition position = dictionary.findWord(word, CursorPosition(), false);
+    return position.isInvalid()
+               ? QByteArray("(not found)")
+               : QByteArray::fromStdString(teskel::articleOf(dictionary, position));
+}
+
+} // namespace
+
+int TestReal::run(const QStringList& arguments)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(QStringLiteral(TESKEL_LEXICON), arguments);
+    if (!process.waitForFinished(300000) || process.exitStatus() != QProcess::NormalExit)
+        return -1;
+    return process.exitCode();
+}
+
+void TestReal::addLexicons()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("source");
+    const QString sources = EXTRACT_STEP > 1 ? QStringLiteral(REAL_LEXICONS "/freedict-%1.index")
+                                             : QStringLiteral("/usr/share/dictd/freedict-%1.index");
+    QTest::newRow("Eng2Ger") << lexicon("Eng2Ger.PDB") << sources.arg(QStringLiteral("eng-deu"));
+    QTest::newRow("Ger2Eng") << lexicon("Ger2Eng.PDB") << sources.arg(QStringLiteral("deu-eng"));
+}
+
+void TestReal::verifyPasses_data()
+{
+    addLexicons();
+}
+
+void TestReal::verifyPasses()
+{
+    QFETCH(QString, file);
+    QCOMPARE(run({QStringLiteral("verify"), file}), 0);
+}
+
+void TestReal::exportAndBuildGiveTheSameFile_data()
+{
+    addLexicons();
+}
+
+void TestReal::exportAndBuildGiveTheSameFile()
+{
+    QFETCH(QString, file);
+    const QTemporaryDir directory;
+    const QString tsv = directory.filePath(QStringLiteral("a.tsv"));
+    const QString again = directory.filePath(QStringLiteral("again.PDB"));
+    QCOMPARE(run({QStringLiteral("export"), file, QStringLiteral("-o"), tsv}), 0);
+    QCOMPARE(run({QStringLiteral("build"), tsv, QStringLiteral("-o"), again, QStringLiteral("-q")}),
+             0);
+    QFile first(file);
+    QFile second(again);
+    QVERIFY(first.open(QIODevice::ReadOnly) && second.open(QIODevice::ReadOnly));
+    QVERIFY(first.readAll() == second.readAll());
+}
+
+void TestReal::houseHasSenses()
+{
+    const QByteArray article = articleFor("Eng2Ger.PDB", "house");
+    QVERIFY2(article.startsWith("1. Geschlecht &lt;neut>, Familie &lt;fem>\n2. Haus &lt;neut>\n"),
+             article.constData());
+    QVERIFY(article.contains("\"build a house\" - ein Haus bauen\n"));
+    QVERIFY(article.contains("\nsee: houses; open house;"));
+    QVERIFY(article.contains("\n3. House-Musik &lt;fem>, House &lt;fem> [mus.]\n"));
+    QVERIFY(!article.contains('/')); // no pronunciation is left
+}
+
+void TestReal::hausHasSenses()
+{
+    const QByteArray article = articleFor("Ger2Eng.PDB", "haus");
+    QVERIFY2(article.startsWith("1. &lt;neut, n, sg> "), article.constData());
+    QVERIFY(article.contains("\n2. &lt;neut, n, sg> house &lt;n>\n"));
+}
+
+void TestReal::everyEntryOfTheSourceIsThere_data()
+{
+    addLexicons();
+}
+
+void TestReal::everyEntryOfTheSourceIsThere()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, source);
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(file), 0);
+    std::unordered_map<std::string, std::string> articles;
+    for (unsigned short record = 0; record < dictionary.getWordRecordCount(); ++record) {
+        for (unsigned short word = 0; word < dictionary.getTotalWordCount(record); ++word) {
+            const CursorPosition position = CursorPosition::at(record, word);
+            const std::string headword = dictionary.getWordAt(position);
+            QVERIFY2(articles.emplace(headword, teskel::articleOf(dictionary, position)).second,
+                     headword.c_str());
+        }
+    }
+
+    teskel::EntryArena arena;
+    teskel::BuildReport report;
+    teskel::EntryIntake intake(arena, report);
+    std::string error;
+    QVERIFY2(teskel::DictdSource(source.toStdString()).read(intake, error), error.c_str());
+    const std::vector<teskel::LexiconEntry> entries = intake.take();
+    QVERIFY(entries.size() >= articles.size());
+    for (const teskel::LexiconEntry& entry : entries) {
+        const auto found = articles.find(std::string(entry.headword()));
+        QVERIFY2(found != articles.end(), entry.text);
+        QVERIFY2(found->second.find(entry.article()) != std::string::npos, entry.text);
+    }
+}
+
+void TestReal::noDigitWithinALineTurnsBlue_data()
+{
+    addLexicons();
+}
+
+void TestReal::noDigitWithinALineTurnsBlue()
+{
+    QFETCH(QString, file);
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(file), 0);
+    for (unsigned short record = 0; record < dictionary.getWordRecordCount(); ++record) {
+        for (unsigned short word = 0; word < dictionary.getTotalWordCount(record); ++word) {
+            const std::string article =
+                teskel::articleOf(dictionary, CursorPosition::at(record, word));
+            char expected = '1';
+            for (size_t i = 0; i + 1 < article.size(); ++i) {
+                if (article[i] < '1' || article[i] > '9' || article[i + 1] != '.')
+                    continue;
+                // Sense numbers begin lines and count upwards.
+                QVERIFY2(i == 0 || article[i - 1] == '\n', article.c_str());
+                QVERIFY2(article[i] == expected, article.c_str());
+                ++expected;
+            }
+        }
+    }
+}
+
+void TestReal::wholeBuildIsEconomical()
+{
+    if (EXTRACT_STEP > 1)
+        QSKIP("measured on the whole dictionary, without sanitizers");
+    const QTemporaryDir directory;
+    const QString made = directory.filePath(QStringLiteral("a.PDB"));
+    // 60 seconds of CPU time and 400 MB of memory, whatever else the machine is doing.
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(QStringLiteral("sh"),
+                  {QStringLiteral("-c"),
+                   QStringLiteral("ulimit -t 60 && ulimit -v 409600 && exec \"$0\" build "
+                                  "/usr/share/dictd/freedict-eng-deu.index -q -o \"$1\""),
+                   QStringLiteral(TESKEL_LEXICON), made});
+    QVERIFY(process.waitForFinished(500000));
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 0);
+    QFile first(made);
+    QFile second(lexicon("Eng2Ger.PDB"));
+    QVERIFY(first.open(QIODevice::ReadOnly) && second.open(QIODevice::ReadOnly));
+    QVERIFY(first.readAll() == second.readAll());
+}
+
+QTEST_GUILESS_MAIN(TestReal)
+#include "test_real.moc"

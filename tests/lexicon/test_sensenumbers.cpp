@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/sensenumbers.h"
+
+#include <QTest>
+
+namespace sensenumbers = teskel::sensenumbers;
+using sensenumbers::LineStart;
+
+class TestSenseNumbers : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void onlySenseNumbersTurnBlue_data();
+    void onlySenseNumbersTurnBlue();
+    void protectingTwiceChangesNothing_data();
+    void protectingTwiceChangesNothing();
+    void protectingKeepsTheText_data();
+    void protectingKeepsTheText();
+    void beginsWithNumber_data();
+    void beginsWithNumber();
+};
+
+namespace
+{
+
+/// The digits that the reader would show in blue: each from 1 to 9 with a full stop behind it.
+QByteArray blueDigits(const QByteArray& article)
+{
+    QByteArray digits;
+    for (qsizetype i = 0; i + 1 < article.size(); ++i) {
+        if (article[i] >= '1' && article[i] <= '9' && article[i + 1] == '.')
+            digits += article[i];
+    }
+    return digits;
+}
+
+QByteArray protectedText(const QByteArray& article, LineStart lineStart)
+{
+    std::string text = article.toStdString();
+    sensenumbers::protect(text, lineStart);
+    return QByteArray::fromStdString(text);
+}
+
+} // namespace
+
+void TestSenseNumbers::onlySenseNumbersTurnBlue_data()
+{
+    QTest::addColumn<QByteArray>("article");
+    QTest::addColumn<QByteArray>("trusted");
+    QTest::addColumn<QByteArray>("sequence");
+    const auto row = [](const char* article, const char* trusted, const char* sequence) {
+        QTest::addRow("%s", article)
+            << QByteArray(article) << QByteArray(trusted) << QByteArray(sequence);
+    };
+    row("1. house\n2. home", "12", "12");
+    row("  1. house\n\t2. home", "12", "12");
+    row("17. Lebensjahr", "", "");
+    row("im 17. Lebensjahr", "", "");
+    row("am 3. Mai", "", "");
+    row("1. Klasse", "1", "");
+    row("house\n1. Klasse", "1", "");
+    row("1. a 2. b", "1", "");
+    row("1. a\n3. b", "13", "");
+    row("2. a\n3. b", "23", "");
+    row("1. a 2.5 kg\n2. b", "12", "12");
+    row("1. im 1. Akt\n2. im 2. Akt", "12", "12");
+    row("0.5 and 10. and 1.0", "", "");
+    row("3.", "3", "");
+    row("a\n9.", "9", "");
+    row("a 3.", "", "");
+    row("", "", "");
+    row("<b>1.</b> a<br>2. b 3. c", "12", "");
+    row("<font size=\"1.5\">x</font>", "1", "1"); // inside a tag nothing can be inserted
+    row("a < 3. b", "", "");
+}
+
+void TestSenseNumbers::onlySenseNumbersTurnBlue()
+{
+    QFETCH(QByteArray, article);
+    QTEST(blueDigits(protectedText(article, LineStart::Trusted)), "trusted");
+    QTEST(blueDigits(protectedText(article, LineStart::Sequence)), "sequence");
+}
+
+void TestSenseNumbers::protectingTwiceChangesNothing_data()
+{
+    onlySenseNumbersTurnBlue_data();
+}
+
+void TestSenseNumbers::protectingTwiceChangesNothing()
+{
+    QFETCH(QByteArray, article);
+    for (const LineStart lineStart : {LineStart::Trusted, LineStart::Sequence}) {
+        const QByteArray once = protectedText(article, lineStart);
+        QCOMPARE(protectedText(once, lineStart), once);
+        QCOMPARE(protectedText(once, LineStart::Trusted), once);
+    }
+}
+
+void TestSenseNumbers::protectingKeepsTheText_data()
+{
+    onlySenseNumbersTurnBlue_data();
+}
+
+void TestSenseNumbers::protectingKeepsTheText()
+{
+    QFETCH(QByteArray, article);
+    for (const LineStart lineStart : {LineStart::Trusted, LineStart::Sequence})
+        QCOMPARE(protectedText(article, lineStart).replace("<i></i>", ""), article);
+}
+
+void TestSenseNumbers::beginsWithNumber_data()
+{
+    QTest::addColumn<QByteArray>("article");
+    QTest::addColumn<bool>("begins");
+    QTest::newRow("number") << QByteArray("1. house") << true;
+    QTest::newRow("later number") << QByteArray("4. house") << true;
+    QTest::newRow("blanks and tag") << QByteArray(" \n<b>2.</b> house") << true;
+    QTest::newRow("two digits") << QByteArray("12. house") << false;
+    QTest::newRow("zero") << QByteArray("0. house") << false;
+    QTest::newRow("kept apart") << QByteArray("1<i></i>. Klasse") << false;
+    QTest::newRow("word") << QByteArray("house 1.") << false;
+    QTest::newRow("empty") << QByteArray() << false;
+    QTest::newRow("lone digit") << QByteArray("1") << false;
+}
+
+void TestSenseNumbers::beginsWithNumber()
+{
+    QFETCH(QByteArray, article);
+    QTEST(sensenumbers::beginsWithNumber(article.toStdString()), "begins");
+}
+
+QTEST_APPLESS_MAIN(TestSenseNumbers)
+#include "test_sensenumbers.moc"
