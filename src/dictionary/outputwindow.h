@@ -38,11 +38,13 @@ public:
         unsigned char* target = _data + _position;
         const unsigned char* source = target - distance;
         _position += length;
-        // By eights, up to seven bytes beyond the match where there is room for them: they are
-        // overwritten by what comes next.
-        if (distance >= 8 && _capacity - _position >= 8) [[likely]] {
-            for (const unsigned char* end = target + length; target < end; target += 8, source += 8)
-                std::memcpy(target, source, 8);
+        // By eights, up to fifteen bytes beyond the match where there is room for them: they are
+        // overwritten by what comes next. Few matches are longer than the first two.
+        if (distance >= 8 && _capacity - _position >= 16) [[likely]] {
+            std::memcpy(target, source, 8);
+            std::memcpy(target + 8, source + 8, 8);
+            for (unsigned copied = 16; copied < length; copied += 8)
+                std::memcpy(target + copied, source + copied, 8);
         } else if (distance == 1) {
             std::memset(target, *source, length);
         } else {
