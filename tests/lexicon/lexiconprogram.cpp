@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "tests/lexicon/lexiconprogram.h"
+
+#include <QFile>
+#include <QProcess>
+
+namespace teskel::test
+{
+
+namespace
+{
+ProgramResult resultOf(QProcess& process)
+{
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+} // namespace
+
+bool LexiconProgram::buildSmallLexicon() const
+{
+    return run({QStringLiteral("build"), QStringLiteral(TEST_DATA "/small.tsv"),
+                QStringLiteral("-o"), path("small.PDB")})
+               .code == 0;
+}
+
+ProgramResult LexiconProgram::run(const QStringList& arguments, const QByteArray& input) const
+{
+    QProcess process;
+    process.setWorkingDirectory(directory());
+    process.start(QStringLiteral(TESKEL_LEXICON), arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    return resultOf(process);
+}
+
+ProgramResult LexiconProgram::runShell(const QString& script) const
+{
+    QProcess process;
+    process.setWorkingDirectory(directory());
+    process.start(QStringLiteral("sh"), {QStringLiteral("-c"), script});
+    return resultOf(process);
+}
+
+QString LexiconProgram::path(const char* name) const
+{
+    return _directory.filePath(QString::fromUtf8(name));
+}
+
+QByteArray LexiconProgram::bytesOf(const char* name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+}
+
+QStringList words(std::initializer_list<const char*> texts)
+{
+    QStringList result;
+    for (const char* text : texts)
+        result += QString::fromUtf8(text);
+    return result;
+}
+
+} // namespace teskel::test

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace teskel::test
+{
+
+/// How a run ended: code -1 for a run that failed to start, crashed or took too long.
+struct ProgramResult {
+    int code = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+/// Runs teskel-lexicon as a person does, in a temporary directory.
+class LexiconProgram
+{
+public:
+    /// Builds the lexicon that most tests look into, as small.PDB.
+    [[nodiscard]] bool buildSmallLexicon() const;
+    [[nodiscard]] ProgramResult run(const QStringList& arguments,
+                                    const QByteArray& input = {}) const;
+    [[nodiscard]] ProgramResult runShell(const QString& script) const;
+
+    [[nodiscard]] QString directory() const { return _directory.path(); }
+    /// The path of a file in the directory; `name` is UTF-8.
+    [[nodiscard]] QString path(const char* name) const;
+    /// The content of such a file, or "(missing)".
+    [[nodiscard]] QByteArray bytesOf(const char* name) const;
+
+private:
+    QTemporaryDir _directory;
+};
+
+/// A command line from UTF-8 words.
+[[nodiscard]] QStringList words(std::initializer_list<const char*> texts);
+
+} // namespace teskel::test

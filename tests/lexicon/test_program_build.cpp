@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "tests/lexicon/lexiconprogram.h"
+#include "tests/support/dictionarywriter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+
+using namespace teskel::test;
+
+/// Building, seen from outside: summaries, sources, and what failed or interrupted builds leave.
+class TestProgramBuild : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void buildPrintsItsSummaryOnStandardError();
+    void quietBuildPrintsNothing();
+    void buildReadsStandardInput();
+    void buildReadsDictdIndexes();
+    void noNumbersLeavesSensesUnnumbered();
+    void failedBuildLeavesTheOldFile();
+    void fullDiskLeavesNothingBehind();
+    void interruptedBuildLeavesNothingBehind_data();
+    void interruptedBuildLeavesNothingBehind();
+    void fileNamesMayHoldAnything();
+
+private:
+    LexiconProgram _program;
+};
+
+namespace
+{
+// So many lines of TSV. The numbers do not fit 32 bits.
+QByteArray manyEntries(qint64 count)
+{
+    QByteArray tsv;
+    for (qint64 i = 0; i < count; ++i)
+        tsv += QByteArray::number(i * 7919) + '\t' + QByteArray::number(i * 104729) + '\n';
+    return tsv;
+}
+} // namespace
+
+void TestProgramBuild::initTestCase()
+{
+    QVERIFY(_program.buildSmallLexicon());
+}
+
+void TestProgramBuild::buildPrintsItsSummaryOnStandardError()
+{
+    const ProgramResult result =
+        _program.run(words({"build", "-", "-o", "summary.PDB"}), "a…\tx… ń 日\na…\ty\na…\ty\n");
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.out, QByteArray());
+    QCOMPARE(result.err, QByteArray("1 characters written as a named entity:\n"
+                                    "  … U+2026 -> \"&hellip;\" 1\n"
+                                    "4 characters written in other letters:\n"
+                                    "  ń U+0144 -> \"n\" 1\n"
+                                    "  … U+2026 -> \"...\" 3\n"
+                                    "1 characters unknown to Latin-1, written as \"?\":\n"
+                                    "  日 U+65E5 -> \"?\" 1\n"
+                                    "3 entries read, 1 headwords written, 1 of them with several "
+                                    "articles, 1 repeated articles kept once\n"
+                                    "1 word records, 28 bytes of text in a file of " +
+                                    QByteArray::number(_program.bytesOf("summary.PDB").size()) +
+                                    " bytes, 1 words looked up again\n"));
+}
+
+void TestProgramBuild::quietBuildPrintsNothing()
+{
+    const ProgramResult result =
+        _program.run(words({"build", "-", "-o", "quiet.PDB", "--quiet"}), "a…\tx\n");
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.out, QByteArray());
+    QCOMPARE(result.err, QByteArray());
+}
+
+void TestProgramBuild::buildReadsStandardInput()
+{
+    QFile tsv(QStringLiteral(TEST_DATA "/small.tsv"));
+    QVERIFY(tsv.open(QIODevice::ReadOnly));
+    QCOMPARE(_program.run(words({"build", "-", "-o", "stdin.PDB"}), tsv.readAll()).code, 0);
+    QVERIFY(_program.bytesOf("stdin.PDB") == _program.bytesOf("small.PDB"));
+    // Line ends and the byte order mark of other systems.
+    QVERIFY(tsv.seek(0));
+    QCOMPARE(_program
+                 .run(words({"build", "-", "-o", "crlf.PDB"}),
+                      "\xEF\xBB\xBF" + tsv.readAll().replace("\n", "\r\n"))
+                 .code,
+             0);
+    QVERIFY(_program.bytesOf("crlf.PDB") == _program.bytesOf("small.PDB"));
+}
+
+void TestProgramBuild::buildReadsDictdIndexes()
+{
+    QCOMPARE(_program
+                 .run({QStringLiteral("build"), QStringLiteral(TEST_DATA "/sample.index"),
+                       QStringLiteral("-o"), _program.path("dictd.PDB")})
+                 .code,
+             0);
+    const ProgramResult result = _program.run(words({"find", "dictd.PDB", "house", "TOWER"}));
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.out, QByteArray("house\n"
+                                    "1. Haus &lt;neut>, Gebäude &lt;neut>\n"
+                                    "\"build a house\" - ein Haus bauen\n"
+                                    "Synonyms: home; place, building\n"
+                                    "see: houses\n"
+                                    "2. House-Musik &lt;fem>\n\n"
+                                    "tower\n&lt;v> emporragen &lt;v, intr>\n\n"
+                                    "Tower\nKontrollturm &lt;masc>\n"
+                                    "Note: im 3<i></i>. Stock\n\n"));
+}
+
+void TestProgramBuild::noNumbersLeavesSensesUnnumbered()
+{
+    QCOMPARE(
+        _program.run(words({"build", "-", "-o", "plain.PDB", "--no-numbers"}), "a\tx\na\ty\n").code,
+        0);
+    QCOMPARE(_program.run(words({"find", "plain.PDB", "a"})).out, QByteArray("a\nx\ny\n\n"));
+}
+
+void TestProgramBuild::failedBuildLeavesTheOldFile()
+{
+    QVERIFY(writeFile(_program.path("old.PDB"), "old"));
+    const QStringList before = QDir(_program.directory()).entryList();
+    QCOMPARE(_program.run(words({"build", "-", "-o", "old.PDB"}), "no tab\n").code, 3);
+    QCOMPARE(_program.bytesOf("old.PDB"), QByteArray("old"));
+    QCOMPARE(QDir(_program.directory()).entryList(), before);
+}
+
+void TestProgramBuild::fullDiskLeavesNothingBehind()
+{
+    QVERIFY(writeFile(_program.path("big.tsv"), manyEntries(20000)));
+    const QStringList before = QDir(_program.directory()).entryList();
+    // A limit on the size of files stands in for the end of the disk.
+    const ProgramResult result = _program.runShell(QStringLiteral(
+        "trap '' XFSZ; ulimit -f 20; exec " TESKEL_LEXICON " build big.tsv -o full.PDB"));
+    QCOMPARE(result.code, 3);
+    QVERIFY2(result.err.startsWith("teskel-lexicon: cannot write full.PDB: "),
+             result.err.constData());
+    QCOMPARE(QDir(_program.directory()).entryList(), before);
+}
+
+void TestProgramBuild::interruptedBuildLeavesNothingBehind_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGHUP") << SIGHUP;
+}
+
+void TestProgramBuild::interruptedBuildLeavesNothingBehind()
+{
+    QFETCH(int, signal);
+    const QTemporaryDir directory;
+    QProcess process;
+    process.setWorkingDirectory(directory.path());
+    process.start(QStringLiteral(TESKEL_LEXICON), words({"build", "-", "-o", "out.PDB"}));
+    process.write(manyEntries(400000));
+    process.closeWriteChannel();
+    // As soon as the unfinished file is there, and before it can be complete.
+    const auto files = [&] { return QDir(directory.path()).entryList(QDir::Files).size(); };
+    while (files() == 0 && process.state() != QProcess::NotRunning)
+        process.waitForFinished(1);
+    QVERIFY2(process.state() != QProcess::NotRunning, "the build was too quick for the test");
+    QCOMPARE(::kill(static_cast<pid_t>(process.processId()), signal), 0);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+    QCOMPARE(process.exitCode(), signal);
+    QCOMPARE(files(), 0);
+}
+
+void TestProgramBuild::fileNamesMayHoldAnything()
+{
+    QVERIFY(QDir(_program.directory()).mkdir(QString::fromUtf8("für „日本“")));
+    const QString name = QString::fromUtf8("für „日本“/Wörter 1.PDB");
+    QCOMPARE(_program
+                 .run({QStringLiteral("build"), QStringLiteral(TEST_DATA "/small.tsv"),
+                       QStringLiteral("-o"), name})
+                 .code,
+             0);
+    QCOMPARE(_program.run({QStringLiteral("find"), name, QString::fromUtf8("ähnlich")}).out,
+             QByteArray("ähnlich\nsimilar\n\n"));
+}
+
+QTEST_GUILESS_MAIN(TestProgramBuild)
+#include "test_program_build.moc"

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "tests/lexicon/lexiconprogram.h"
+#include "tests/support/dictionarywriter.h"
+
+#include <QFile>
+#include <QTest>
+
+using namespace teskel::test;
+
+/// Help, and what all commands say of wrong command lines and files.
+class TestProgramErrors : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void helpIsDataAndSuccess_data();
+    void helpIsDataAndSuccess();
+    void wrongCommandLines_data();
+    void wrongCommandLines();
+    void unreadableFilesEndWithThree_data();
+    void unreadableFilesEndWithThree();
+    void foreignFilesEndWithOne_data();
+    void foreignFilesEndWithOne();
+    void fullStandardOutputIsAnError();
+
+private:
+    LexiconProgram _program;
+};
+
+void TestProgramErrors::initTestCase()
+{
+    QVERIFY(_program.buildSmallLexicon());
+}
+
+void TestProgramErrors::helpIsDataAndSuccess_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("part");
+    QTest::newRow("help") << words({"--help"}) << QByteArray("build");
+    QTest::newRow("help of a command") << words({"build", "--help"}) << QByteArray("--record-size");
+    QTest::newRow("version") << words({"--version"}) << QByteArray("teskel-lexicon ");
+}
+
+void TestProgramErrors::helpIsDataAndSuccess()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, part);
+    const ProgramResult result = _program.run(arguments);
+    QCOMPARE(result.code, 0);
+    QVERIFY(result.out.contains(part));
+    QCOMPARE(result.err, QByteArray());
+}
+
+void TestProgramErrors::wrongCommandLines_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("nothing") << QStringList();
+    QTest::newRow("unknown command") << words({"frobnicate"});
+    QTest::newRow("build without a source") << words({"build", "-o", "a.PDB"});
+    QTest::newRow("build without a target") << words({"build", "a.tsv"});
+    QTest::newRow("method 0") << words({"build", "a.tsv", "-o", "a.PDB", "--method", "0"});
+    QTest::newRow("method 5") << words({"build", "a.tsv", "-o", "a.PDB", "--method", "5"});
+    QTest::newRow("record size too large")
+        << words({"build", "a.tsv", "-o", "a.PDB", "--record-size", "32768"});
+    QTest::newRow("record size too small")
+        << words({"build", "a.tsv", "-o", "a.PDB", "--record-size", "255"});
+    QTest::newRow("record size no number")
+        << words({"build", "a.tsv", "-o", "a.PDB", "--record-size", "8K"});
+    QTest::newRow("find without a word") << words({"find", "small.PDB"});
+    QTest::newRow("negative count") << words({"list", "small.PDB", "--count", "-1"});
+    QTest::newRow("verify without a file") << words({"verify"});
+    QTest::newRow("unknown option") << words({"info", "--frob", "small.PDB"});
+}
+
+void TestProgramErrors::wrongCommandLines()
+{
+    QFETCH(QStringList, arguments);
+    const ProgramResult result = _program.run(arguments);
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.out, QByteArray());
+    QVERIFY(!result.err.isEmpty());
+}
+
+void TestProgramErrors::unreadableFilesEndWithThree_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    for (const char* file : {"missing.PDB", "."}) {
+        for (const char* command : {"info", "list", "export", "verify"})
+            QTest::addRow("%s %s", command, file) << words({command, file});
+        QTest::addRow("find %s", file) << words({"find", file, "house"});
+    }
+    QTest::newRow("build from nothing") << words({"build", "missing.tsv", "-o", "x.PDB"});
+    QTest::newRow("build from no index") << words({"build", "missing.index", "-o", "x.PDB"});
+    QTest::newRow("build from an unknown kind") << words({"build", "small.PDB", "-o", "x.PDB"});
+    QTest::newRow("build into a directory")
+        << QStringList{QStringLiteral("build"), QStringLiteral(TEST_DATA "/small.tsv"),
+                       QStringLiteral("-o"), QStringLiteral(".")};
+}
+
+void TestProgramErrors::unreadableFilesEndWithThree()
+{
+    QFETCH(QStringList, arguments);
+    const ProgramResult result = _program.run(arguments);
+    QCOMPARE(result.code, 3);
+    QCOMPARE(result.out, QByteArray());
+    QVERIFY(result.err.startsWith("teskel-lexicon: "));
+    QCOMPARE(result.err.count('\n'), 1);
+    QVERIFY(!QFile::exists(_program.path("x.PDB")));
+}
+
+void TestProgramErrors::foreignFilesEndWithOne_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("short") << QByteArray(77, 'x');
+    QTest::newRow("text") << QByteArray("This is no dictionary.\n").repeated(100);
+    QTest::newRow("other creator") << PalmWriter().setCreator("Else").addRecord("x").build();
+}
+
+void TestProgramErrors::foreignFilesEndWithOne()
+{
+    QFETCH(QByteArray, bytes);
+    QVERIFY(writeFile(_program.path("foreign.PDB"), bytes));
+    for (const QStringList& arguments :
+         {words({"info", "foreign.PDB"}), words({"list", "foreign.PDB"}),
+          words({"export", "foreign.PDB"}), words({"find", "foreign.PDB", "house"})}) {
+        const ProgramResult result = _program.run(arguments);
+        QCOMPARE(result.code, 1);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(result.err, QByteArray("teskel-lexicon: foreign.PDB is no lexicon\n"));
+    }
+    QCOMPARE(_program.run(words({"verify", "foreign.PDB"})).code, 1);
+}
+
+void TestProgramErrors::fullStandardOutputIsAnError()
+{
+    for (const char* command : {"list small.PDB", "export small.PDB", "find small.PDB house",
+                                "info small.PDB", "verify small.PDB"}) {
+        const ProgramResult result = _program.runShell(
+            QStringLiteral(TESKEL_LEXICON " %1 >/dev/full").arg(QString::fromLatin1(command)));
+        QCOMPARE(result.code, 3);
+        QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write to the standard output\n"));
+    }
+}
+
+QTEST_GUILESS_MAIN(TestProgramErrors)
+#include "test_program_errors.moc"
