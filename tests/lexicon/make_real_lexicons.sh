@@ -3,6 +3,9 @@
 # Usage: make_real_lexicons.sh PROGRAM DIRECTORY STEP
 # STEP 1 takes the whole dictionary; a larger one takes every STEP-th line of its index, and the
 # words that tests ask for.
+#
+# A whole dictionary must be built in 60 seconds of CPU time and 400 MB of memory, whatever else the
+# machine is doing: with limits, a build that wants more fails.
 set -eu
 program=$1
 directory=$2
@@ -27,8 +30,12 @@ make_one() {
         LC_ALL=C awk -F'\t' -v step="$step" \
             'NR % step == 0 || /^00database/ || $1 ~ /^(house|haus|abide|abode|set)$/' \
             "$source.index" >"$index"
+    else
+        ulimit -t 60 -v 409600
     fi
     "$program" build "$index" -o "$target"
 }
-make_one freedict-eng-deu Eng2Ger.PDB
-make_one freedict-deu-eng Ger2Eng.PDB
+(make_one freedict-eng-deu Eng2Ger.PDB) &
+other=$!
+(make_one freedict-deu-eng Ger2Eng.PDB)
+wait "$other"

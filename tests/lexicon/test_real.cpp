@@ -26,7 +26,6 @@ private slots:
     void everyEntryOfTheSourceIsThere();
     void noDigitWithinALineTurnsBlue_data();
     void noDigitWithinALineTurnsBlue();
-    void wholeBuildIsEconomical();
 
 private:
     static void addLexicons();
@@ -183,29 +182,6 @@ void TestReal::noDigitWithinALineTurnsBlue()
             }
         }
     }
-}
-
-void TestReal::wholeBuildIsEconomical()
-{
-    if (EXTRACT_STEP > 1)
-        QSKIP("measured on the whole dictionary, without sanitizers");
-    const QTemporaryDir directory;
-    const QString made = directory.filePath(QStringLiteral("a.PDB"));
-    // 60 seconds of CPU time and 400 MB of memory, whatever else the machine is doing.
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(QStringLiteral("sh"),
-                  {QStringLiteral("-c"),
-                   QStringLiteral("ulimit -t 60 && ulimit -v 409600 && exec \"$0\" build "
-                                  "/usr/share/dictd/freedict-eng-deu.index -q -o \"$1\""),
-                   QStringLiteral(TESKEL_LEXICON), made});
-    QVERIFY(process.waitForFinished(500000));
-    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(process.exitCode(), 0);
-    QFile first(made);
-    QFile second(lexicon("Eng2Ger.PDB"));
-    QVERIFY(first.open(QIODevice::ReadOnly) && second.open(QIODevice::ReadOnly));
-    QVERIFY(first.readAll() == second.readAll());
 }
 
 QTEST_GUILESS_MAIN(TestReal)
