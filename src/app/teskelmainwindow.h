@@ -23,6 +23,7 @@ public:
     explicit TeskelMainWindow(QWidget* parent = nullptr, const char* name = nullptr,
                               Qt::WindowFlags flags = {});
     ~TeskelMainWindow() override;
+    Q_DISABLE_COPY_MOVE(TeskelMainWindow)
 
     /// Opens the dictionary that was open last, else the first installed one that opens.
     /// Silent: when none opens, the lookup view goes on showing its start text.
@@ -33,7 +34,8 @@ public:
     void resetLayout();
 
 public slots:
-    /// Opens the dictionary at `path`; the lookup view reports a file that is not one.
+    /// Opens the dictionary at `path`, from the current directory when it is relative; the lookup
+    /// view reports a file that is not one.
     void openFile(const QString& path);
     /// Sets the window title to "Teskel-" followed by `name`.
     void setCaption(const QString& name);
@@ -57,10 +59,10 @@ private:
     using Command = void (TeskelMainWindow::*)();
 
     QAction* addCommand(const QString& text, const char* icon, Command slot);
-    void createMenus(QAction*& preferences);
+    /// Returns the command that stands in the tool bar too, at its end.
+    QAction* createMenus();
     void createOpenButton();
     void createViewCommands();
-    void letKeyboardReachToolBar();
 
     TeskelMainWidget* _mainWidget = nullptr;
     QPEToolBar* _toolBar = nullptr;

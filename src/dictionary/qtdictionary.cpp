@@ -159,8 +159,7 @@ const teskel::TextRecord* QtDictionary::cachedRecord(unsigned short index)
     if (!record)
         return nullptr;
     teskel::TextRecord* kept = record.release();
-    _wordCache.insert(index, kept, 1);
-    return kept;
+    return _wordCache.insert(index, kept, 1) ? kept : nullptr;
 }
 
 std::unique_ptr<teskel::TextRecord> QtDictionary::decompressRecord(unsigned short index)
