@@ -10,10 +10,11 @@ namespace teskel
 /// Limits of the dictionary file and of its reader.
 namespace limits
 {
-inline constexpr unsigned headwordBytes = 511;    ///< the reader's buffers, less the final NUL
-inline constexpr unsigned descriptionBytes = 511; ///< likewise
-inline constexpr unsigned recordBytes = 32767;    ///< an unpacked record
-inline constexpr unsigned firstWordRecord = 5;    ///< records in front of the word records
+inline constexpr unsigned headwordBytes = 511;     ///< the reader's buffers, less the final NUL
+inline constexpr unsigned descriptionBytes = 511;  ///< likewise
+inline constexpr unsigned recordBytes = 32767;     ///< an unpacked record
+inline constexpr unsigned packedBytes = 64U << 20; ///< a record as it stands in the file
+inline constexpr unsigned firstWordRecord = 5;     ///< records in front of the word records
 inline constexpr unsigned wordRecords = 65535 - firstWordRecord;
 /// Bytes of entries in one record; the end of the record needs one more.
 inline constexpr unsigned recordPayload = recordBytes - 1;

@@ -88,7 +88,13 @@ bool LexiconVerifier::checkOffsets()
             return false;
         earliest = offset + 1;
     }
-    return true;
+    for (unsigned i = 0; i < _file.recordCount(); ++i) {
+        const uint64_t size = _file.endOf(i) - _file.offsets()[i];
+        if (size > limits::packedBytes)
+            report("offsets", recordName(i) + " has " + std::to_string(size) +
+                                  " bytes, the reader takes none above 67,108,864");
+    }
+    return _findings.empty();
 }
 
 void LexiconVerifier::checkIndex()

@@ -3,6 +3,7 @@
 #include "tests/support/arjmember.h"
 #include "tests/support/dictionarywriter.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -19,6 +20,7 @@ private slots:
     void fileWithoutWordsIsValid();
     void damage_data();
     void damage();
+    void giantRecordIsDamage();
     void unreadableFileIsAnError();
     void directoryIsAnError();
 
@@ -198,6 +200,22 @@ void TestVerifier::damage()
 {
     QFETCH(QByteArray, bytes);
     QTEST(findingsOf(bytes), "findings");
+}
+
+// The file has all the bytes, though they take no room on the disk.
+void TestVerifier::giantRecordIsDamage()
+{
+    const QString path = _directory.filePath(QStringLiteral("a.PDB"));
+    const QByteArray good = soundBytes();
+    QVERIFY(writeFile(path, good));
+    QVERIFY(QFile::resize(path, offsetOf(good, 6) + (qint64{64} << 20) + 1));
+    LexiconVerifier verifier;
+    std::string error;
+    QVERIFY(verifier.run(path.toStdString(), error));
+    QCOMPARE(verifier.findings().size(), std::size_t{1});
+    QCOMPARE(verifier.findings().front(),
+             std::string("offsets: record 6 has 67108865 bytes, the reader takes none above "
+                         "67,108,864"));
 }
 
 void TestVerifier::unreadableFileIsAnError()
