@@ -50,7 +50,7 @@ Config::Config(const QString& name, Domain domain)
     : _fileName(domain == User ? userFileName(name) : name)
 {
     if (QFileInfo::exists(_fileName)) {
-        read(_fileName);
+        _replaceable = read(_fileName);
         return;
     }
     if (domain == User) {
@@ -64,15 +64,22 @@ Config::~Config()
     write();
 }
 
-void Config::read(const QString& path)
+bool Config::read(const QString& path)
 {
     const QFileInfo info(path);
+    if (!info.exists())
+        return true;
     // A pipe or a device in the file's place could keep the reader waiting.
     if (!info.isFile() || info.size() > LARGEST_FILE)
-        return;
+        return false;
     QFile file(path);
-    if (file.open(QIODevice::ReadOnly))
-        _groups = teskel::parseConfig(file.read(LARGEST_FILE));
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray text = file.read(LARGEST_FILE);
+    if (file.error() != QFileDevice::NoError)
+        return false;
+    _groups = teskel::parseConfig(text);
+    return true;
 }
 
 void Config::setGroup(const QString& group)
@@ -170,8 +177,8 @@ bool Config::write()
 
     const QByteArray text = teskel::formatConfig(_groups);
     QSaveFile file(_fileName);
-    if (makeDirectory(QFileInfo(_fileName).absolutePath()) && file.open(QIODevice::WriteOnly) &&
-        file.write(text) == text.size() && file.commit()) {
+    if (_replaceable && makeDirectory(QFileInfo(_fileName).absolutePath()) &&
+        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit()) {
         _changed = false;
         complainedAbout().remove(_fileName);
         return true;

@@ -11,7 +11,8 @@
 /// The file is UTF-8: `[group]` lines, each followed by `key = value` lines. There is no escaping,
 /// so line feeds in names and values become blanks and blanks around keys and values are cut; what
 /// is read back from this object before it is written is what a later object reads from the file.
-/// A missing, unreadable, binary or oversized file counts as empty. Several objects on one file are
+/// A missing, unreadable, binary or oversized file counts as empty; one that could not be read, for
+/// whatever cause, is never replaced, since it may hold settings. Several objects on one file are
 /// not locked against each other: keep an object for one operation only.
 class Config
 {
@@ -52,7 +53,8 @@ public:
     void clearGroup();
 
     /// Replaces the file at once, atomically, if anything changed. Creates its directory.
-    /// @return false when it could not be written; that prints one warning for each file, not one
+    /// @return false when it was not or could not be written; that prints one warning for each
+    /// file, not one
     ///         for each attempt
     bool write();
 
@@ -60,7 +62,8 @@ public:
     QString fileName() const { return _fileName; }
 
 private:
-    void read(const QString& path);
+    /// Takes the groups from the file; false when it exists but cannot be read.
+    bool read(const QString& path);
     const teskel::ConfigGroup* group() const;
     teskel::ConfigGroup* groupToChange();
 
@@ -68,4 +71,5 @@ private:
     teskel::ConfigGroups _groups;
     std::optional<QString> _group;
     bool _changed = false;
+    bool _replaceable = true;
 };

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <sys/stat.h>
+#include <unistd.h>
 
 class ConfigTest : public QObject
 {
@@ -36,9 +37,11 @@ private slots:
     void handheldSettingsDoNotReplacePresentOnes();
     void replacementFollowsALink();
     void failedReplacementWarnsOnce();
-    void unreadableFilesGiveDefaults_data();
-    void unreadableFilesGiveDefaults();
-    void pipeInPlaceOfTheFileIsNotRead();
+    void garbageGivesDefaults_data();
+    void garbageGivesDefaults();
+    void oversizedFileIsNotReplaced();
+    void fileThatCannotBeReadIsNotReplaced();
+    void pipeInPlaceOfTheFileIsLeftAlone();
 
 private:
     QString path(const QString& name) const { return _directory->filePath(name); }
@@ -386,7 +389,7 @@ void ConfigTest::failedReplacementWarnsOnce()
     QCOMPARE(stored(u"xdg/teskel"_qs), QByteArray("not a directory"));
 }
 
-void ConfigTest::unreadableFilesGiveDefaults_data()
+void ConfigTest::garbageGivesDefaults_data()
 {
     QTest::addColumn<QByteArray>("text");
     QByteArray noise(100'000, Qt::Uninitialized);
@@ -399,10 +402,9 @@ void ConfigTest::unreadableFilesGiveDefaults_data()
     QTest::newRow("NUL bytes") << QByteArray(5000, '\0');
     QTest::newRow("half a character") << QByteArray("[g\xC3");
     QTest::newRow("only brackets") << QByteArray(50'000, '[');
-    QTest::newRow("huge") << "[g]\nk = v\n" + QByteArray(2'097'152, '\n');
 }
 
-void ConfigTest::unreadableFilesGiveDefaults()
+void ConfigTest::garbageGivesDefaults()
 {
     QFETCH(QByteArray, text);
     store(u"a.conf"_qs, text);
@@ -417,11 +419,58 @@ void ConfigTest::unreadableFilesGiveDefaults()
     QCOMPARE(config.readEntry(u"k"_qs), u"kept"_qs);
 }
 
-void ConfigTest::pipeInPlaceOfTheFileIsNotRead()
+void ConfigTest::oversizedFileIsNotReplaced()
 {
-    QCOMPARE(::mkfifo(qPrintable(path(u"pipe.conf"_qs)), 0600), 0);
-    const Config config(path(u"pipe.conf"_qs), Config::File);
-    QVERIFY(!config.hasKey(u"k"_qs));
+    const QByteArray text = "[g]\nk = v\n" + QByteArray(2'097'152, '\n');
+    store(u"a.conf"_qs, text);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/a.conf"_qs));
+    Config config(path(u"a.conf"_qs), Config::File);
+    config.setGroup(u"g"_qs);
+    QCOMPARE(config.readEntry(u"k"_qs, u"default"_qs), u"default"_qs);
+    config.writeEntry(u"k"_qs, u"lost"_qs);
+    QVERIFY(!config.write());
+    QCOMPARE(stored(u"a.conf"_qs), text);
+}
+
+/// A file that may be written but not read.
+void ConfigTest::fileThatCannotBeReadIsNotReplaced()
+{
+    constexpr uid_t other = 65'534;
+    const QByteArray text("[g]\nk = v\n");
+    store(u"a.conf"_qs, text);
+    const QByteArray file = path(u"a.conf"_qs).toUtf8();
+    QCOMPARE(::chmod(file.constData(), 0200), 0);
+    QCOMPARE(::chmod(_directory->path().toUtf8().constData(), 0777), 0);
+    const uid_t own = ::geteuid();
+    if (own == 0) {
+        QCOMPARE(::chown(file.constData(), other, other), 0);
+        QCOMPARE(::seteuid(other), 0);
+    }
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/a.conf"_qs));
+    {
+        Config config(path(u"a.conf"_qs), Config::File);
+        config.setGroup(u"g"_qs);
+        QCOMPARE(config.readEntry(u"k"_qs, u"default"_qs), u"default"_qs);
+        config.writeEntry(u"k"_qs, u"lost"_qs);
+    }
+    QCOMPARE(::seteuid(own), 0);
+    QCOMPARE(::chmod(file.constData(), 0600), 0);
+    QCOMPARE(stored(u"a.conf"_qs), text);
+}
+
+void ConfigTest::pipeInPlaceOfTheFileIsLeftAlone()
+{
+    const QByteArray pipe = path(u"pipe.conf"_qs).toUtf8();
+    QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/pipe.conf"_qs));
+    {
+        Config config(path(u"pipe.conf"_qs), Config::File);
+        QVERIFY(!config.hasKey(u"k"_qs));
+        config.setGroup(u"g"_qs);
+    }
+    struct stat status = {};
+    QCOMPARE(::stat(pipe.constData(), &status), 0);
+    QVERIFY(S_ISFIFO(status.st_mode));
 }
 
 QTEST_GUILESS_MAIN(ConfigTest)
