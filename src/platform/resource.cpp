@@ -54,7 +54,8 @@ QIcon Resource::loadIcon(const QString& name)
     }
     // Every size stands for itself: QIcon scales the wrong one once it knows of an "@2x" file.
     QIcon icon;
+    // With its size given, a picture is read when it is painted and not before.
     for (const int size : {16, 20, 24, 32, 40, 48})
-        icon.addFile(compiledIn(QStringLiteral("%1-%2").arg(name).arg(size)));
+        icon.addFile(compiledIn(QStringLiteral("%1-%2").arg(name).arg(size)), QSize(size, size));
     return icon;
 }
