@@ -16,15 +16,30 @@ MountWatcher::MountWatcher(const QString& mountInfo, QObject* parent)
     using namespace std::chrono_literals;
     _settled.setSingleShot(true);
     _settled.setInterval(250ms);
-    connect(&_settled, &QTimer::timeout, this, [] {
-        QCopChannel::send(QByteArrayLiteral("QPE/Card"), QByteArrayLiteral("mtabChanged()"));
-    });
+    _overdue.setSingleShot(true);
+    _overdue.setInterval(2s);
+    connect(&_settled, &QTimer::timeout, this, &MountWatcher::report);
+    connect(&_overdue, &QTimer::timeout, this, &MountWatcher::report);
 
     if (!_table.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return;
     // The kernel reports a change as an exception; for reading the table is always ready.
     auto* notifier = new QSocketNotifier(_table.handle(), QSocketNotifier::Exception, this);
-    connect(notifier, &QSocketNotifier::activated, &_settled, qOverload<>(&QTimer::start));
+    connect(notifier, &QSocketNotifier::activated, this, &MountWatcher::changed);
+}
+
+void MountWatcher::changed()
+{
+    _settled.start();
+    if (!_overdue.isActive())
+        _overdue.start();
+}
+
+void MountWatcher::report()
+{
+    _settled.stop();
+    _overdue.stop();
+    QCopChannel::send(QByteArrayLiteral("QPE/Card"), QByteArrayLiteral("mtabChanged()"));
 }
 
 } // namespace teskel

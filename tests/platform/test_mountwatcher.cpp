@@ -38,6 +38,7 @@ class MountWatcherTest : public QObject
 private slots:
     void eachMountAndEachUnmountSendsOneMessage();
     void severalStepsOfOneChangeAreOneMessage();
+    void endlessMountingIsReportedMeanwhile();
     void withoutATableThereAreNoMessages();
     void ordinaryFileIsNoEndlessSource();
 
@@ -81,6 +82,32 @@ void MountWatcherTest::severalStepsOfOneChangeAreOneMessage()
     QVERIFY(received.wait());
     QVERIFY(!received.wait(400));
     QCOMPARE(received.count(), 1);
+}
+
+void MountWatcherTest::endlessMountingIsReportedMeanwhile()
+{
+    if (!ownMountTable)
+        QSKIP("no right to mount in a private mount namespace");
+    const QByteArray point = _directory.path().toUtf8();
+    QCopChannel channel("QPE/Card");
+    QSignalSpy received(&channel, &QCopChannel::received);
+    const teskel::MountWatcher watcher(QStringLiteral("/proc/self/mountinfo"));
+    bool mounted = false;
+    QTimer changes;
+    connect(&changes, &QTimer::timeout, this, [&] {
+        const int failed = mounted ? ::umount2(point.constData(), 0)
+                                   : ::mount("card", point.constData(), "tmpfs", 0, nullptr);
+        QCOMPARE(failed, 0);
+        mounted = !mounted;
+    });
+    changes.start(50);
+    QVERIFY(received.wait(10'000));
+    QVERIFY(received.wait(10'000));
+    changes.stop();
+    // The last changes are not forgotten.
+    QVERIFY(received.wait());
+    if (mounted)
+        QCOMPARE(::umount2(point.constData(), 0), 0);
 }
 
 void MountWatcherTest::withoutATableThereAreNoMessages()
