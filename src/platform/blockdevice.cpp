@@ -36,11 +36,13 @@ QString directoryOfMapping(const QString& sysfs, const QString& name)
     return {};
 }
 
-QString directoryOf(const QString& sysfs, const QString& source, const QString& device)
+QString directoryOf(const StorageRoots& roots, const QString& source, const QString& device)
 {
-    if (!source.startsWith(QLatin1String("/dev/")))
+    static const QLatin1String devices("/dev");
+    if (!source.startsWith(devices + u'/'))
         return {};
-    const QString target = QFileInfo(source).canonicalFilePath();
+    const QString& sysfs = roots.sysfs;
+    const QString target = QFileInfo(roots.dev + source.sliced(devices.size())).canonicalFilePath();
     const QString name = QFileInfo(target.isEmpty() ? source : target).fileName();
     QString byName = sysfs + QLatin1String("/class/block/") + name;
     if (!name.isEmpty() && QFileInfo(byName).isDir())
@@ -91,9 +93,10 @@ BlockDevice::BlockDevice(const QString& directory)
 {
 }
 
-BlockDevice BlockDevice::find(const QString& sysfs, const QString& source, const QString& device)
+BlockDevice BlockDevice::find(const StorageRoots& roots, const QString& source,
+                              const QString& device)
 {
-    return BlockDevice(directoryOf(sysfs, source, device));
+    return BlockDevice(directoryOf(roots, source, device));
 }
 
 bool BlockDevice::isRemovable() const

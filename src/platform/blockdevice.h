@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/storageroots.h"
+
 #include <QString>
 
 namespace teskel
@@ -13,7 +15,8 @@ public:
     /// The device that the mount table calls `source` with the number `device`; not valid when
     /// sysfs knows none. The name decides, since FUSE, btrfs and device-mapper mounts carry numbers
     /// that no device has.
-    static BlockDevice find(const QString& sysfs, const QString& source, const QString& device);
+    static BlockDevice find(const StorageRoots& roots, const QString& source,
+                            const QString& device);
 
     bool isValid() const { return !_directory.isEmpty(); }
 

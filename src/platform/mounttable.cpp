@@ -41,11 +41,7 @@ std::optional<Mount> parseLine(const QByteArray& line)
     const qsizetype separator = fields.indexOf("-", 6);
     if (separator < 0 || separator + 2 >= fields.size())
         return std::nullopt;
-    return Mount{field(fields[2]),
-                 field(fields[3]),
-                 field(fields[4]),
-                 field(fields[5]),
-                 field(fields[separator + 1]),
+    return Mount{field(fields[2]), field(fields[3]), field(fields[4]), field(fields[separator + 1]),
                  field(fields[separator + 2])};
 }
 

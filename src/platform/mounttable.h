@@ -14,7 +14,6 @@ struct Mount {
     QString device; ///< major and minor number, "8:17"; "0:..." where the kernel made one up
     QString root;   ///< what of the file system is mounted: "/" or a directory of it
     QString path;   ///< the mount point
-    QString options;
     QString type;   ///< file system type
     QString source; ///< as given to mount, usually the device file
 };

@@ -34,10 +34,8 @@ StorageInfo::StorageInfo(QObject* parent)
 {
     auto* cards = new QCopChannel(QByteArrayLiteral("QPE/Card"), this);
     connect(cards, &QCopChannel::received, this, [this](const QByteArray& message) {
-        if (message != QByteArrayLiteral("mtabChanged()"))
-            return;
-        update();
-        emit disksChanged();
+        if (message == QByteArrayLiteral("mtabChanged()"))
+            update();
     });
     update();
 }
@@ -55,11 +53,11 @@ void StorageInfo::update()
     for (const teskel::Mount& mount : mounts) {
         if (!isWhole(mount))
             continue;
-        const auto device = teskel::BlockDevice::find(roots.sysfs, mount.source, mount.device);
+        const auto device = teskel::BlockDevice::find(roots, mount.source, mount.device);
         if (!device.isValid() || seen.contains(device.directory()))
             continue;
         seen.insert(device.directory());
-        _fileSystems.append({mount.source, mount.path, mount.options, device.isRemovable()});
+        _fileSystems.append({mount.path, device.isRemovable()});
     }
 }
 

@@ -27,10 +27,6 @@ public:
     static void setRoots(const StorageRoots& roots);
     static StorageRoots roots();
 
-signals:
-    /// The list was read anew after a card came or went.
-    void disksChanged();
-
 private:
     QList<FileSystem> _fileSystems;
 };

@@ -7,4 +7,5 @@
 struct StorageRoots {
     QString mountInfo = QStringLiteral("/proc/self/mountinfo");
     QString sysfs = QStringLiteral("/sys");
+    QString dev = QStringLiteral("/dev");
 };

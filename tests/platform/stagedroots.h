@@ -15,7 +15,8 @@ public:
 
     StorageRoots roots() const
     {
-        return {_root.filePath(QStringLiteral("mountinfo")), _root.filePath(QStringLiteral("sys"))};
+        return {_root.filePath(QStringLiteral("mountinfo")), _root.filePath(QStringLiteral("sys")),
+                _root.filePath(QStringLiteral("dev"))};
     }
 
     /// Replaces the mount table.
@@ -53,6 +54,15 @@ public:
         QDir(_root.path()).mkpath(slaves);
         QFile::link(_root.filePath(QLatin1String("sys/devices/") + _disks[part]),
                     _root.filePath(slaves) + u'/' + part);
+    }
+
+    /// Gives `device` another name, "disk/by-label/CARD".
+    void addDeviceName(const QString& name, const QString& device)
+    {
+        write(QLatin1String("dev/") + device, {});
+        const QString link = _root.filePath(QLatin1String("dev/") + name);
+        QDir().mkpath(QFileInfo(link).path());
+        QFile::link(_root.filePath(QLatin1String("dev/") + device), link);
     }
 
     /// Makes `number` ("8:1") lead to `device`.
