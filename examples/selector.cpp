@@ -11,8 +11,6 @@
 
 int main(int argc, char** argv)
 {
-    // Documents are for the reader, whose place on the bus this program must not take.
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     QPEApplication application(argc, argv);
     QTeskelFileSelector selector(nullptr, "selector");
     selector.setWindowTitle(QTeskelFileSelector::tr("Dictionary Selector"));

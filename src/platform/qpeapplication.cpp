@@ -21,6 +21,11 @@
 namespace
 {
 
+bool takesDocuments(const QWidget* widget)
+{
+    return widget->metaObject()->indexOfSlot("setDocument(QString)") >= 0;
+}
+
 void setDefaultRoot()
 {
     if (qEnvironmentVariableIsSet("QPEDIR"))
@@ -46,13 +51,12 @@ QPEApplication::QPEApplication(int& argc, char** argv)
             &QPEApplication::closeMainWidget);
     new teskel::MountWatcher(StorageInfo::roots().mountInfo, this);
 
-    auto* documents = new teskel::DocumentService(this);
+    _service = new teskel::DocumentService(this);
     // Queued: a message about a bad file must not keep the asking program waiting for its answer.
-    connect(documents, &teskel::DocumentService::openRequested, this, &QPEApplication::openDocument,
+    connect(_service, &teskel::DocumentService::openRequested, this, &QPEApplication::openDocument,
             Qt::QueuedConnection);
-    connect(documents, &teskel::DocumentService::activateRequested, this,
+    connect(_service, &teskel::DocumentService::activateRequested, this,
             &QPEApplication::activateMainWidget);
-    QTimer::singleShot(0, documents, &teskel::DocumentService::start);
 }
 
 QPEApplication::~QPEApplication() = default;
@@ -62,6 +66,8 @@ void QPEApplication::showMainWidget(QWidget* widget)
     _mainWidget = widget;
     deliverDocuments();
     widget->showMaximized();
+    if (takesDocuments(widget))
+        QTimer::singleShot(0, _service, &teskel::DocumentService::start);
     // The request came while something else than the main window was on the screen.
     if (_endRequested)
         QTimer::singleShot(0, this, &QPEApplication::closeMainWidget);
@@ -82,7 +88,7 @@ void QPEApplication::deliverDocuments()
     const QScopedValueRollback<bool> delivering(_delivering, true);
     while (_mainWidget != nullptr && !_documents.isEmpty()) {
         const QString path = _documents.takeFirst();
-        if (_mainWidget->metaObject()->indexOfSlot("setDocument(QString)") >= 0)
+        if (takesDocuments(_mainWidget))
             QMetaObject::invokeMethod(_mainWidget, "setDocument", Qt::DirectConnection,
                                       Q_ARG(QString, path));
     }

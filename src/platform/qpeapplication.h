@@ -7,6 +7,11 @@
 
 class QDialog;
 
+namespace teskel
+{
+class DocumentService;
+}
+
 /// The application object: the main widget, requests to open a document, and the end of it all.
 ///
 /// When the environment has no QPEDIR, construction sets it to `$XDG_DATA_HOME` (by default
@@ -27,7 +32,8 @@ public:
     QPEApplication& operator=(const QPEApplication&) = delete;
 
     /// Makes `widget` the receiver of document requests, delivers those that came before, then
-    /// shows it maximised. The caller keeps the widget.
+    /// shows it maximised. The caller keeps the widget. Requests from the desktop come only to a
+    /// widget with the slot `setDocument(const QString&)`.
     void showMainWidget(QWidget* widget);
     /// The widget given to showMainWidget() while it lives.
     QWidget* mainWidget() const { return _mainWidget; }
@@ -54,6 +60,7 @@ public slots:
 private:
     void deliverDocuments();
 
+    teskel::DocumentService* _service = nullptr;
     QPointer<QWidget> _mainWidget;
     QStringList _documents;
     bool _delivering = false;

@@ -71,7 +71,8 @@ int main(int argc, char** argv)
         QMessageBox::critical(&window, QStringLiteral("Teskel"), QStringLiteral("text"));
         report(QStringLiteral("box gone"));
     }
-    application.showMainWidget(&window);
+    QWidget plain;
+    application.showMainWidget(modes.contains(QStringLiteral("--no-documents")) ? &plain : &window);
     QTimer::singleShot(0, &window, [] { report(QStringLiteral("running")); });
 
     QDialog dialog(&window);
