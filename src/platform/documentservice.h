@@ -20,6 +20,8 @@ class DocumentService : public QObject
 
 public:
     explicit DocumentService(QObject* parent = nullptr);
+    /// Where a bus hangs while it is connected to, waits a second for it; the process then ends
+    /// without unwinding static objects.
     ~DocumentService() override;
     DocumentService(const DocumentService&) = delete;
     DocumentService& operator=(const DocumentService&) = delete;

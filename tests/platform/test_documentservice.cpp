@@ -94,6 +94,7 @@ private slots:
     void messageBoxDoesNotHoldUpTheAnswer();
     void activateIsAnswered();
     void firstProgramKeepsTheName();
+    void programWithoutDocumentsLeavesTheNameToOthers();
     void withoutABusTheProgramRuns_data();
     void withoutABusTheProgramRuns();
     void busStartsTheProgram();
@@ -207,6 +208,19 @@ void DocumentServiceTest::firstProgramKeepsTheName()
     QCOMPARE(bus.connection().interface()->serviceOwner(SERVICE).value(), owner);
 }
 
+void DocumentServiceTest::programWithoutDocumentsLeavesTheNameToOthers()
+{
+    Bus bus;
+    if (!bus.start())
+        QSKIP("no dbus-daemon");
+    Probe plain({u"--no-documents"_qs}, environmentWith(bus.address()));
+    QVERIFY(plain.waitFor(u"running"_qs));
+    Probe reader({}, environmentWith(bus.address()));
+    QVERIFY(waitForOwner(bus.connection()));
+    QCOMPARE(bus.connection().interface()->servicePid(SERVICE).value(),
+             static_cast<uint>(reader.processId()));
+}
+
 void DocumentServiceTest::withoutABusTheProgramRuns_data()
 {
     QTest::addColumn<QString>("address");
@@ -271,6 +285,8 @@ void DocumentServiceTest::silentBusDoesNotHoldUpTheWindow()
     // The event loop answers while the connection hangs.
     QCOMPARE(::kill(static_cast<pid_t>(probe.processId()), SIGTERM), 0);
     QVERIFY(probe.waitFor(u"end"_qs, 5'000));
+    QVERIFY(probe.waitForEnd(5'000));
+    QCOMPARE(probe.exitCode(), 0);
     ::close(listener);
 }
 
