@@ -105,7 +105,10 @@ QWidget* PreferencesBaseDialog::createCommonPage()
 
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(teskel::scrollWhereNeeded(content, page));
+    QScrollArea* area = teskel::scrollWhereNeeded(content, page);
+    // It follows the focus of the buttons on it, and has nothing to do with one of its own.
+    area->setFocusPolicy(Qt::NoFocus);
+    column->addWidget(area);
     return page;
 }
 

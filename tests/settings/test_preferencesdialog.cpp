@@ -68,6 +68,7 @@ private slots:
     void weightAndSlantAreKept();
     void returnInTheFontListChangesNothing();
     void everyControlIsNamedForAssistiveTools();
+    void tabStopsAtControlsOnly();
 };
 
 void PreferencesDialogTest::init()
@@ -157,8 +158,8 @@ void PreferencesDialogTest::groupsHaveTheirTitlesAndButtons()
 void PreferencesDialogTest::menuPositionGoesByNumberNotByObjectName()
 {
     const PreferencesDialog dialog;
-    const auto* top = child<QRadioButton>(dialog, "rbMenuBottom");
-    const auto* bottom = child<QRadioButton>(dialog, "rbMenuTop");
+    auto* top = child<QRadioButton>(dialog, "rbMenuBottom");
+    auto* bottom = child<QRadioButton>(dialog, "rbMenuTop");
     QCOMPARE(top->text(), QStringLiteral("Top"));
     QCOMPARE(dialog.panelMenu()->id(top), 0);
     QCOMPARE(bottom->text(), QStringLiteral("Bottom"));
@@ -432,6 +433,28 @@ void PreferencesDialogTest::everyControlIsNamedForAssistiveTools()
     // Two groups have a "Top": the description says of what.
     QCOMPARE(child<QRadioButton>(dialog, "RadioButton9")->accessibleDescription(),
              QStringLiteral("Word Field Position"));
+}
+
+void PreferencesDialogTest::tabStopsAtControlsOnly()
+{
+    PreferencesDialog dialog;
+    for (teskel::ButtonGroupBox* group :
+         {dialog.panelView(), dialog.panelHanded(), dialog.panelCombo(), dialog.panelMenu()})
+        group->setButton(0);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QStringList stops;
+    while (stops.size() < 12) {
+        QTest::keyClick(&dialog, Qt::Key_Tab);
+        QVERIFY(QApplication::focusWidget() != nullptr);
+        stops.append(QApplication::focusWidget()->objectName());
+        if (stops.size() > 1 && stops.last() == stops.first())
+            break;
+    }
+    stops.removeLast();
+    stops.sort();
+    QCOMPARE(stops, (QStringList{u"RadioButton9"_qs, u"qt_tabwidget_tabbar"_qs, u"rbHorizontal"_qs,
+                                 u"rbLeftHanded"_qs, u"rbMenuBottom"_qs}));
 }
 
 QTEST_MAIN(PreferencesDialogTest)
