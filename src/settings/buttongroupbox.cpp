@@ -25,14 +25,9 @@ QAbstractButton* ButtonGroupBox::button(int id) const
     return _buttons->button(id);
 }
 
-int ButtonGroupBox::id(const QAbstractButton* button) const
+int ButtonGroupBox::id(QAbstractButton* button) const
 {
-    const QList<QAbstractButton*> buttons = _buttons->buttons();
-    for (QAbstractButton* candidate : buttons) {
-        if (candidate == button)
-            return _buttons->id(candidate);
-    }
-    return -1;
+    return _buttons->id(button);
 }
 
 void ButtonGroupBox::setButton(int id)

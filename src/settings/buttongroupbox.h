@@ -22,7 +22,7 @@ public:
     /// The button numbered `id`, or null.
     QAbstractButton* button(int id) const;
     /// The number of `button`, or -1 when it is not of this group.
-    int id(const QAbstractButton* button) const;
+    int id(QAbstractButton* button) const;
     /// Selects the button numbered `id`; a number without a button changes nothing.
     void setButton(int id);
     /// The number of the selected button, or -1 when none is selected.

@@ -38,7 +38,7 @@ void PreferencesDialog::selectFamily(const QString& family)
 
 void PreferencesDialog::selectSize(int pointSize)
 {
-    const QPushButton* button = nullptr;
+    QPushButton* button = nullptr;
     if (pointSize <= 10)
         button = _btnSmall;
     else if (pointSize <= 13)
