@@ -39,6 +39,7 @@ private slots:
     void closeButtonAsksToBeClosed();
     void selectedIsThePathOfTheCurrentItem();
     void rereadEmptiesTheList();
+    void receiverMayDeleteThePanel_data();
     void receiverMayDeleteThePanel();
 
 private:
@@ -213,11 +214,24 @@ void QTeskelFileSelectorTest::rereadEmptiesTheList()
     QVERIFY(_panel->selected().isEmpty());
 }
 
+void QTeskelFileSelectorTest::receiverMayDeleteThePanel_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("click") << 0;
+    QTest::newRow("Return") << static_cast<int>(Qt::Key_Return);
+    QTest::newRow("Space") << static_cast<int>(Qt::Key_Space);
+}
+
 void QTeskelFileSelectorTest::receiverMayDeleteThePanel()
 {
+    QFETCH(const int, key);
     const QString wanted = file("A.PDB");
     connect(_panel.get(), &QTeskelFileSelector::fileSelected, this, [this] { _panel.reset(); });
-    _panel->fileClicked(_panel->view()->topLevelItem(0));
+    _panel->view()->setCurrentItem(_panel->view()->topLevelItem(0));
+    if (key == 0)
+        QTest::mouseClick(_panel->view()->viewport(), Qt::LeftButton, {}, rowPosition(0));
+    else
+        QTest::keyPress(_panel->view(), static_cast<Qt::Key>(key));
     QVERIFY(_panel == nullptr);
     QCOMPARE(_log, QStringList{wanted});
 }

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -329,12 +330,17 @@ void QTeskelFileSelectorViewTest::listEmptiedUnderThePointerReportsNoItem()
 
 void QTeskelFileSelectorViewTest::receiverMayDeleteTheView()
 {
-    connect(_view, &QTeskelFileSelectorView::mouseButtonClicked, this, [this] {
-        _view->deleteLater();
-        _view->reread();
-    });
+    const auto deleteView = [this] { delete std::exchange(_view, nullptr); };
+    connect(_view, &QTeskelFileSelectorView::mouseButtonClicked, this, deleteView);
     QTest::mouseClick(_view->viewport(), Qt::LeftButton, {}, rowPosition(0));
-    QTRY_VERIFY(_parent->findChild<QTeskelFileSelectorView*>() == nullptr);
+    QVERIFY(_view == nullptr);
+
+    _view = new QTeskelFileSelectorView(_parent.get(), "fileview");
+    _view->append(_storage->internalDirectory());
+    _view->setCurrentItem(_view->topLevelItem(0));
+    connect(_view, &QTeskelFileSelectorView::returnPressed, this, deleteView);
+    QTest::keyPress(_view, Qt::Key_Return);
+    QVERIFY(_view == nullptr);
 }
 
 QTEST_MAIN(QTeskelFileSelectorViewTest)
