@@ -2,6 +2,8 @@
 #include "app/teskelmainwindow.h"
 
 #include <QAction>
+#include <QDir>
+#include <QFileInfo>
 #include <QMenu>
 #include <QToolButton>
 
@@ -35,7 +37,7 @@ Setting chosen(const teskel::ButtonGroupBox* group)
 TeskelMainWindow::TeskelMainWindow(QWidget* parent, const char* name, Qt::WindowFlags flags)
     : QMainWindow(parent, flags)
 {
-    setObjectName(QString::fromLatin1(name));
+    setObjectName(QString::fromUtf8(name));
     // The tool bar carries the menus: a context menu that hides it would lock the person out.
     setContextMenuPolicy(Qt::NoContextMenu);
     setCaption(tr("Teskel"));
@@ -46,14 +48,13 @@ TeskelMainWindow::TeskelMainWindow(QWidget* parent, const char* name, Qt::Window
     _toolBar = new QPEToolBar(this);
     _toolBar->setMovable(false);
     _toolBar->setFloatable(false);
-    QAction* preferences = nullptr;
-    createMenus(preferences);
+    QAction* preferences = createMenus();
     createOpenButton();
     createViewCommands();
     _toolBar->addAction(preferences);
 
     addToolBar(Qt::TopToolBarArea, _toolBar);
-    letKeyboardReachToolBar();
+    QPEMenuToolFocusManager::manager()->addWidget(_toolBar);
     resetLayout();
 }
 
@@ -76,7 +77,7 @@ QAction* TeskelMainWindow::addCommand(const QString& text, const char* icon, Com
     return action;
 }
 
-void TeskelMainWindow::createMenus(QAction*& preferences)
+QAction* TeskelMainWindow::createMenus()
 {
     auto* menuBar = new QPEMenuBar(_toolBar);
     _toolBar->addWidget(menuBar);
@@ -96,14 +97,15 @@ void TeskelMainWindow::createMenus(QAction*& preferences)
         addCommand(tr("Copy translation"), nullptr, &TeskelMainWindow::editCopyTranslation));
     edit->addAction(addCommand(tr("Paste"), "paste", &TeskelMainWindow::editPaste));
     edit->addSeparator();
-    preferences = addCommand(tr("Preferences ..."), "teskel-preferences",
-                             &TeskelMainWindow::optionsPreferences);
+    QAction* preferences = addCommand(tr("Preferences ..."), "teskel-preferences",
+                                      &TeskelMainWindow::optionsPreferences);
     edit->addAction(preferences);
     lexicon->addSeparator();
     lexicon->addAction(addCommand(tr("About ..."), nullptr, &TeskelMainWindow::optionsAbout));
 
     menuBar->addMenu(lexicon);
     menuBar->addMenu(edit);
+    return preferences;
 }
 
 void TeskelMainWindow::createOpenButton()
@@ -132,16 +134,6 @@ void TeskelMainWindow::createViewCommands()
     _toolBar->addAction(toggle);
     toggle->setCheckable(true);
     toggle->setChecked(_preferences.getViewType() == PreferencesData::ToggleViewOn);
-}
-
-void TeskelMainWindow::letKeyboardReachToolBar()
-{
-    QPEMenuToolFocusManager* manager = QPEMenuToolFocusManager::manager();
-    const QList<QAction*> actions = _toolBar->actions();
-    for (QAction* action : actions) {
-        if (QWidget* widget = _toolBar->widgetForAction(action))
-            manager->addWidget(widget);
-    }
 }
 
 void TeskelMainWindow::tryOpen()
@@ -175,13 +167,20 @@ void TeskelMainWindow::resetLayout()
 
 void TeskelMainWindow::openFile(const QString& path)
 {
-    if (_mainWidget->fileOpen(path, false))
+    // The path is remembered, and must then mean the same from any directory; a message about it
+    // shows it as it was given.
+    const bool opened = QDir::isRelativePath(path) &&
+                        _mainWidget->fileOpen(QFileInfo(path).absoluteFilePath(), true);
+    if (opened || _mainWidget->fileOpen(path, false))
         updateGUI();
 }
 
 void TeskelMainWindow::setCaption(const QString& name)
 {
-    setWindowTitle(tr("Teskel-") + name);
+    // Qt takes "[*]" for the place of a mark, and shows it where it stands twice.
+    QString shown = name;
+    shown.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    setWindowTitle(tr("Teskel-") + shown);
 }
 
 void TeskelMainWindow::lexiconAddEditWord()
@@ -223,7 +222,7 @@ void TeskelMainWindow::editPaste()
 
 void TeskelMainWindow::optionsPreferences()
 {
-    PreferencesDialog dialog(this, tr("Preferences").toLatin1().constData(), true);
+    PreferencesDialog dialog(this, tr("Preferences").toUtf8().constData(), true);
     dialog.panelView()->setButton(_preferences.getLayout());
     dialog.panelHanded()->setButton(_preferences.getUserHandType());
     dialog.panelCombo()->setButton(_preferences.getComboPosition());

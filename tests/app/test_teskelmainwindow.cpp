@@ -5,6 +5,7 @@
 #include "lookup/teskelmainwidget.h"
 #include "platform/config.h"
 #include "platform/qpetoolbar.h"
+#include "platform/storageinfo.h"
 #include "settings/buttongroupbox.h"
 #include "settings/preferencesdialog.h"
 #include "tests/support/dictionarywriter.h"
@@ -18,12 +19,17 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QTranslator>
+#include <QWindow>
 
+#include <functional>
 #include <memory>
 
 using teskel::test::DictionaryWriter;
@@ -45,8 +51,10 @@ public:
             _timer.stop();
             ++_visits;
             _title = dialog->windowTitle();
-            if (const auto* box = qobject_cast<QMessageBox*>(dialog))
+            if (const auto* box = qobject_cast<QMessageBox*>(dialog)) {
                 _text = box->text();
+                _icon = box->icon();
+            }
             _visit(dialog);
         });
         _timer.start(1);
@@ -55,6 +63,7 @@ public:
     [[nodiscard]] int visits() const { return _visits; }
     [[nodiscard]] QString title() const { return _title; }
     [[nodiscard]] QString text() const { return _text; }
+    [[nodiscard]] QMessageBox::Icon icon() const { return _icon; }
 
 private:
     std::function<void(QDialog*)> _visit;
@@ -62,6 +71,19 @@ private:
     int _visits = 0;
     QString _title;
     QString _text;
+    QMessageBox::Icon _icon = QMessageBox::NoIcon;
+};
+
+/// Translates everything as a language with letters beyond ASCII might.
+class Umlauts : public QTranslator
+{
+public:
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char* /*context*/, const char* text,
+                                    const char* /*disambiguation*/, int /*n*/) const override
+    {
+        return QStringLiteral("\u00E4 ") + QString::fromUtf8(text);
+    }
 };
 
 void acceptDialog(QDialog* dialog)
@@ -83,18 +105,25 @@ private slots:
     void hasItsSlotsInOrder();
     void showsToolBarLeftToRight();
     void everyButtonFitsOnASmallScreen();
+    void keysReachTheButtonsThatDoNotFit();
+    void namesMayHaveAnyLetters();
+    void captionShowsTheNameAsItIs_data();
+    void captionShowsTheNameAsItIs();
     void showsMenusInOrder();
     void skipsLastFileThatIsGone();
     void opensLastFileBeforeTheFirstInstalled();
     void skipsInstalledFilesThatDoNotOpen();
     void openedFileStaysOpenAfterTryOpen();
     void invalidFileIsReportedAndStartContinues();
+    void relativePathIsStoredAbsolute();
+    void relativePathIsReportedAsGiven();
     void documentRequestOpensFile();
     void menuChoiceOpensFile();
     void unavailableCommandsSayWhy();
     void cancelledPreferencesChangeNothing();
     void acceptedPreferencesAreStoredAndApplied();
     void acceptedPreferencesKeepFontOfTheOpenDictionary();
+    void preferencesShowTheRecord_data();
     void preferencesShowTheRecord();
     void toolBarAtTheBottomAfterConstruction();
     void unknownMenuPositionCountsAsTop();
@@ -115,13 +144,21 @@ private:
     static QAction* action(const TeskelMainWindow& window, const QString& text);
     static void selectInArticle(const TeskelMainWindow& window, const QString& word);
 
+    QString _start = QDir::currentPath();
     std::unique_ptr<QTemporaryDir> _home;
 };
 
 void TestTeskelMainWindow::init()
 {
+    QTest::failOnWarning(
+        QRegularExpression(QStringLiteral("^(?!This plugin does not support|Cannot open file )")));
     _home = std::make_unique<QTemporaryDir>();
     QVERIFY(_home->isValid());
+    // No card of the machine that runs the test.
+    StorageRoots none;
+    none.mountInfo = _home->filePath(QStringLiteral("mountinfo"));
+    none.sysfs = _home->filePath(QStringLiteral("sys"));
+    StorageInfo::setRoots(none);
     QVERIFY(QDir(_home->path()).mkpath(QStringLiteral("teskel")));
     qputenv("QPEDIR", QFile::encodeName(_home->path()));
     qputenv("HOME", QFile::encodeName(_home->path()));
@@ -131,6 +168,7 @@ void TestTeskelMainWindow::init()
 void TestTeskelMainWindow::cleanup()
 {
     QVERIFY2(!QApplication::activeModalWidget(), "a dialog was left open");
+    QVERIFY(QDir::setCurrent(_start));
     _home.reset();
 }
 
@@ -250,6 +288,58 @@ void TestTeskelMainWindow::everyButtonFitsOnASmallScreen()
     }
 }
 
+void TestTeskelMainWindow::keysReachTheButtonsThatDoNotFit()
+{
+    TeskelMainWindow window;
+    window.setMinimumSize(1, 1);
+    window.resize(120, 320);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const auto* more =
+        window.findChild<QPEToolBar*>()->findChild<QToolButton*>(u"qt_toolbar_ext_button"_qs);
+    QTRY_VERIFY(more->isVisible());
+    QCOMPARE(window.width(), 120);
+    QTest::keyClick(&window, Qt::Key_F10);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
+    QCOMPARE(QApplication::focusWidget(), more);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+}
+
+void TestTeskelMainWindow::namesMayHaveAnyLetters()
+{
+    Umlauts translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    const QString umlaut = QStringLiteral("\u00E4");
+    TeskelMainWindow window(nullptr, umlaut.toUtf8().constData());
+    QCOMPARE(window.objectName(), umlaut);
+    QString name;
+    const ModalVisitor visitor([&name](QDialog* dialog) {
+        name = dialog->objectName();
+        dialog->reject();
+    });
+    window.optionsPreferences();
+    QCOMPARE(name, umlaut + QStringLiteral(" Preferences"));
+    QVERIFY(QCoreApplication::removeTranslator(&translator));
+}
+
+void TestTeskelMainWindow::captionShowsTheNameAsItIs_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("ordinary") << QStringLiteral("Eng2Ger");
+    QTest::newRow("the mark of a changed document") << QStringLiteral("Eng[*]Ger");
+    QTest::newRow("the mark twice") << QStringLiteral("[*][*]");
+    QTest::newRow("brackets") << QStringLiteral("[[*]] [] *");
+}
+
+void TestTeskelMainWindow::captionShowsTheNameAsItIs()
+{
+    QFETCH(const QString, name);
+    TeskelMainWindow window;
+    window.show();
+    window.setCaption(name);
+    QCOMPARE(window.windowHandle()->title(), QStringLiteral("Teskel-") + name);
+}
+
 void TestTeskelMainWindow::showsMenusInOrder()
 {
     TeskelMainWindow window;
@@ -334,6 +424,35 @@ void TestTeskelMainWindow::invalidFileIsReportedAndStartContinues()
     QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
 }
 
+void TestTeskelMainWindow::relativePathIsStoredAbsolute()
+{
+    const QString path = installEnglish();
+    QVERIFY(QDir::setCurrent(_home->path()));
+    {
+        TeskelMainWindow window;
+        window.openFile(QStringLiteral("teskel/Eng2Ger.PDB"));
+        QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+    }
+    QCOMPARE(QFileInfo(PreferencesData().getLastOpenFile()).canonicalFilePath(),
+             QFileInfo(path).canonicalFilePath());
+    QVERIFY(QFileInfo(PreferencesData().getLastOpenFile()).isAbsolute());
+    Config config(QStringLiteral("Teskel"));
+    config.setGroup(PreferencesData().getLastOpenFile());
+    QVERIFY(config.hasKey(QStringLiteral("FontName")));
+    config.setGroup(QStringLiteral("teskel/Eng2Ger.PDB"));
+    QVERIFY(!config.hasKey(QStringLiteral("FontName")));
+}
+
+void TestTeskelMainWindow::relativePathIsReportedAsGiven()
+{
+    QVERIFY(QDir::setCurrent(_home->path()));
+    TeskelMainWindow window;
+    const ModalVisitor visitor(acceptDialog);
+    window.openFile(QStringLiteral("gone.PDB"));
+    QCOMPARE(visitor.visits(), 1);
+    QCOMPARE(visitor.text(), QStringLiteral("File\ngone.PDB\nis not a valid dictionary"));
+}
+
 void TestTeskelMainWindow::documentRequestOpensFile()
 {
     const QString path = installEnglish();
@@ -361,6 +480,7 @@ void TestTeskelMainWindow::unavailableCommandsSayWhy()
         action(window, QStringLiteral("Add/Edit Word"))->trigger();
         QCOMPARE(visitor.title(), QStringLiteral("Teskel"));
         QCOMPARE(visitor.text(), QStringLiteral("Sorry, this feature is not yet available."));
+        QCOMPARE(visitor.icon(), QMessageBox::Information);
     }
     const ModalVisitor visitor(acceptDialog);
     action(window, QStringLiteral("Delete current"))->trigger();
@@ -370,27 +490,41 @@ void TestTeskelMainWindow::unavailableCommandsSayWhy()
                             "uninstalation procedure. Go to the \napplication launcher, select "
                             "\"Settings\" \ntab and from there select icon for \nadding/removing "
                             "software!"));
+    QCOMPARE(visitor.icon(), QMessageBox::Information);
 }
 
 void TestTeskelMainWindow::cancelledPreferencesChangeNothing()
 {
-    QVERIFY(!installEnglish().isEmpty());
-    TeskelMainWindow window;
-    window.tryOpen();
-    const QFont font = window.findChild<QTeskelEdit*>()->font();
-    const ModalVisitor visitor([](QDialog* dialog) {
-        auto* preferences = qobject_cast<PreferencesDialog*>(dialog);
-        preferences->panelMenu()->setButton(1);
-        preferences->panelView()->setButton(0);
-        dialog->reject();
-    });
-    window.optionsPreferences();
-    QCOMPARE(visitor.visits(), 1);
-    QCOMPARE(window.toolBarArea(window.findChild<QPEToolBar*>()), Qt::TopToolBarArea);
-    QCOMPARE(window.findChild<QTeskelEdit*>()->font(), font);
+    const QString path = installEnglish();
+    QFont font;
+    {
+        TeskelMainWindow window;
+        window.tryOpen();
+        const auto* article = window.findChild<QTeskelEdit*>();
+        font = article->font();
+        QVERIFY(font.pointSize() != 14);
+        const ModalVisitor visitor([](QDialog* dialog) {
+            auto* preferences = qobject_cast<PreferencesDialog*>(dialog);
+            preferences->panelView()->setButton(0);
+            preferences->panelHanded()->setButton(1);
+            preferences->panelCombo()->setButton(1);
+            preferences->panelMenu()->setButton(1);
+            preferences->findChild<QPushButton*>(u"btnLarge"_qs)->click();
+            dialog->reject();
+        });
+        window.optionsPreferences();
+        QCOMPARE(visitor.visits(), 1);
+        QCOMPARE(window.toolBarArea(window.findChild<QPEToolBar*>()), Qt::TopToolBarArea);
+        QCOMPARE(article->font(), font);
+    }
+    const PreferencesData record;
+    QCOMPARE(record.getLayout(), PreferencesData::Vertical);
+    QCOMPARE(record.getUserHandType(), PreferencesData::LeftHanded);
+    QCOMPARE(record.getComboPosition(), PreferencesData::Top);
+    QCOMPARE(record.getMenuPosition(), PreferencesData::Top);
     Config config(QStringLiteral("Teskel"));
-    config.setGroup(QStringLiteral("ViewPreferences"));
-    QVERIFY(!config.hasKey(QStringLiteral("PanelView")));
+    config.setGroup(path);
+    QCOMPARE(config.readNumEntry(QStringLiteral("FontSize")), font.pointSize());
 }
 
 void TestTeskelMainWindow::acceptedPreferencesAreStoredAndApplied()
@@ -435,27 +569,39 @@ void TestTeskelMainWindow::acceptedPreferencesKeepFontOfTheOpenDictionary()
     QCOMPARE(config.readNumEntry(QStringLiteral("FontSize")), 14);
 }
 
+void TestTeskelMainWindow::preferencesShowTheRecord_data()
+{
+    QTest::addColumn<QList<int>>("ids");
+    QTest::newRow("as it comes") << QList<int>{1, 0, 0, 0};
+    QTest::newRow("panels one above the other") << QList<int>{0, 0, 0, 0};
+    QTest::newRow("right hand") << QList<int>{1, 1, 0, 0};
+    QTest::newRow("word entry at the bottom") << QList<int>{1, 0, 1, 0};
+    QTest::newRow("tool bar at the bottom") << QList<int>{1, 0, 0, 1};
+}
+
 void TestTeskelMainWindow::preferencesShowTheRecord()
 {
+    QFETCH(const QList<int>, ids);
     {
         PreferencesData record;
-        record.setLayout(PreferencesData::Horizontal);
-        record.setUserHandType(PreferencesData::RightHanded);
-        record.setMenuPosition(PreferencesData::Bottom);
+        record.setLayout(static_cast<PreferencesData::PanelViewLayout>(ids.at(0)));
+        record.setUserHandType(static_cast<PreferencesData::UserHandType>(ids.at(1)));
+        record.setComboPosition(static_cast<PreferencesData::Position>(ids.at(2)));
+        record.setMenuPosition(static_cast<PreferencesData::Position>(ids.at(3)));
     }
     TeskelMainWindow window;
     QString name;
-    QList<int> ids;
+    QList<int> shown;
     const ModalVisitor visitor([&](QDialog* dialog) {
         auto* preferences = qobject_cast<PreferencesDialog*>(dialog);
         name = dialog->objectName();
-        ids = {preferences->panelView()->selectedId(), preferences->panelHanded()->selectedId(),
-               preferences->panelCombo()->selectedId(), preferences->panelMenu()->selectedId()};
+        shown = {preferences->panelView()->selectedId(), preferences->panelHanded()->selectedId(),
+                 preferences->panelCombo()->selectedId(), preferences->panelMenu()->selectedId()};
         dialog->reject();
     });
     window.optionsPreferences();
     QCOMPARE(name, QStringLiteral("Preferences"));
-    QCOMPARE(ids, (QList<int>{0, 1, 0, 1}));
+    QCOMPARE(shown, ids);
 }
 
 void TestTeskelMainWindow::toolBarAtTheBottomAfterConstruction()
