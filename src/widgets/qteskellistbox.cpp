@@ -150,11 +150,9 @@ void QTeskelListBox::takeItem(QTeskelListBoxItem* item)
     const bool wasSelected = item->selected();
     auto& pointer = _state->pointer;
     if (pointer.pressed == item)
-        pointer.isDown = pointer.drags = false;
-    for (QTeskelListBoxItem** remembered : {&pointer.pressed, &pointer.hovered}) {
-        if (*remembered == item)
-            *remembered = nullptr;
-    }
+        endDrag();
+    if (pointer.hovered == item)
+        pointer.hovered = nullptr;
     item->releaseAccessible();
     _state->selection.forget(item);
     _state->model.take(item);

@@ -175,6 +175,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -196,6 +197,7 @@ private:
     void selectByPress(QTeskelListBoxItem* item, Qt::KeyboardModifiers modifiers);
     void selectByMove(QTeskelListBoxItem* item, Qt::KeyboardModifiers modifiers);
     void dragTo(QPoint position);
+    void endDrag();
     void hoverAt(QPoint position);
 
     std::unique_ptr<teskel::ListBoxState> _state;

@@ -2,6 +2,7 @@
 // Keys, typing and the pointer in QTeskelListBox.
 #include "widgets/listboxemission.h"
 #include "widgets/listboxnavigation.h"
+#include "widgets/lostrelease.h"
 #include "widgets/qteskellistbox.h"
 
 #include <QFocusEvent>
@@ -163,9 +164,7 @@ void QTeskelListBox::contentsMouseReleaseEvent(QMouseEvent* event)
     const QPoint position = event->globalPosition().toPoint();
     auto& pointer = _state->pointer;
     const bool isClick = pointer.isDown && pointer.pressed == item;
-    pointer.isDown = pointer.drags = false;
-    pointer.pressed = nullptr;
-    _state->scrollTimer->stop();
+    endDrag();
     if (!isClick)
         return;
     teskel::ListBoxEmission emission(this, item);
@@ -193,6 +192,8 @@ void QTeskelListBox::contentsMouseDoubleClickEvent(QMouseEvent* event)
 void QTeskelListBox::contentsMouseMoveEvent(QMouseEvent* event)
 {
     const QPoint position = contentsToViewport(event->position().toPoint());
+    if (!event->buttons().testFlag(Qt::LeftButton) && _state->pointer.drags)
+        endDrag();
     if (_state->pointer.drags)
         dragTo(position);
     else if (event->buttons() == Qt::NoButton)
@@ -260,11 +261,26 @@ void QTeskelListBox::dragTo(QPoint position)
         setSelected(reached, pointer.dragSelects);
 }
 
+/// Forgets the press, as its release may never arrive.
+void QTeskelListBox::endDrag()
+{
+    auto& pointer = _state->pointer;
+    pointer.isDown = pointer.drags = false;
+    pointer.pressed = nullptr;
+    _state->scrollTimer->stop();
+}
+
+void QTeskelListBox::hideEvent(QHideEvent* event)
+{
+    endDrag();
+    QTeskelScrollView::hideEvent(event);
+}
+
 void QTeskelListBox::doAutoScroll()
 {
     const auto& pointer = _state->pointer;
-    if (!pointer.drags) {
-        _state->scrollTimer->stop();
+    if (!pointer.drags || teskel::isReleaseLost(this)) {
+        endDrag();
         return;
     }
     const auto direction = [](int position, int first, int last) {

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/qteskelscrollbar.h"
 
-#include <QApplication>
+#include "widgets/lostrelease.h"
+#include "widgets/saturatedsum.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QStyleOptionSlider>
 #include <QStylePainter>
 #include <QTimer>
@@ -21,13 +24,6 @@ QMouseEvent asLeftButton(const QMouseEvent& event, Qt::MouseButtons buttons)
     const auto button = event.type() == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     return {event.type(), event.position(), event.globalPosition(),
             button,       buttons,          event.modifiers()};
-}
-
-/// Whether a dialog that opened during the press keeps the release from ever arriving.
-bool isBlockedByDialog(const QWidget* widget)
-{
-    const QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr && modal != widget->window() && !modal->isAncestorOf(widget);
 }
 } // namespace
 
@@ -86,7 +82,7 @@ void QTeskelScrollBar::doAutoRepeat()
 {
     if (_pressedControl == QStyle::SC_None)
         return;
-    if (isBlockedByDialog(this)) {
+    if (teskel::isReleaseLost(this)) {
         releaseControl();
         return;
     }
@@ -101,6 +97,15 @@ void QTeskelScrollBar::releaseControl()
     _pressedControl = QStyle::SC_None;
     _pointerInside = false;
     update();
+}
+
+/// Ends whatever is held, as if the button had been released.
+void QTeskelScrollBar::endPress()
+{
+    releaseControl();
+    _middleDrag = false;
+    if (isSliderDown())
+        setSliderDown(false);
 }
 
 /// Puts the middle of the slider below the pointer and goes on as if the slider had been pressed.
@@ -127,7 +132,11 @@ void QTeskelScrollBar::startMiddleDrag(const QMouseEvent& event)
 
 void QTeskelScrollBar::mousePressEvent(QMouseEvent* event)
 {
-    if (_pressedControl != QStyle::SC_None || isSliderDown())
+    const QPointer<QTeskelScrollBar> self(this);
+    // A first button means that the release of an earlier press was lost.
+    if (event->buttons() == event->button())
+        endPress();
+    if (!self || _pressedControl != QStyle::SC_None || isSliderDown())
         return;
     const QStyle::SubControl control = controlAt(event->position().toPoint());
     if (event->button() == Qt::MiddleButton && !Arrows.testFlag(control)) {
@@ -247,14 +256,13 @@ void QTeskelScrollBar::paintEvent(QPaintEvent* event)
 
 void QTeskelScrollBar::hideEvent(QHideEvent* event)
 {
-    releaseControl();
-    _middleDrag = false;
     QScrollBar::hideEvent(event);
+    endPress();
 }
 
 void QTeskelScrollBar::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::EnabledChange && !isEnabled())
-        releaseControl();
+        endPress();
     QScrollBar::changeEvent(event);
 }

@@ -67,6 +67,7 @@ private:
     void performAction();
     void startMiddleDrag(const QMouseEvent& event);
     void releaseControl();
+    void endPress();
 
     QTimer* _repeatTimer;
     QStyle::SubControl _pressedControl = QStyle::SC_None;

@@ -4,6 +4,7 @@
 #include "tests/widgets/signallog.h"
 #include "widgets/qteskellistbox.h"
 
+#include <QDialog>
 #include <QMouseEvent>
 #include <QTest>
 #include <QTimer>
@@ -80,6 +81,9 @@ private Q_SLOTS:
     void doubleClickEmitsInOrder();
     void dragMovesTheCurrentItem();
     void dragOutsideScrolls();
+    void dragEndsWhenTheReleaseIsLost_data();
+    void dragEndsWhenTheReleaseIsLost();
+    void moveWithoutTheButtonEndsTheDrag();
     void rightButtonDoesNotDrag();
     void hoverReportsItemsOnce();
     void multiTogglesAndDragsOn();
@@ -197,6 +201,57 @@ void TestListBoxPointer::dragOutsideScrolls()
     const int before = l.list.contentsY();
     l.list.doAutoScroll();
     QCOMPARE(l.list.contentsY(), before);
+}
+
+void TestListBoxPointer::dragEndsWhenTheReleaseIsLost_data()
+{
+    QTest::addColumn<QString>("cause");
+    for (const char* cause : {"hidden", "modal dialog", "popup"})
+        QTest::addRow("%s", cause) << QString::fromLatin1(cause);
+}
+
+void TestListBoxPointer::dragEndsWhenTheReleaseIsLost()
+{
+    QFETCH(QString, cause);
+    List l;
+    l.press(3);
+    l.drag({20, 130});
+    auto* timer = l.list.findChild<QTimer*>(QStringLiteral("listbox scroll timer"));
+    QVERIFY(timer->isActive());
+    QDialog dialog;
+    QWidget popup(nullptr, Qt::Popup);
+    if (cause == QLatin1String("hidden"))
+        l.list.hide();
+    else if (cause == QLatin1String("popup"))
+        popup.show();
+    else
+        dialog.open();
+    l.list.doAutoScroll();
+    QVERIFY(!timer->isActive());
+    QCOMPARE(l.list.contentsY(), 0);
+    dialog.hide();
+    popup.hide();
+    l.list.show();
+    l.drag(List::at(1));
+    QCOMPARE(l.list.currentItem(), 4);
+}
+
+void TestListBoxPointer::moveWithoutTheButtonEndsTheDrag()
+{
+    List l;
+    l.press(3);
+    l.drag({20, 130});
+    l.log.take();
+    const QPoint position = List::at(1);
+    QMouseEvent move(QEvent::MouseMove, position, l.list.viewport()->mapToGlobal(position),
+                     Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(l.list.viewport(), &move);
+    QCOMPARE(l.log.take(), QStringList{QStringLiteral("onItem(b)")});
+    QVERIFY(!l.list.findChild<QTimer*>(QStringLiteral("listbox scroll timer"))->isActive());
+    l.drag(List::at(0));
+    QCOMPARE(l.list.currentItem(), 4);
+    l.release(3);
+    QCOMPARE(l.log.take(), QStringList());
 }
 
 void TestListBoxPointer::rightButtonDoesNotDrag()

@@ -75,6 +75,12 @@ private Q_SLOTS:
     void otherButtonsDoNothingOnArrows_data();
     void otherButtonsDoNothingOnArrows();
     void hidingStopsRepeating();
+    void hidingEndsADrag_data();
+    void hidingEndsADrag();
+    void disablingEndsADrag();
+    void lostReleaseOfTheSliderIsMadeUpFor();
+    void popupStopsRepeating();
+    void barInAPopupRepeats();
     void deletingInTheSlotIsSafe();
     void keys_data();
     void keys();
@@ -298,6 +304,76 @@ void TestScrollBar::hidingStopsRepeating()
     QTest::mousePress(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
     b.bar.hide();
     QVERIFY(!b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"))->isActive());
+}
+
+void TestScrollBar::hidingEndsADrag_data()
+{
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::addRow("left") << Qt::LeftButton;
+    QTest::addRow("middle") << Qt::MiddleButton;
+}
+
+void TestScrollBar::hidingEndsADrag()
+{
+    QFETCH(Qt::MouseButton, button);
+    Bar b;
+    QSignalSpy released(&b.bar, &QTeskelScrollBar::sliderReleased);
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    QTest::mousePress(&b.bar, button, {}, b.bar.sliderRect().center());
+    QVERIFY(b.bar.draggingSlider());
+    b.bar.hide();
+    QVERIFY(!b.bar.draggingSlider());
+    QCOMPARE(released.count(), 1);
+    b.bar.show();
+    QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+    QCOMPARE(next.count(), 1);
+}
+
+void TestScrollBar::disablingEndsADrag()
+{
+    Bar b;
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, b.bar.sliderRect().center());
+    b.bar.setEnabled(false);
+    QVERIFY(!b.bar.draggingSlider());
+}
+
+void TestScrollBar::lostReleaseOfTheSliderIsMadeUpFor()
+{
+    Bar b;
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, b.bar.sliderRect().center());
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+    QVERIFY(!b.bar.draggingSlider());
+    QCOMPARE(next.count(), 1);
+    QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+}
+
+void TestScrollBar::popupStopsRepeating()
+{
+    Bar b;
+    QWidget popup(nullptr, Qt::Popup);
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+    popup.show();
+    QCOMPARE(QApplication::activePopupWidget(), &popup);
+    b.bar.doAutoRepeat();
+    QCOMPARE(next.count(), 1);
+    QVERIFY(!b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"))->isActive());
+}
+
+void TestScrollBar::barInAPopupRepeats()
+{
+    QWidget popup(nullptr, Qt::Popup);
+    QTeskelScrollBar bar(Qt::Vertical, &popup);
+    bar.resize(20, 200);
+    popup.resize(200, 200);
+    popup.show();
+    QCOMPARE(QApplication::activePopupWidget(), &popup);
+    QSignalSpy next(&bar, &QTeskelScrollBar::nextLine);
+    QTest::mousePress(&bar, Qt::LeftButton, {}, QPoint(10, 198));
+    bar.doAutoRepeat();
+    QCOMPARE(next.count(), 2);
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, QPoint(10, 198));
 }
 
 void TestScrollBar::deletingInTheSlotIsSafe()
