@@ -75,7 +75,7 @@ void QTeskelScrollBar::performAction()
     else
         Q_EMIT prevLine();
     if (self)
-        setValue(value() + (adds ? lineStep() : -lineStep()));
+        setValue(teskel::saturatedSum(value(), adds ? lineStep() : -lineStep()));
 }
 
 void QTeskelScrollBar::doAutoRepeat()
@@ -248,8 +248,10 @@ void QTeskelScrollBar::paintEvent(QPaintEvent* event)
     if (emptyRange) {
         // Styles grey the arrows out when there is nothing to scroll, but these still act.
         option.state |= QStyle::State_Enabled;
-        option.pageStep = qMax(option.pageStep, 1) * 1000;
-        option.maximum = option.minimum + 1;
+        constexpr int AlmostAll = 1'000'000;
+        option.pageStep = AlmostAll;
+        option.minimum = option.sliderPosition = option.sliderValue = 0;
+        option.maximum = 1;
     }
     painter.drawComplexControl(QStyle::CC_ScrollBar, option);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/qteskelscrollview.h"
 
+#include "widgets/saturatedsum.h"
 #include "widgets/scrollviewchildren.h"
 
 #include <QCoreApplication>
@@ -43,6 +44,7 @@ int revealing(int position, int margin, int offset, int visible, int contents)
 {
     if (contents <= visible)
         return 0;
+    position = qBound(0, position, contents);
     margin = qBound(0, margin, visible / 2);
     if (position < offset + margin)
         offset = position - margin;
@@ -232,7 +234,7 @@ void QTeskelScrollView::updateScrollBars()
 
 void QTeskelScrollView::scrollBy(int dx, int dy)
 {
-    setContentsPos(_offset.x() + dx, _offset.y() + dy);
+    setContentsPos(teskel::saturatedSum(_offset.x(), dx), teskel::saturatedSum(_offset.y(), dy));
 }
 
 void QTeskelScrollView::setContentsPos(int x, int y)

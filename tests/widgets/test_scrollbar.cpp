@@ -9,6 +9,7 @@
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QTimer>
+#include <limits>
 
 namespace
 {
@@ -81,6 +82,8 @@ private Q_SLOTS:
     void lostReleaseOfTheSliderIsMadeUpFor();
     void popupStopsRepeating();
     void barInAPopupRepeats();
+    void stepsEndAtTheLimitsOfInt();
+    void emptyRangeAtTheLimitOfIntIsDrawn();
     void deletingInTheSlotIsSafe();
     void keys_data();
     void keys();
@@ -374,6 +377,32 @@ void TestScrollBar::barInAPopupRepeats()
     bar.doAutoRepeat();
     QCOMPARE(next.count(), 2);
     QTest::mouseRelease(&bar, Qt::LeftButton, {}, QPoint(10, 198));
+}
+
+void TestScrollBar::stepsEndAtTheLimitsOfInt()
+{
+    constexpr int Least = std::numeric_limits<int>::min();
+    constexpr int Most = std::numeric_limits<int>::max();
+    Bar b;
+    b.bar.setRange(0, Most);
+    b.bar.setValue(Most - 1);
+    QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+    QCOMPARE(b.bar.value(), Most);
+    b.bar.setRange(Least, 0);
+    b.bar.setValue(Least + 1);
+    QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarSubLine));
+    QCOMPARE(b.bar.value(), Least);
+}
+
+void TestScrollBar::emptyRangeAtTheLimitOfIntIsDrawn()
+{
+    constexpr int Most = std::numeric_limits<int>::max();
+    Bar b;
+    b.bar.setRange(0, 0);
+    const QImage expected = b.bar.grab().toImage();
+    b.bar.setPageStep(Most);
+    b.bar.setRange(Most, Most);
+    QCOMPARE(b.bar.grab().toImage(), expected);
 }
 
 void TestScrollBar::deletingInTheSlotIsSafe()

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QtTest/qtestspontaneevent.h>
+#include <limits>
 
 namespace
 {
@@ -56,6 +57,7 @@ private Q_SLOTS:
     void barsMoveContents();
     void contentsMovingComesBeforeTheMove();
     void positionIsCutToTheRange();
+    void positionsAtTheLimitsOfIntAreCut();
     void ensureVisible_data();
     void ensureVisible();
     void marginsAreZeroWhenContentsFit();
@@ -167,6 +169,24 @@ void TestScrollView::contentsMovingComesBeforeTheMove()
             [&](int x, int y) { seen << x << y << view.contentsY(); });
     view.setContentsPos(0, 100);
     QCOMPARE(seen, (QList<int>{0, 100, 0}));
+}
+
+void TestScrollView::positionsAtTheLimitsOfIntAreCut()
+{
+    constexpr int Least = std::numeric_limits<int>::min();
+    constexpr int Most = std::numeric_limits<int>::max();
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(1000, 1000);
+    view.setContentsPos(100, 100);
+    view.scrollBy(Most, Most);
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(800, 800));
+    view.ensureVisible(Least, Least);
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(0, 0));
+    view.ensureVisible(Most, Most);
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(800, 800));
+    view.scrollBy(Least, Least);
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(0, 0));
 }
 
 void TestScrollView::positionIsCutToTheRange()
