@@ -156,6 +156,7 @@ void QTeskelListBox::takeItem(QTeskelListBoxItem* item)
     item->releaseAccessible();
     _state->selection.forget(item);
     _state->model.take(item);
+    teskel::ListBoxModel::mark(item, false);
     triggerUpdate(true);
     if (!wasCurrent)
         return;

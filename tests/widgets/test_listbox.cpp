@@ -210,10 +210,14 @@ void TestListBox::itemMovesFromOneListToAnother()
     List from(3);
     List to(2);
     QTeskelListBoxItem* item = from.list.item(1);
+    from.list.setSelected(item, true);
+    to.list.setSelected(1, true);
     to.list.insertItem(item, 0);
     QCOMPARE(from.list.count(), 2);
     QCOMPARE(to.list.item(0), item);
     QCOMPARE(item->listBox(), &to.list);
+    QVERIFY(!item->selected());
+    QCOMPARE(to.list.selectedItem(), to.list.item(2));
 }
 
 void TestListBox::deletingAnItemTakesItOut()
