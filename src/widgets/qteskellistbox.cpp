@@ -8,6 +8,7 @@
 #include "widgets/qteskellistboxtext.h"
 
 #include <QPixmap>
+#include <QPointer>
 #include <QSignalBlocker>
 
 namespace
@@ -57,8 +58,11 @@ void QTeskelListBox::insertAt(QTeskelListBoxItem* item, int index)
 {
     if (item == nullptr)
         return;
+    const QPointer<QTeskelListBox> self(this);
     if (item->listBox() != nullptr)
         item->listBox()->takeItem(item);
+    if (!self)
+        return;
     _state->model.insert(item, index);
     triggerUpdate(true);
 }
@@ -111,9 +115,9 @@ void QTeskelListBox::changeItem(QTeskelListBoxItem* item, int index)
     QTeskelListBoxItem* const old = this->item(index);
     if (item == nullptr || old == nullptr || item == old)
         return;
-    insertAt(item, index);
     teskel::ListBoxEmission emission(this, old);
-    if (old->current())
+    insertAt(item, index);
+    if (emission.isAlive() && old->current())
         setCurrentItem(item);
     if (emission.isAlive())
         delete old;

@@ -68,6 +68,7 @@ private Q_SLOTS:
     void removingTheCurrentItemMovesOn();
     void removingTheLastItemReportsNoCurrent();
     void changeItemKeepsTheCurrentRow();
+    void changedItemMayDisappearMeanwhile();
 
     void setCurrentItemEmitsInOrder();
     void setCurrentItemIsSilentForTheSameAndForNull();
@@ -336,6 +337,19 @@ void TestListBox::changeItemKeepsTheCurrentRow()
     QCOMPARE(l.list.count(), 3);
     QCOMPARE(l.list.currentItem(), 1);
     QCOMPARE(l.list.currentText(), QStringLiteral("new"));
+}
+
+void TestListBox::changedItemMayDisappearMeanwhile()
+{
+    List from(3);
+    List to(3);
+    from.list.setCurrentItem(0);
+    QTeskelListBoxItem* const item = from.list.item(0);
+    connect(&from.list, &QTeskelListBox::currentChanged, this, [&] { to.list.removeItem(1); });
+    to.list.changeItem(item, 1);
+    QCOMPARE(to.list.count(), 3);
+    QCOMPARE(to.list.item(1), item);
+    QCOMPARE(to.list.text(2), QStringLiteral("c"));
 }
 
 void TestListBox::setCurrentItemEmitsInOrder()
