@@ -63,10 +63,11 @@ void QDictionaryListBox::fill(CursorPosition start)
 
 void QDictionaryListBox::move(int lines)
 {
-    if (lines == 0 || count() == 0)
+    const QDictionaryListBoxItem* const first = firstRow();
+    if (lines == 0 || first == nullptr)
         return;
     const std::unique_ptr<DictionaryIterator> iterator(_dictionary->createIterator());
-    CursorPosition top = iterator->move(row(0)->getCursorPosition(), lines);
+    CursorPosition top = iterator->move(first->getCursorPosition(), lines);
     if (lines > 0)
         top = topNear(*iterator, top);
     else if (!iterator->isValid(top))
@@ -76,7 +77,7 @@ void QDictionaryListBox::move(int lines)
     adjustScrollBars();
     if (currentItem() >= 0) {
         ensureCurrentVisible();
-        emit selectionChanged(row(currentItem()));
+        emit selectionChanged(item(currentItem()));
     }
 }
 
@@ -148,7 +149,15 @@ bool QDictionaryListBox::isLastRowCurrent() const
 
 QDictionaryListBoxItem* QDictionaryListBox::row(int index) const
 {
-    return static_cast<QDictionaryListBoxItem*>(item(index));
+    return dynamic_cast<QDictionaryListBoxItem*>(item(index));
+}
+
+QDictionaryListBoxItem* QDictionaryListBox::firstRow() const
+{
+    QDictionaryListBoxItem* first = nullptr;
+    for (int index = 0; first == nullptr && index < count(); ++index)
+        first = row(index);
+    return first;
 }
 
 void QDictionaryListBox::tellParent(QEvent::Type type)
@@ -195,6 +204,8 @@ int QDictionaryListBox::rewriteRows(DictionaryIterator& iterator, CursorPosition
     CursorPosition position = top;
     for (int index = 0; index < count(); ++index) {
         QDictionaryListBoxItem* const item = row(index);
+        if (item == nullptr)
+            continue;
         if (iterator.setPosition(position)) {
             item->setText(QString::fromLatin1(iterator.getWord()));
             item->setCursorPosition(position);

@@ -49,7 +49,9 @@ protected:
 private:
     bool isFirstRowCurrent() const;
     bool isLastRowCurrent() const;
+    /// Null for an item of another kind; such an item is left alone.
     QDictionaryListBoxItem* row(int index) const;
+    QDictionaryListBoxItem* firstRow() const;
     void tellParent(QEvent::Type type);
     CursorPosition topNear(DictionaryIterator& iterator, CursorPosition wanted) const;
     int rewriteRows(DictionaryIterator& iterator, CursorPosition top, CursorPosition sought);

@@ -4,6 +4,7 @@
 #include "lookup/qdictionarylistboxitem.h"
 #include "tests/lookup/lexicons.h"
 #include "tests/support/warningcapture.h"
+#include "widgets/qteskellistboxtext.h"
 #include "widgets/qteskelscrollbar.h"
 
 #include <QSignalSpy>
@@ -134,6 +135,7 @@ private slots:
     void moveOfASingleWordPastTheEndEmptiesTheRowAndBackRefillsIt();
     void moveOfFewerWordsThanRowsKeepsSurplusRowsEmpty();
     void moveOfAnEmptyListDoesNothing();
+    void rowsOfAnotherKindAreLeftAlone();
 
     void nextLineWithinTheRowsMovesTheSelection();
     void nextLineOnTheLastRowScrollsBetweenTheEvents();
@@ -365,6 +367,21 @@ void TestQDictionaryListBox::moveOfAnEmptyListDoesNothing()
     bench.list->move(1);
     bench.list->move(-1);
     QCOMPARE(bench.takeLog(), QStringList());
+}
+
+void TestQDictionaryListBox::rowsOfAnotherKindAreLeftAlone()
+{
+    const Bench bench(50, 3);
+    bench.list->insertItem(u"title"_s, 0);
+    bench.list->move(1);
+    QCOMPARE(bench.rows(), QStringList(u"title"_s) + words(1, 3));
+    bench.list->setSelected(0, true);
+    bench.list->move(-1);
+    QCOMPARE(bench.rows(), QStringList(u"title"_s) + words(0, 2));
+    bench.list->clear();
+    bench.list->insertItem(u"title"_s);
+    bench.list->move(1);
+    QCOMPARE(bench.rows(), QStringList(u"title"_s));
 }
 
 void TestQDictionaryListBox::nextLineWithinTheRowsMovesTheSelection()
