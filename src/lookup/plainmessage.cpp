@@ -24,7 +24,7 @@ void useScreenWidth(QMessageBox* box)
     const int room = qMin(box->screen()->availableGeometry().width(), widest);
     const int text = label->sizeHint().width();
     const int rest = box->layout()->totalMinimumSize().width() - text;
-    label->setMinimumWidth(qMin(text, room - rest - frame));
+    label->setMinimumWidth(qMax(0, qMin(text, room - rest - frame)));
 }
 
 } // namespace

@@ -4,10 +4,29 @@
 #include "tests/support/warningcapture.h"
 
 #include <QFile>
+#include <QProxyStyle>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 using namespace teskel::test;
+
+namespace
+{
+
+/// A style whose margins are as wide as a whole message box.
+class WideMargins : public QProxyStyle
+{
+public:
+    using QProxyStyle::QProxyStyle;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override
+    {
+        return metric == PM_LayoutLeftMargin ? 600
+                                             : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+
+} // namespace
 
 class TestTeskelMainWidget : public QObject
 {
@@ -34,6 +53,7 @@ private slots:
     void descriptionIsShownAsItStands();
     void descriptionOf512BytesIsNotShown();
     void failureShowsTheMessageWithThePathAsPlainText();
+    void messageShowsWithoutRoomForItsText();
     void quietFailureShowsNoMessage();
     void failureChangesNothing_data();
     void failureChangesNothing();
@@ -263,6 +283,18 @@ void TestTeskelMainWidget::failureShowsTheMessageWithThePathAsPlainText()
     QCOMPARE(message.format, Qt::PlainText);
     QCOMPARE(message.icon, QMessageBox::Critical);
     QCOMPARE(message.buttons, 1);
+}
+
+void TestTeskelMainWidget::messageShowsWithoutRoomForItsText()
+{
+    LookupBench bench;
+    const MessageWatch watch;
+    const QString before = QApplication::style()->name();
+    QApplication::setStyle(new WideMargins(u"Fusion"_s));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^Cannot open file "_s));
+    bench.widget().fileOpen(u"/nowhere.PDB"_s, false);
+    QApplication::setStyle(before);
+    QCOMPARE(watch.messages.size(), 1);
 }
 
 void TestTeskelMainWidget::quietFailureShowsNoMessage()
