@@ -60,6 +60,15 @@ bool areWellFormed(QStringView attributes)
     return pattern.match(attributes.toString()).hasMatch();
 }
 
+/// Whether no length in these attributes can overflow the layout, which would then never end.
+bool areModest(QStringView attributes)
+{
+    static const QRegularExpression colour(QStringLiteral(R"(#\w++)"));
+    static const QRegularExpression huge(QStringLiteral(R"(\d{5}|\d\.?e[+\-\dmx]|\binf|\bnan\b)"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    return !attributes.toString().remove(colour).contains(huge);
+}
+
 /// The largest number in an attribute whose name ends in "span", at least 1.
 int largestSpan(QStringView attributes)
 {
@@ -198,7 +207,7 @@ void MarkupLimiter::open(const Tag& tag)
         if (isTable)
             ++_tables;
         _open.push_back({tag.name});
-        write(tag);
+        write(isTable && !areModest(tag.attributes) ? Tag{tag.name, {}} : tag);
     }
 }
 
@@ -214,6 +223,8 @@ void MarkupLimiter::openCell(const Tag& tag)
         table->columns = 0;
     }
     Tag written = tag;
+    if (!areModest(tag.attributes))
+        written.attributes = {};
     if (isCell(tag.name)) {
         const int span = largestSpan(tag.attributes);
         if (span > MaxColumns)

@@ -12,8 +12,9 @@ namespace teskel
 ///
 /// The layout of nested tables doubles with each level, that of other nested elements grows with
 /// the square of their depth, and an empty table grid costs by rows times columns: a text of a few
-/// thousand characters could stop the program. What is too deep or too wide is shown without its
-/// tag. Pictures, comments and style sheets are left out. Ordinary texts come back as they are.
+/// thousand characters could stop the program, as one huge length within a table could. What is too
+/// deep or too wide is shown without its tag, a tag with such a length without its attributes.
+/// Pictures, comments and style sheets are left out. Ordinary texts come back as they are.
 class MarkupLimiter
 {
 public:

@@ -25,6 +25,22 @@ int depthOf(const QString& markup)
     }
     return deepest;
 }
+
+/// A view that has laid out and painted a text.
+class Shown : public QTeskelEdit
+{
+public:
+    explicit Shown(const QString& text)
+    {
+        resize(320, 240);
+        show();
+        setText(text);
+        grab();
+        selectAll();
+        markedText();
+        grab();
+    }
+};
 } // namespace
 
 class TestMarkupLimiter : public QObject
@@ -46,6 +62,10 @@ private Q_SLOTS:
     void paragraphsEndWhatTheyHold();
     void hostileMarkupIsShownInTime_data();
     void hostileMarkupIsShownInTime();
+    void manyWidePaddingsAreShownInTime();
+    void hugeLengthsInTablesAreDropped();
+    void hugeNumbersAreShownInTime_data();
+    void hugeNumbersAreShownInTime();
     void randomMarkupDoesNotCrash();
 };
 
@@ -219,16 +239,86 @@ void TestMarkupLimiter::hostileMarkupIsShownInTime()
     const QString text = unit.repeated(LongestArticle / unit.size());
     QElapsedTimer clock;
     clock.start();
-    QTeskelEdit edit;
-    edit.resize(320, 240);
-    edit.show();
-    edit.setText(text);
-    edit.grab();
-    edit.selectAll();
-    edit.markedText();
-    QCOMPARE(edit.text(), text);
+    QCOMPARE(Shown(text).text(), text);
     // Unlimited, the worst of these run for minutes; a loaded machine needs room.
     QVERIFY2(clock.elapsed() < 20'000, qPrintable(QString::number(clock.elapsed())));
+}
+
+void TestMarkupLimiter::manyWidePaddingsAreShownInTime()
+{
+    const QString cells = QStringLiteral("<tr><td>a</td><td>b</td></tr>").repeated(200);
+    QElapsedTimer clock;
+    clock.start();
+    const Shown edit(QStringLiteral("<table cellpadding=9999 cellspacing=9999>") + cells);
+    QVERIFY(edit.toPlainText().contains(u'b'));
+    QVERIFY2(clock.elapsed() < 20'000, qPrintable(QString::number(clock.elapsed())));
+}
+
+void TestMarkupLimiter::hugeLengthsInTablesAreDropped()
+{
+    const QString table = QStringLiteral("<table width=9999 bgcolor=#00001e>");
+    QVERIFY(MarkupLimiter::limited(table).startsWith(table));
+    QVERIFY(MarkupLimiter::limited(QStringLiteral("<table cellpadding=10000 width=3>"))
+                .startsWith(QLatin1String("<table>")));
+}
+
+void TestMarkupLimiter::hugeNumbersAreShownInTime_data()
+{
+    QTest::addColumn<QString>("markup");
+    for (const char* markup : {
+             "<font size=2147483647>word</font>",
+             "<font size=+2147483647>word</font>",
+             "<font size=-2147483648>word</font>",
+             "<span style='font-size:2147483647px'>word</span>",
+             "<span style='font-size:2147483647pt'>word</span>",
+             "<span style='font-size:999999pt'>word</span>",
+             "<span style='font-size:1e300px'>word</span>",
+             "<span style='font-size:99999px'>word</span>",
+             "<span style='letter-spacing:2147483647px'>word</span>",
+             "<span style='word-spacing:2147483647px'>word word</span>",
+             "<p style='line-height:2147483647px'>word</p>",
+             "<p style='line-height:2147483647%'>word</p>",
+             "<p style='text-indent:2147483647px'>word</p>",
+             "<p style='text-indent:-2147483647px'>word</p>",
+             "<p style='margin-left:2147483647px'>word</p>",
+             "<p style='-qt-block-indent:2147483647'>word</p>",
+             "<div style='padding:2147483647px'>word</div>",
+             "<table width=2147483647><tr><td>word</td></tr></table>",
+             "<table width='2147483647%'><tr><td>word</td></tr></table>",
+             "<table height=2147483647><tr><td>word</td></tr></table>",
+             "<table border=2147483647><tr><td>word</td></tr></table>",
+             "<table border=99999><tr><td>word</td></tr></table>",
+             "<table border=1 style='border-style:dotted' "
+             "width=16000000><tr><td>word</td></tr></table>",
+             "<table border=9999999 style='border-style:dotted'><tr><td>word</td></tr></table>",
+             "<table cellpadding=2147483647><tr><td>word</td></tr></table>",
+             "<table cellspacing=2147483647><tr><td>word</td></tr></table>",
+             "<table><tr><td width=2147483647>word</td></tr></table>",
+             "<table><tr><td style='padding:2147483647px'>word</td></tr></table>",
+             "<table cellpadding=1e9><tr><td>word</td></tr></table>",
+             "<table cellpadding=9e+9><tr><td>word</td></tr></table>",
+             "<table cellspacing=inf><tr><td>word</td></tr></table>",
+             "<table cellpadding=9999 cellspacing=9999><tr><td>word</td></tr></table>",
+             "<table><tr><td style='padding:999999em'>word</td></tr></table>",
+             "<table><tr style='padding:2147483647px'><td>word</td></tr></table>",
+             "word<hr width=2147483647>",
+             "word<hr width='2147483647%'>",
+             "<ol start=2147483647><li>word</li><li>word</li></ol>",
+             "<ol type=a start=2147483647><li>word</li></ol>",
+             "<ol type=i start=2147483647><li>word</li></ol>",
+             "<ul style='-qt-list-indent:2147483647'><li>word</li></ul>",
+         })
+        QTest::addRow("%s", markup) << QString::fromLatin1(markup);
+}
+
+void TestMarkupLimiter::hugeNumbersAreShownInTime()
+{
+    QFETCH(QString, markup);
+    QElapsedTimer clock;
+    clock.start();
+    const Shown edit(markup);
+    QVERIFY(edit.toPlainText().contains(QLatin1String("word")));
+    QVERIFY2(clock.elapsed() < 5'000, qPrintable(QString::number(clock.elapsed())));
 }
 
 void TestMarkupLimiter::randomMarkupDoesNotCrash()
