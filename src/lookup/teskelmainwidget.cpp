@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <cstring>
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -25,7 +26,6 @@ namespace
 
 constexpr auto unit = "teskelmainwidget.cpp";
 constexpr int listRows = 20;
-constexpr int historyLength = 6;
 
 constexpr auto listSelectionChanged =
     qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged);
@@ -98,9 +98,6 @@ void TeskelMainWidget::createWordEntry()
 {
     _wordEntry = new QTeskelComboBox(_wordList, this);
     _wordEntry->setAccessibleName(tr("Word"));
-    _wordEntry->setEditable(true);
-    _wordEntry->setInsertPolicy(QComboBox::InsertAtTop);
-    _wordEntry->setMaxCount(historyLength);
     // A long word in the history must neither widen the window nor lay it out anew.
     _wordEntry->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setFocusProxy(_wordEntry);

@@ -17,6 +17,11 @@
 #include <QClipboard>
 #include <QLineEdit>
 
+namespace
+{
+constexpr auto unit = "teskelmainwidget.cpp";
+} // namespace
+
 void TeskelMainWidget::setText(const QString& word, const QString& description)
 {
     _articleView->setText(teskel::ArticleFormatter::headword(word) + formatText(description));
@@ -49,7 +54,7 @@ bool TeskelMainWidget::transferTranslation2Word(bool notify)
     }
     const QString word = teskel::composed(stripString(selected));
     // Nothing can be known while no dictionary is open.
-    if (!TESKEL_ASSERT(_dictionary.isOpen(), "_dictionary.isOpen()", "teskelmainwidget.cpp"))
+    if (!TESKEL_ASSERT(_dictionary.isOpen(), "_dictionary.isOpen()", unit))
         return true;
     if (const auto known = teskel::knownPart(_dictionary, word))
         setComboText(*known, notify);

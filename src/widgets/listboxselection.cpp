@@ -3,7 +3,7 @@
 
 #include "widgets/listboxmodel.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace teskel
 {

@@ -22,7 +22,6 @@ public:
 
     /// Appends in lower case; returns all that is collected.
     const QString& append(const QString& typed);
-    const QString& text() const { return _text; }
     void clear();
 
 Q_SIGNALS:

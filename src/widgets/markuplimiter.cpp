@@ -15,11 +15,6 @@ namespace
 constexpr qsizetype HarmlessTags = 256;
 constexpr qsizetype HarmlessReferences = 256;
 
-bool isOneOf(const QStringList& names, const QString& name)
-{
-    return names.contains(name);
-}
-
 /// Elements that never contain themselves: the parser closes the open one.
 bool isFlat(const QString& name)
 {
@@ -28,7 +23,7 @@ bool isFlat(const QString& name)
         QStringLiteral("li"),    QStringLiteral("dt"),    QStringLiteral("dd"),
         QStringLiteral("tbody"), QStringLiteral("thead"), QStringLiteral("tfoot"),
     };
-    return isOneOf(names, name);
+    return names.contains(name);
 }
 
 bool isCell(const QString& name)
@@ -49,7 +44,7 @@ bool isBlock(const QString& name)
         QStringLiteral("center"), QStringLiteral("body"), QStringLiteral("html"),
         QStringLiteral("qt"),     QStringLiteral("pre"),
     };
-    return isOneOf(names, name);
+    return names.contains(name);
 }
 
 /// Attributes of which this text and any parser agree where they end.

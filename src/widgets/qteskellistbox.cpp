@@ -26,7 +26,6 @@ QTeskelListBox::QTeskelListBox(QWidget* parent, const char* name, Qt::WindowFlag
     viewport()->setMouseTracking(true);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAutoFillBackground(true);
-    viewport()->setAutoFillBackground(true);
 
     _state->updateTimer->setObjectName(QStringLiteral("listbox update timer"));
     _state->updateTimer->setSingleShot(true);
