@@ -102,13 +102,13 @@ void TestNavigation::downFromTheLastRowWalksToTheEndOfTheDictionary()
 {
     ShownBench bench;
     bench.type(u"w020"_s);
-    for (int number = 21; number <= 49; ++number) {
+    for (int row = 1; row < 19; ++row) {
         bench.press(Qt::Key_Down);
-        // On the last row the release scrolls one further.
-        if (number > 39 || bench.typed() == numberedWord(40))
-            break;
-        QCOMPARE(bench.typed(), numberedWord(number));
+        QCOMPARE(bench.typed(), numberedWord(20 + row));
     }
+    // On the last row the release scrolls one further.
+    bench.press(Qt::Key_Down);
+    QCOMPARE(bench.typed(), u"w040"_s);
     for (int more = 0; more < 20; ++more)
         bench.press(Qt::Key_Down);
     QCOMPARE(bench.typed(), u"zebra"_s);
@@ -180,6 +180,7 @@ void TestNavigation::scrollBarArrowsStepOneWord()
     for (int number = 24; number >= 0; --number) {
         click(bar, QStyle::SC_ScrollBarSubLine);
         QCOMPARE(bench.typed(), numberedWord(number));
+        QVERIFY(bench.list().itemVisible(bench.list().currentItem()));
     }
     click(bar, QStyle::SC_ScrollBarSubLine);
     QCOMPARE(bench.typed(), u"m\u00FCesli"_s);
@@ -205,7 +206,7 @@ void TestNavigation::heldScrollBarArrowWalksOn()
     QTeskelScrollBar& bar = *bench.list().verticalScrollBar();
     const QPoint arrow = controlCentre(bar, QStyle::SC_ScrollBarAddLine);
     QTest::mousePress(&bar, Qt::LeftButton, {}, arrow);
-    QTRY_COMPARE(bench.typed(), u"w003"_s);
+    QTRY_VERIFY(bench.typed() >= u"w003"_s);
     QTest::mouseRelease(&bar, Qt::LeftButton, {}, arrow);
     QVERIFY(bench.history() == QStringList{u"w000"_s});
 }

@@ -2,6 +2,7 @@
 #include "tests/lookup/lookupbench.h"
 #include "tests/support/warningcapture.h"
 
+#include <QAbstractItemView>
 #include <QSignalSpy>
 #include <QTextDocument>
 
@@ -14,6 +15,17 @@ namespace
 void findOnEnter(PreferencesData& preferences)
 {
     preferences.setFindType(PreferencesData::FindOnEnter);
+}
+
+/// Opens the entry's list and chooses the item at `index` by keys.
+void chooseFromTheList(const LookupBench& bench, int index)
+{
+    bench.entry().showPopup();
+    QAbstractItemView* const list = bench.entry().view();
+    QVERIFY(list->isVisible());
+    list->setCurrentIndex(bench.entry().model()->index(index, 0));
+    QTest::keyClick(list, Qt::Key_Return);
+    QTRY_VERIFY(!list->isVisible());
 }
 
 } // namespace
@@ -288,8 +300,8 @@ void TestTyping::choosingFromTheHistoryLooksTheWordUp()
     bench.open(everydayEntries());
     bench.type(u"cat"_s);
     bench.type(u"dog"_s);
-    bench.entry().setCurrentIndex(1);
-    emit bench.entry().activated(1);
+    bench.widget().show();
+    chooseFromTheList(bench, 1);
     QCOMPARE(bench.typed(), u"cat"_s);
     QCOMPARE(bench.currentWord(), u"cat"_s);
     QCOMPARE(bench.articleText(), u"cat\nKatze"_s);
@@ -350,7 +362,8 @@ void TestTyping::findOnEnterTakesAChoiceFromTheList()
     LookupBench bench(findOnEnter);
     bench.open(everydayEntries());
     bench.entry().addItems({u"cat"_s, u"dog"_s});
-    emit bench.entry().activated(1);
+    bench.widget().show();
+    chooseFromTheList(bench, 1);
     QCOMPARE(bench.currentWord(), u"dog"_s);
 }
 
