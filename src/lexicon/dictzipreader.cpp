@@ -117,11 +117,12 @@ bool DictzipReader::unpackAll(const std::string& path, std::string& error)
 {
     constexpr unsigned step = 1U << 18;
     const gzFile file = gzopen(path.c_str(), "rb");
-    int got = file ? 0 : -1;
+    int got = -1;
     size_t length = 0;
     do {
         _whole.resize(length + step);
-        got = file ? gzread(file, _whole.data() + length, step) : -1;
+        if (file)
+            got = gzread(file, _whole.data() + length, step);
         length += got > 0 ? static_cast<size_t>(got) : 0;
     } while (got > 0);
     _whole.resize(length);
