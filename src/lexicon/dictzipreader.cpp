@@ -126,7 +126,8 @@ bool DictzipReader::unpackAll(const std::string& path, std::string& error)
         length += got > 0 ? static_cast<size_t>(got) : 0;
     } while (got > 0);
     _whole.resize(length);
-    const bool complete = got == 0 && (!file || gzclose(file) == Z_OK);
+    const bool isClosed = file && gzclose(file) == Z_OK;
+    const bool complete = got == 0 && isClosed;
     if (!complete)
         error = path + " is damaged: it cannot be unpacked";
     return complete;
