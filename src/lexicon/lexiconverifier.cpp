@@ -145,8 +145,9 @@ void LexiconVerifier::checkWordRecord(unsigned number)
     }
     if (!checkLayout(number, text))
         return;
-    checkKey(number, text.c_str());
-    for (const char* headword = text.c_str(); *headword != '\0';) {
+    const char* headword = text.c_str();
+    checkKey(number, headword);
+    while (*headword != '\0') {
         checkOrder(number, headword);
         ++_headwords;
         const char* article = headword + std::char_traits<char>::length(headword) + 1;
