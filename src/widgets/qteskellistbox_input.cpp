@@ -185,7 +185,8 @@ void QTeskelListBox::contentsMouseDoubleClickEvent(QMouseEvent* event)
     // The second press may be on another row than the first.
     if (!isMultiSelection())
         setSelected(item, true);
-    emitSelected(emission, item);
+    if (emission.isAlive())
+        emitSelected(emission, item);
     emission.emitSignal(&QTeskelListBox::doubleClicked, item);
 }
 

@@ -42,7 +42,8 @@ void QTeskelListBox::setCurrentItem(QTeskelListBoxItem* item)
         emission.emitSignal(selectionChangedTo, item);
     if (change.selectionChanged)
         emission.emitSignal(anySelectionChanged);
-    emitHighlighted(emission, item);
+    if (emission.isAlive())
+        emitHighlighted(emission, item);
     if (emission.isAlive() && change.itemSelected)
         teskel::ListBoxAccessible::announceSelected(this, index(item));
 }
@@ -65,7 +66,7 @@ void QTeskelListBox::setSelected(QTeskelListBoxItem* item, bool select)
     if (change.itemSelected)
         emission.emitSignal(selectionChangedTo, item);
     emission.emitSignal(anySelectionChanged);
-    if (change.currentMoved)
+    if (change.currentMoved && emission.isAlive())
         emitHighlighted(emission, item);
     if (emission.isAlive() && select)
         teskel::ListBoxAccessible::announceSelected(this, index(item));
@@ -73,8 +74,6 @@ void QTeskelListBox::setSelected(QTeskelListBoxItem* item, bool select)
 
 void QTeskelListBox::emitHighlighted(teskel::ListBoxEmission& emission, QTeskelListBoxItem* item)
 {
-    if (!emission.isAlive())
-        return;
     const int place = index(item);
     const QString text = item->text();
     emission.emitSignal(highlightedItem, item);
@@ -88,8 +87,6 @@ void QTeskelListBox::emitHighlighted(teskel::ListBoxEmission& emission, QTeskelL
 
 void QTeskelListBox::emitSelected(teskel::ListBoxEmission& emission, QTeskelListBoxItem* item)
 {
-    if (!emission.isAlive())
-        return;
     const QString text = item->text();
     emission.emitSignal(selectedIndex, index(item));
     emission.emitSignal(selectedItemSignal, item);
