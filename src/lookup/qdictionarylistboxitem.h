@@ -11,6 +11,7 @@ public:
     /// @param position the word's address, or the invalid position for an empty row
     QDictionaryListBoxItem(const QString& text, CursorPosition position);
     ~QDictionaryListBoxItem() override;
+    Q_DISABLE_COPY_MOVE(QDictionaryListBoxItem)
 
     CursorPosition getCursorPosition() const { return _position; }
     void setCursorPosition(CursorPosition position) { _position = position; }

@@ -2,6 +2,7 @@
 #include "widgets/lostrelease.h"
 
 #include <QApplication>
+#include <QWidget>
 
 namespace teskel
 {
