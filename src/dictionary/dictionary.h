@@ -41,7 +41,8 @@ public:
     virtual bool getName(char* buffer, int size) = 0;
     /// Copies the text that describes the dictionary.
     virtual bool getDescription(char* buffer, int size) = 0;
-    /// Copies a headword picked by random(), which is never seeded; false when there is none.
+    /// Copies a headword picked by random(), which is never seeded; false when there is none, or
+    /// no room for it: random() has then gone on all the same.
     virtual bool getRandomWord(char* buffer, int size) = 0;
     /// Always 0: the total is never computed.
     virtual int getWordCount() = 0;

@@ -5,6 +5,7 @@
 #include "base/assertion.h"
 #include "dictionary/latin1fold.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -113,14 +114,15 @@ bool QtDictionary::getDescription(CursorPosition position, char* buffer, unsigne
 bool QtDictionary::getRandomWord(char* buffer, int size)
 {
     const unsigned short recordCount = getWordRecordCount();
-    if (recordCount == 0 || size <= 0)
+    if (recordCount == 0)
         return false;
     const auto recordIndex = static_cast<quint16>(random() % recordCount);
     const unsigned short wordCount = getTotalWordCount(recordIndex);
     if (wordCount == 0)
         return false;
     const auto word = static_cast<quint16>(random() % wordCount);
-    return getWord(CursorPosition::at(recordIndex, word), buffer, static_cast<unsigned int>(size));
+    const auto room = static_cast<unsigned int>(std::max(size, 0));
+    return getWord(CursorPosition::at(recordIndex, word), buffer, room);
 }
 
 QtDictionary::QtDictionaryIterator* QtDictionary::createIterator()

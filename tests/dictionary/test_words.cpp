@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include <cstdlib>
+#include <limits>
 
 using namespace teskel::test;
 
@@ -52,6 +53,8 @@ private slots:
     void articleOfAMissingRecord();
     void randomWordsAreThoseOfTheDictionary();
     void randomWordFollowsRandom();
+    void randomWordIsDrawnBeforeTheBufferIsLookedAt_data();
+    void randomWordIsDrawnBeforeTheBufferIsLookedAt();
     void randomWordOfADictionaryWithoutWords();
     void randomWordOfARecordWithoutWords();
 
@@ -359,6 +362,34 @@ void TestWords::randomWordFollowsRandom()
         QVERIFY(_dictionary.getRandomWord(buffer, sizeof buffer));
         QCOMPARE(QByteArray(buffer), word);
     }
+}
+
+void TestWords::randomWordIsDrawnBeforeTheBufferIsLookedAt_data()
+{
+    QTest::addColumn<int>("size");
+    for (const int size : {3, 0, -1, std::numeric_limits<int>::min()})
+        QTest::addRow("%d bytes", size) << size;
+}
+
+// The words that follow do not depend on whether the one before them found room.
+void TestWords::randomWordIsDrawnBeforeTheBufferIsLookedAt()
+{
+    QFETCH(int, size);
+    DictionaryWriter writer;
+    for (int record = 0; record < 50; ++record)
+        writer.addRecord({{"word" + QByteArray::number(1000 + record), "x"}});
+    QVERIFY(open(writer));
+    char buffer[64];
+    srandom(7);
+    QVERIFY(_dictionary.getRandomWord(buffer, sizeof buffer));
+    QVERIFY(_dictionary.getRandomWord(buffer, sizeof buffer));
+    const QByteArray second(buffer);
+    srandom(7);
+    buffer[0] = '?';
+    QVERIFY(!_dictionary.getRandomWord(buffer, size));
+    QCOMPARE(buffer[0], '?');
+    QVERIFY(_dictionary.getRandomWord(buffer, sizeof buffer));
+    QCOMPARE(QByteArray(buffer), second);
 }
 
 void TestWords::randomWordOfADictionaryWithoutWords()
