@@ -7,6 +7,7 @@
 #include <QFileInfo>
 
 #include <cstring>
+#include <limits>
 
 namespace
 {
@@ -142,16 +143,14 @@ const char* QtDictionary::getDecompressedRecord(unsigned short index)
     return record ? record->text() : nullptr;
 }
 
-// Null for a word record beyond the last one, whose number need not fit the container's.
+// Not cut to the 16 bits of the container's numbers: what lies beyond them is no other record.
 const teskel::TextRecord* QtDictionary::cachedWordRecord(unsigned short recordIndex)
 {
-    if (recordIndex >= getWordRecordCount())
-        return nullptr;
-    return cachedRecord(static_cast<unsigned short>(recordIndex + firstWordRecord));
+    return cachedRecord(recordIndex + firstWordRecord);
 }
 
 // A record that cannot be read is not remembered: a card may come back.
-const teskel::TextRecord* QtDictionary::cachedRecord(unsigned short index)
+const teskel::TextRecord* QtDictionary::cachedRecord(int index)
 {
     if (const teskel::TextRecord* cached = _wordCache.object(index))
         return cached;
@@ -162,13 +161,15 @@ const teskel::TextRecord* QtDictionary::cachedRecord(unsigned short index)
     return _wordCache.insert(index, kept, 1) ? kept : nullptr;
 }
 
-std::unique_ptr<teskel::TextRecord> QtDictionary::decompressRecord(unsigned short index)
+std::unique_ptr<teskel::TextRecord> QtDictionary::decompressRecord(int index)
 {
     if (!TESKEL_ASSERT(isOpen(), "isOpen()", unit))
         return nullptr;
     QtRecords* records = _database->getRecords();
     TESKEL_ASSERT(index < records->getCount(), "recordIndex<records->getCount()", unit);
-    const RecordPointer metaData(records->getData(index));
+    if (index > std::numeric_limits<unsigned short>::max())
+        return nullptr;
+    const RecordPointer metaData(records->getData(static_cast<unsigned short>(index)));
     if (!metaData)
         return nullptr;
     TESKEL_ASSERT(metaData->data != nullptr, "metaData->data!=NULL", unit);

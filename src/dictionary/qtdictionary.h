@@ -88,7 +88,7 @@ public:
     /// Number of entries of a word record, 0 when it cannot be read.
     unsigned short getTotalWordCount(unsigned short recordIndex);
     /// Unpacked records by word record number and by database record number; null when the record
-    /// cannot be read. Owned by the cache and always followed by terminating NULs.
+    /// cannot be read, with a warning. Owned by the cache and always followed by terminating NULs.
     const char* getWordRecord(unsigned short recordIndex);
     const char* getDecompressedRecord(unsigned short index);
     void clearWordCache();
@@ -96,8 +96,8 @@ public:
 private:
     bool loadIndex();
     /// Unpacks a database record afresh; null when it cannot be read.
-    std::unique_ptr<teskel::TextRecord> decompressRecord(unsigned short index);
-    const teskel::TextRecord* cachedRecord(unsigned short index);
+    std::unique_ptr<teskel::TextRecord> decompressRecord(int index);
+    const teskel::TextRecord* cachedRecord(int index);
     const teskel::TextRecord* cachedWordRecord(unsigned short recordIndex);
 
     std::unique_ptr<QtPalmDatabase> _database;

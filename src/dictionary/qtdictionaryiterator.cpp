@@ -31,9 +31,10 @@ CursorPosition QtDictionary::QtDictionaryIterator::begin()
 
 const char* QtDictionary::QtDictionaryIterator::getWord()
 {
-    if (!TESKEL_ASSERT(isValid(_position), "isValid(_position)", unit))
-        return nullptr;
-    return _dictionary->getWordAt(_position);
+    TESKEL_ASSERT(isValid(_position), "isValid(_position)", unit);
+    const auto [recordNumber, wordNumber] = _position.compoundPosition;
+    const teskel::TextRecord* record = _dictionary->cachedWordRecord(recordNumber);
+    return record && wordNumber < record->count() ? record->word(wordNumber) : nullptr;
 }
 
 CursorPosition QtDictionary::QtDictionaryIterator::move(CursorPosition position, int delta)

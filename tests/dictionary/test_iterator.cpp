@@ -24,10 +24,14 @@ private slots:
     void validPositions();
     void setPositionKeepsTheCurrentOneWhenItFails();
     void beginIsTheFirstWordEvenWithoutWords();
+    void beginDoesNotAskTheDictionary();
+    void closedDictionaryHasNoValidPosition();
     void moves_data();
     void moves();
     void movingAnInvalidPositionChangesNothing();
+    void wordAtAnInvalidPositionWarns_data();
     void wordAtAnInvalidPositionWarns();
+    void wordBehindTheLastOfItsRecordIsMissing();
     void walksTheWholeDictionaryBothWays();
 
 private:
@@ -96,12 +100,33 @@ void TestIterator::setPositionKeepsTheCurrentOneWhenItFails()
 
 void TestIterator::beginIsTheFirstWordEvenWithoutWords()
 {
-    QVERIFY(_iterator->begin() == CursorPosition::at(0, 0));
     QVERIFY(DictionaryWriter().write(_path));
     QCOMPARE(_dictionary.open(_path), 0);
+    QVERIFY(_iterator->getPosition().isInvalid());
     QVERIFY(_iterator->begin() == CursorPosition::at(0, 0));
     QVERIFY(_iterator->getPosition() == CursorPosition::at(0, 0));
     QVERIFY(!_iterator->isValid(_iterator->getPosition()));
+}
+
+// Whether the dictionary has words, or a file at all, is not asked.
+void TestIterator::beginDoesNotAskTheDictionary()
+{
+    QVERIFY(_iterator->setPosition(CursorPosition::at(2, 1)));
+    _dictionary.close();
+    QVERIFY(_iterator->begin() == CursorPosition::at(0, 0));
+    QVERIFY(_iterator->getPosition() == CursorPosition::at(0, 0));
+}
+
+void TestIterator::closedDictionaryHasNoValidPosition()
+{
+    QVERIFY(_iterator->setPosition(CursorPosition::at(2, 1)));
+    _dictionary.close();
+    const CursorPosition first = CursorPosition::at(0, 0);
+    for (const int delta : {-1, 0, 1}) {
+        QVERIFY(_iterator->move(first, delta) == first);
+        QVERIFY(!_iterator->setPosition(first));
+        QVERIFY(_iterator->getPosition() == CursorPosition::at(2, 1));
+    }
 }
 
 void TestIterator::moves_data()
@@ -115,7 +140,7 @@ void TestIterator::moves_data()
     QTest::newRow("not at all") << last << 0 << last;
     QTest::newRow("within a record") << CursorPosition::at(2, 0) << 2 << CursorPosition::at(2, 2);
     QTest::newRow("into the next record")
-        << CursorPosition::at(0, 1) << 1 << CursorPosition::at(1, 0);
+        << CursorPosition::at(1, 0) << 1 << CursorPosition::at(2, 0);
     QTest::newRow("across records") << CursorPosition::at(0, 1) << 4 << CursorPosition::at(2, 2);
     QTest::newRow("from first to last") << first << 7 << last;
     QTest::newRow("past the last word") << last << 1 << nowhere;
@@ -137,6 +162,7 @@ void TestIterator::moves()
     QFETCH(CursorPosition, from);
     QFETCH(int, delta);
     QFETCH(CursorPosition, to);
+    QVERIFY(_iterator->setPosition(CursorPosition::at(1, 0))); // which no move ends on
     QCOMPARE(_iterator->move(from, delta).value(), to.value());
     QCOMPARE(_iterator->getPosition().value(), to.value());
 }
@@ -152,11 +178,45 @@ void TestIterator::movingAnInvalidPositionChangesNothing()
     }
 }
 
+void TestIterator::wordAtAnInvalidPositionWarns_data()
+{
+    QTest::addColumn<CursorPosition>("position");
+    QTest::addColumn<bool>("isOpen");
+    QTest::addColumn<QStringList>("conditions");
+    const auto isValid = QStringLiteral("isValid(_position)");
+    const auto isBelowCount = QStringLiteral("recordIndex<records->getCount()");
+    QTest::newRow("no word") << CursorPosition::invalid() << true
+                             << QStringList({isValid, isBelowCount});
+    QTest::newRow("word of a dictionary that was closed")
+        << CursorPosition::at(0, 0) << false << QStringList({isValid, QStringLiteral("isOpen()")});
+}
+
+// The record is asked for all the same.
 void TestIterator::wordAtAnInvalidPositionWarns()
 {
-    QTest::ignoreMessage(
-        QtWarningMsg, QRegularExpression(QStringLiteral(
-                          "^ASSERT: \"isValid\\(_position\\)\" in qtdictionary.cpp \\(\\d+\\)$")));
+    QFETCH(CursorPosition, position);
+    QFETCH(bool, isOpen);
+    QFETCH(QStringList, conditions);
+    if (!position.isInvalid())
+        QVERIFY(_iterator->setPosition(position));
+    if (!isOpen)
+        _dictionary.close();
+    const WarningCapture warnings;
+    QVERIFY(!_iterator->getWord());
+    QCOMPARE(warnings.messages().size(), conditions.size());
+    for (qsizetype i = 0; i < conditions.size(); ++i)
+        QVERIFY2(warnings.messages().at(i).startsWith(
+                     QStringLiteral("ASSERT: \"%1\" in qtdictionary.cpp (").arg(conditions.at(i))),
+                 qPrintable(warnings.messages().at(i)));
+}
+
+void TestIterator::wordBehindTheLastOfItsRecordIsMissing()
+{
+    _iterator->begin();
+    QVERIFY(DictionaryWriter().addRecord({}).write(_path));
+    QCOMPARE(_dictionary.open(_path), 0);
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("\"isValid\\(_position\\)\"")));
     QVERIFY(!_iterator->getWord());
 }
 

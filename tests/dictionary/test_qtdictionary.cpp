@@ -39,7 +39,8 @@ private slots:
     void wordCountIsAlwaysZero();
     void countsEntries_data();
     void countsEntries();
-    void countBeyondTheLastRecordWarns();
+    void wordRecordBeyondTheLastWarns_data();
+    void wordRecordBeyondTheLastWarns();
     void damagedRecordIsMissing();
     void failedDecompressionIsTriedAgain();
     void recordOfNoBytesIsMissing();
@@ -222,6 +223,8 @@ void TestQtDictionary::closeForgetsEverything()
     QCOMPARE(dictionary.close(), 0);
     QVERIFY(!dictionary.isOpen());
     QCOMPARE(dictionary.getUrl(), QString());
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(
+                                           "^ASSERT: \"isOpen\\(\\)\" in qtdictionary.cpp ")));
     QVERIFY(!dictionary.getWordRecord(0));
 }
 
@@ -339,16 +342,31 @@ void TestQtDictionary::countsEntries()
     }
 }
 
-void TestQtDictionary::countBeyondTheLastRecordWarns()
+void TestQtDictionary::wordRecordBeyondTheLastWarns_data()
 {
+    QTest::addColumn<unsigned short>("record");
+    QTest::newRow("the one after the last") << static_cast<unsigned short>(2);
+    // Its number in the container, 5 more, does not fit 16 bits.
+    QTest::newRow("a number that wraps around") << static_cast<unsigned short>(0xFFFE);
+}
+
+void TestQtDictionary::wordRecordBeyondTheLastWarns()
+{
+    QFETCH(unsigned short, record);
     QVERIFY(animals().write(path("a.PDB")));
     QtDictionary dictionary;
     QCOMPARE(dictionary.open(path("a.PDB")), 0);
-    QTest::ignoreMessage(
-        QtWarningMsg,
-        QRegularExpression(QStringLiteral(
-            "^ASSERT: \"recordIndex<getWordRecordCount\\(\\)\" in qtdictionary.cpp \\(\\d+\\)$")));
-    QCOMPARE(dictionary.getTotalWordCount(2), static_cast<unsigned short>(0));
+    const QString beyondTheFile =
+        QStringLiteral("ASSERT: \"recordIndex<records->getCount()\" in qtdictionary.cpp (");
+    const QString beyondTheWords =
+        QStringLiteral("ASSERT: \"recordIndex<getWordRecordCount()\" in qtdictionary.cpp (");
+    const WarningCapture warnings;
+    QVERIFY(!dictionary.getWordRecord(record));
+    QCOMPARE(warnings.count(beyondTheFile), 1);
+    QCOMPARE(warnings.count(beyondTheWords), 0);
+    QCOMPARE(dictionary.getTotalWordCount(record), static_cast<unsigned short>(0));
+    QCOMPARE(warnings.count(beyondTheFile), 2);
+    QCOMPARE(warnings.count(beyondTheWords), 1);
 }
 
 void TestQtDictionary::damagedRecordIsMissing()
