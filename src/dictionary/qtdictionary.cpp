@@ -149,11 +149,13 @@ const teskel::TextRecord* QtDictionary::cachedWordRecord(unsigned short recordIn
     return cachedRecord(recordIndex + firstWordRecord);
 }
 
-// A record that cannot be read is not remembered: a card may come back.
+// A record that cannot be read is asked for again, for a card may come back; a damaged one is not.
 const teskel::TextRecord* QtDictionary::cachedRecord(int index)
 {
     if (const teskel::TextRecord* cached = _wordCache.object(index))
         return cached;
+    if (_damagedRecords.contains(index))
+        return nullptr;
     std::unique_ptr<teskel::TextRecord> record = decompressRecord(index);
     if (!record)
         return nullptr;
@@ -175,8 +177,11 @@ std::unique_ptr<teskel::TextRecord> QtDictionary::decompressRecord(int index)
     TESKEL_ASSERT(metaData->data != nullptr, "metaData->data!=NULL", unit);
     TESKEL_ASSERT(metaData->size != 0, "metaData->size!=0", unit);
     teskel::MemberBlock block;
-    teskel::decodeMember(metaData->data, metaData->size, block, teskel::TextRecord::spareBytes);
+    const teskel::MemberStatus status =
+        teskel::decodeMember(metaData->data, metaData->size, block, teskel::TextRecord::spareBytes);
     if (!block.data) {
+        if (status != teskel::MemberStatus::OutOfMemory)
+            _damagedRecords.insert(index);
         qWarning("Decompressed record is null");
         return nullptr;
     }
@@ -186,4 +191,5 @@ std::unique_ptr<teskel::TextRecord> QtDictionary::decompressRecord(int index)
 void QtDictionary::clearWordCache()
 {
     _wordCache.clear();
+    _damagedRecords.clear();
 }

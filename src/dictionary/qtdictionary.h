@@ -6,6 +6,7 @@
 #include "dictionary/wordindex.h"
 
 #include <QCache>
+#include <QSet>
 #include <QString>
 
 #include <memory>
@@ -14,8 +15,10 @@ class QtPalmDatabase;
 
 /// A dictionary in a Palm database file, unpacked record by record as words are asked for.
 ///
-/// The last 100 unpacked records are kept. Pointers to words and records stay valid until the
-/// dictionary is used again. One thread at a time.
+/// The last 100 unpacked records are kept. A record that turns out to be damaged is warned about
+/// once and not read again until its file is opened anew; one that cannot be read, as when a card
+/// was pulled out, is read again at each request. Pointers to words and records stay valid until
+/// the dictionary is used again. One thread at a time.
 class QtDictionary : public Dictionary
 {
 public:
@@ -88,14 +91,16 @@ public:
     /// Number of entries of a word record, 0 when it cannot be read.
     unsigned short getTotalWordCount(unsigned short recordIndex);
     /// Unpacked records by word record number and by database record number; null when the record
-    /// cannot be read, with a warning. Owned by the cache and always followed by terminating NULs.
+    /// cannot be read or is damaged. Owned by the cache and always followed by terminating NULs.
     const char* getWordRecord(unsigned short recordIndex);
     const char* getDecompressedRecord(unsigned short index);
+    /// Forgets the unpacked records, and which ones are damaged.
     void clearWordCache();
 
 private:
     bool loadIndex();
-    /// Unpacks a database record afresh; null when it cannot be read.
+    /// Unpacks a database record afresh; null when it cannot be read or is damaged, which is
+    /// remembered.
     std::unique_ptr<teskel::TextRecord> decompressRecord(int index);
     const teskel::TextRecord* cachedRecord(int index);
     const teskel::TextRecord* cachedWordRecord(unsigned short recordIndex);
@@ -103,5 +108,6 @@ private:
     std::unique_ptr<QtPalmDatabase> _database;
     QString _url;
     QCache<int, teskel::TextRecord> _wordCache;
+    QSet<int> _damagedRecords; // database record numbers; outside the cache, where they cost room
     teskel::WordIndex _index;
 };

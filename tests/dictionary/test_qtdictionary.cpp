@@ -27,6 +27,7 @@ private slots:
     void fiveRecordsAreADictionaryWithoutWords();
     void fourRecordsAreTooFewAndStayAttached();
     void topicDictionaryIsRefusedAndStaysAttached();
+    void numberSignElsewhereInTheIndexIsAKeyLikeAnother();
     void unreadableFirstRecordIsRefusedAndStaysAttached();
     void emptyFirstRecordHoldsNoKeys();
     void openingAgainReplacesTheDictionary();
@@ -35,6 +36,7 @@ private slots:
     void nameIsTheBaseName();
     void nameFitsItsBufferExactly();
     void descriptionFitsItsBufferExactly();
+    void descriptionIsUnpackedOnce();
     void unreadableDescription();
     void wordCountIsAlwaysZero();
     void countsEntries_data();
@@ -42,7 +44,11 @@ private slots:
     void wordRecordBeyondTheLastWarns_data();
     void wordRecordBeyondTheLastWarns();
     void damagedRecordIsMissing();
-    void failedDecompressionIsTriedAgain();
+    void damagedRecordIsRememberedUntilTheFileIsOpenedAgain_data();
+    void damagedRecordIsRememberedUntilTheFileIsOpenedAgain();
+    void damagedRecordIsForgottenWithItsFile();
+    void recordThatCannotBeReadIsAskedForAgain();
+    void damagedRecordsTakeNoRoomFromGoodOnes();
     void recordOfNoBytesIsMissing();
     void keepsOneHundredRecords();
     void aHitMakesARecordTheMostRecent();
@@ -176,6 +182,20 @@ void TestQtDictionary::topicDictionaryIsRefusedAndStaysAttached()
     QVERIFY(!dictionary.findWord("ant", CursorPosition::invalid(), false).isInvalid());
 }
 
+void TestQtDictionary::numberSignElsewhereInTheIndexIsAKeyLikeAnother()
+{
+    QVERIFY(DictionaryWriter()
+                .addRecord({{"!", "x"}, {"\" #", "x"}})
+                .addRecord({{"#", "Nummer"}, {"a#", "x"}})
+                .addRecord({{"c#", "Cis"}})
+                .write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(dictionary.findWord("#", CursorPosition::invalid(), false) == CursorPosition::at(1, 0));
+    QVERIFY(dictionary.findWord("C#", CursorPosition::invalid(), false) ==
+            CursorPosition::at(2, 0));
+}
+
 void TestQtDictionary::unreadableFirstRecordIsRefusedAndStaysAttached()
 {
     QVERIFY(animals().container().claimOffset(0, 0xFFFFFF00).write(path("a.PDB")));
@@ -274,6 +294,18 @@ void TestQtDictionary::descriptionFitsItsBufferExactly()
     QVERIFY(!dictionary.getDescription(buffer, 7));
     QCOMPARE(buffer[0], '?');
     QVERIFY(dictionary.getDescription(buffer, 8));
+    QCOMPARE(buffer, "Animals");
+}
+
+void TestQtDictionary::descriptionIsUnpackedOnce()
+{
+    QVERIFY(animals().write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    char buffer[8];
+    QVERIFY(dictionary.getDescription(buffer, sizeof buffer));
+    QVERIFY(QFile::resize(path("a.PDB"), 0)); // and not read again
+    QVERIFY(dictionary.getDescription(buffer, sizeof buffer));
     QCOMPARE(buffer, "Animals");
 }
 
@@ -378,26 +410,105 @@ void TestQtDictionary::damagedRecordIsMissing()
     QCOMPARE(dictionary.open(path("a.PDB")), 0);
     QTest::ignoreMessage(QtWarningMsg, "Decompressed record is null");
     QVERIFY(!dictionary.getWordRecord(2));
-    QTest::ignoreMessage(QtWarningMsg, "Decompressed record is null");
     QCOMPARE(dictionary.getTotalWordCount(2), static_cast<unsigned short>(0));
     QCOMPARE(dictionary.getTotalWordCount(1), static_cast<unsigned short>(3));
 }
 
-void TestQtDictionary::failedDecompressionIsTriedAgain()
+void TestQtDictionary::damagedRecordIsRememberedUntilTheFileIsOpenedAgain_data()
 {
-    const QByteArray good = animals().container().build();
-    QByteArray bad = good;
-    bad.back() = static_cast<char>(bad.back() ^ 0x40);
-    QVERIFY(writeFile(path("a.PDB"), bad));
+    QTest::addColumn<QByteArray>("damaged");
+    const QByteArray sound = literalMember(DictionaryWriter::recordText({{"cat", "Katze"}}));
+    QByteArray flipped = sound;
+    flipped.back() = static_cast<char>(flipped.back() ^ 0x40);
+    QTest::newRow("no bytes") << QByteArray();
+    QTest::newRow("no header") << QByteArray(sound.size(), '\0');
+    QTest::newRow("flipped bit") << flipped;
+    QTest::newRow("cut short") << sound.chopped(9);
+    QTest::newRow("stored") << makeMember(0, "x", "x");
+}
+
+// Each search may come across it: it is neither read nor complained of again.
+void TestQtDictionary::damagedRecordIsRememberedUntilTheFileIsOpenedAgain()
+{
+    QFETCH(QByteArray, damaged);
+    QVERIFY(animals().addPackedRecord("cat", damaged).write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    {
+        const WarningCapture warnings;
+        QVERIFY(dictionary.findWord("dog", CursorPosition::invalid(), false).isInvalid());
+        QCOMPARE(warnings.count(QStringLiteral("Decompressed record is null")), 1);
+    }
+    // The same file, mended in place: nothing is read, or the record would be found.
+    const QByteArray mended =
+        animals().addRecord({{"cat", "Katze"}, {"dog", "Hund"}}).container().build();
+    QFile file(path("a.PDB"));
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QCOMPARE(file.write(mended), mended.size());
+    file.close();
+    QVERIFY(!dictionary.getWordRecord(2));
+    QVERIFY(!dictionary.getDecompressedRecord(7));
+    QCOMPARE(dictionary.getTotalWordCount(2), static_cast<unsigned short>(0));
+    QVERIFY(dictionary.findWord("dog", CursorPosition::invalid(), false).isInvalid());
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QCOMPARE(dictionary.getWordRecord(2), "cat");
+}
+
+void TestQtDictionary::damagedRecordIsForgottenWithItsFile()
+{
+    QVERIFY(animals().addPackedRecord("cat", "damaged").write(path("a.PDB")));
+    QVERIFY(animals().addRecord({{"cat", "Katze"}}).write(path("b.PDB")));
     QtDictionary dictionary;
     QCOMPARE(dictionary.open(path("a.PDB")), 0);
     QTest::ignoreMessage(QtWarningMsg, "Decompressed record is null");
-    QVERIFY(!dictionary.getWordRecord(1));
+    QVERIFY(!dictionary.getWordRecord(2));
+    QCOMPARE(dictionary.open(path("b.PDB")), 0);
+    QCOMPARE(dictionary.getWordRecord(2), "cat");
+}
+
+// As when a card comes back.
+void TestQtDictionary::recordThatCannotBeReadIsAskedForAgain()
+{
+    const QByteArray good = animals().container().build();
+    QVERIFY(writeFile(path("a.PDB"), good));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(QFile::resize(path("a.PDB"), 0));
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        const WarningCapture warnings;
+        QVERIFY(!dictionary.getWordRecord(0));
+        QCOMPARE(warnings.count(QStringLiteral("Cannot get record meta data")), 1);
+    }
     QFile file(path("a.PDB"));
-    QVERIFY(file.open(QIODevice::ReadWrite)); // the same file, mended in place
+    QVERIFY(file.open(QIODevice::ReadWrite));
     QCOMPARE(file.write(good), good.size());
     file.close();
-    QCOMPARE(dictionary.getWordRecord(1), "bat");
+    QCOMPARE(dictionary.getWordRecord(0), "ant");
+}
+
+// Neither do good records push out what is known of damaged ones.
+void TestQtDictionary::damagedRecordsTakeNoRoomFromGoodOnes()
+{
+    DictionaryWriter writer;
+    for (int record = 0; record < 300; ++record) {
+        const QByteArray word = QByteArray::number(1000 + record);
+        if (record % 3 == 0)
+            writer.addRecord({{word, "x"}});
+        else
+            writer.addPackedRecord(word, "damaged");
+    }
+    QVERIFY(writer.write(path("a.PDB")));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    {
+        const WarningCapture warnings;
+        for (unsigned short record = 0; record < 300; ++record)
+            QCOMPARE(dictionary.getWordRecord(record) != nullptr, record % 3 == 0);
+        QCOMPARE(warnings.messages().size(), 200);
+    }
+    QVERIFY(QFile::resize(path("a.PDB"), 0));
+    for (unsigned short record = 0; record < 300; ++record)
+        QCOMPARE(dictionary.getWordRecord(record) != nullptr, record % 3 == 0);
 }
 
 void TestQtDictionary::recordOfNoBytesIsMissing()
