@@ -49,6 +49,8 @@ void CBitBuffer::settle()
     const quint64 fetched =
         std::min<quint64>(bytesAhead + (_window.consumed() + 7) / 8, _compressedSize);
     _header->setCompressedSize(_compressedSize - static_cast<quint32>(fetched));
-    // Clamps to the input's end when the header claims more than there is.
-    _input->Seek(static_cast<long>(_inputStart + static_cast<qint64>(fetched)), CBuffer::FromStart);
+    // To the input's end where the header claims more than there is: beyond it, an input that owns
+    // its memory would grow, away from under the window.
+    const auto position = static_cast<long>(_inputStart + static_cast<qint64>(fetched));
+    _input->Seek(std::min(position, _input->Size()), CBuffer::FromStart);
 }

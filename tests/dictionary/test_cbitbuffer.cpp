@@ -87,6 +87,8 @@ private slots:
     void countsThePackedBytesDown();
     void zerosFollowTheEnd();
     void missingBytesReadAsFF();
+    void inputOfItsOwnMemoryIsNotGrown_data();
+    void inputOfItsOwnMemoryIsNotGrown();
     void agreesWithThePlainReader_data();
     void agreesWithThePlainReader();
 };
@@ -139,6 +141,40 @@ void TestCBitBuffer::missingBytesReadAsFF()
     Fixture f(QByteArray(1, '\0'), 3);
     QCOMPARE(f.bits.GetBits(16), 0x00FFU);
     QCOMPARE(f.bits.GetBits(16), 0xFF00U);
+}
+
+void TestCBitBuffer::inputOfItsOwnMemoryIsNotGrown_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<quint32>("claimed");
+    QTest::newRow("no bytes") << 0 << 100U;
+    QTest::newRow("less than is held ahead") << 1 << 100U;
+    QTest::newRow("a few bytes less") << 20 << 23U;
+    QTest::newRow("far less") << 20 << 0xFFFFFFFFU;
+}
+
+// A seek past the end would move the bytes that the reader looks at.
+void TestCBitBuffer::inputOfItsOwnMemoryIsNotGrown()
+{
+    QFETCH(int, size);
+    QFETCH(quint32, claimed);
+    QByteArray packed(size, '\0');
+    for (int i = 0; i < size; ++i)
+        packed[i] = static_cast<char>(37 * i + 1);
+    Fixture f(packed, claimed);
+    CBuffer own;
+    f.input.Seek(0, CBuffer::FromStart);
+    QVERIFY(own.Open(&f.input, size));
+    f.header->setCompressedSize(claimed);
+    f.bits.Attach(&own, f.header.get());
+    f.bits.InitGetBits();
+    PlainBitReader plain(packed, claimed);
+    for (int i = 0; i < 400; ++i) {
+        QCOMPARE(f.bits.GetBits(i % 17), plain.get(i % 17));
+        QCOMPARE(f.header->compressedSize(), plain.compressedSize());
+    }
+    QCOMPARE(own.Size(), long{size});
+    QCOMPARE(own.Tell(), long{size});
 }
 
 void TestCBitBuffer::agreesWithThePlainReader_data()
