@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace
 {
@@ -16,7 +17,7 @@ bool CBuffer::OpenMemory(const void* data, long size, EOpenMode mode)
     _memory.clear();
     _isOwned = false;
     _position = 0;
-    // One pointer serves both modes; read mode never writes through it.
+    // One pointer serves both modes; in read mode only PutByteAt() writes through it.
     _data = static_cast<unsigned char*>(const_cast<void*>(data));
     _size = data ? static_cast<qint32>(std::clamp(size, 0L, maxSize)) : 0;
     _mode = mode;
@@ -25,14 +26,17 @@ bool CBuffer::OpenMemory(const void* data, long size, EOpenMode mode)
 
 bool CBuffer::Open(CBuffer* source, long size)
 {
+    const long largest = std::max(source->Size() - source->Tell(), maxGrownSize);
+    const bool isPossible = size >= 0 && size <= largest;
+    // Apart from this buffer, which may itself be the source.
+    std::vector<unsigned char> bytes(isPossible ? static_cast<std::size_t>(size) : 0);
+    const long count = isPossible ? source->Read(bytes.data(), size) : 0;
     OpenMemory(nullptr, 0, Read_Mode);
-    if (size < 0 || source->mode() != Read_Mode || size > source->Size() - source->Tell())
-        return false;
-    _isOwned = true;
-    _memory.resize(static_cast<std::size_t>(size));
+    _isOwned = isPossible;
+    _memory = std::move(bytes);
     _data = _memory.data();
-    _size = static_cast<qint32>(size);
-    return source->Read(_data, size) == size;
+    _size = static_cast<qint32>(_memory.size());
+    return isPossible && count == size;
 }
 
 long CBuffer::Read(void* target, long size)
@@ -49,7 +53,7 @@ long CBuffer::Read(void* target, long size)
 
 int CBuffer::GetC()
 {
-    if (_mode != Read_Mode || _position >= _size)
+    if (_position >= _size)
         return -1;
     return _data[_position++];
 }
@@ -92,8 +96,7 @@ bool CBuffer::GetByteAt(void* byte, long index) const
 
 bool CBuffer::PutByteAt(const void* byte, long index)
 {
-    const bool isWritable = _isOwned || _mode == Write_Mode;
-    if (!isWritable || index < 0 || index >= _position)
+    if (index < 0 || index >= _position)
         return false;
     _data[index] = *static_cast<const unsigned char*>(byte);
     return true;

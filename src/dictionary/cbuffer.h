@@ -16,16 +16,17 @@ public:
     Q_DISABLE_COPY_MOVE(CBuffer)
     ~CBuffer() = default;
 
-    /// Wraps `size` borrowed bytes, which must outlive the buffer. Always succeeds. In write mode
-    /// the bytes must be writable.
+    /// Wraps `size` borrowed bytes, which must outlive the buffer. Always succeeds: a negative size
+    /// is none. In write mode, and for PutByteAt(), the bytes must be writable.
     bool OpenMemory(const void* data, long size, EOpenMode mode);
-    /// Reads `size` bytes of `source` into memory of its own, for reading. False, with nothing
-    /// allocated, when `source` has fewer left.
+    /// Reads `size` bytes of `source` into memory of its own, for reading. False when fewer came,
+    /// and the rest is zeros. A negative size, or one above 64 MiB that `source` does not have,
+    /// makes an empty buffer.
     bool Open(CBuffer* source, long size);
 
     /// Copies at most `size` of the bytes left; returns how many. 0 in write mode.
     long Read(void* target, long size);
-    /// The next byte, or -1 at the end.
+    /// The next byte in either mode, or -1 at the end.
     int GetC();
     /// Moves the position, clamped at 0. Past the end own memory grows (by zero bytes, up to
     /// 64 MiB); otherwise the position clamps to the end.
@@ -35,7 +36,7 @@ public:
     bool Write(const void* byte);
     /// Fetches a byte before the position; false elsewhere.
     bool GetByteAt(void* byte, long index) const;
-    /// Changes a byte before the position; false elsewhere, and for borrowed memory in read mode.
+    /// Changes a byte before the position, in either mode; false elsewhere.
     bool PutByteAt(const void* byte, long index);
     [[nodiscard]] long Size() const { return _size; }
 

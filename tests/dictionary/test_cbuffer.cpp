@@ -15,16 +15,23 @@ private slots:
     void endOfDataReadsAsFF();
     void readCopiesAtMostWhatIsLeft();
     void readDoesNothingInWriteMode();
+    void bytesAreFetchedInWriteModeToo();
     void seeks_data();
     void seeks();
     void seekGrowsOwnMemory();
     void seekGrowsOwnMemoryWithinReason();
     void openTakesACopy();
-    void openFailsWhenTheSourceIsTooShort();
+    void openFromASourceThatIsTooShortFails();
+    void openFromASourceInWriteModeFails();
+    void openTakesNoMemoryForSizesThatCannotBe_data();
+    void openTakesNoMemoryForSizesThatCannotBe();
+    void openFromItselfKeepsTheRest();
+    void claimedSizesAreClamped_data();
+    void claimedSizesAreClamped();
     void writesUntilTheEnd();
     void writeDoesNothingInReadMode();
     void bytesBeforeThePositionCanBeFetchedAndChanged();
-    void borrowedBytesAreNotChangedInReadMode();
+    void borrowedBytesCanBeChangedInReadMode();
     void ownBytesCanBeChanged();
 };
 
@@ -78,6 +85,18 @@ void TestCBuffer::readDoesNothingInWriteMode()
     char target = 'x';
     QCOMPARE(buffer.Read(&target, 1), 0L);
     QCOMPARE(target, 'x');
+}
+
+void TestCBuffer::bytesAreFetchedInWriteModeToo()
+{
+    char memory[] = "abc";
+    CBuffer buffer;
+    buffer.OpenMemory(memory, 3, CBuffer::Write_Mode);
+    QCOMPARE(buffer.GetC(), int{'a'});
+    QVERIFY(buffer.Write("X")); // at the one position that both share
+    QCOMPARE(buffer.getbyte(), quint8{'c'});
+    QCOMPARE(buffer.GetC(), -1);
+    QCOMPARE(memory, "aXc");
 }
 
 void TestCBuffer::seeks_data()
@@ -158,15 +177,86 @@ void TestCBuffer::openTakesACopy()
     QCOMPARE(buffer.GetC(), int{'b'});
 }
 
-void TestCBuffer::openFailsWhenTheSourceIsTooShort()
+// What the source has is taken; the rest of the block is zeros.
+void TestCBuffer::openFromASourceThatIsTooShortFails()
 {
     CBuffer source;
     source.OpenMemory("abc", 3, CBuffer::Read_Mode);
+    source.Seek(1, CBuffer::FromStart);
     CBuffer buffer;
     QVERIFY(!buffer.Open(&source, 4));
-    QVERIFY(!buffer.Open(&source, -1));
-    QVERIFY(!buffer.Open(&source, 0x7FFFFFFFFFFFFFFFL));
+    QCOMPARE(source.Tell(), 3L);
+    QCOMPARE(buffer.mode(), CBuffer::Read_Mode);
+    QCOMPARE(buffer.Tell(), 0L);
+    QCOMPARE(buffer.Size(), 4L);
+    char bytes[4];
+    QCOMPARE(buffer.Read(bytes, 4), 4L);
+    QCOMPARE(QByteArray(bytes, 4), QByteArray("bc\0\0", 4));
+}
+
+void TestCBuffer::openFromASourceInWriteModeFails()
+{
+    char memory[] = "abc";
+    CBuffer source;
+    source.OpenMemory(memory, 3, CBuffer::Write_Mode);
+    CBuffer buffer;
+    QVERIFY(!buffer.Open(&source, 3));
+    QCOMPARE(source.Tell(), 0L);
+    QVERIFY(buffer.Open(&source, 0)); // all of no bytes came
+}
+
+void TestCBuffer::openTakesNoMemoryForSizesThatCannotBe_data()
+{
+    QTest::addColumn<long>("size");
+    QTest::newRow("negative") << -1L;
+    QTest::newRow("smallest") << std::numeric_limits<long>::min();
+    QTest::newRow("past the growth of own memory") << (64L << 20) + 1;
+    QTest::newRow("largest") << std::numeric_limits<long>::max();
+}
+
+void TestCBuffer::openTakesNoMemoryForSizesThatCannotBe()
+{
+    QFETCH(long, size);
+    CBuffer source;
+    source.OpenMemory("abc", 3, CBuffer::Read_Mode);
+    CBuffer buffer;
+    QVERIFY(!buffer.Open(&source, size));
     QCOMPARE(buffer.Size(), 0L);
+    QCOMPARE(buffer.GetC(), -1);
+}
+
+void TestCBuffer::openFromItselfKeepsTheRest()
+{
+    CBuffer buffer;
+    buffer.OpenMemory("abcd", 4, CBuffer::Read_Mode);
+    buffer.Seek(1, CBuffer::FromStart);
+    QVERIFY(buffer.Open(&buffer, 3));
+    QVERIFY(buffer.Open(&buffer, 2));
+    QCOMPARE(buffer.Size(), 2L);
+    QCOMPARE(buffer.GetC(), int{'b'});
+}
+
+void TestCBuffer::claimedSizesAreClamped_data()
+{
+    QTest::addColumn<long>("claimed");
+    QTest::addColumn<long>("size");
+    constexpr long largest = std::numeric_limits<qint32>::max();
+    QTest::newRow("negative") << -5L << 0L;
+    QTest::newRow("smallest") << std::numeric_limits<long>::min() << 0L;
+    QTest::newRow("largest that there is") << largest << largest;
+    QTest::newRow("one more") << largest + 1 << largest;
+    QTest::newRow("a multiple of 4 GB") << (1L << 32) + 5 << largest;
+}
+
+void TestCBuffer::claimedSizesAreClamped()
+{
+    QFETCH(long, claimed);
+    CBuffer buffer;
+    buffer.OpenMemory("abc", claimed, CBuffer::Read_Mode);
+    QTEST(buffer.Size(), "size");
+    buffer.OpenMemory(nullptr, claimed, CBuffer::Read_Mode);
+    QCOMPARE(buffer.Size(), 0L);
+    QCOMPARE(buffer.GetC(), -1);
 }
 
 void TestCBuffer::writesUntilTheEnd()
@@ -207,15 +297,15 @@ void TestCBuffer::bytesBeforeThePositionCanBeFetchedAndChanged()
     QCOMPARE(memory, "Xbcd");
 }
 
-// They may be constants.
-void TestCBuffer::borrowedBytesAreNotChangedInReadMode()
+void TestCBuffer::borrowedBytesCanBeChangedInReadMode()
 {
     char memory[] = "abcd";
     CBuffer buffer;
     buffer.OpenMemory(memory, 4, CBuffer::Read_Mode);
     buffer.Seek(2, CBuffer::FromStart);
-    QVERIFY(!buffer.PutByteAt("X", 0));
-    QCOMPARE(memory, "abcd");
+    QVERIFY(buffer.PutByteAt("X", 1));
+    QVERIFY(!buffer.PutByteAt("X", 2));
+    QCOMPARE(memory, "aXcd");
 }
 
 void TestCBuffer::ownBytesCanBeChanged()
