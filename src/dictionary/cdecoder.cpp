@@ -18,7 +18,8 @@ bool CDecoder::Decompress(CFileHeader* header, CBuffer* input, CBuffer* output)
         _status = MemberStatus::TooLarge;
         return false;
     }
-    const long capacity = std::min(output->Size(), long{header->uncompressedSize()});
+    const long room = output->mode() == CBuffer::Write_Mode ? output->Size() : 0;
+    const long capacity = std::min(room, long{header->uncompressedSize()});
     teskel::OutputWindow window(output->data(), static_cast<unsigned>(capacity));
     _status = MemberStatus::Ok;
     bool isKnown = true;

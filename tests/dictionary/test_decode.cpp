@@ -2,10 +2,12 @@
 #include "dictionary/decode.h"
 #include "tests/dictionary/staticblock.h"
 #include "tests/support/arjmember.h"
+#include "tests/support/warningcapture.h"
 
 #include <QRegularExpression>
 #include <QTest>
 
+#include <limits>
 #include <memory>
 
 using namespace teskel;
@@ -82,6 +84,11 @@ private slots:
     void statusTellsWhy();
     void compressedSizeCountsDownToZero();
     void decoderCanBeUsedAgain();
+    void outputInReadModeIsNotWritten_data();
+    void outputInReadModeIsNotWritten();
+    void inputInWriteModeIsRead();
+    void inputOfItsOwnMemoryMayBeShorterThanClaimed();
+    void negativeSizesAreNoMember();
 };
 
 void TestDecode::unpacksLiterals()
@@ -339,11 +346,14 @@ void TestDecode::compressedSizeCountsDownToZero()
 
 void TestDecode::decoderCanBeUsedAgain()
 {
+    const QByteArray huffman = makeMember(1, eightBitLiterals(text), text);
+    const QByteArray badCodes = makeMember(1, QByteArray(40, '\xFF'), text);
+    const QByteArray fastest = literalMember(text);
+    const QByteArray tooLarge = headerFor(4, QByteArray(), 40000).header();
+    const QByteArray stored = makeMember(0, text, text);
     CDecoder decoder;
-    for (int i = 0; i < 3; ++i) {
-        const QByteArray good = makeMember(1, eightBitLiterals(text), text);
-        const QByteArray bad = makeMember(1, QByteArray(40, '\xFF'), text);
-        for (const QByteArray& member : {good, bad}) {
+    for (const QByteArray& bad : {badCodes, tooLarge, stored}) {
+        for (const QByteArray& member : {huffman, bad, fastest, bad, huffman, bad, bad}) {
             CBuffer input;
             input.OpenMemory(member.constData(), member.size(), CBuffer::Read_Mode);
             CFileHeader header(&input);
@@ -351,10 +361,94 @@ void TestDecode::decoderCanBeUsedAgain()
             CBuffer output;
             output.OpenMemory(target.data(), target.size(), CBuffer::Write_Mode);
             output.Seek(7, CBuffer::FromStart); // decoding begins at the start all the same
-            QCOMPARE(decoder.Decompress(&header, &input, &output), member == good);
-            QVERIFY((target == text) == (member == good));
+            QCOMPARE(decoder.Decompress(&header, &input, &output), member != bad);
+            QCOMPARE(decoder.status() == MemberStatus::Ok, member != bad);
+            QVERIFY((target == text) == (member != bad));
         }
     }
+}
+
+void TestDecode::outputInReadModeIsNotWritten_data()
+{
+    QTest::addColumn<QByteArray>("member");
+    QTest::addColumn<bool>("isOk");
+    QTest::newRow("method 1") << makeMember(1, eightBitLiterals(text), text) << false;
+    QTest::newRow("method 4") << literalMember(text) << false;
+    // The checksum of nothing holds: that is what was written.
+    QTest::newRow("checksum 0")
+        << headerFor(4, packLiterals(text), static_cast<int>(text.size())).header() +
+               packLiterals(text)
+        << true;
+}
+
+void TestDecode::outputInReadModeIsNotWritten()
+{
+    QFETCH(QByteArray, member);
+    CBuffer input;
+    input.OpenMemory(member.constData(), member.size(), CBuffer::Read_Mode);
+    CFileHeader header(&input);
+    QVERIFY(header.isValid());
+    QByteArray target(text.size(), '?');
+    CBuffer output;
+    output.OpenMemory(target.data(), target.size(), CBuffer::Read_Mode);
+    output.Seek(7, CBuffer::FromStart);
+    QTEST(CDecoder().Decompress(&header, &input, &output), "isOk");
+    QCOMPARE(target, QByteArray(text.size(), '?'));
+    QCOMPARE(output.Tell(), 0L);
+}
+
+// Packed bytes are fetched one by one, which both modes allow.
+void TestDecode::inputInWriteModeIsRead()
+{
+    for (QByteArray member : {makeMember(1, eightBitLiterals(text), text), literalMember(text)}) {
+        CBuffer source;
+        source.OpenMemory(member.constData(), member.size(), CBuffer::Read_Mode);
+        CFileHeader header(&source);
+        CBuffer input;
+        input.OpenMemory(member.data() + source.Tell(), member.size() - source.Tell(),
+                         CBuffer::Write_Mode);
+        QByteArray target(text.size(), '?');
+        CBuffer output;
+        output.OpenMemory(target.data(), target.size(), CBuffer::Write_Mode);
+        QVERIFY(CDecoder().Decompress(&header, &input, &output));
+        QCOMPARE(target, text);
+        QCOMPARE(input.Tell(), input.Size());
+    }
+}
+
+void TestDecode::inputOfItsOwnMemoryMayBeShorterThanClaimed()
+{
+    for (const quint8 method : {quint8{1}, quint8{4}}) {
+        const QByteArray packed = method == 4 ? packLiterals(text) : eightBitLiterals(text);
+        const QByteArray member = makeMember(method, packed, text).chopped(20);
+        CBuffer source;
+        source.OpenMemory(member.constData(), member.size(), CBuffer::Read_Mode);
+        CFileHeader header(&source);
+        CBuffer input;
+        const long size = source.Size() - source.Tell();
+        QVERIFY(input.Open(&source, size));
+        QByteArray target(text.size(), '?');
+        CBuffer output;
+        output.OpenMemory(target.data(), target.size(), CBuffer::Write_Mode);
+        const WarningCapture warnings; // of matches that the missing bytes make up
+        QVERIFY(!CDecoder().Decompress(&header, &input, &output));
+        QCOMPARE(target.left(30), text.left(30));
+        QCOMPARE(input.Size(), size);
+        QCOMPARE(input.Tell(), size);
+    }
+}
+
+void TestDecode::negativeSizesAreNoMember()
+{
+    QByteArray member = literalMember(text);
+    QByteArray target(text.size(), '?');
+    for (const long size : {-1L, std::numeric_limits<long>::min()}) {
+        const std::unique_ptr<void, FreeDeleter> block(DecompressBuffer(member.data(), size));
+        QVERIFY(!block);
+        QVERIFY(!DecompressBuffer(target.data(), target.size(), member.data(), size));
+        QVERIFY(!DecompressBuffer(target.data(), size, member.data(), member.size()));
+    }
+    QCOMPARE(target, QByteArray(text.size(), '?'));
 }
 
 QTEST_GUILESS_MAIN(TestDecode)
