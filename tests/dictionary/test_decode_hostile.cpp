@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+#include <limits>
+
 using namespace teskel;
 using namespace teskel::test;
 
@@ -64,6 +66,8 @@ class TestDecodeHostile : public QObject
 private slots:
     void damagedTables_data();
     void damagedTables();
+    void runOfZeroLengthsMayPassTheCount_data();
+    void runOfZeroLengthsMayPassTheCount();
     void blockOfNoCodesHas65536();
     void emptyBlocksForEverEndWithTheOutput();
     void codeOfNoBitsFillsTheOutput();
@@ -72,6 +76,8 @@ private slots:
     void unusedPositionCodeWithoutSymbolsIsHarmless();
     void lastMatchIsCutAtTheEndOfTheOutput_data();
     void lastMatchIsCutAtTheEndOfTheOutput();
+    void matchNearTheEndStaysWithinTheOutput_data();
+    void matchNearTheEndStaysWithinTheOutput();
     void matchBeforeTheStartWrapsAndWarns_data();
     void matchBeforeTheStartWrapsAndWarns();
     void wrappedMatchCanReadWhatWasWritten();
@@ -217,6 +223,36 @@ void TestDecodeHostile::damagedTables()
     }
 }
 
+void TestDecodeHostile::runOfZeroLengthsMayPassTheCount_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("zeros");
+    QTest::newRow("by none") << 258 << 20;
+    QTest::newRow("by one") << 257 << 20;
+    QTest::newRow("to the alphabet's end") << 239 << 272;
+}
+
+// The lengths beyond the count are zeros anyway.
+void TestDecodeHostile::runOfZeroLengthsMayPassTheCount()
+{
+    QFETCH(int, count);
+    QFETCH(int, zeros);
+    BitWriter bits;
+    bits.put(4, 16);
+    putSmallTable(bits, {0, 0, 1, 2, 2}, 3); // run: 0, one bit: 10, two bits: 11
+    bits.put(static_cast<quint32>(count), 9);
+    for (int i = 0; i < 4; ++i)
+        bits.put("11");
+    bits.put("0").put(214, 9); // 234 zeros: up to 238
+    bits.put("0").put(static_cast<quint32>(zeros - 20), 9);
+    putSingle(bits, 0, 5); // positions
+    for (const char* code : {"11", "10", "01", "00"})
+        bits.put(code);
+    const Outcome outcome = decode(1, bits.bytes(), 4);
+    QCOMPARE(outcome.output, QByteArray("\3\2\1\0", 4));
+    QCOMPARE(outcome.status, MemberStatus::BadChecksum); // the header's is 0
+}
+
 void TestDecodeHostile::blockOfNoCodesHas65536()
 {
     const Outcome outcome = decode(1, blockOf(0).bytes(), 32767);
@@ -337,6 +373,38 @@ void TestDecodeHostile::lastMatchIsCutAtTheEndOfTheOutput()
     QVERIFY(fastest.isGuardWhole);
 }
 
+void TestDecodeHostile::matchNearTheEndStaysWithinTheOutput_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::addColumn<int>("room");
+    for (const int length : {3, 7, 8, 9, 15, 16, 17, 24, 25}) {
+        for (int room = 0; room <= 17; ++room)
+            QTest::addRow("match of %d, %d bytes left", length, room) << length << room;
+    }
+}
+
+// A match may be copied in larger pieces than itself, but not past the end.
+void TestDecodeHostile::matchNearTheEndStaysWithinTheOutput()
+{
+    QFETCH(int, length);
+    QFETCH(int, room);
+    QByteArray expected = "abcdefghijklmnopqrst";
+    StaticBlock block(fullCharacters, fullPositions);
+    for (const char byte : expected)
+        block.literal(static_cast<quint8>(byte));
+    block.match(length, 20);
+    for (int i = 0; i < length; ++i)
+        expected += expected.at(i);
+    for (int i = 0; i < room; ++i)
+        block.literal('z');
+    expected += QByteArray(room, 'z');
+    BitWriter packed;
+    block.writeTo(packed);
+    const Outcome outcome = decode(1, packed.bytes(), static_cast<int>(expected.size()));
+    QCOMPARE(outcome.output, expected);
+    QVERIFY(outcome.isGuardWhole);
+}
+
 void TestDecodeHostile::matchBeforeTheStartWrapsAndWarns_data()
 {
     QTest::addColumn<int>("method");
@@ -395,6 +463,11 @@ void TestDecodeHostile::headerThatClaimsMuchTakesNoMemory()
     QCOMPARE(decodeMember(bytes.constData(), static_cast<std::size_t>(bytes.size()), block),
              MemberStatus::TooLarge);
     QVERIFY(!DecompressBuffer(bytes.data(), bytes.size()));
+    // Were the memory asked for, the answer would be that there is none.
+    constexpr std::size_t moreThanThereIs = std::numeric_limits<std::size_t>::max() / 4;
+    QCOMPARE(decodeMember(bytes.constData(), static_cast<std::size_t>(bytes.size()), block,
+                          moreThanThereIs),
+             MemberStatus::TooLarge);
 }
 
 void TestDecodeHostile::headerThatClaimsMoreInputThanThereIs()
