@@ -102,6 +102,8 @@ private:
     /// Unpacks a database record afresh; null when it cannot be read or is damaged, which is
     /// remembered.
     std::unique_ptr<teskel::TextRecord> decompressRecord(int index);
+    /// The headword at an iterator's position, which should be valid; null when there is none.
+    const char* getWordOf(QtDictionaryIterator& iterator);
     const teskel::TextRecord* cachedRecord(int index);
     const teskel::TextRecord* cachedWordRecord(unsigned short recordIndex);
 

@@ -1,13 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dictionary/qtdictionary.h"
 
-#include "base/assertion.h"
-
-namespace
-{
-constexpr auto unit = "qtdictionary.cpp";
-} // namespace
-
 bool QtDictionary::QtDictionaryIterator::isValid(CursorPosition position)
 {
     const auto [recordNumber, wordNumber] = position.compoundPosition;
@@ -31,10 +24,7 @@ CursorPosition QtDictionary::QtDictionaryIterator::begin()
 
 const char* QtDictionary::QtDictionaryIterator::getWord()
 {
-    TESKEL_ASSERT(isValid(_position), "isValid(_position)", unit);
-    const auto [recordNumber, wordNumber] = _position.compoundPosition;
-    const teskel::TextRecord* record = _dictionary->cachedWordRecord(recordNumber);
-    return record && wordNumber < record->count() ? record->word(wordNumber) : nullptr;
+    return _dictionary->getWordOf(*this);
 }
 
 CursorPosition QtDictionary::QtDictionaryIterator::move(CursorPosition position, int delta)
