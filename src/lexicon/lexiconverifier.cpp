@@ -15,6 +15,13 @@ namespace
 constexpr unsigned indexRecord = 0;
 constexpr unsigned descriptionRecord = 2;
 
+/// Whether a reader needs the record: 1, 3 and 4 have no use.
+bool isRead(unsigned number)
+{
+    return number == indexRecord || number == descriptionRecord ||
+           number >= limits::firstWordRecord;
+}
+
 std::string recordName(unsigned number)
 {
     return "record " + std::to_string(number);
@@ -81,16 +88,18 @@ bool LexiconVerifier::checkOffsets()
         if (offset < earliest)
             report("offsets", recordName(i) + " begins at " + std::to_string(offset) +
                                   ", before the end of what stands in front of it");
-        else if (offset >= _file.size())
+        else if (offset > _file.size())
             report("offsets", recordName(i) + " begins at " + std::to_string(offset) +
                                   ", the file ends at " + std::to_string(_file.size()));
         if (!_findings.empty())
             return false;
-        earliest = offset + 1;
+        earliest = offset;
     }
     for (unsigned i = 0; i < _file.recordCount(); ++i) {
         const uint64_t size = _file.endOf(i) - _file.offsets()[i];
-        if (size > limits::packedBytes)
+        if (size == 0 && isRead(i))
+            report("offsets", recordName(i) + " has no bytes");
+        else if (size > limits::packedBytes)
             report("offsets", recordName(i) + " has " + std::to_string(size) +
                                   " bytes, the reader takes none above 67,108,864");
     }

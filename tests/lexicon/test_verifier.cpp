@@ -18,6 +18,8 @@ class TestVerifier : public QObject
 private slots:
     void soundFileIsValid();
     void fileWithoutWordsIsValid();
+    void recordThatIsNotReadMayBeEmpty_data();
+    void recordThatIsNotReadMayBeEmpty();
     void damage_data();
     void damage();
     void giantRecordIsDamage();
@@ -69,6 +71,24 @@ QByteArray withSecondRecord(const QByteArray& text)
         .build();
 }
 
+// Two word records; those of the given numbers have no bytes.
+QByteArray withEmptyRecords(const QList<int>& numbers)
+{
+    QByteArrayList records = {QByteArray("ant\0bee\0\0", 9),
+                              "-",
+                              literalMember(QByteArray("Test\0", 5)),
+                              "-",
+                              "-",
+                              literalMember(DictionaryWriter::recordText({{"ant", "Ameise"}})),
+                              literalMember(DictionaryWriter::recordText({{"bee", "Biene"}}))};
+    for (const int number : numbers)
+        records[number].clear();
+    PalmWriter writer;
+    for (const QByteArray& record : records)
+        writer.addRecord(record);
+    return writer.build();
+}
+
 QByteArray withDescription(const QByteArray& text)
 {
     PalmWriter writer;
@@ -106,6 +126,24 @@ void TestVerifier::fileWithoutWordsIsValid()
     QCOMPARE(findingsOf(withDescription(QByteArray("x\0", 2))), QStringList());
 }
 
+void TestVerifier::recordThatIsNotReadMayBeEmpty_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("none") << withEmptyRecords({});
+    QTest::newRow("record 1") << withEmptyRecords({1});
+    QTest::newRow("record 3") << withEmptyRecords({3});
+    QTest::newRow("record 4") << withEmptyRecords({4});
+    QTest::newRow("all three") << withEmptyRecords({1, 3, 4});
+    QTest::newRow("record 4, where the file ends")
+        << withDescription(QByteArray("x\0", 2)).chopped(1);
+}
+
+void TestVerifier::recordThatIsNotReadMayBeEmpty()
+{
+    QFETCH(QByteArray, bytes);
+    QCOMPARE(findingsOf(bytes), QStringList());
+}
+
 void TestVerifier::damage_data()
 {
     QTest::addColumn<QByteArray>("bytes");
@@ -133,6 +171,15 @@ void TestVerifier::damage_data()
         {"offsets: record 3 begins at 140, before the end of what stands in front of it"});
     row("offset behind the file", sound().container().claimOffset(6, 9999).build(),
         {qPrintable(QStringLiteral("offsets: record 6 begins at 9999, the file ends at %1")
+                        .arg(good.size()))});
+    row("no bytes in the index", withEmptyRecords({0}), {"offsets: record 0 has no bytes"});
+    row("no bytes in the description", withEmptyRecords({1, 2, 3}),
+        {"offsets: record 2 has no bytes"});
+    row("no bytes in a word record", withEmptyRecords({4, 5}), {"offsets: record 5 has no bytes"});
+    row("no bytes in the last word records", withEmptyRecords({5, 6}),
+        {"offsets: record 5 has no bytes", "offsets: record 6 has no bytes"});
+    row("record that is not read behind the file", sound().container().claimOffset(3, 9999).build(),
+        {qPrintable(QStringLiteral("offsets: record 3 begins at 9999, the file ends at %1")
                         .arg(good.size()))});
     row("cut in the last record", good.left(good.size() - 3),
         {"unpack: record 6 does not unpack: its bytes do not match their checksum"});
