@@ -55,7 +55,7 @@ Config::Config(const QString& name, Domain domain)
     }
     if (domain == User) {
         read(handheldFileName(name));
-        _changed = !_groups.isEmpty();
+        _changed = !_text.isEmpty();
     }
 }
 
@@ -78,45 +78,34 @@ bool Config::read(const QString& path)
     const QByteArray text = file.read(LARGEST_FILE);
     if (file.error() != QFileDevice::NoError)
         return false;
-    _groups = teskel::parseConfig(text);
+    _text = teskel::ConfigText(text);
     return true;
 }
 
 void Config::setGroup(const QString& group)
 {
-    _group = teskel::configGroupName(group);
-    if (_groups.contains(*_group))
+    _group = teskel::ConfigText::groupName(group);
+    if (_text.hasGroup(*_group))
         return;
-    _groups.insert(*_group, {});
+    _text.addGroup(*_group);
     _changed = true;
 }
 
-const teskel::ConfigGroup* Config::group() const
+bool Config::hasSelectedGroup() const
 {
     if (!_group)
-        return nullptr;
-    const auto found = _groups.constFind(*_group);
-    return found == _groups.cend() ? nullptr : &*found;
-}
-
-teskel::ConfigGroup* Config::groupToChange()
-{
-    if (_group)
-        return &_groups[*_group];
-    qWarning("Config: no group is selected in %s", qPrintable(_fileName));
-    return nullptr;
+        qWarning("Config: no group is selected in %s", qPrintable(_fileName));
+    return _group.has_value();
 }
 
 bool Config::hasKey(const QString& key) const
 {
-    const teskel::ConfigGroup* entries = group();
-    return entries != nullptr && entries->contains(teskel::configKey(key));
+    return _group && _text.value(*_group, teskel::ConfigText::keyName(key));
 }
 
 QString Config::readEntry(const QString& key, const QString& def) const
 {
-    const teskel::ConfigGroup* entries = group();
-    return entries == nullptr ? def : entries->value(teskel::configKey(key), def);
+    return _group ? _text.value(*_group, teskel::ConfigText::keyName(key)).value_or(def) : def;
 }
 
 int Config::readNumEntry(const QString& key, int def) const
@@ -132,16 +121,9 @@ bool Config::readBoolEntry(const QString& key, bool def) const
 
 void Config::writeEntry(const QString& key, const QString& value)
 {
-    teskel::ConfigGroup* entries = groupToChange();
-    if (entries == nullptr)
-        return;
-    const QString name = teskel::configKey(key);
-    const QString text = teskel::configValue(value);
-    const auto found = entries->constFind(name);
-    if (found != entries->cend() && *found == text)
-        return;
-    entries->insert(name, text);
-    _changed = true;
+    if (hasSelectedGroup() && _text.setValue(*_group, teskel::ConfigText::keyName(key),
+                                             teskel::ConfigText::valueText(value)))
+        _changed = true;
 }
 
 void Config::writeEntry(const QString& key, int value)
@@ -156,18 +138,14 @@ void Config::writeEntry(const QString& key, bool value)
 
 void Config::removeEntry(const QString& key)
 {
-    teskel::ConfigGroup* entries = groupToChange();
-    if (entries != nullptr && entries->remove(teskel::configKey(key)) > 0)
+    if (hasSelectedGroup() && _text.removeKey(*_group, teskel::ConfigText::keyName(key)))
         _changed = true;
 }
 
 void Config::clearGroup()
 {
-    teskel::ConfigGroup* entries = groupToChange();
-    if (entries == nullptr || entries->isEmpty())
-        return;
-    entries->clear();
-    _changed = true;
+    if (hasSelectedGroup() && _text.clearGroup(*_group))
+        _changed = true;
 }
 
 bool Config::write()
@@ -175,7 +153,7 @@ bool Config::write()
     if (!_changed)
         return true;
 
-    const QByteArray text = teskel::formatConfig(_groups);
+    const QByteArray text = _text.toUtf8();
     QSaveFile file(_fileName);
     if (_replaceable && makeDirectory(QFileInfo(_fileName).absolutePath()) &&
         file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit()) {

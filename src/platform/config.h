@@ -11,9 +11,10 @@
 /// The file is UTF-8: `[group]` lines, each followed by `key = value` lines. There is no escaping,
 /// so line feeds in names and values become blanks and blanks around keys and values are cut; what
 /// is read back from this object before it is written is what a later object reads from the file.
-/// A missing, unreadable, binary or oversized file counts as empty; one that could not be read, for
-/// whatever cause, is never replaced, since it may hold settings. Several objects on one file are
-/// not locked against each other: keep an object for one operation only.
+/// Whatever else stands in the file, such as comments, means nothing and stays
+/// (teskel::ConfigText). A missing, unreadable or oversized file counts as empty; one that could
+/// not be read, for whatever cause, is never replaced, since it may hold settings. Several objects
+/// on one file are not locked against each other: keep an object for one operation only.
 class Config
 {
 public:
@@ -54,21 +55,20 @@ public:
 
     /// Replaces the file at once, atomically, if anything changed. Creates its directory.
     /// @return false when it was not or could not be written; that prints one warning for each
-    /// file, not one
-    ///         for each attempt
+    ///         file, not one for each attempt
     bool write();
 
     /// Path of the file that write() replaces.
     QString fileName() const { return _fileName; }
 
 private:
-    /// Takes the groups from the file; false when it exists but cannot be read.
+    /// Takes the text from the file; false when it exists but cannot be read.
     bool read(const QString& path);
-    const teskel::ConfigGroup* group() const;
-    teskel::ConfigGroup* groupToChange();
+    /// Whether there is a selected group to change; warns when there is none.
+    bool hasSelectedGroup() const;
 
     QString _fileName;
-    teskel::ConfigGroups _groups;
+    teskel::ConfigText _text;
     std::optional<QString> _group;
     bool _changed = false;
     bool _replaceable = true;

@@ -2,31 +2,76 @@
 #pragma once
 
 #include <QByteArray>
-#include <QMap>
+#include <QList>
 #include <QString>
+#include <optional>
 
-/// The text form of a settings file.
 namespace teskel
 {
 
-using ConfigGroup = QMap<QString, QString>;
-using ConfigGroups = QMap<QString, ConfigGroup>;
+/// The text of a settings file, which keeps every line that it was not asked to change.
+///
+/// The text is UTF-8: `[group]` lines, each followed by `key = value` lines. Blank lines, comments
+/// (first character "#" or ";"), lines of neither form, keys in front of the first group, and keys
+/// behind a line that begins like a group but is none, mean nothing and stay where they are. So do
+/// a byte-order mark, carriage returns, and bytes that are no UTF-8; only the line of a value that
+/// changes is written anew. A group met again goes on with its keys, a key met again replaces the
+/// earlier value; both lines stay.
+///
+/// New groups and keys go where they belong in sorted order, so a file that nobody edits is a
+/// sorted one. What stands between two groups stays in front of the second.
+class ConfigText
+{
+public:
+    ConfigText() = default;
+    explicit ConfigText(const QByteArray& text);
 
-/// Reads `text` (UTF-8). A text that does not begin with "[" is empty; reading ends at the first
-/// line that is neither a group nor a key; a group or key met again replaces the earlier value.
-ConfigGroups parseConfig(const QByteArray& text);
+    bool isEmpty() const { return _lines.isEmpty(); }
+    /// The whole text. A last line that had no line feed has got one.
+    QByteArray toUtf8() const;
 
-/// Writes the groups and their keys in sorted order, as UTF-8. Names and values must have passed
-/// through the functions below.
-QByteArray formatConfig(const ConfigGroups& groups);
+    bool hasGroup(const QString& group) const;
+    void addGroup(const QString& group);
 
-/// `name` as it can stand between brackets on one line.
-QString configGroupName(QString name);
+    std::optional<QString> value(const QString& group, const QString& key) const;
+    /// Adds the group when it is missing. Returns false when nothing had to be changed.
+    bool setValue(const QString& group, const QString& key, const QString& value);
+    /// Removes every line of the key. Returns false when there was none.
+    bool removeKey(const QString& group, const QString& key);
+    /// Removes every key of the group; the group stays. Returns false when there was none.
+    bool clearGroup(const QString& group);
 
-/// `key` as it can stand before an equals sign without passing for a group.
-QString configKey(QString key);
+    // Names and values have no escapes, so what cannot stand in a line is replaced. Everything
+    // above takes only what has passed through these.
 
-/// `value` as it can stand after an equals sign.
-QString configValue(QString value);
+    /// `name` as it can stand between brackets on one line.
+    static QString groupName(QString name);
+    /// `key` as it can stand before an equals sign without passing for a group or a comment.
+    static QString keyName(QString key);
+    /// `value` as it can stand after an equals sign.
+    static QString valueText(QString value);
+
+private:
+    struct Line {
+        enum Kind { Group, Entry, Other };
+
+        Kind kind = Other;
+        QByteArray bytes; ///< with the line break; for `Other` any number of lines
+        QString group;    ///< its own name, or that of the group that an entry is in
+        QString key;
+        QString value;
+    };
+
+    void append(const QByteArray& bytes, std::optional<QString>& group);
+    qsizetype lastIndexOf(Line::Kind kind, const QString& group, const QString& key) const;
+    qsizetype placeOfGroup(const QString& group) const;
+    qsizetype placeOfKey(const QString& group, const QString& key) const;
+    Line groupLine(const QString& group) const;
+    Line entryLine(const QString& group, const QString& key, const QString& value) const;
+
+    QByteArray _mark; ///< the byte-order mark, if the text has one
+    QByteArray _lineBreak = QByteArrayLiteral("\n");
+    QList<Line> _lines;
+};
 
 } // namespace teskel

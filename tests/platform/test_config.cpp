@@ -20,6 +20,15 @@ private slots:
     void writesSortedGroupsAndKeys();
     void parsing_data();
     void parsing();
+    void linesOfOtherFormsStay_data();
+    void linesOfOtherFormsStay();
+    void newGroupsGoWhereTheySort_data();
+    void newGroupsGoWhereTheySort();
+    void newKeysGoWhereTheySort_data();
+    void newKeysGoWhereTheySort();
+    void removingLeavesWhatIsNoKey();
+    void keyMetAgainIsRemovedEverywhere();
+    void settingsOfAnEditedFileAreRead();
     void hostileTextsComeBack_data();
     void hostileTextsComeBack();
     void hostileTextsLeaveOtherGroupsAlone();
@@ -139,12 +148,20 @@ void ConfigTest::parsing_data()
     QTest::newRow("second equals sign") << QByteArray("[g]\nk = a = b\n") << u"a = b"_qs;
     QTest::newRow("key met again") << QByteArray("[g]\nk = a\nk = v\n") << u"v"_qs;
     QTest::newRow("group met again") << QByteArray("[g]\nk = a\n[h]\n[g]\nk = v\n") << u"v"_qs;
-    QTest::newRow("reading ends at a bad line")
-        << QByteArray("[g]\nk = v\nbad\nk = w\n") << u"v"_qs;
-    QTest::newRow("bad line first") << QByteArray("[g]\n# comment\nk = v\n") << u"(none)"_qs;
-    QTest::newRow("not a group first") << QByteArray("k = v\n[g]\nk = v\n") << u"(none)"_qs;
+    QTest::newRow("bad line") << QByteArray("[g]\nk = w\nbad\nk = v\n") << u"v"_qs;
+    QTest::newRow("comment") << QByteArray("# head\n[g]\n# comment\nk = v\n; end\n") << u"v"_qs;
+    QTest::newRow("key in a comment") << QByteArray("[g]\nk = v\n#k = w\n;k = w\n") << u"v"_qs;
+    QTest::newRow("key in front of the groups") << QByteArray("k = w\n[h]\n[g]\nk=v") << u"v"_qs;
+    QTest::newRow("key of no group") << QByteArray("k = w\n[g]\n") << u"(none)"_qs;
     QTest::newRow("unclosed group") << QByteArray("[g\nk = v\n") << u"(none)"_qs;
-    QTest::newRow("lone bracket") << QByteArray("[\n[g]\nk = v\n") << u"(none)"_qs;
+    QTest::newRow("unclosed group in a group") << QByteArray("[g]\nk = v\n[h\nk = w\n") << u"v"_qs;
+    QTest::newRow("unclosed group in front") << QByteArray("[h\n[g]\nk = v\n") << u"v"_qs;
+    QTest::newRow("lone bracket") << QByteArray("[\n[g]\nk = v\n") << u"v"_qs;
+    QTest::newRow("comment behind a group") << QByteArray("[g]\n[h] # x\nk = w\n") << u"(none)"_qs;
+    QTest::newRow("byte-order mark") << QByteArray("\xEF\xBB\xBF[g]\nk = v\n") << u"v"_qs;
+    QTest::newRow("bytes that are no UTF-8")
+        << QByteArray("\xFF\xFE\n[\xE4]\n\xE4 = \xE4\n[g]\n\xE4\nk = v\n") << u"v"_qs;
+    QTest::newRow("no UTF-8 in the value") << QByteArray("[g]\nk = a\xE4z\n") << u"a\uFFFDz"_qs;
     QTest::newRow("equals sign in a group") << QByteArray("[a=b]\nk = w\n[g]\nk = v\n") << u"v"_qs;
 }
 
@@ -155,6 +172,158 @@ void ConfigTest::parsing()
     Config config(path(u"a.conf"_qs), Config::File);
     config.setGroup(u"g"_qs);
     QTEST(config.readEntry(u"k"_qs, u"(none)"_qs), "value");
+}
+
+void ConfigTest::linesOfOtherFormsStay_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("written"); // after "new" was written to the key "k" of "g"
+    const auto row = [](const char* name, const QByteArray& before, const QByteArray& after) {
+        QTest::newRow(name) << before << after;
+    };
+    row("bad line", "[a]\nbad\nx = 1\n[g]\nk = v\nbad\n[z]\ny = 2\n",
+        "[a]\nbad\nx = 1\n[g]\nk = new\nbad\n[z]\ny = 2\n");
+    row("comments", "# mine\n\n[g] \n; of k\nk = v\n#j = 1\n# end",
+        "# mine\n\n[g] \n; of k\nk = new\n#j = 1\n# end\n");
+    row("byte-order mark", "\xEF\xBB\xBF[g]\nk = v\n", "\xEF\xBB\xBF[g]\nk = new\n");
+    row("byte-order mark in front of a new group", "\xEF\xBB\xBF[h]\nk = v\n",
+        "\xEF\xBB\xBF[g]\nk = new\n[h]\nk = v\n");
+    row("only a byte-order mark", "\xEF\xBB\xBF", "\xEF\xBB\xBF[g]\nk = new\n");
+    row("byte-order mark inside", "[a]\n\xEF\xBB\xBF[g]\nk = v\n",
+        "[a]\n\xEF\xBB\xBF[g]\nk = new\n");
+    row("carriage returns", "[g]\r\nk = v\r\nl = w\r\n", "[g]\r\nk = new\r\nl = w\r\n");
+    row("carriage returns and a new group", "[a]\r\nx = 1", "[a]\r\nx = 1\r\n[g]\r\nk = new\r\n");
+    row("carriage returns only", "[g]\rk = v\r", "[g]\rk = v\r\n[g]\nk = new\n");
+    row("no last line feed", "[g]\nk = v", "[g]\nk = new\n");
+    row("no last line feed and a new group", "[a]\nx = 1", "[a]\nx = 1\n[g]\nk = new\n");
+    row("unsorted", "[z]\ny = 2\nx=1\n[g]\nl = w\nk = v\n[a]\n",
+        "[z]\ny = 2\nx=1\n[g]\nl = w\nk = new\n[a]\n");
+    row("other shapes of keys", "[g]\n  i=1\n\tj  =  2 \nk=v\n",
+        "[g]\n  i=1\n\tj  =  2 \nk = new\n");
+    row("key met again", "[g]\nk = u\nk = v\n", "[g]\nk = u\nk = new\n");
+    row("group met again", "[g]\nk = v\n[h]\n[g]\nl = w\n", "[g]\nk = new\n[h]\n[g]\nl = w\n");
+    row("new key of a group met again", "[g]\ni = v\n[h]\n[g]\n",
+        "[g]\ni = v\n[h]\n[g]\nk = new\n");
+    row("key in front of the groups", "k = v\n[h]\n", "k = v\n[g]\nk = new\n[h]\n");
+    row("key in front of no group", "k = v\n", "k = v\n[g]\nk = new\n");
+    row("unclosed group", "[g]\n[h\nk = v\n", "[g]\nk = new\n[h\nk = v\n");
+    row("unclosed group at the end", "[a]\nx = 1\n[h\nk = v",
+        "[a]\nx = 1\n[h\nk = v\n[g]\nk = new\n");
+    row("bytes that are no UTF-8", "\xFF\xFE\n[\xE4]\n\xE4 = \xE4\n[g]\nk = \xE4\nl = \xE4\n",
+        "\xFF\xFE\n[\xE4]\n\xE4 = \xE4\n[g]\nk = new\nl = \xE4\n");
+    row("NUL bytes", QByteArray("\0\0\n[g]\nk = v\n\0", 14),
+        QByteArray("\0\0\n[g]\nk = new\n\0\n", 17));
+}
+
+void ConfigTest::linesOfOtherFormsStay()
+{
+    QFETCH(QByteArray, text);
+    store(u"a.conf"_qs, text);
+    {
+        Config config(path(u"a.conf"_qs), Config::File);
+        config.setGroup(u"g"_qs);
+        config.writeEntry(u"k"_qs, u"new"_qs);
+        QCOMPARE(config.readEntry(u"k"_qs), u"new"_qs);
+    }
+    QTEST(stored(u"a.conf"_qs), "written");
+    Config config(path(u"a.conf"_qs), Config::File);
+    config.setGroup(u"g"_qs);
+    QCOMPARE(config.readEntry(u"k"_qs), u"new"_qs);
+}
+
+void ConfigTest::newGroupsGoWhereTheySort_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("written"); // after the group "g" was selected
+    QTest::newRow("first") << QByteArray("[h]\n[i]\n") << QByteArray("[g]\n[h]\n[i]\n");
+    QTest::newRow("between") << QByteArray("[a]\n[h]\n") << QByteArray("[a]\n[g]\n[h]\n");
+    QTest::newRow("last") << QByteArray("[a]\n[f]\n") << QByteArray("[a]\n[f]\n[g]\n");
+    QTest::newRow("unsorted") << QByteArray("[z]\n[a]\n") << QByteArray("[g]\n[z]\n[a]\n");
+    QTest::newRow("the head of the file stays its head")
+        << QByteArray("# mine\n\n[h]\n") << QByteArray("# mine\n\n[g]\n[h]\n");
+    QTest::newRow("a comment stays with the group behind it")
+        << QByteArray("[a]\nx = 1\n\n# of h\n[h]\n")
+        << QByteArray("[a]\nx = 1\n[g]\n\n# of h\n[h]\n");
+    QTest::newRow("a comment at the end stays with the group in front")
+        << QByteArray("[a]\nx = 1\n# of x\n") << QByteArray("[a]\nx = 1\n# of x\n[g]\n");
+}
+
+void ConfigTest::newGroupsGoWhereTheySort()
+{
+    QFETCH(QByteArray, text);
+    store(u"a.conf"_qs, text);
+    {
+        Config config(path(u"a.conf"_qs), Config::File);
+        config.setGroup(u"g"_qs);
+    }
+    QTEST(stored(u"a.conf"_qs), "written");
+}
+
+void ConfigTest::newKeysGoWhereTheySort_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("written"); // after the key "k" was written to "g"
+    QTest::newRow("empty group") << QByteArray("[g]\n[h]\n") << QByteArray("[g]\nk = v\n[h]\n");
+    QTest::newRow("first") << QByteArray("[g]\nl = 1\n") << QByteArray("[g]\nk = v\nl = 1\n");
+    QTest::newRow("between") << QByteArray("[g]\na = 1\nl = 1\n")
+                             << QByteArray("[g]\na = 1\nk = v\nl = 1\n");
+    QTest::newRow("last") << QByteArray("[g]\na = 1\n[h]\nb = 1\n")
+                          << QByteArray("[g]\na = 1\nk = v\n[h]\nb = 1\n");
+    QTest::newRow("a comment stays with the key behind it")
+        << QByteArray("[g]\na = 1\n# of l\nl = 1\n")
+        << QByteArray("[g]\na = 1\nk = v\n# of l\nl = 1\n");
+}
+
+void ConfigTest::newKeysGoWhereTheySort()
+{
+    QFETCH(QByteArray, text);
+    store(u"a.conf"_qs, text);
+    {
+        Config config(path(u"a.conf"_qs), Config::File);
+        config.setGroup(u"g"_qs);
+        config.writeEntry(u"k"_qs, u"v"_qs);
+    }
+    QTEST(stored(u"a.conf"_qs), "written");
+}
+
+void ConfigTest::removingLeavesWhatIsNoKey()
+{
+    store(u"a.conf"_qs, "# head\n[a]\n# of k\nk = 1\nbad\nl = 2\n[b]\n;k = 3\nk = 4\n");
+    {
+        Config config(path(u"a.conf"_qs), Config::File);
+        config.setGroup(u"a"_qs);
+        config.removeEntry(u"k"_qs);
+        config.setGroup(u"b"_qs);
+        config.clearGroup();
+    }
+    QCOMPARE(stored(u"a.conf"_qs), QByteArray("# head\n[a]\n# of k\nbad\nl = 2\n[b]\n;k = 3\n"));
+}
+
+void ConfigTest::keyMetAgainIsRemovedEverywhere()
+{
+    store(u"a.conf"_qs, "[a]\nk = 1\nk = 2\n[b]\nk = 3\n[a]\nk = 4\n");
+    {
+        Config config(path(u"a.conf"_qs), Config::File);
+        config.setGroup(u"a"_qs);
+        config.removeEntry(u"k"_qs);
+        QVERIFY(!config.hasKey(u"k"_qs));
+    }
+    QCOMPARE(stored(u"a.conf"_qs), QByteArray("[a]\n[b]\nk = 3\n[a]\n"));
+}
+
+/// As an editor of another system leaves it.
+void ConfigTest::settingsOfAnEditedFileAreRead()
+{
+    store(u"a.conf"_qs,
+          "\xEF\xBB\xBF; my settings\r\n[ViewPreferences]\r\n# was 1\r\nPanelView=0\r\n"
+          "whatever\r\n\r\n[MRU List]\r\nList0=word\r\n[/a/Eng2Ger.PDB]\r\nFontSize=9");
+    Config config(path(u"a.conf"_qs), Config::File);
+    config.setGroup(u"ViewPreferences"_qs);
+    QCOMPARE(config.readNumEntry(u"PanelView"_qs, 1), 0);
+    config.setGroup(u"MRU List"_qs);
+    QCOMPARE(config.readEntry(u"List0"_qs), u"word"_qs);
+    config.setGroup(u"/a/Eng2Ger.PDB"_qs);
+    QCOMPARE(config.readNumEntry(u"FontSize"_qs), 9);
 }
 
 void ConfigTest::hostileTextsComeBack_data()
@@ -174,6 +343,11 @@ void ConfigTest::hostileTextsComeBack_data()
     QTest::newRow("key like a group") << u"g"_qs << u"[k"_qs << u"v]"_qs << u"v]"_qs;
     QTest::newRow("equals sign in the key") << u"g"_qs << u"a=b"_qs << u"v"_qs << u"v"_qs;
     QTest::newRow("line feed in the key") << u"g"_qs << u"a\n[h]"_qs << u"v"_qs << u"v"_qs;
+    QTest::newRow("key like a comment") << u"g"_qs << u"#k"_qs << u"v"_qs << u"v"_qs;
+    QTest::newRow("key like another comment") << u"g"_qs << u" ;k"_qs << u"v"_qs << u"v"_qs;
+    QTest::newRow("byte-order mark in the key") << u"g"_qs << u"\uFEFFk"_qs << u"v"_qs << u"v"_qs;
+    QTest::newRow("byte-order mark in the group")
+        << u"\uFEFFg"_qs << u"k"_qs << u"\uFEFFv"_qs << u"\uFEFFv"_qs;
     QTest::newRow("empty key") << u"g"_qs << QString() << u"v"_qs << u"v"_qs;
     QTest::newRow("carriage return") << u"g"_qs << u"k"_qs << u"a\rb"_qs << u"a\rb"_qs;
     QTest::newRow("NUL") << u"g"_qs << u"k"_qs << QString(u"a\0b"_qs) << QString(u"a\0b"_qs);
