@@ -7,6 +7,11 @@
 #include <QSaveFile>
 #include <QSet>
 
+#include <cerrno>
+#include <cstring>
+
+#include <unistd.h>
+
 namespace
 {
 
@@ -35,6 +40,47 @@ bool makeDirectory(const QString& path)
     return QDir().mkpath(parent.path()) &&
            parent.mkdir(directory.fileName(),
                         QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+}
+
+// A disk that fills up takes a part of the bytes first, and says why only when asked for the rest.
+bool writeAll(QFileDevice& file, const QByteArray& text)
+{
+    for (qint64 done = 0; done < text.size();) {
+        const qint64 written = file.write(text.constData() + done, text.size() - done);
+        if (written <= 0)
+            return false;
+        done += written;
+    }
+    return true;
+}
+
+// Returns why `file` cannot be made to last, or nothing.
+QString makeLasting(const QFileDevice& file)
+{
+    int result = 0;
+    do {
+        result = ::fsync(file.handle());
+    } while (result != 0 && errno == EINTR);
+    // Some file systems know no such thing.
+    return result == 0 || errno == EINVAL ? QString()
+                                          : QString::fromLocal8Bit(std::strerror(errno));
+}
+
+// Puts `text` in the place of the file `path`, or leaves that as it is and returns why.
+//
+// QSaveFile::commit() takes no notice of bytes that could not be flushed or synchronised, it would
+// put an empty file in place of the settings when the disk is full. So everything is on the disk
+// before it is called.
+QString replaceFile(const QString& path, const QByteArray& text)
+{
+    if (!makeDirectory(QFileInfo(path).absolutePath()))
+        return QStringLiteral("the directory cannot be made");
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, text))
+        return file.errorString();
+    if (QString reason = makeLasting(file); !reason.isEmpty())
+        return reason;
+    return file.commit() ? QString() : file.errorString();
 }
 
 // The settings are written several times in a session; one complaint about a file is enough.
@@ -153,17 +199,17 @@ bool Config::write()
     if (!_changed)
         return true;
 
-    const QByteArray text = _text.toUtf8();
-    QSaveFile file(_fileName);
-    if (_replaceable && makeDirectory(QFileInfo(_fileName).absolutePath()) &&
-        file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit()) {
+    const QString reason = _replaceable ? replaceFile(_fileName, _text.toUtf8())
+                                        : QStringLiteral("what is there cannot be read");
+    if (reason.isEmpty()) {
         _changed = false;
         complainedAbout().remove(_fileName);
         return true;
     }
     if (!complainedAbout().contains(_fileName)) {
         complainedAbout().insert(_fileName);
-        qWarning("The settings cannot be written to %s", qPrintable(_fileName));
+        qWarning("The settings cannot be written to %s: %s", qPrintable(_fileName),
+                 qPrintable(reason));
     }
     return false;
 }

@@ -54,8 +54,8 @@ public:
     void clearGroup();
 
     /// Replaces the file at once, atomically, if anything changed. Creates its directory.
-    /// @return false when it was not or could not be written; that prints one warning for each
-    ///         file, not one for each attempt
+    /// @return false when it could not be written and is as it was; that prints one warning for
+    ///         each file, which says why, not one for each attempt
     bool write();
 
     /// Path of the file that write() replaces.

@@ -431,7 +431,9 @@ void PreferencesTest::unwritableFileIsOneWarning()
     // A plain file where the directory should be fails for root too.
     QFile obstacle(_home->filePath(QStringLiteral("teskel")));
     QVERIFY(obstacle.open(QIODevice::WriteOnly));
-    const QString message = QStringLiteral("The settings cannot be written to %1").arg(fileName());
+    const QString message =
+        QStringLiteral("The settings cannot be written to %1: the directory cannot be made")
+            .arg(fileName());
     QTest::ignoreMessage(QtWarningMsg, qPrintable(message));
     PreferencesData preferences;
     preferences.save();

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "platform/config.h"
+#include "tests/support/filesizelimit.h"
+#include "tests/support/fulldisk.h"
+#include "tests/support/palmwriter.h"
+
+#include <QDir>
+#include <QtTest>
+
+#include <cerrno>
+#include <optional>
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
+using teskel::test::FileSizeLimit;
+using teskel::test::FullDisk;
+using teskel::test::writeFile;
+
+namespace
+{
+
+bool syncFails = false;
+
+} // namespace
+
+/// Stands in front of the C library's: a disk that takes the bytes and cannot keep them.
+extern "C" int fsync(int file)
+{
+    if (syncFails) {
+        errno = EIO;
+        return -1;
+    }
+    return static_cast<int>(::syscall(SYS_fsync, file));
+}
+
+/// Settings on a disk that takes no more.
+class ConfigDiskTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void fullDiskKeepsTheOldSettings_data();
+    void fullDiskKeepsTheOldSettings();
+    void limitedFileSizeKeepsTheOldSettings_data();
+    void limitedFileSizeKeepsTheOldSettings();
+    void failedSynchronisationKeepsTheOldSettings();
+    void settingsAreWrittenWhenThereIsRoomAgain();
+
+private:
+    static QByteArray settings(qsizetype words);
+    static QByteArray stored(const QString& path);
+    static bool change(const QString& path);
+};
+
+void ConfigDiskTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    syncFails = false;
+}
+
+QByteArray ConfigDiskTest::settings(qsizetype words)
+{
+    return "[MRU List]\nList0 = " + QByteArray(words, 'w') + "\n[g]\nk = 1\n";
+}
+
+QByteArray ConfigDiskTest::stored(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool ConfigDiskTest::change(const QString& path)
+{
+    Config config(path, Config::File);
+    config.setGroup(u"/cards/Eng2Ger.PDB"_qs);
+    return config.write();
+}
+
+void ConfigDiskTest::fullDiskKeepsTheOldSettings_data()
+{
+    QTest::addColumn<qsizetype>("words");
+    QTest::addColumn<qint64>("left");
+    QTest::newRow("a few settings") << qsizetype(100) << qint64(0);
+    QTest::newRow("more than a buffer") << qsizetype(20'000) << qint64(0);
+    QTest::newRow("room for a part") << qsizetype(6'000) << qint64(4096);
+    QTest::newRow("room for a part of more than a buffer") << qsizetype(20'000) << qint64(8192);
+}
+
+void ConfigDiskTest::fullDiskKeepsTheOldSettings()
+{
+    const FullDisk disk;
+    if (!disk.isMounted())
+        QSKIP("this machine lets its users mount nothing, not even where they alone see it");
+    QFETCH(qsizetype, words);
+    QFETCH(qint64, left);
+    const QString path = disk.path(u"Teskel.conf"_qs);
+    QVERIFY(writeFile(path, settings(words)));
+    QVERIFY(disk.fill(left));
+    QTest::ignoreMessage(
+        QtWarningMsg,
+        QRegularExpression(u"^The settings cannot be written to .*/Teskel.conf: No space left"_qs));
+    QVERIFY(!change(path));
+    QCOMPARE(stored(path), settings(words));
+    QCOMPARE(QDir(disk.path({})).entryList(QDir::Files | QDir::Hidden),
+             QStringList({u"filling"_qs, u"Teskel.conf"_qs}));
+}
+
+void ConfigDiskTest::limitedFileSizeKeepsTheOldSettings_data()
+{
+    QTest::addColumn<qsizetype>("words");
+    QTest::addColumn<int>("limit");
+    QTest::newRow("nothing fits") << qsizetype(100) << 0;
+    QTest::newRow("a part fits") << qsizetype(100) << 60;
+    QTest::newRow("all but a byte fits") << qsizetype(100) << 150;
+    QTest::newRow("a part of more than a buffer fits") << qsizetype(20'000) << 17'000;
+}
+
+void ConfigDiskTest::limitedFileSizeKeepsTheOldSettings()
+{
+    QFETCH(qsizetype, words);
+    QFETCH(int, limit);
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(u"Teskel.conf"_qs);
+    QVERIFY(writeFile(path, settings(words)));
+    const QString reason = QRegularExpression::escape(QString::fromLocal8Bit(strerror(EFBIG)));
+    QTest::ignoreMessage(
+        QtWarningMsg, QRegularExpression(u"^The settings cannot be written to .*/Teskel.conf: "_qs +
+                                         reason + u'$'));
+    std::optional<FileSizeLimit> limited(static_cast<rlim_t>(limit));
+    const bool isWritten = change(path);
+    limited.reset();
+    QVERIFY(!isWritten);
+    QCOMPARE(stored(path), settings(words));
+    QCOMPARE(QDir(directory.path()).entryList(QDir::Files | QDir::Hidden),
+             QStringList({u"Teskel.conf"_qs}));
+    QVERIFY(change(path));
+}
+
+/// A network drive or a worn card says only then that it is full.
+void ConfigDiskTest::failedSynchronisationKeepsTheOldSettings()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(u"Teskel.conf"_qs);
+    QVERIFY(writeFile(path, settings(100)));
+    const QString reason = QRegularExpression::escape(QString::fromLocal8Bit(strerror(EIO)));
+    QTest::ignoreMessage(
+        QtWarningMsg, QRegularExpression(u"^The settings cannot be written to .*/Teskel.conf: "_qs +
+                                         reason + u'$'));
+    syncFails = true;
+    QVERIFY(!change(path));
+    QCOMPARE(stored(path), settings(100));
+    QCOMPARE(QDir(directory.path()).entryList(QDir::Files | QDir::Hidden),
+             QStringList({u"Teskel.conf"_qs}));
+}
+
+void ConfigDiskTest::settingsAreWrittenWhenThereIsRoomAgain()
+{
+    const FullDisk disk;
+    if (!disk.isMounted())
+        QSKIP("this machine lets its users mount nothing, not even where they alone see it");
+    const QString path = disk.path(u"Teskel.conf"_qs);
+    QVERIFY(writeFile(path, settings(100)));
+    QVERIFY(disk.fill());
+    Config config(path, Config::File);
+    config.setGroup(u"g"_qs);
+    config.writeEntry(u"k"_qs, 2);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to"_qs));
+    QVERIFY(!config.write());
+    QVERIFY(!config.write()); // and does not complain again
+    QVERIFY(QFile::remove(disk.path(u"filling"_qs)));
+    QVERIFY(config.write());
+    QCOMPARE(stored(path), settings(100).replace("k = 1", "k = 2"));
+}
+
+int main(int argc, char* argv[])
+{
+    (void)FullDisk::enterOwnMounts();
+    QCoreApplication application(argc, argv);
+    ConfigDiskTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_configdisk.moc"
