@@ -73,6 +73,8 @@ QString makeLasting(const QFileDevice& file)
 // before it is called.
 QString replaceFile(const QString& path, const QByteArray& text)
 {
+    if (text.size() > LARGEST_FILE)
+        return QStringLiteral("they would be too large to be read again");
     if (!makeDirectory(QFileInfo(path).absolutePath()))
         return QStringLiteral("the directory cannot be made");
     QSaveFile file(path);

@@ -49,6 +49,7 @@ private slots:
     void garbageGivesDefaults_data();
     void garbageGivesDefaults();
     void oversizedFileIsNotReplaced();
+    void fileThatGrowsTooLargeToBeReadIsNotWritten();
     void fileThatCannotBeReadIsNotReplaced();
     void pipeInPlaceOfTheFileIsLeftAlone();
 
@@ -604,6 +605,23 @@ void ConfigTest::oversizedFileIsNotReplaced()
     config.writeEntry(u"k"_qs, u"lost"_qs);
     QVERIFY(!config.write());
     QCOMPARE(stored(u"a.conf"_qs), text);
+}
+
+void ConfigTest::fileThatGrowsTooLargeToBeReadIsNotWritten()
+{
+    const QByteArray text = "[g]\nk = v\n#" + QByteArray(1'048'560, 'x') + '\n';
+    store(u"a.conf"_qs, text);
+    QTest::ignoreMessage(
+        QtWarningMsg,
+        QRegularExpression(u"cannot be written to .*/a.conf: they would be too large"_qs));
+    Config config(path(u"a.conf"_qs), Config::File);
+    config.setGroup(u"g"_qs);
+    QCOMPARE(config.readEntry(u"k"_qs), u"v"_qs);
+    config.writeEntry(u"k"_qs, u"longer"_qs);
+    QVERIFY(!config.write());
+    QCOMPARE(stored(u"a.conf"_qs), text);
+    config.writeEntry(u"k"_qs, u"w"_qs);
+    QVERIFY(config.write());
 }
 
 /// A file that may be written but not read.
