@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands.h"
+#include "lexicon/commandsupport.h"
 
 #include <CLI/CLI.hpp>
 
@@ -112,7 +113,8 @@ int main(int argc, char** argv)
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         // Help and version are no errors.
-        return app.exit(error, std::cout, std::cerr) == 0 ? commands::Done : commands::Usage;
+        return commands::finishOutput(app.exit(error, std::cout, std::cerr) == 0 ? commands::Done
+                                                                                 : commands::Usage);
     }
     try {
         return run(app, request);

@@ -22,6 +22,7 @@ private slots:
     void unreadableFilesEndWithThree();
     void foreignFilesEndWithOne_data();
     void foreignFilesEndWithOne();
+    void fullStandardOutputIsAnError_data();
     void fullStandardOutputIsAnError();
 
 private:
@@ -133,15 +134,23 @@ void TestProgramErrors::foreignFilesEndWithOne()
     QCOMPARE(_program.run(words({"verify", "foreign.PDB"})).code, 1);
 }
 
+void TestProgramErrors::fullStandardOutputIsAnError_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char* command :
+         {"list small.PDB", "export small.PDB", "export small.PDB -o -", "find small.PDB house",
+          "find --json small.PDB house", "info small.PDB", "info --json small.PDB",
+          "verify small.PDB", "--help", "build --help", "--version"})
+        QTest::newRow(command) << QString::fromLatin1(command);
+}
+
 void TestProgramErrors::fullStandardOutputIsAnError()
 {
-    for (const char* command : {"list small.PDB", "export small.PDB", "find small.PDB house",
-                                "info small.PDB", "verify small.PDB"}) {
-        const ProgramResult result = _program.runShell(
-            QStringLiteral(TESKEL_LEXICON " %1 >/dev/full").arg(QString::fromLatin1(command)));
-        QCOMPARE(result.code, 3);
-        QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write to the standard output\n"));
-    }
+    QFETCH(QString, command);
+    const ProgramResult result =
+        _program.runShell(QStringLiteral(TESKEL_LEXICON " %1 >/dev/full").arg(command));
+    QCOMPARE(result.code, 3);
+    QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write to the standard output\n"));
 }
 
 QTEST_GUILESS_MAIN(TestProgramErrors)
