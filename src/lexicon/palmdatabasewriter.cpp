@@ -47,7 +47,8 @@ PalmDatabaseWriter::PalmDatabaseWriter(const std::string& path, std::string_view
     : _file(QFile::decodeName(path.c_str()))
     , _recordCount(recordCount)
 {
-    if (!_file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+    // A buffer would only stand between a record and the reason why it cannot be written.
+    if (!_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
         _error = _file.errorString().toStdString();
     write(header(name, recordCount));
     write(recordList()); // room for the list; the offsets are known in the end
@@ -56,11 +57,15 @@ PalmDatabaseWriter::PalmDatabaseWriter(const std::string& path, std::string_view
 void PalmDatabaseWriter::write(std::string_view bytes)
 {
     _size += bytes.size();
-    if (!_error.empty())
-        return;
-    const auto length = static_cast<qint64>(bytes.size());
-    if (_file.write(bytes.data(), length) != length)
-        _error = _file.errorString().toStdString();
+    // A disk that fills up takes a part of the bytes first, and says why only when asked for the
+    // rest.
+    while (_error.empty() && !bytes.empty()) {
+        const qint64 written = _file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        if (written > 0)
+            bytes.remove_prefix(static_cast<size_t>(written));
+        else
+            _error = _file.errorString().toStdString();
+    }
 }
 
 void PalmDatabaseWriter::add(std::string_view record)
@@ -89,8 +94,6 @@ std::string PalmDatabaseWriter::finish()
     const uint64_t size = _size;
     write(recordList());
     _size = size;
-    if (_error.empty() && !_file.flush())
-        _error = _file.errorString().toStdString();
     _file.close();
     if (_error.empty() && _file.error() != QFileDevice::NoError)
         _error = _file.errorString().toStdString();

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "tests/lexicon/lexiconprogram.h"
+#include "tests/support/fulldisk.h"
+#include "tests/support/palmwriter.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTest>
+
+using namespace teskel::test;
+
+/// What the commands that write files do on a disk that takes no more.
+class TestProgramDisk : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void fullDiskKeepsTheOldFile_data();
+    void fullDiskKeepsTheOldFile();
+    void limitedFileSizeKeepsTheOldFile_data();
+    void limitedFileSizeKeepsTheOldFile();
+
+private:
+    void addCommands() const;
+
+    LexiconProgram _program;
+};
+
+void TestProgramDisk::initTestCase()
+{
+    QByteArray tsv;
+    for (int i = 0; i < 3000; ++i)
+        tsv += "word" + QByteArray::number(i) + "\tarticle " + QByteArray::number(i * 7919) + '\n';
+    QVERIFY(writeFile(_program.path("large.tsv"), tsv));
+    QVERIFY(writeFile(_program.path("tiny.tsv"), "word\tarticle\n"));
+    for (const char* name : {"large", "tiny"}) {
+        const QByteArray lexicon = QByteArray(name) + ".PDB";
+        QCOMPARE(_program
+                     .run(words({"build", QByteArray(name + QByteArray(".tsv")).constData(), "-o",
+                                 lexicon.constData()}))
+                     .code,
+                 0);
+    }
+}
+
+void TestProgramDisk::addCommands() const
+{
+    QTest::addColumn<QString>("command"); // without its target
+    QTest::addColumn<qint64>("left");     // bytes that can still be written
+    for (const qint64 left : {0, 4096, 16384}) {
+        QTest::addRow("build, %lld left", left) << QStringLiteral("build large.tsv") << left;
+        QTest::addRow("export, %lld left", left) << QStringLiteral("export large.PDB") << left;
+    }
+    QTest::newRow("build less than a buffer") << QStringLiteral("build tiny.tsv") << qint64(0);
+    QTest::newRow("export less than a buffer") << QStringLiteral("export tiny.PDB") << qint64(0);
+}
+
+void TestProgramDisk::fullDiskKeepsTheOldFile_data()
+{
+    addCommands();
+}
+
+void TestProgramDisk::fullDiskKeepsTheOldFile()
+{
+    const FullDisk disk;
+    if (!disk.isMounted())
+        QSKIP("this machine lets its users mount nothing, not even where they alone see it");
+    QFETCH(QString, command);
+    QFETCH(qint64, left);
+    const QString target = disk.path(QStringLiteral("target"));
+    QVERIFY(writeFile(target, "old"));
+    QVERIFY(disk.fill(left));
+    const ProgramResult result =
+        _program.run(command.split(u' ') + QStringList{QStringLiteral("-o"), target});
+    QCOMPARE(result.code, 3);
+    QCOMPARE(
+        QString::fromUtf8(result.err),
+        QStringLiteral("teskel-lexicon: cannot write %1: No space left on device\n").arg(target));
+    QFile file(target);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("old"));
+    QCOMPARE(QDir(disk.path({})).entryList(QDir::Files | QDir::Hidden).size(), 2);
+}
+
+void TestProgramDisk::limitedFileSizeKeepsTheOldFile_data()
+{
+    addCommands();
+}
+
+void TestProgramDisk::limitedFileSizeKeepsTheOldFile()
+{
+    QFETCH(QString, command);
+    QFETCH(qint64, left);
+    QVERIFY(writeFile(_program.path("target"), "old"));
+    // The shell counts in blocks of 512 bytes.
+    const ProgramResult result = _program.runShell(
+        QStringLiteral("trap '' XFSZ; ulimit -f %1; exec " TESKEL_LEXICON " %2 -o target")
+            .arg(left / 512)
+            .arg(command));
+    QCOMPARE(result.code, 3);
+    QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write target: File too large\n"));
+    QCOMPARE(_program.bytesOf("target"), QByteArray("old"));
+    QVERIFY(QDir(_program.directory())
+                .entryList({QStringLiteral("target.*")}, QDir::Files | QDir::Hidden)
+                .isEmpty());
+}
+
+int main(int argc, char* argv[])
+{
+    (void)FullDisk::enterOwnMounts();
+    QCoreApplication application(argc, argv);
+    TestProgramDisk test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_program_disk.moc"
