@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace teskel
@@ -63,6 +64,13 @@ bool makeLasting(const std::string& path)
     return done;
 }
 
+// A pipe or a device would be gone for everybody. What a rename says of a directory is enough.
+bool isReplaceable(const std::string& path)
+{
+    struct stat status = {};
+    return ::stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode) || S_ISDIR(status.st_mode);
+}
+
 } // namespace
 
 PendingFile::PendingFile(std::string target)
@@ -82,6 +90,10 @@ PendingFile::~PendingFile()
 
 bool PendingFile::commit(std::string& error)
 {
+    if (!isReplaceable(_target)) {
+        error = "cannot write " + _target + ": it is no regular file";
+        return false;
+    }
     if (!makeLasting(_path) || std::rename(_path.c_str(), _target.c_str()) != 0) {
         error = "cannot write " + _target + ": " + std::strerror(errno);
         return false;

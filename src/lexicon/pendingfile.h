@@ -21,8 +21,8 @@ public:
 
     const std::string& path() const { return _path; }
 
-    /// Makes the file's bytes last and gives it its name, replacing what was there. On failure
-    /// returns false and says why in `error`.
+    /// Makes the file's bytes last and gives it its name, replacing the file or the link that was
+    /// there, but no pipe or device. On failure returns false and says why in `error`.
     bool commit(std::string& error);
 
 private:

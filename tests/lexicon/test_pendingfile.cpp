@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using teskel::PendingFile;
 using teskel::test::writeFile;
 
@@ -18,6 +20,7 @@ private slots:
     void leavesNothingWhenNotCommitted();
     void replacesTheTarget();
     void saysWhyItCannotBeCommitted();
+    void replacesNoPipe();
 };
 
 namespace
@@ -83,6 +86,24 @@ void TestPendingFile::saysWhyItCannotBeCommitted()
         QVERIFY(!file.commit(error));
     }
     QCOMPARE(error, "cannot write " + target + ": Is a directory");
+    QVERIFY(filesIn(directory).isEmpty());
+}
+
+void TestPendingFile::replacesNoPipe()
+{
+    const QTemporaryDir directory;
+    const std::string target = pathIn(directory, "a.PDB");
+    QCOMPARE(::mkfifo(target.c_str(), 0600), 0);
+    std::string error;
+    {
+        PendingFile file(target);
+        QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
+        QVERIFY(!file.commit(error));
+    }
+    QCOMPARE(error, "cannot write " + target + ": it is no regular file");
+    struct stat status = {};
+    QCOMPARE(::stat(target.c_str(), &status), 0);
+    QVERIFY(S_ISFIFO(status.st_mode));
     QVERIFY(filesIn(directory).isEmpty());
 }
 

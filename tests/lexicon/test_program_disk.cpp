@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace teskel::test;
 
 /// What the commands that write files do on a disk that takes no more.
@@ -20,6 +22,8 @@ private slots:
     void fullDiskKeepsTheOldFile();
     void limitedFileSizeKeepsTheOldFile_data();
     void limitedFileSizeKeepsTheOldFile();
+    void whatIsNoFileIsNotReplaced_data();
+    void whatIsNoFileIsNotReplaced();
 
 private:
     void addCommands() const;
@@ -104,6 +108,29 @@ void TestProgramDisk::limitedFileSizeKeepsTheOldFile()
     QVERIFY(QDir(_program.directory())
                 .entryList({QStringLiteral("target.*")}, QDir::Files | QDir::Hidden)
                 .isEmpty());
+}
+
+void TestProgramDisk::whatIsNoFileIsNotReplaced_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::newRow("build") << QStringLiteral("build tiny.tsv");
+    QTest::newRow("export") << QStringLiteral("export tiny.PDB");
+}
+
+/// As "-o /dev/null", which root could replace for everybody.
+void TestProgramDisk::whatIsNoFileIsNotReplaced()
+{
+    QFETCH(QString, command);
+    const QString pipe = _program.path("pipe");
+    QFile::remove(pipe);
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const ProgramResult result = _program.run(
+        command.split(u' ') + QStringList{QStringLiteral("-o"), QStringLiteral("pipe")});
+    QCOMPARE(result.code, 3);
+    QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write pipe: it is no regular file\n"));
+    struct stat status = {};
+    QCOMPARE(::stat(QFile::encodeName(pipe).constData(), &status), 0);
+    QVERIFY(S_ISFIFO(status.st_mode));
 }
 
 int main(int argc, char* argv[])
