@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 
 // Shows the dictionary selector over the dictionaries of this machine. Prints the path of the one
-// that is chosen and ends; ends with code 1 when it is closed without a choice.
+// that is chosen and ends; ends with code 1 when it is closed without a choice, or the path cannot
+// be printed.
 
 #include "files/qteskelfileselector.h"
 #include "platform/qpeapplication.h"
@@ -19,8 +20,9 @@ int main(int argc, char** argv)
     int result = 1;
     QObject::connect(&selector, &QTeskelFileSelector::fileSelected, &selector,
                      [&result](const QString& path) {
-                         QTextStream(stdout) << path << '\n';
-                         result = 0;
+                         QTextStream out(stdout);
+                         out << path << Qt::endl;
+                         result = out.status() == QTextStream::Ok ? 0 : 1;
                      });
     QObject::connect(&selector, &QTeskelFileSelector::closeMe, &selector, &QWidget::close);
     application.showMainWidget(&selector);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Shows the reader without a display: teskel-snapshot LEXICON WORD PICTURE [WIDTHxHEIGHT]
 #include <QApplication>
+#include <QFile>
+#include <QPixmap>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -16,6 +18,13 @@ QSize parseSize(const QString& text)
     return parts.size() == 2 ? QSize(parts.at(0).toInt(), parts.at(1).toInt()) : QSize();
 }
 
+// QPixmap::save() takes no notice of bytes that could not be flushed.
+bool savePicture(const QPixmap& picture, const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.flush();
+}
+
 int takePicture(const QStringList& arguments)
 {
     TeskelMainWindow window;
@@ -29,12 +38,13 @@ int takePicture(const QStringList& arguments)
     window.resize(parseSize(arguments.value(4, QStringLiteral("640x480"))));
     window.show();
     QApplication::processEvents();
-    if (!window.grab().save(arguments.at(3), "PNG")) {
+    if (!savePicture(window.grab(), arguments.at(3))) {
         QTextStream(stderr) << arguments.at(3) << ": the picture cannot be written\n";
         return 1;
     }
-    QTextStream(stdout) << arguments.at(3) << '\n';
-    return 0;
+    QTextStream out(stdout);
+    out << arguments.at(3) << Qt::endl;
+    return out.status() == QTextStream::Ok ? 0 : 1;
 }
 
 } // namespace

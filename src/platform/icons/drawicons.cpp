@@ -6,6 +6,7 @@
 #include "iconcanvas.h"
 
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QTextStream>
 #include <vector>
@@ -172,7 +173,10 @@ bool save(const Drawing& drawing, int size, const QString& path)
 {
     IconCanvas canvas(size);
     drawing.draw(canvas);
-    if (QDir().mkpath(QFileInfo(path).path()) && canvas.finish().save(path))
+    QFile file(path);
+    // QImage::save() takes no notice of bytes that could not be flushed.
+    if (QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
+        canvas.finish().save(&file, "PNG") && file.flush())
         return true;
     QTextStream(stderr) << path << " cannot be written\n";
     return false;

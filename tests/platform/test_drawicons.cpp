@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// The program that draws the icons, seen from outside.
+class DrawIconsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void drawsEveryIconThatIsThere();
+    void fullDiskIsAnError();
+
+private:
+    static int run(const QTemporaryDir& directory, const QString& limits, QByteArray& errors);
+};
+
+int DrawIconsTest::run(const QTemporaryDir& directory, const QString& limits, QByteArray& errors)
+{
+    QProcess process;
+    process.setWorkingDirectory(directory.path());
+    process.start(u"sh"_qs, {u"-c"_qs, limits + u"exec " TESKEL_DRAWICONS " pics hicolor"_qs});
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
+        return -1;
+    errors = process.readAllStandardError();
+    return process.exitCode();
+}
+
+void DrawIconsTest::drawsEveryIconThatIsThere()
+{
+    const QTemporaryDir directory;
+    QByteArray errors;
+    QCOMPARE(run(directory, {}, errors), 0);
+    const QDir there(QStringLiteral(TESKEL_PICS));
+    const QStringList names = there.entryList({u"*.png"_qs}, QDir::Files);
+    QVERIFY(!names.isEmpty());
+    QCOMPARE(QDir(directory.filePath(u"pics"_qs)).entryList(QDir::Files), names);
+}
+
+void DrawIconsTest::fullDiskIsAnError()
+{
+    const QTemporaryDir directory;
+    QByteArray errors;
+    QCOMPARE(run(directory, u"trap '' XFSZ; ulimit -f 0; "_qs, errors), 3);
+    QVERIFY2(errors.contains("pics/copy.png cannot be written\n"), errors.constData());
+}
+
+QTEST_GUILESS_MAIN(DrawIconsTest)
+#include "test_drawicons.moc"
