@@ -40,7 +40,25 @@ mime)
     ;;
 man)
     need groff
-    silent groff -man -Tutf8 -ww -z "$source/docs/man/teskel.1"
+    for page in "$source"/docs/man/*.1; do
+        silent groff -man -Tutf8 -ww -z "$page"
+    done
+    ;;
+install)
+    # Every installed program has its page, where `man` finds it.
+    stage=$(mktemp -d)
+    trap 'rm -rf "$stage"' EXIT
+    DESTDIR=$stage cmake --install "$built/.." --prefix /usr >/dev/null
+    for program in teskel teskel-lexicon; do
+        [ -n "$(find "$stage" -path "*/bin/$program" -type f -executable)" ] || {
+            echo "$program is not installed"
+            exit 1
+        }
+        [ -n "$(find "$stage" -path "*/man/man1/$program.1" -size +0)" ] || {
+            echo "the manual page of $program is not installed"
+            exit 1
+        }
+    done
     ;;
 icons)
     for size in 16 22 24 32 48 64 128 256; do
@@ -65,10 +83,12 @@ names)
         grep -q '^Exec=/.*/teskel$' "$built/$id.service"
     fi
     version=$(sed -n 's/.*<release version="\([^"]*\)".*/\1/p' "$built/$id.metainfo.xml" | head -n 1)
-    grep -q "\"Teskel $version\"" "$source/docs/man/teskel.1" || {
-        echo "docs/man/teskel.1 does not name version $version"
-        exit 1
-    }
+    for page in "$source"/docs/man/*.1; do
+        grep -q "\"Teskel $version\"" "$page" || {
+            echo "$page does not name version $version"
+            exit 1
+        }
+    done
     ;;
 *)
     echo "unknown check: $check"
