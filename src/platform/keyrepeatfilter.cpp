@@ -8,19 +8,33 @@
 namespace teskel
 {
 
+namespace
+{
+
+// The same for a key whatever it means with the modifiers of the moment; where the windowing system
+// does not number the keys, their meaning must do.
+quint64 physicalKey(const QKeyEvent& event)
+{
+    constexpr quint64 meaning = 1ULL << 32;
+    return event.nativeScanCode() != 0 ? event.nativeScanCode()
+                                       : meaning | static_cast<quint32>(event.key());
+}
+
+} // namespace
+
 bool KeyRepeatFilter::eventFilter(QObject* watched, QEvent* event)
 {
     if (!watched->isWindowType())
         return false;
     if (event->type() == QEvent::KeyRelease) {
-        _downKey = 0;
+        _downKeys.remove(physicalKey(*static_cast<QKeyEvent*>(event)));
         return false;
     }
     if (event->type() != QEvent::KeyPress)
         return false;
 
     const auto* press = static_cast<QKeyEvent*>(event);
-    if (press->isAutoRepeat() && press->key() == _downKey) {
+    if (press->isAutoRepeat() && _downKeys.contains(physicalKey(*press))) {
         const QPointer<QObject> window = watched;
         QKeyEvent release(QEvent::KeyRelease, press->key(), press->modifiers(),
                           press->nativeScanCode(), press->nativeVirtualKey(),
@@ -29,7 +43,7 @@ bool KeyRepeatFilter::eventFilter(QObject* watched, QEvent* event)
         if (!window)
             return true;
     }
-    _downKey = press->key();
+    _downKeys.insert(physicalKey(*press));
     return false;
 }
 

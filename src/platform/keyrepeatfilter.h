@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QSet>
 
 namespace teskel
 {
@@ -22,7 +23,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    int _downKey = 0; ///< the key whose last event was a press; 0 is none
+    QSet<quint64> _downKeys; ///< those whose last event was a press
 };
 
 } // namespace teskel

@@ -9,6 +9,34 @@
 namespace
 {
 
+constexpr quint32 DIGIT_SCAN_CODE = 10;
+
+// "d" Down, "s" Shift, "1" and "!" the same key without and with Shift, "x" another key.
+int keyOf(QChar letter)
+{
+    switch (letter.unicode()) {
+    case u'd':
+        return Qt::Key_Down;
+    case u's':
+        return Qt::Key_Shift;
+    case u'1':
+        return Qt::Key_1;
+    case u'!':
+        return Qt::Key_Exclam;
+    default:
+        return Qt::Key_X;
+    }
+}
+
+QChar letterOf(int key)
+{
+    for (const QChar letter : QStringView(u"ds1!")) {
+        if (keyOf(letter) == key)
+            return letter;
+    }
+    return u'x';
+}
+
 // Writes down key events: "+" press, "-" release, "*" for a repeat.
 class Listener : public QWidget
 {
@@ -23,7 +51,7 @@ private:
     void note(QChar mark, const QKeyEvent* event)
     {
         log += mark;
-        log += event->key() == Qt::Key_Down ? u'd' : u'x';
+        log += letterOf(event->key());
         if (event->isAutoRepeat())
             log += u'*';
     }
@@ -48,6 +76,15 @@ void KeyRepeatFilterTest::repeats_data()
     QTest::newRow("presses only") << u"+d+d*+d*-d"_qs << u"+d-d*+d*-d*+d*-d"_qs;
     QTest::newRow("pairs stay as they are") << u"+d-d*+d*-d*+d*-d"_qs << u"+d-d*+d*-d*+d*-d"_qs;
     QTest::newRow("second key takes over") << u"+d+d*+x+x*-x-d"_qs << u"+d-d*+d*+x-x*+x*-x-d"_qs;
+    QTest::newRow("Shift goes down") << u"+d+d*+s+d*-d-s"_qs << u"+d-d*+d*+s-d*+d*-d-s"_qs;
+    QTest::newRow("Shift goes up") << u"+s+d+d*-s+d*-d"_qs << u"+s+d-d*+d*-s-d*+d*-d"_qs;
+    QTest::newRow("another key is tapped") << u"+d+d*+x-x+d*-d"_qs << u"+d-d*+d*+x-x-d*+d*-d"_qs;
+    QTest::newRow("pairs while Shift is tapped")
+        << u"+d-d*+d*+s-d*+d*-s-d*+d*-d"_qs << u"+d-d*+d*+s-d*+d*-s-d*+d*-d"_qs;
+    QTest::newRow("Shift changes what the held key means")
+        << u"+1+1*+s+!*-!-s"_qs << u"+1-1*+1*+s-!*+!*-!-s"_qs;
+    QTest::newRow("Shift changes what the released key means")
+        << u"+s+!+!*-s-1+1-1+!*"_qs << u"+s+!-!*+!*-s-1+1-1+!*"_qs;
     QTest::newRow("repeat whose press went elsewhere") << u"+d*+d*-d"_qs << u"+d*-d*+d*-d"_qs;
     QTest::newRow("two full presses") << u"+d-d+d-d"_qs << u"+d-d+d-d"_qs;
 }
@@ -62,9 +99,11 @@ void KeyRepeatFilterTest::repeats()
     QVERIFY(QTest::qWaitForWindowExposed(&listener));
     for (qsizetype i = 0; i + 1 < sent.size(); i += 2) {
         const auto type = sent[i] == u'+' ? QEvent::KeyPress : QEvent::KeyRelease;
-        const int key = sent[i + 1] == u'd' ? Qt::Key_Down : Qt::Key_X;
+        const int key = keyOf(sent[i + 1]);
+        const bool isDigit = key == Qt::Key_1 || key == Qt::Key_Exclam;
         const bool repeat = i + 2 < sent.size() && sent[i + 2] == u'*';
-        QKeyEvent event(type, key, Qt::NoModifier, QString(), repeat);
+        QKeyEvent event(type, key, Qt::NoModifier, isDigit ? DIGIT_SCAN_CODE : 0, 0, 0, QString(),
+                        repeat);
         QCoreApplication::sendEvent(listener.windowHandle(), &event);
         if (repeat)
             ++i;
