@@ -2,7 +2,9 @@
 #include "platform/mounttable.h"
 
 #include <QHash>
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace teskel
 {
@@ -41,9 +43,70 @@ std::optional<Mount> parseLine(const QByteArray& line)
     const qsizetype separator = fields.indexOf("-", 6);
     if (separator < 0 || separator + 2 >= fields.size())
         return std::nullopt;
-    return Mount{field(fields[2]), field(fields[3]), field(fields[4]), field(fields[separator + 1]),
+    return Mount{fields[0].toInt(),
+                 fields[1].toInt(),
+                 field(fields[2]),
+                 field(fields[3]),
+                 field(fields[4]),
+                 field(fields[separator + 1]),
                  field(fields[separator + 2])};
 }
+
+// A table with mounts in mounts deeper than this is a damaged one.
+constexpr int DEEPEST_MOUNT = 64;
+
+/// Which mounts of a table stand on which directories of others.
+class MountTree
+{
+public:
+    explicit MountTree(const QList<Mount>& mounts)
+        : _mounts(mounts)
+    {
+        for (qsizetype i = 0; i < mounts.size(); ++i) {
+            _byId[mounts[i].id] = i;
+            _byPlace[{mounts[i].parent, mounts[i].path}] = i;
+        }
+    }
+
+    // The order of the table says nothing here: mounts can be moved.
+    bool isVisible(qsizetype index) const
+    {
+        const Mount& target = _mounts[index];
+        if (const qsizetype top = at(target.id, target.path); top >= 0 && top != index)
+            return false;
+        for (int depth = 0; depth < DEEPEST_MOUNT && index >= 0; ++depth) {
+            if (isHiddenBesideOthers(index))
+                return false;
+            index = _byId.value(_mounts[index].parent, -1);
+        }
+        return true;
+    }
+
+private:
+    qsizetype at(int parent, const QString& path) const
+    {
+        return _byPlace.value({parent, path}, -1);
+    }
+
+    // Whether another mount in the same one stands on the mount point or above.
+    bool isHiddenBesideOthers(qsizetype index) const
+    {
+        const Mount& mount = _mounts[index];
+        if (at(mount.parent, mount.path) != index)
+            return true;
+        QString path = mount.path;
+        while (path.size() > 1) {
+            path.truncate(std::max<qsizetype>(path.lastIndexOf(u'/'), 1));
+            if (at(mount.parent, path) >= 0)
+                return true;
+        }
+        return false;
+    }
+
+    const QList<Mount>& _mounts;
+    QHash<int, qsizetype> _byId;
+    QHash<std::pair<int, QString>, qsizetype> _byPlace;
+};
 
 } // namespace
 
@@ -60,12 +123,10 @@ QList<Mount> parseMountTable(const QByteArray& table)
 
 QList<Mount> visibleMounts(const QList<Mount>& mounts)
 {
-    QHash<QString, qsizetype> last;
-    for (qsizetype i = 0; i < mounts.size(); ++i)
-        last[mounts[i].path] = i;
+    const MountTree tree(mounts);
     QList<Mount> visible;
     for (qsizetype i = 0; i < mounts.size(); ++i) {
-        if (last.value(mounts[i].path) == i)
+        if (tree.isVisible(i))
             visible.append(mounts[i]);
     }
     return visible;

@@ -6,7 +6,10 @@
 #include "platform/qcopchannel.h"
 
 #include <QFile>
-#include <QSet>
+#include <QHash>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace
 {
@@ -25,6 +28,11 @@ StorageRoots& currentRoots()
 bool isWhole(const teskel::Mount& mount)
 {
     return mount.root == QLatin1String("/") || mount.type == QLatin1String("btrfs");
+}
+
+bool canBeReached(const QString& directory)
+{
+    return ::faccessat(AT_FDCWD, QFile::encodeName(directory).constData(), X_OK, AT_EACCESS) == 0;
 }
 
 } // namespace
@@ -47,17 +55,22 @@ void StorageInfo::update()
     QFile file(roots.mountInfo);
     if (!file.open(QIODevice::ReadOnly))
         return;
-    QSet<QString> seen;
+    QHash<QString, qsizetype> placeOfDevice;
     const QList<teskel::Mount> mounts =
         teskel::visibleMounts(teskel::parseMountTable(file.read(LARGEST_TABLE)));
     for (const teskel::Mount& mount : mounts) {
         if (!isWhole(mount))
             continue;
         const auto device = teskel::BlockDevice::find(roots, mount.source, mount.device);
-        if (!device.isValid() || seen.contains(device.directory()))
+        if (!device.isValid())
             continue;
-        seen.insert(device.directory());
-        _fileSystems.append({mount.path, device.isRemovable()});
+        const qsizetype known = placeOfDevice.value(device.directory(), -1);
+        if (known < 0) {
+            placeOfDevice.insert(device.directory(), _fileSystems.size());
+            _fileSystems.append({mount.path, device.isRemovable()});
+        } else if (!canBeReached(_fileSystems.at(known).path()) && canBeReached(mount.path)) {
+            _fileSystems[known] = {mount.path, device.isRemovable()};
+        }
     }
 }
 

@@ -9,8 +9,10 @@
 
 /// The mounted storage devices, in the order of the mount table.
 ///
-/// A device counts once, at its first visible mount; bind mounts, network and kernel file systems
-/// are left out. The list follows the "QPE/Card" channel while the object lives.
+/// A device counts once, at the first of its mounts that can be reached: no other mount hides it,
+/// and the user may go to it. When the user may go to none, the first counts. Bind mounts, network
+/// and kernel file systems are left out. The list follows the "QPE/Card" channel while the object
+/// lives.
 class StorageInfo : public QObject
 {
     Q_OBJECT

@@ -73,6 +73,14 @@ public:
                     _root.filePath(QLatin1String("sys/dev/block/") + number));
     }
 
+    /// Opens the directory for other users, who could not look into a temporary one.
+    void letOthersRead() const
+    {
+        QFile::setPermissions(_root.path(), QFile::permissions(_root.path()) | QFile::ReadGroup |
+                                                QFile::ExeGroup | QFile::ReadOther |
+                                                QFile::ExeOther);
+    }
+
 private:
     void write(const QString& name, const QByteArray& text)
     {

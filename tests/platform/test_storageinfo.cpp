@@ -7,12 +7,15 @@
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QtTest>
+#include <sys/stat.h>
+#include <unistd.h>
 
 class StorageInfoTest : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void init();
     void cleanup();
     void removable_data();
@@ -23,6 +26,14 @@ private slots:
     void secondMountOfADeviceIsNotASecondCard();
     void btrfsSubvolumeCounts();
     void coveredMountIsLeftOut();
+    void hiddenMounts_data();
+    void hiddenMounts();
+    void hiddenMountOfADeviceGivesWayToAnother();
+    void firstReachableMountOfADeviceCounts();
+    void missingMountPointGivesWayToAnother();
+    void forbiddenMountPointGivesWayToAnother();
+    void deviceWithoutAReachableMountIsStillListed();
+    void loopOfMountsEnds();
     void deviceGoesByItsOtherNames();
     void decodesEscapes_data();
     void decodesEscapes();
@@ -54,7 +65,28 @@ QByteArray mount(const QByteArray& device, const QByteArray& root, const QByteAr
            source + " rw\n";
 }
 
+// One line of a table whose mounts stand on each other.
+QByteArray mountOn(int id, int parent, const QByteArray& path, const QByteArray& source)
+{
+    return QByteArray::number(id) + ' ' + QByteArray::number(parent) + " 8:16 / " + path +
+           " rw,noatime - vfat " + source + " rw\n";
+}
+
+QStringList pathsOf(const QList<teskel::Mount>& mounts)
+{
+    QStringList paths;
+    for (const teskel::Mount& mount : mounts)
+        paths.append(mount.path);
+    return paths;
+}
+
 } // namespace
+
+void StorageInfoTest::initTestCase()
+{
+    // What is staged can be read by others, for the test that becomes one.
+    ::umask(022);
+}
 
 void StorageInfoTest::init()
 {
@@ -171,18 +203,18 @@ void StorageInfoTest::secondMountOfADeviceIsNotASecondCard()
 {
     _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
     _staged->setNumber(u"sdb"_qs, u"8:16"_qs);
-    _staged->setTable(mount("8:16", "/", "/first", "vfat", "/dev/sdb") +
-                      mount("8:16", "/", "/second", "vfat", "/dev/sdb") +
-                      mount("8:16", "/", "/third", "vfat", "/dev/disk/by-label/CARD"));
-    QCOMPARE(paths(), QStringList({u"/first"_qs}));
+    _staged->setTable(mount("8:16", "/", "/nowhere/first", "vfat", "/dev/sdb") +
+                      mount("8:16", "/", "/nowhere/second", "vfat", "/dev/sdb") +
+                      mount("8:16", "/", "/nowhere/third", "vfat", "/dev/disk/by-label/CARD"));
+    QCOMPARE(paths(), QStringList({u"/nowhere/first"_qs}));
 }
 
 void StorageInfoTest::btrfsSubvolumeCounts()
 {
     _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
-    _staged->setTable(mount("0:50", "/@cards", "/cards", "btrfs", "/dev/sdb") +
-                      mount("0:50", "/@home", "/home", "btrfs", "/dev/sdb"));
-    QCOMPARE(paths(), QStringList({u"/cards"_qs}));
+    _staged->setTable(mount("0:50", "/@cards", "/nowhere/cards", "btrfs", "/dev/sdb") +
+                      mount("0:50", "/@home", "/nowhere/home", "btrfs", "/dev/sdb"));
+    QCOMPARE(paths(), QStringList({u"/nowhere/cards"_qs}));
 }
 
 void StorageInfoTest::coveredMountIsLeftOut()
@@ -196,6 +228,130 @@ void StorageInfoTest::coveredMountIsLeftOut()
     QCOMPARE(info.fileSystems().size(), 2);
     QCOMPARE(info.fileSystems()[0].path(), u"/mnt"_qs);
     QCOMPARE(info.fileSystems()[1].path(), u"/other"_qs);
+}
+
+void StorageInfoTest::hiddenMounts_data()
+{
+    QTest::addColumn<QByteArray>("table");
+    QTest::addColumn<QStringList>("visible");
+    const QByteArray root = mountOn(1, 0, "/", "/dev/sda");
+    const QByteArray card = mountOn(2, 1, "/media/card", "/dev/sdb");
+    QTest::newRow("nothing on top") << root + card << QStringList{u"/"_qs, u"/media/card"_qs};
+    QTest::newRow("on its own mount point")
+        << root + card + mountOn(3, 2, "/media/card", "/dev/sdc")
+        << QStringList{u"/"_qs, u"/media/card"_qs};
+    QTest::newRow("on a directory above")
+        << root + card + mountOn(3, 1, "/media", "tmpfs") << QStringList{u"/"_qs, u"/media"_qs};
+    QTest::newRow("on a directory above, listed in front")
+        << root + mountOn(3, 1, "/media", "tmpfs") + card << QStringList{u"/"_qs, u"/media"_qs};
+    QTest::newRow("on a directory above, then at the same place again")
+        << root + card + mountOn(3, 1, "/media", "tmpfs") + mountOn(4, 3, "/media/card", "/dev/sdb")
+        << QStringList{u"/"_qs, u"/media"_qs, u"/media/card"_qs};
+    QTest::newRow("within a hidden mount")
+        << root + card + mountOn(3, 2, "/media/card/a/b", "/dev/sdc") +
+               mountOn(4, 1, "/media", "tmpfs")
+        << QStringList{u"/"_qs, u"/media"_qs};
+    QTest::newRow("on the root directory of the mount that it stands in")
+        << root + card + mountOn(3, 2, "/media/card/a", "/dev/sdc") +
+               mountOn(4, 2, "/media/card", "tmpfs")
+        << QStringList{u"/"_qs, u"/media/card"_qs};
+    QTest::newRow("on the root directory")
+        << root + card + mountOn(3, 1, "/", "/dev/sdc") << QStringList{u"/"_qs};
+    QTest::newRow("the mount that it stands in is listed behind")
+        << card + mountOn(3, 1, "/run", "tmpfs") + root
+        << QStringList{u"/media/card"_qs, u"/run"_qs, u"/"_qs};
+    QTest::newRow("only a name alike")
+        << root + card + mountOn(3, 1, "/media/car", "tmpfs") + mountOn(4, 1, "/med", "tmpfs")
+        << QStringList{u"/"_qs, u"/media/card"_qs, u"/media/car"_qs, u"/med"_qs};
+    QTest::newRow("hidden by the first of the table")
+        << mountOn(3, 1, "/media", "tmpfs") + card << QStringList{u"/media"_qs};
+    QTest::newRow("stands in itself")
+        << mountOn(4, 4, "/media/card", "/dev/sdb") << QStringList{u"/media/card"_qs};
+    QTest::newRow("the root is not listed")
+        << card + mountOn(3, 1, "/home", "/dev/sdc") + mountOn(4, 1, "/media", "tmpfs")
+        << QStringList{u"/home"_qs, u"/media"_qs};
+}
+
+void StorageInfoTest::hiddenMounts()
+{
+    QFETCH(QByteArray, table);
+    const QList<teskel::Mount> mounts = teskel::visibleMounts(teskel::parseMountTable(table));
+    QTEST(pathsOf(mounts), "visible");
+    // The last that was mounted is the one that can be seen.
+    for (const teskel::Mount& mount : mounts) {
+        if (mount.path == u"/media/card"_qs && table.contains("3 2 8:16 / /media/card "))
+            QCOMPARE(mount.source, u"/dev/sdc"_qs);
+    }
+}
+
+void StorageInfoTest::hiddenMountOfADeviceGivesWayToAnother()
+{
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->setTable(mountOn(1, 0, "/", "overlay") + mountOn(2, 1, "/media/card", "/dev/sdb") +
+                      mountOn(3, 1, "/media", "tmpfs") + mountOn(4, 1, "/mnt", "/dev/sdb"));
+    QCOMPARE(paths(), QStringList({u"/mnt"_qs}));
+}
+
+void StorageInfoTest::firstReachableMountOfADeviceCounts()
+{
+    const QTemporaryDir first;
+    const QTemporaryDir second;
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->setTable(mountOn(2, 1, QFile::encodeName(first.path()), "/dev/sdb") +
+                      mountOn(3, 1, QFile::encodeName(second.path()), "/dev/sdb"));
+    QCOMPARE(paths(), QStringList({first.path()}));
+}
+
+void StorageInfoTest::missingMountPointGivesWayToAnother()
+{
+    const QTemporaryDir place;
+    _staged->addDisk(u"sda"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-2"_qs, true);
+    _staged->setTable(mountOn(2, 1, "/nowhere/first", "/dev/sdb") +
+                      mountOn(3, 1, QFile::encodeName(place.path()), "/dev/sdb") +
+                      mountOn(4, 1, "/nowhere/second", "/dev/sdb") +
+                      mountOn(5, 1, "/nowhere/other", "/dev/sda"));
+    QCOMPARE(paths(), QStringList({place.path(), u"/nowhere/other"_qs}));
+}
+
+/// As a desktop mounts a card for another person.
+void StorageInfoTest::forbiddenMountPointGivesWayToAnother()
+{
+    constexpr uid_t other = 65'534;
+    const QTemporaryDir place;
+    const QDir directory(place.path());
+    QCOMPARE(::chmod(QFile::encodeName(place.path()).constData(), 0755), 0);
+    QVERIFY(directory.mkpath(u"mine"_qs) && directory.mkpath(u"open"_qs));
+    const QByteArray forbidden = QFile::encodeName(directory.filePath(u"mine"_qs));
+    QCOMPARE(::chmod(forbidden.constData(), 0), 0);
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->setTable(mountOn(2, 1, forbidden, "/dev/sdb") +
+                      mountOn(3, 1, QFile::encodeName(directory.filePath(u"open"_qs)), "/dev/sdb"));
+    _staged->letOthersRead();
+    // Nothing is forbidden to root.
+    const uid_t own = ::geteuid();
+    if (own == 0)
+        QCOMPARE(::seteuid(other), 0);
+    const QStringList listed = paths();
+    QCOMPARE(::seteuid(own), 0);
+    QCOMPARE(::chmod(forbidden.constData(), 0700), 0);
+    QCOMPARE(listed, QStringList({directory.filePath(u"open"_qs)}));
+}
+
+void StorageInfoTest::deviceWithoutAReachableMountIsStillListed()
+{
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->setTable(mountOn(2, 1, "/nowhere/first", "/dev/sdb") +
+                      mountOn(3, 1, "/nowhere/second", "/dev/sdb"));
+    QCOMPARE(paths(), QStringList({u"/nowhere/first"_qs}));
+}
+
+void StorageInfoTest::loopOfMountsEnds()
+{
+    _staged->addDisk(u"sdb"_qs, u"pci/usb1/1-1"_qs, true);
+    _staged->setTable(mountOn(2, 3, "/a/b", "/dev/sdb") + mountOn(3, 2, "/a", "tmpfs") +
+                      mountOn(4, 4, "/c", "/dev/sdb"));
+    QCOMPARE(paths(), QStringList({u"/a/b"_qs}));
 }
 
 void StorageInfoTest::deviceGoesByItsOtherNames()
