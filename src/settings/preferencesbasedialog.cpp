@@ -2,13 +2,13 @@
 #include "settings/preferencesbasedialog.h"
 
 #include "settings/buttongroupbox.h"
+#include "settings/choicelist.h"
 #include "settings/dialogpage.h"
 #include "settings/wraplayout.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
@@ -118,7 +118,7 @@ QWidget* PreferencesBaseDialog::createFontPage()
     page->setObjectName(QStringLiteral("tab_2"));
     auto* label = new QLabel(tr("Font Name"), page);
     label->setObjectName(QStringLiteral("TextLabel1_2"));
-    _listboxFonts = new QListWidget(page);
+    _listboxFonts = new teskel::ChoiceList(page);
     _listboxFonts->setObjectName(QStringLiteral("listboxFonts"));
     _listboxFonts->setAccessibleName(label->text());
     _listboxFonts->setUniformItemSizes(true);

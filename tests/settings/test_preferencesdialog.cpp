@@ -17,6 +17,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <functional>
 
 namespace
 {
@@ -60,6 +61,9 @@ private slots:
     void familyOutsideTheListLeavesNoSelectionAndIsKept();
     void unknownFamilyClearsAnEarlierSelection();
     void focusDoesNotChooseAFamily();
+    void chosenFamilyStaysChosen_data();
+    void chosenFamilyStaysChosen();
+    void clickBelowTheListChoosesNothing();
     void chosenFamilyIsReturned();
     void sizesMapToButtonsAndBack_data();
     void sizesMapToButtonsAndBack();
@@ -329,6 +333,86 @@ void PreferencesDialogTest::focusDoesNotChooseAFamily()
     QTRY_VERIFY(list->hasFocus());
     QTRY_VERIFY(list->currentItem() != nullptr);
     QCOMPARE(dialog.getSelectedFont().family(), font.family());
+}
+
+void PreferencesDialogTest::chosenFamilyStaysChosen_data()
+{
+    using Act = std::function<void(QListWidget*)>;
+    QTest::addColumn<Act>("act");
+    const auto click = [](Qt::MouseButton button, Qt::KeyboardModifiers keys) -> Act {
+        return [=](QListWidget* list) {
+            QTest::mouseClick(list->viewport(), button, keys,
+                              list->visualItemRect(list->currentItem()).center());
+        };
+    };
+    const auto below = [](const QListWidget* list) {
+        return list->visualItemRect(list->item(list->count() - 1)).center() + QPoint(0, 40);
+    };
+    QTest::newRow("click below the last row") << Act([below](QListWidget* list) {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, below(list));
+    });
+    QTest::newRow("right click below the last row") << Act([below](QListWidget* list) {
+        QTest::mouseClick(list->viewport(), Qt::RightButton, {}, below(list));
+    });
+    QTest::newRow("Ctrl and click below the last row") << Act([below](QListWidget* list) {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier, below(list));
+    });
+    QTest::newRow("pen drawn below the last row") << Act([below](QListWidget* list) {
+        QTest::mousePress(list->viewport(), Qt::LeftButton, {},
+                          list->visualItemRect(list->currentItem()).center());
+        QTest::mouseMove(list->viewport(), below(list));
+        QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, below(list));
+    });
+    QTest::newRow("click") << click(Qt::LeftButton, {});
+    QTest::newRow("right click") << click(Qt::RightButton, {});
+    QTest::newRow("Ctrl and click") << click(Qt::LeftButton, Qt::ControlModifier);
+    QTest::newRow("Shift and click") << click(Qt::LeftButton, Qt::ShiftModifier);
+    for (const auto keys : {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ControlModifier),
+                            Qt::KeyboardModifiers(Qt::ShiftModifier)}) {
+        QTest::addRow("Space with modifiers %d", keys.toInt())
+            << Act([keys](QListWidget* list) { QTest::keyClick(list, Qt::Key_Space, keys); });
+    }
+}
+
+void PreferencesDialogTest::chosenFamilyStaysChosen()
+{
+    using Act = std::function<void(QListWidget*)>;
+    QFETCH(const Act, act);
+    PreferencesDialog dialog;
+    auto* list = child<QListWidget>(dialog, "listboxFonts");
+    list->clear();
+    list->addItems({QStringLiteral("Another Family"), QFontInfo(knownFont(12)).family()});
+    dialog.setCurrentFont(knownFont(12));
+    child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
+    dialog.resize(240, 320);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    list->setFocus();
+    QCOMPARE(list->selectedItems().size(), 1);
+    act(list);
+    QCOMPARE(list->selectedItems(), QList<QListWidgetItem*>{list->item(1)});
+    QCOMPARE(dialog.getSelectedFont().family(), QFontInfo(knownFont(12)).family());
+    // Another family can still be chosen.
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      list->visualItemRect(list->item(0)).center());
+    QCOMPARE(dialog.getSelectedFont().family(), QStringLiteral("Another Family"));
+}
+
+void PreferencesDialogTest::clickBelowTheListChoosesNothing()
+{
+    PreferencesDialog dialog;
+    auto* list = child<QListWidget>(dialog, "listboxFonts");
+    list->clear();
+    list->addItems({QStringLiteral("Another Family"), QStringLiteral("A Third")});
+    dialog.setCurrentFont(knownFont(12));
+    child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
+    dialog.resize(240, 320);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(1)).center() + QPoint(0, 40));
+    QVERIFY(list->selectedItems().isEmpty());
+    QCOMPARE(dialog.getSelectedFont().family(), knownFont(12).family());
 }
 
 void PreferencesDialogTest::chosenFamilyIsReturned()
