@@ -57,6 +57,7 @@ private slots:
     void fetchedFontBecomesTheGlobalOne();
     void fetchedFontKeepsTheWeightOfTheDefaultFont();
     void storedFontIsInTheFileAtOnceAndDoesNotBecomeGlobal();
+    void globalFontSurvivesARestart();
     void fontCanBeStoredUnderTheEmptyName();
     void fontWrittenAfterTheRecordSavedStandsBesideIt();
     void fontSetInPixelsIsStoredInPoints();
@@ -337,6 +338,17 @@ void PreferencesTest::storedFontIsInTheFileAtOnceAndDoesNotBecomeGlobal()
     QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("FontSize")),
              QStringLiteral("12"));
     QCOMPARE(preferences.getFont(QStringLiteral("/card one/b.PDB")).pointSize(), 21);
+}
+
+void PreferencesTest::globalFontSurvivesARestart()
+{
+    stage("[ViewPreferences]\nFontName = times\nFontSize = 21\n");
+    { // No dictionary is opened, so no other font is fetched.
+        const PreferencesData preferences;
+    }
+    const QString group = QStringLiteral("ViewPreferences");
+    QCOMPARE(stored(group, QStringLiteral("FontName")), QStringLiteral("times"));
+    QCOMPARE(stored(group, QStringLiteral("FontSize")), QStringLiteral("21"));
 }
 
 void PreferencesTest::fontCanBeStoredUnderTheEmptyName()

@@ -60,6 +60,9 @@ private slots:
     void currentFamilyIsSelected();
     void familyOutsideTheListLeavesNoSelectionAndIsKept();
     void unknownFamilyClearsAnEarlierSelection();
+    void familyIsTheOneThatTheSystemUses();
+    void sizeIsTheOneThatTheSystemUses();
+    void familyInAnotherCaseIsAnotherFamily();
     void focusDoesNotChooseAFamily();
     void chosenFamilyStaysChosen_data();
     void chosenFamilyStaysChosen();
@@ -316,6 +319,42 @@ void PreferencesDialogTest::unknownFamilyClearsAnEarlierSelection()
     dialog.setCurrentFont(knownFont(12));
     QVERIFY(list->selectedItems().isEmpty());
     QVERIFY(list->currentItem() == nullptr);
+}
+
+void PreferencesDialogTest::familyIsTheOneThatTheSystemUses()
+{
+    PreferencesDialog dialog;
+    auto* list = child<QListWidget>(dialog, "listboxFonts");
+    const QFont font(QStringLiteral("A Family That No System Has"), 12);
+    const QString used = QFontInfo(font).family();
+    QVERIFY(used != font.family());
+    list->clear();
+    list->addItems({font.family(), used});
+    dialog.setCurrentFont(font);
+    QCOMPARE(list->selectedItems(), QList<QListWidgetItem*>{list->item(1)});
+}
+
+void PreferencesDialogTest::sizeIsTheOneThatTheSystemUses()
+{
+    PreferencesDialog dialog;
+    QFont font = knownFont(12);
+    font.setPixelSize(100);
+    QVERIFY(font.pointSize() < 0);
+    dialog.setCurrentFont(font);
+    QVERIFY(child<QPushButton>(dialog, "btnLarge")->isChecked());
+}
+
+void PreferencesDialogTest::familyInAnotherCaseIsAnotherFamily()
+{
+    PreferencesDialog dialog;
+    auto* list = child<QListWidget>(dialog, "listboxFonts");
+    const QFont font = knownFont(12);
+    const QString family = QFontInfo(font).family();
+    QVERIFY(family.toUpper() != family.toLower());
+    list->clear();
+    list->addItem(family == family.toUpper() ? family.toLower() : family.toUpper());
+    dialog.setCurrentFont(font);
+    QVERIFY(list->selectedItems().isEmpty());
 }
 
 void PreferencesDialogTest::focusDoesNotChooseAFamily()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/resource.h"
 #include "settings/wordeditordialog.h"
 
 #include <QLabel>
@@ -31,6 +32,7 @@ private slots:
     void controlsStandInCreationOrder();
     void clearWordLeavesTheDescription();
     void clearButtonClearsTheWord();
+    void clearButtonShowsItsPicture();
     void deleteDoesNothing();
     void returnInTheWordFieldPressesNothing();
 };
@@ -92,6 +94,20 @@ void WordEditorDialogTest::clearButtonClearsTheWord()
     child<QLineEdit>(dialog, "editWord")->setText(QStringLiteral("house"));
     child<QToolButton>(dialog, "btnClear")->click();
     QVERIFY(child<QLineEdit>(dialog, "editWord")->text().isEmpty());
+}
+
+void WordEditorDialogTest::clearButtonShowsItsPicture()
+{
+    const WordEditorDialog dialog;
+    const auto picture = [](const QIcon& icon) {
+        // As it is painted; straight colours differ between processors.
+        return icon.pixmap(QSize(24, 24), 1.0)
+            .toImage()
+            .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    };
+    const QIcon icon = child<QToolButton>(dialog, "btnClear")->icon();
+    QVERIFY(!icon.isNull());
+    QCOMPARE(picture(icon), picture(Resource::loadIcon(QStringLiteral("teskel-clear"))));
 }
 
 void WordEditorDialogTest::deleteDoesNothing()
