@@ -11,3 +11,8 @@ QPEMenuBar::QPEMenuBar(QWidget* parent)
     setPalette(clear);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 }
+
+QSize QPEMenuBar::minimumSizeHint() const
+{
+    return sizeHint();
+}

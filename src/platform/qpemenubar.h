@@ -3,11 +3,14 @@
 
 #include <QMenuBar>
 
-/// A menu bar that stands beside other controls and takes no more width than its titles.
+/// A menu bar that stands beside other controls and takes the width of its titles, no more and,
+/// where there is room for it, no less.
 class QPEMenuBar : public QMenuBar
 {
     Q_OBJECT
 
 public:
     explicit QPEMenuBar(QWidget* parent = nullptr);
+
+    QSize minimumSizeHint() const override;
 };

@@ -21,16 +21,27 @@ bool isUsable(const QWidget* widget)
             qobject_cast<const QMenuBar*>(widget) != nullptr);
 }
 
+// A menu bar is followed by its button for the titles that do not fit.
+QWidgetList withExtension(QWidget* widget)
+{
+    QWidgetList widgets{widget};
+    if (qobject_cast<QMenuBar*>(widget) != nullptr) {
+        if (auto* more = widget->findChild<QToolButton*>(QStringLiteral("qt_menubar_ext_button")))
+            widgets.append(more);
+    }
+    return widgets;
+}
+
 QWidgetList widgetsOn(QWidget* member)
 {
     const auto* bar = qobject_cast<const QToolBar*>(member);
     if (bar == nullptr)
-        return {member};
+        return withExtension(member);
     QWidgetList widgets;
     const QList<QAction*> actions = bar->actions();
     for (QAction* action : actions) {
         if (QWidget* widget = bar->widgetForAction(action))
-            widgets.append(widget);
+            widgets.append(withExtension(widget));
     }
     // What does not fit is reached through the bar's own button.
     if (auto* more = bar->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))

@@ -2,6 +2,7 @@
 #include "platform/qpetoolbar.h"
 
 #include <QMainWindow>
+#include <QStyle>
 #include <QToolButton>
 
 #include <algorithm>
@@ -18,6 +19,14 @@ QPEToolBar::QPEToolBar(QMainWindow* window)
     : QToolBar(window)
 {
     setIconSize(QSize(UsualIconSize, UsualIconSize));
+}
+
+QSize QPEToolBar::minimumSizeHint() const
+{
+    // Its own button and that of the menu bar reach everything.
+    const int button = style()->pixelMetric(QStyle::PM_ToolBarExtensionExtent, nullptr, this);
+    return {std::min(2 * button, QToolBar::minimumSizeHint().width()),
+            QToolBar::minimumSizeHint().height()};
 }
 
 void QPEToolBar::resizeEvent(QResizeEvent* event)

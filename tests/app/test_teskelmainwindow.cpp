@@ -91,6 +91,25 @@ void acceptDialog(QDialog* dialog)
     dialog->accept();
 }
 
+/// Gives the application, and so every widget, a font of another size while it lives.
+class ApplicationFont
+{
+public:
+    explicit ApplicationFont(int pixels) { QApplication::setFont(ofSize(pixels)); }
+    ~ApplicationFont() { QApplication::setFont(_before); }
+    Q_DISABLE_COPY_MOVE(ApplicationFont)
+
+    static QFont ofSize(int pixels)
+    {
+        QFont font = QApplication::font();
+        font.setPixelSize(pixels);
+        return font;
+    }
+
+private:
+    QFont _before = QApplication::font();
+};
+
 } // namespace
 
 class TestTeskelMainWindow : public QObject
@@ -105,6 +124,9 @@ private slots:
     void hasItsSlotsInOrder();
     void showsToolBarLeftToRight();
     void everyButtonFitsOnASmallScreen();
+    void menusKeepTheirWidthAtEveryFontSize_data();
+    void menusKeepTheirWidthAtEveryFontSize();
+    void menusThatCannotFitAreReachedThroughTheirOwnButton();
     void keysReachTheButtonsThatDoNotFit();
     void namesMayHaveAnyLetters();
     void captionShowsTheNameAsItIs_data();
@@ -286,6 +308,75 @@ void TestTeskelMainWindow::everyButtonFitsOnASmallScreen()
             QTRY_VERIFY(bar->rect().contains(widget->geometry()));
         }
     }
+}
+
+void TestTeskelMainWindow::menusKeepTheirWidthAtEveryFontSize_data()
+{
+    QTest::addColumn<int>("size");
+    for (int size = 4; size <= 48; ++size)
+        QTest::addRow("%d pixels", size) << size;
+}
+
+void TestTeskelMainWindow::menusKeepTheirWidthAtEveryFontSize()
+{
+    QFETCH(const int, size);
+    const ApplicationFont font(size);
+    TeskelMainWindow window;
+    auto* bar = window.findChild<QPEToolBar*>();
+    const auto* menus = bar->findChild<QMenuBar*>();
+    const auto* more = bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_qs);
+    window.resize(240, 320);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTRY_COMPARE(bar->width(), 240);
+    QTRY_VERIFY(menus->x() > 0 && bar->rect().contains(menus->geometry()));
+    // What the bar keeps for itself: its edges, and its button for what does not fit.
+    const int kept = 2 * menus->x() + more->sizeHint().width() + bar->layout()->spacing();
+    if (menus->sizeHint().width() + kept > 240)
+        return; // the case of menusThatCannotFitAreReachedThroughTheirOwnButton()
+    const auto titles = menus->actions();
+    for (QAction* title : titles) {
+        QTRY_VERIFY(menus->actionGeometry(title).isValid());
+        QTRY_VERIFY2(menus->rect().contains(menus->actionGeometry(title)),
+                     qPrintable(title->text()));
+    }
+    // A button that is not to be seen is reached through the bar's own one.
+    const auto buttons = bar->actions();
+    for (QAction* button : buttons)
+        QVERIFY(bar->widgetForAction(button)->isVisible() || more->isVisible());
+    QVERIFY(!more->isVisible() || bar->rect().contains(more->geometry()));
+}
+
+void TestTeskelMainWindow::menusThatCannotFitAreReachedThroughTheirOwnButton()
+{
+    const ApplicationFont font(120);
+    TeskelMainWindow window;
+    auto* bar = window.findChild<QPEToolBar*>();
+    const auto* menus = bar->findChild<QMenuBar*>();
+    const auto* more = bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_qs);
+    const auto* moreMenus = menus->findChild<QToolButton*>(u"qt_menubar_ext_button"_qs);
+    QVERIFY(menus->sizeHint().width() > 240);
+    // The tool bar must not make the window wider than the screen of a handheld.
+    QVERIFY(bar->minimumSizeHint().width() < 120);
+    window.setMinimumSize(1, 1);
+    window.resize(240, 320);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTRY_COMPARE(bar->width(), 240);
+    QTRY_VERIFY(moreMenus->isVisible() && more->isVisible());
+    QTRY_VERIFY(menus->rect().contains(moreMenus->geometry()));
+    QTRY_VERIFY(bar->rect().contains(menus->geometry()));
+    QTRY_VERIFY(bar->rect().contains(more->geometry()));
+    const auto titles = menus->actions();
+    for (QAction* title : titles)
+        QVERIFY(menus->rect().contains(menus->actionGeometry(title)) ||
+                moreMenus->menu()->actions().contains(title));
+
+    QTest::keyClick(&window, Qt::Key_F10);
+    for (int step = 0; step < 3 && QApplication::focusWidget() != moreMenus; ++step)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    QCOMPARE(QApplication::focusWidget(), moreMenus);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
 }
 
 void TestTeskelMainWindow::keysReachTheButtonsThatDoNotFit()

@@ -5,11 +5,11 @@ from harness.scenario import Scenario
 from harness.waiting import wait_until
 
 
-class SmallScreen(Scenario):
+TITLES = ("Lexicon", "Edit")
+BUTTONS = ("Add/Edit Word", "Select a dictionary", "Cross lookup", "Toggle View", "Preferences")
 
-    def setUp(self):
-        super().setUp()
-        self.reader = self.start_on("Eng2Ger")
+
+class SmallScreenScenario(Scenario):
 
     def is_within_screen(self, part):
         x, y, width, height = part.rectangle
@@ -27,11 +27,16 @@ class SmallScreen(Scenario):
             self.assertLessEqual(left.rectangle[0] + left.rectangle[2], right.rectangle[0],
                                  (left, right))
 
+
+class SmallScreen(SmallScreenScenario):
+
+    def setUp(self):
+        super().setUp()
+        self.reader = self.start_on("Eng2Ger")
+
     def test_every_menu_and_tool_button(self):
-        bar = self.reader.tool_bar
-        titles = [bar.first("menu item", name) for name in ("Lexicon", "Edit")]
-        buttons = [self.reader.button(name) for name in (
-            "Add/Edit Word", "Select a dictionary", "Cross lookup", "Toggle View", "Preferences")]
+        titles = [self.reader.tool_bar.first("menu item", name) for name in TITLES]
+        buttons = [self.reader.button(name) for name in BUTTONS]
         self.check_within_screen(*titles, *buttons)
         self.check_apart(titles + buttons)
 
@@ -78,3 +83,50 @@ class SmallScreen(Scenario):
         self.check_within_screen(dialog, *dialog.all("push button"),
                                  *(label for label in dialog.all("label") if label.name))
         self.reader.dismiss("Escape")
+
+
+class LargeFonts(SmallScreenScenario):
+    """The tool bar with the fonts that a person sets for the whole desktop, in points."""
+
+    def start_with_font(self, points):
+        self.install_samples()
+        font = f"Sans Serif,{points},-1,5,50,0,0,0,0,0"
+        self.home.place("config/kdeglobals",
+                        f"[General]\nfont={font}\nmenuFont={font}\ntoolBarFont={font}\n".encode())
+        reader = self.start("-f", self.home.dictionaries / "Eng2Ger.PDB", environment={
+            "XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"})
+        reader.wait_for_title("Teskel-Eng2Ger")
+        return reader
+
+    def check(self, points):
+        reader = self.start_with_font(points)
+        bar = reader.tool_bar
+        titles = [bar.first("menu item", name) for name in TITLES]
+        self.check_within_screen(*titles)
+        self.check_apart(titles)
+        for name in TITLES:
+            self.check_within_screen(reader.open_menu(name))
+            self.desktop.press("Escape", "Escape")
+        # What does not fit comes out behind the tool bar's own button, at its end.
+        hidden = [name for name in BUTTONS
+                  if not reader.button(name).has_state("showing")]
+        if hidden:
+            x, y, width, height = bar.rectangle
+            self.desktop.click((x + width - 8, y + height // 2))
+            for name in BUTTONS:
+                wait_until(f"{name} to be shown",
+                           lambda: reader.button(name).has_state("showing"))
+        self.check_within_screen(*(reader.button(name) for name in BUTTONS))
+        self.end(reader)
+
+    def test_9_points(self):
+        self.check(9)
+
+    def test_11_points(self):
+        self.check(11)
+
+    def test_13_points(self):
+        self.check(13)
+
+    def test_16_points(self):
+        self.check(16)
