@@ -169,10 +169,11 @@ void TeskelMainWindow::openFile(const QString& path)
 {
     // The path is remembered, and must then mean the same from any directory; a message about it
     // shows it as it was given.
-    const bool opened = QDir::isRelativePath(path) &&
-                        _mainWidget->fileOpen(QFileInfo(path).absoluteFilePath(), true);
-    if (opened || _mainWidget->fileOpen(path, false))
+    const QString opened = QDir::isRelativePath(path) ? QFileInfo(path).absoluteFilePath() : path;
+    if (_mainWidget->fileOpen(opened, true))
         updateGUI();
+    else
+        _mainWidget->reportInvalidFile(path);
 }
 
 void TeskelMainWindow::setCaption(const QString& name)

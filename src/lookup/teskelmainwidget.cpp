@@ -115,11 +115,15 @@ bool TeskelMainWidget::fileOpen(const QString& path, bool quiet)
         fillControls();
         return true;
     }
-    if (!quiet) {
-        teskel::showPlainMessage(this, QMessageBox::Critical, tr("Teskel"),
-                                 tr("File\n%1\nis not a valid dictionary").arg(path));
-    }
+    if (!quiet)
+        reportInvalidFile(path);
     return false;
+}
+
+void TeskelMainWidget::reportInvalidFile(const QString& path)
+{
+    teskel::showPlainMessage(this, QMessageBox::Critical, tr("Teskel"),
+                             tr("File\n%1\nis not a valid dictionary").arg(path));
 }
 
 void TeskelMainWidget::fillControls()

@@ -29,6 +29,8 @@ public:
     ///
     /// On failure a message box says so unless `quiet`, and the display stays as it was.
     bool fileOpen(const QString& path, bool quiet);
+    /// Tells the user, in a message box, that the file at `path` is no dictionary.
+    void reportInvalidFile(const QString& path);
 
     /// Arranges the panels and places the entry row as the settings ask for.
     void resetLayout();

@@ -9,6 +9,7 @@
 #include "settings/buttongroupbox.h"
 #include "settings/preferencesdialog.h"
 #include "tests/support/dictionarywriter.h"
+#include "tests/support/warningcapture.h"
 #include "widgets/qteskelcombobox.h"
 #include "widgets/qteskeledit.h"
 
@@ -139,6 +140,7 @@ private slots:
     void invalidFileIsReportedAndStartContinues();
     void relativePathIsStoredAbsolute();
     void relativePathIsReportedAsGiven();
+    void relativePathThatFailsIsTriedOnce();
     void documentRequestOpensFile();
     void menuChoiceOpensFile();
     void unavailableCommandsSayWhy();
@@ -542,6 +544,17 @@ void TestTeskelMainWindow::relativePathIsReportedAsGiven()
     window.openFile(QStringLiteral("gone.PDB"));
     QCOMPARE(visitor.visits(), 1);
     QCOMPARE(visitor.text(), QStringLiteral("File\ngone.PDB\nis not a valid dictionary"));
+}
+
+void TestTeskelMainWindow::relativePathThatFailsIsTriedOnce()
+{
+    QVERIFY(QDir::setCurrent(_home->path()));
+    TeskelMainWindow window;
+    const teskel::test::WarningCapture warnings;
+    const ModalVisitor visitor(acceptDialog);
+    window.openFile(QStringLiteral("gone.PDB"));
+    QCOMPARE(visitor.visits(), 1);
+    QCOMPARE(warnings.count(QStringLiteral("gone.PDB")), 1);
 }
 
 void TestTeskelMainWindow::documentRequestOpensFile()
