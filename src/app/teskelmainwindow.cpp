@@ -8,6 +8,7 @@
 #include <QToolButton>
 
 #include "app/menubutton.h"
+#include "base/oneline.h"
 #include "files/fileloader.h"
 #include "files/qteskelfileinfo.h"
 #include "files/qteskelfilemenu.h"
@@ -179,7 +180,7 @@ void TeskelMainWindow::openFile(const QString& path)
 void TeskelMainWindow::setCaption(const QString& name)
 {
     // Qt takes "[*]" for the place of a mark, and shows it where it stands twice.
-    QString shown = name;
+    QString shown = teskel::oneLine(name);
     shown.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     setWindowTitle(tr("Teskel-") + shown);
 }

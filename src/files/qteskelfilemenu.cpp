@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "files/qteskelfilemenu.h"
 
+#include "base/oneline.h"
 #include "files/fileloader.h"
 #include "files/reversename.h"
 #include "platform/resource.h"
@@ -13,13 +14,9 @@ namespace
 
 /// The name as a menu must be given it to show it: "&" would mark a shortcut, a tab a second
 /// column.
-QString menuText(QString name)
+QString menuText(const QString& name)
 {
-    for (QChar& character : name) {
-        if (character.category() == QChar::Other_Control)
-            character = u' ';
-    }
-    return name.replace(u'&', QStringLiteral("&&"));
+    return teskel::oneLine(name).replace(u'&', QStringLiteral("&&"));
 }
 
 } // namespace

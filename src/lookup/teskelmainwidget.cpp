@@ -2,6 +2,7 @@
 #include "lookup/teskelmainwidget.h"
 
 #include "base/assertion.h"
+#include "base/oneline.h"
 #include "lookup/dictionarytexts.h"
 #include "lookup/initialtext.h"
 #include "lookup/lexicontext.h"
@@ -123,7 +124,7 @@ bool TeskelMainWidget::fileOpen(const QString& path, bool quiet)
 void TeskelMainWidget::reportInvalidFile(const QString& path)
 {
     teskel::showPlainMessage(this, QMessageBox::Critical, tr("Teskel"),
-                             tr("File\n%1\nis not a valid dictionary").arg(path));
+                             tr("File\n%1\nis not a valid dictionary").arg(teskel::oneLine(path)));
 }
 
 void TeskelMainWidget::fillControls()

@@ -132,6 +132,7 @@ private slots:
     void namesMayHaveAnyLetters();
     void captionShowsTheNameAsItIs_data();
     void captionShowsTheNameAsItIs();
+    void captionShowsNoControlCharacters();
     void showsMenusInOrder();
     void skipsLastFileThatIsGone();
     void opensLastFileBeforeTheFirstInstalled();
@@ -141,6 +142,8 @@ private slots:
     void relativePathIsStoredAbsolute();
     void relativePathIsReportedAsGiven();
     void relativePathThatFailsIsTriedOnce();
+    void messageShowsNoControlCharacters();
+    void fileWithControlCharactersInItsNameIsOpened();
     void documentRequestOpensFile();
     void menuChoiceOpensFile();
     void unavailableCommandsSayWhy();
@@ -433,6 +436,13 @@ void TestTeskelMainWindow::captionShowsTheNameAsItIs()
     QCOMPARE(window.windowHandle()->title(), QStringLiteral("Teskel-") + name);
 }
 
+void TestTeskelMainWindow::captionShowsNoControlCharacters()
+{
+    TeskelMainWindow window;
+    window.setCaption(u"Eng\n2\tGer\u2028\u202Ex\u007F"_qs);
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng 2 Ger  x "_qs);
+}
+
 void TestTeskelMainWindow::showsMenusInOrder()
 {
     TeskelMainWindow window;
@@ -555,6 +565,30 @@ void TestTeskelMainWindow::relativePathThatFailsIsTriedOnce()
     window.openFile(QStringLiteral("gone.PDB"));
     QCOMPARE(visitor.visits(), 1);
     QCOMPARE(warnings.count(QStringLiteral("gone.PDB")), 1);
+}
+
+void TestTeskelMainWindow::messageShowsNoControlCharacters()
+{
+    TeskelMainWindow window;
+    const ModalVisitor visitor(acceptDialog);
+    window.openFile(_home->filePath(u"a\nis a valid\u2029dictionary\tb.PDB"_qs));
+    QCOMPARE(visitor.visits(), 1);
+    QCOMPARE(
+        visitor.text(),
+        u"File\n%1/a is a valid dictionary b.PDB\nis not a valid dictionary"_qs.arg(_home->path()));
+}
+
+void TestTeskelMainWindow::fileWithControlCharactersInItsNameIsOpened()
+{
+    const QString path = install(u"Eng\n2\tGer\u0001.PDB"_qs, {{"ant", "Ameise"}});
+    QVERIFY(!path.isEmpty());
+    TeskelMainWindow window;
+    const auto entries = window.findChild<QTeskelFileMenu*>()->actions();
+    QCOMPARE(entries.size(), 1);
+    QCOMPARE(entries.first()->text(), u"Eng 2 Ger "_qs);
+    entries.first()->trigger();
+    QCOMPARE(window.findChild<TeskelMainWidget*>()->getDictionaryFileName(), path);
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng 2 Ger "_qs);
 }
 
 void TestTeskelMainWindow::documentRequestOpensFile()

@@ -157,9 +157,14 @@ void QTeskelFileMenuTest::cardsThatComeLaterDoNotChangeTheMenu()
 
 void QTeskelFileMenuTest::ampersandIsShownAndControlCharactersAreNot()
 {
-    StagedStorage::addFile(_storage->internalDirectory(), QStringLiteral("R&D && co\tx\ny.PDB"));
-    const QTeskelFileMenu menu(nullptr);
-    QCOMPARE(menu.actions().first()->text(), QStringLiteral("R&&D &&&& co x y"));
+    const QString path =
+        StagedStorage::addFile(_storage->internalDirectory(),
+                               u"R&D && co\tx\ny\u007F\u0085\u2028\u2029\u202E\u2066z.PDB"_qs);
+    QTeskelFileMenu menu(nullptr);
+    QCOMPARE(menu.actions().first()->text(), u"R&&D &&&& co x y      z"_qs);
+    const QSignalSpy selected(&menu, &QTeskelFileMenu::fileSelected);
+    menu.actions().first()->trigger();
+    QCOMPARE(sent(selected, 0).path(), path);
 }
 
 void QTeskelFileMenuTest::reverseNameIsThatOfTheRule()
