@@ -5,6 +5,7 @@
 #include "lookup/teskelmainwidget.h"
 #include "platform/config.h"
 #include "platform/qpetoolbar.h"
+#include "platform/resource.h"
 #include "platform/storageinfo.h"
 #include "settings/buttongroupbox.h"
 #include "settings/preferencesdialog.h"
@@ -14,6 +15,7 @@
 #include "widgets/qteskeledit.h"
 
 #include <QAction>
+#include <QBoxLayout>
 #include <QClipboard>
 #include <QDir>
 #include <QLineEdit>
@@ -30,6 +32,7 @@
 #include <QTranslator>
 #include <QWindow>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -92,6 +95,15 @@ void acceptDialog(QDialog* dialog)
     dialog->accept();
 }
 
+/// The picture as it is painted: straight colours would come out of Qt's conversion differently on
+/// different processors.
+QImage picture(const QIcon& icon, int size)
+{
+    return icon.pixmap(QSize(size, size), 1.0)
+        .toImage()
+        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
 /// Gives the application, and so every widget, a font of another size while it lives.
 class ApplicationFont
 {
@@ -129,6 +141,8 @@ private slots:
     void menusKeepTheirWidthAtEveryFontSize();
     void menusThatCannotFitAreReachedThroughTheirOwnButton();
     void keysReachTheButtonsThatDoNotFit();
+    void commandsHaveTheirOwnIcons_data();
+    void commandsHaveTheirOwnIcons();
     void namesMayHaveAnyLetters();
     void captionShowsTheNameAsItIs_data();
     void captionShowsTheNameAsItIs();
@@ -144,6 +158,7 @@ private slots:
     void relativePathThatFailsIsTriedOnce();
     void messageShowsNoControlCharacters();
     void fileWithControlCharactersInItsNameIsOpened();
+    void openingArrangesTheWindowAsTheSettingsSay();
     void documentRequestOpensFile();
     void menuChoiceOpensFile();
     void unavailableCommandsSayWhy();
@@ -384,6 +399,43 @@ void TestTeskelMainWindow::menusThatCannotFitAreReachedThroughTheirOwnButton()
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
 }
 
+void TestTeskelMainWindow::commandsHaveTheirOwnIcons_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("icon"); // empty for none
+    QTest::newRow("add") << u"Add/Edit Word"_qs << u"teskel-custom-word"_qs;
+    QTest::newRow("random") << u"Random Word"_qs << QString();
+    QTest::newRow("delete") << u"Delete current"_qs << QString();
+    QTest::newRow("copy") << u"Copy"_qs << u"copy"_qs;
+    QTest::newRow("copy translation") << u"Copy translation"_qs << QString();
+    QTest::newRow("paste") << u"Paste"_qs << u"paste"_qs;
+    QTest::newRow("preferences") << u"Preferences ..."_qs << u"teskel-preferences"_qs;
+    QTest::newRow("about") << u"About ..."_qs << QString();
+    QTest::newRow("open") << u"Select a dictionary"_qs << u"teskel-open"_qs;
+    QTest::newRow("cross lookup") << u"Cross lookup"_qs << u"teskel-crosslookup"_qs;
+    QTest::newRow("toggle view") << u"Toggle View"_qs << u"teskel-toggleview"_qs;
+}
+
+void TestTeskelMainWindow::commandsHaveTheirOwnIcons()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QString, icon);
+    const TeskelMainWindow window;
+    QIcon shown;
+    if (const QAction* command = action(window, text)) {
+        shown = command->icon();
+    } else {
+        const auto buttons = window.findChildren<QToolButton*>();
+        const auto* button = *std::find_if(buttons.cbegin(), buttons.cend(), [&](auto* candidate) {
+            return candidate->toolTip() == text;
+        });
+        shown = button->icon();
+    }
+    QCOMPARE(shown.isNull(), icon.isEmpty());
+    for (const int size : {16, 24})
+        QCOMPARE(picture(shown, size), picture(Resource::loadIcon(icon), size));
+}
+
 void TestTeskelMainWindow::keysReachTheButtonsThatDoNotFit()
 {
     TeskelMainWindow window;
@@ -589,6 +641,23 @@ void TestTeskelMainWindow::fileWithControlCharactersInItsNameIsOpened()
     entries.first()->trigger();
     QCOMPARE(window.findChild<TeskelMainWidget*>()->getDictionaryFileName(), path);
     QCOMPARE(window.windowTitle(), u"Teskel-Eng 2 Ger "_qs);
+}
+
+void TestTeskelMainWindow::openingArrangesTheWindowAsTheSettingsSay()
+{
+    const QString path = installEnglish();
+    TeskelMainWindow window;
+    auto* article = window.findChild<QTeskelEdit*>();
+    const int width = article->minimumWidth();
+    QVERIFY(width > 1);
+    // Whatever has moved the panels and the entry meanwhile.
+    article->setMinimumWidth(1);
+    auto* column = qobject_cast<QBoxLayout*>(window.findChild<TeskelMainWidget*>()->layout());
+    QLayout* entryRow = column->takeAt(0)->layout();
+    column->addLayout(entryRow);
+    window.openFile(path);
+    QCOMPARE(article->minimumWidth(), width);
+    QCOMPARE(column->itemAt(0)->layout(), entryRow);
 }
 
 void TestTeskelMainWindow::documentRequestOpensFile()

@@ -11,9 +11,11 @@
 #include <QPointer>
 #include <QRegularExpression>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTest>
 #include <QToolButton>
 
+#include <algorithm>
 #include <memory>
 
 /// The selector panel as a user of it sees it.
@@ -37,6 +39,8 @@ private slots:
     void pressingAloneDoesNotChoose();
     void removableMediaMovesTheMarkAndEmptiesTheList();
     void closeButtonAsksToBeClosed();
+    void closeButtonStandsInTheUpperOuterCorner();
+    void keysReachTheMenuAndThenTheCloseButton();
     void selectedIsThePathOfTheCurrentItem();
     void rereadEmptiesTheList();
     void receiverMayDeleteThePanel_data();
@@ -196,6 +200,34 @@ void QTeskelFileSelectorTest::closeButtonAsksToBeClosed()
 {
     QTest::mouseClick(_panel->findChild<QToolButton*>(), Qt::LeftButton);
     QCOMPARE(_log, QStringList{QStringLiteral("close")});
+}
+
+void QTeskelFileSelectorTest::closeButtonStandsInTheUpperOuterCorner()
+{
+    const auto place = [this](const QWidget* widget) {
+        return QStyle::visualRect(_panel->layoutDirection(), _panel->rect(),
+                                  QRect(widget->mapTo(_panel.get(), QPoint()), widget->size()));
+    };
+    const QRect button = place(_panel->findChild<QToolButton*>());
+    const QRect menu = place(_panel->findChild<QPEMenuBar*>());
+    QCOMPARE(button.right(), _panel->rect().right());
+    QCOMPARE(menu.left(), 0);
+    QVERIFY(menu.right() < button.left());
+    QVERIFY(std::max(menu.bottom(), button.bottom()) < place(_panel->view()).top());
+}
+
+void QTeskelFileSelectorTest::keysReachTheMenuAndThenTheCloseButton()
+{
+    _panel->view()->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(_panel.get()));
+    QTest::keyClick(_panel->view(), Qt::Key_F10);
+    QCOMPARE(QApplication::focusWidget(), _panel->findChild<QPEMenuBar*>());
+    const auto forward = _panel->isRightToLeft() ? Qt::Key_Left : Qt::Key_Right;
+    QTest::keyClick(QApplication::focusWidget(), forward);
+    QCOMPARE(QApplication::focusWidget(), _panel->findChild<QToolButton*>());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(_log, QStringList{QStringLiteral("close")});
+    QCOMPARE(QApplication::focusWidget(), _panel->view());
 }
 
 void QTeskelFileSelectorTest::selectedIsThePathOfTheCurrentItem()
