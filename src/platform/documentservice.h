@@ -12,8 +12,8 @@ namespace teskel
 /// Receives requests to open a document from the desktop's session bus.
 ///
 /// Offers org.freedesktop.Application under the name "org.teskel.Teskel". The first program on the
-/// bus owns the name; a later one gets no requests. Nothing here waits for the bus: connecting
-/// happens beside the event loop, and without a bus, or in a build without D-Bus, no requests come.
+/// bus owns the name; a later one gets no requests. Connecting happens beside the event loop, and
+/// without a bus, or in a build without D-Bus, no requests come.
 class DocumentService : public QObject
 {
     Q_OBJECT
@@ -26,12 +26,22 @@ public:
     DocumentService(const DocumentService&) = delete;
     DocumentService& operator=(const DocumentService&) = delete;
 
+    /// Whether a bus has started this program. The mark is inherited by programs that such a one
+    /// starts, so it may be wrong.
+    static bool isStartedByBus();
+
     /// Begins to connect; at once back.
     void start();
+    /// Connects and returns once the requests for which a bus started this program have been
+    /// reported: at once when there are none, and after five seconds when the bus is silent. Runs
+    /// the event loop meanwhile.
+    void startAndReceive();
 
     static QString serviceName();
 
 signals:
+    /// What a bus held for this program has been reported, or there is no bus.
+    void ready();
     /// Another program asks to open the local file `path`.
     void openRequested(const QString& path);
     /// Another program asks to bring the window to the front.

@@ -17,7 +17,14 @@ QString DocumentService::serviceName()
     return QStringLiteral("org.teskel.Teskel");
 }
 
+bool DocumentService::isStartedByBus()
+{
+    return false;
+}
+
 void DocumentService::start() {}
+
+void DocumentService::startAndReceive() {}
 
 void DocumentService::connected() {}
 

@@ -63,10 +63,13 @@ QPEApplication::~QPEApplication() = default;
 
 void QPEApplication::showMainWidget(QWidget* widget)
 {
+    const bool documents = takesDocuments(widget);
+    if (documents && teskel::DocumentService::isStartedByBus())
+        _service->startAndReceive();
     _mainWidget = widget;
     deliverDocuments();
     widget->showMaximized();
-    if (takesDocuments(widget))
+    if (documents)
         QTimer::singleShot(0, _service, &teskel::DocumentService::start);
     // The request came while something else than the main window was on the screen.
     if (_endRequested)

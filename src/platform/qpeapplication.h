@@ -31,8 +31,9 @@ public:
     QPEApplication(const QPEApplication&) = delete;
     QPEApplication& operator=(const QPEApplication&) = delete;
 
-    /// Makes `widget` the receiver of document requests, delivers those that came before, then
-    /// shows it maximised. The caller keeps the widget. Requests from the desktop come only to a
+    /// Makes `widget` the receiver of document requests, delivers those that came before, the ones
+    /// that made the desktop start this program among them, then shows it maximised. The caller
+    /// keeps the widget. Requests from the desktop come only to a
     /// widget with the slot `setDocument(const QString&)`.
     void showMainWidget(QWidget* widget);
     /// The widget given to showMainWidget() while it lives.

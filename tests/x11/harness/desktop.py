@@ -55,6 +55,9 @@ class Desktop:
         }
         for name in ("tmp", "config", "data", "cache", "run"):
             (self._home / name).mkdir(mode=0o700)
+        # What the message bus may start programs from.
+        self.services = self._home / "data" / "dbus-1" / "services"
+        self.services.mkdir(parents=True)
         try:
             self._start_display()
             self._start_bus()
