@@ -17,13 +17,15 @@ namespace
 constexpr int LineStep = 3;
 constexpr int PageStep = 30;
 
-/// A shown bar of its own style, and the places of its controls.
+/// A shown bar of its own style and layout direction, and the places of its controls.
 struct Bar {
     explicit Bar(const QString& styleName = QStringLiteral("Fusion"),
-                 Qt::Orientation orientation = Qt::Vertical)
+                 Qt::Orientation orientation = Qt::Vertical,
+                 Qt::LayoutDirection direction = Qt::LeftToRight)
         : style(QStyleFactory::create(styleName))
         , bar(orientation, &parent, "bar")
     {
+        parent.setLayoutDirection(direction);
         parent.resize(200, 200);
         bar.setStyle(style.get());
         bar.setRange(0, 100);
@@ -44,7 +46,8 @@ struct Bar {
         option.sliderValue = bar.value();
         option.singleStep = bar.singleStep();
         option.pageStep = bar.pageStep();
-        option.upsideDown = bar.invertedAppearance();
+        option.upsideDown = bar.invertedAppearance() !=
+                            (bar.orientation() == Qt::Horizontal && bar.isRightToLeft());
         return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, control, &bar);
     }
     QPoint middleOf(QStyle::SubControl control) const { return rectOf(control).center(); }
@@ -53,6 +56,12 @@ struct Bar {
     QWidget parent;
     QTeskelScrollBar bar;
 };
+
+/// What a widget shows, in the one format that pictures are compared in.
+QImage shotOf(QWidget& widget, const QRect& part = QRect(QPoint(0, 0), QSize(-1, -1)))
+{
+    return widget.grab(part).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
 
 const QStringList Styles{QStringLiteral("Fusion"), QStringLiteral("Windows")};
 } // namespace
@@ -125,21 +134,30 @@ void TestScrollBar::pressActsOnce_data()
 {
     QTest::addColumn<QString>("style");
     QTest::addColumn<Qt::Orientation>("orientation");
+    QTest::addColumn<Qt::LayoutDirection>("direction");
     QTest::addColumn<QStyle::SubControl>("control");
     QTest::addColumn<int>("next");
     QTest::addColumn<int>("prev");
     QTest::addColumn<int>("moved");
+    const auto rows = [](const QString& style, Qt::Orientation orientation,
+                         Qt::LayoutDirection direction) {
+        const auto row = [&](const char* name, QStyle::SubControl control, int next, int prev) {
+            QTest::addRow("%s %s%s, %s", qPrintable(style),
+                          orientation == Qt::Vertical ? "vertical" : "horizontal",
+                          direction == Qt::RightToLeft ? " from the right" : "", name)
+                << style << orientation << direction << control << next << prev
+                << (next - prev) * LineStep;
+        };
+        row("add line", QStyle::SC_ScrollBarAddLine, 1, 0);
+        row("add page", QStyle::SC_ScrollBarAddPage, 1, 0);
+        row("subtract line", QStyle::SC_ScrollBarSubLine, 0, 1);
+        row("subtract page", QStyle::SC_ScrollBarSubPage, 0, 1);
+        row("slider", QStyle::SC_ScrollBarSlider, 0, 0);
+    };
     for (const QString& style : Styles) {
         for (const auto orientation : {Qt::Vertical, Qt::Horizontal}) {
-            const auto row = [&](const char* name, QStyle::SubControl control, int next, int prev) {
-                QTest::addRow("%s %d %s", qPrintable(style), orientation, name)
-                    << style << orientation << control << next << prev << (next - prev) * LineStep;
-            };
-            row("add line", QStyle::SC_ScrollBarAddLine, 1, 0);
-            row("add page", QStyle::SC_ScrollBarAddPage, 1, 0);
-            row("subtract line", QStyle::SC_ScrollBarSubLine, 0, 1);
-            row("subtract page", QStyle::SC_ScrollBarSubPage, 0, 1);
-            row("slider", QStyle::SC_ScrollBarSlider, 0, 0);
+            for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft})
+                rows(style, orientation, direction);
         }
     }
 }
@@ -148,11 +166,12 @@ void TestScrollBar::pressActsOnce()
 {
     QFETCH(QString, style);
     QFETCH(Qt::Orientation, orientation);
+    QFETCH(Qt::LayoutDirection, direction);
     QFETCH(QStyle::SubControl, control);
     QFETCH(int, next);
     QFETCH(int, prev);
     QFETCH(int, moved);
-    Bar b(style, orientation);
+    Bar b(style, orientation, direction);
     b.bar.setValue(50);
     QSignalSpy nextLine(&b.bar, &QTeskelScrollBar::nextLine);
     QSignalSpy prevLine(&b.bar, &QTeskelScrollBar::prevLine);
@@ -404,10 +423,10 @@ void TestScrollBar::emptyRangeAtTheLimitOfIntIsDrawn()
     constexpr int Most = std::numeric_limits<int>::max();
     Bar b;
     b.bar.setRange(0, 0);
-    const QImage expected = b.bar.grab().toImage();
+    const QImage expected = shotOf(b.bar);
     b.bar.setPageStep(Most);
     b.bar.setRange(Most, Most);
-    QCOMPARE(b.bar.grab().toImage(), expected);
+    QCOMPARE(shotOf(b.bar), expected);
 }
 
 void TestScrollBar::deletingInTheSlotIsSafe_data()
@@ -516,8 +535,7 @@ void TestScrollBar::keys()
 
 void TestScrollBar::arrowKeysFollowTheLayoutDirection()
 {
-    Bar b(QStringLiteral("Fusion"), Qt::Horizontal);
-    b.bar.setLayoutDirection(Qt::RightToLeft);
+    Bar b(QStringLiteral("Fusion"), Qt::Horizontal, Qt::RightToLeft);
     b.bar.setValue(50);
     QTest::keyClick(&b.bar, Qt::Key_Left);
     QCOMPARE(b.bar.value(), 50 + LineStep);
@@ -602,9 +620,9 @@ void TestScrollBar::pressedArrowIsDrawnPressed()
     Bar b(style);
     b.bar.setValue(100);
     const QRect arrow = b.rectOf(QStyle::SC_ScrollBarAddLine);
-    const QImage before = b.bar.grab(arrow).toImage();
+    const QImage before = shotOf(b.bar, arrow);
     QTest::mousePress(&b.bar, Qt::LeftButton, {}, arrow.center());
-    const QImage pressed = b.bar.grab(arrow).toImage();
+    const QImage pressed = shotOf(b.bar, arrow);
     QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, arrow.center());
     QVERIFY(before != pressed);
 }
@@ -620,13 +638,13 @@ void TestScrollBar::arrowsLookEnabledWithEmptyRange()
     Bar b(style);
     const QRect add = b.rectOf(QStyle::SC_ScrollBarAddLine);
     const QRect sub = b.rectOf(QStyle::SC_ScrollBarSubLine);
-    const QImage addInRange = b.bar.grab(add).toImage();
-    const QImage subInRange = b.bar.grab(sub).toImage();
+    const QImage addInRange = shotOf(b.bar, add);
+    const QImage subInRange = shotOf(b.bar, sub);
     b.bar.setRange(0, 0);
-    QCOMPARE(b.bar.grab(add).toImage(), addInRange);
-    QCOMPARE(b.bar.grab(sub).toImage(), subInRange);
+    QCOMPARE(shotOf(b.bar, add), addInRange);
+    QCOMPARE(shotOf(b.bar, sub), subInRange);
     b.bar.setEnabled(false);
-    QVERIFY(b.bar.grab(add).toImage() != addInRange);
+    QVERIFY(shotOf(b.bar, add) != addInRange);
 }
 
 void TestScrollBar::hasNoContextMenu()
