@@ -42,7 +42,7 @@ QTeskelListBox::QTeskelListBox(QWidget* parent, const char* name, Qt::WindowFlag
 
 QTeskelListBox::~QTeskelListBox()
 {
-    QTeskelListBox::clear();
+    deleteItems();
     // An item that appeared while the others were deleted is nobody's, but must not point here.
     while (!_state->model.isEmpty())
         _state->model.take(_state->model.item(0));
@@ -174,6 +174,12 @@ void QTeskelListBox::takeItem(QTeskelListBoxItem* item)
 }
 
 void QTeskelListBox::clear()
+{
+    deleteItems();
+    setContentsPos(0, 0);
+}
+
+void QTeskelListBox::deleteItems()
 {
     const QSignalBlocker blocker(this);
     int i = count();

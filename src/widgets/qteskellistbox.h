@@ -58,7 +58,7 @@ public:
     void removeItem(int index);
     /// Takes the item out without deleting it; the caller owns it.
     void takeItem(QTeskelListBoxItem* item);
-    /// Deletes all items and emits nothing.
+    /// Deletes all items, of which no signal tells, and goes back to the top of the contents.
     virtual void clear();
     /// Sorts by text; items of the same text keep their order.
     void sort(bool ascending = true);
@@ -184,6 +184,7 @@ private:
 
     void itemTextChanged(const QTeskelListBoxItem* item);
     void insertAt(QTeskelListBoxItem* item, int index);
+    void deleteItems();
     void layOutGrid() const;
     void layOutIfNeeded();
     void updateItem(const QTeskelListBoxItem* item);

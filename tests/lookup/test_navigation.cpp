@@ -4,6 +4,7 @@
 
 #include <QSignalSpy>
 #include <QStyleOptionSlider>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 using namespace teskel::test;
@@ -11,8 +12,7 @@ using namespace teskel::test;
 namespace
 {
 
-/// The middle of one control of a scroll bar.
-QPoint controlCentre(const QTeskelScrollBar& bar, QStyle::SubControl control)
+QStyleOptionSlider optionOf(const QTeskelScrollBar& bar)
 {
     QStyleOptionSlider option;
     option.initFrom(&bar);
@@ -23,7 +23,20 @@ QPoint controlCentre(const QTeskelScrollBar& bar, QStyle::SubControl control)
     option.pageStep = bar.pageStep();
     option.singleStep = bar.singleStep();
     option.sliderPosition = option.sliderValue = bar.value();
+    return option;
+}
+
+/// The middle of one control of a scroll bar.
+QPoint controlCentre(const QTeskelScrollBar& bar, QStyle::SubControl control)
+{
+    const QStyleOptionSlider option = optionOf(bar);
     return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, control, &bar).center();
+}
+
+/// The article above the list.
+void stacked(PreferencesData& preferences)
+{
+    preferences.setLayout(PreferencesData::Horizontal);
 }
 
 void click(QTeskelScrollBar& bar, QStyle::SubControl control)
@@ -50,6 +63,7 @@ private slots:
     void scrollBarArrowsStepOneWord();
     void scrollBarTroughStepsOneWord();
     void heldScrollBarArrowWalksOn();
+    void anotherDictionaryShowsItsFirstWords();
 
     void tapShowsTheArticleAndSelectsTheEntrysText();
     void choosingARowStartsNoLookup();
@@ -72,6 +86,12 @@ class ShownBench : public LookupBench
 {
 public:
     explicit ShownBench(QSize size = {240, 320})
+        : ShownBench(nullptr, size)
+    {
+    }
+
+    explicit ShownBench(Prepare prepare, QSize size = {240, 320})
+        : LookupBench(prepare)
     {
         open(everydayEntries());
         widget().resize(size);
@@ -81,6 +101,14 @@ public:
     }
 
     void press(Qt::Key key) { QTest::keyClick(&entry(), key); }
+
+    /// The current row in the viewport of the list.
+    QRect currentRow() const { return list().itemRect(list().item(list().currentItem())); }
+
+    bool isCurrentWhollyInView() const
+    {
+        return currentRow().isValid() && list().viewport()->rect().contains(currentRow());
+    }
 };
 
 void TestNavigation::arrowKeysWalkOnFromTheTypedWord()
@@ -209,6 +237,22 @@ void TestNavigation::heldScrollBarArrowWalksOn()
     QTRY_VERIFY(bench.typed() >= u"w003"_s);
     QTest::mouseRelease(&bar, Qt::LeftButton, {}, arrow);
     QVERIFY(bench.history() == QStringList{u"w000"_s});
+}
+
+void TestNavigation::anotherDictionaryShowsItsFirstWords()
+{
+    ShownBench bench(&stacked);
+    const QString other = bench.write(u"Other.PDB"_s, numberedEntries(50));
+    bench.type(u"house"_s);
+    for (int times = 0; times < 30; ++times)
+        bench.press(Qt::Key_Down);
+    QVERIFY(bench.list().contentsY() > 0);
+    bench.type(QString());
+    QVERIFY(bench.widget().fileOpen(other, true));
+    QCOMPARE(bench.rows(), numberedWords(0, 19));
+    QCOMPARE(bench.list().contentsY(), 0);
+    QCOMPARE(bench.list().topItem(), 0);
+    QCOMPARE(bench.list().verticalScrollBar()->value(), 0);
 }
 
 void TestNavigation::tapShowsTheArticleAndSelectsTheEntrysText()
