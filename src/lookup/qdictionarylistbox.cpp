@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QResizeEvent>
 #include <memory>
 
 namespace
@@ -46,6 +47,11 @@ QDictionaryListBox::QDictionaryListBox(Dictionary* dictionary, QWidget* parent, 
     setVScrollBarMode(AlwaysOn);
     connect(bar, &QTeskelScrollBar::nextLine, this, &QDictionaryListBox::nextLine);
     connect(bar, &QTeskelScrollBar::prevLine, this, &QDictionaryListBox::prevLine);
+    // The bar adds its step to what nextLine() and prevLine() scrolled.
+    connect(bar, &QTeskelScrollBar::valueChanged, this, [this, bar] {
+        if (bar->steppingLine())
+            ensureCurrentVisible();
+    });
 }
 
 void QDictionaryListBox::fill(CursorPosition start)
@@ -84,6 +90,13 @@ void QDictionaryListBox::move(int lines)
 void QDictionaryListBox::adjustScrollBars()
 {
     triggerUpdate(true);
+}
+
+void QDictionaryListBox::resizeContents(int width, int height)
+{
+    if (count() > 0)
+        verticalScrollBar()->setLineStep(itemHeight());
+    QTeskelListBox::resizeContents(width, height);
 }
 
 void QDictionaryListBox::nextLine()
@@ -135,6 +148,20 @@ void QDictionaryListBox::keyReleaseEvent(QKeyEvent* e)
     if (direction < 0 ? isFirstRowCurrent() : isLastRowCurrent())
         move(direction);
     tellParent(teskel::navigationFinish);
+}
+
+void QDictionaryListBox::resizeEvent(QResizeEvent* event)
+{
+    const bool wasInView = isCurrentInView(event->oldSize().height());
+    QTeskelListBox::resizeEvent(event);
+    if (wasInView)
+        ensureCurrentVisible();
+}
+
+bool QDictionaryListBox::isCurrentInView(int viewportHeight) const
+{
+    const QRect row = itemRect(item(currentItem()));
+    return row.isValid() && row.bottom() >= 0 && row.top() < viewportHeight;
 }
 
 bool QDictionaryListBox::isFirstRowCurrent() const

@@ -13,6 +13,9 @@ class QDictionaryListBoxItem;
 /// The owner inserts the rows (QDictionaryListBoxItem) once; the list never adds or removes one, it
 /// rewrites their words and positions. Around each navigation the parent receives, synchronously,
 /// the events teskel::navigationStart and teskel::navigationFinish.
+///
+/// The scroll bar's arrows and trough, and a new size, keep the current row wholly in view; the
+/// wheel and the slider scroll freely.
 class QDictionaryListBox : public QTeskelListBox
 {
     Q_OBJECT
@@ -36,6 +39,10 @@ public:
     /// Recomputes the rows' geometry and the scroll bars.
     void adjustScrollBars();
 
+    /// Makes a row the scroll bar's line step as well, so that a tap that selects the next row
+    /// leaves it where the last one was.
+    void resizeContents(int width, int height) override;
+
 public slots:
     /// One word down: the scroll bar's arrow and trough below the slider.
     void nextLine();
@@ -45,10 +52,13 @@ public slots:
 protected:
     void keyPressEvent(QKeyEvent* e) override;
     void keyReleaseEvent(QKeyEvent* e) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     bool isFirstRowCurrent() const;
     bool isLastRowCurrent() const;
+    /// Whether a part of the current row is in a viewport of this height.
+    bool isCurrentInView(int viewportHeight) const;
     /// Null for an item of another kind; such an item is left alone.
     QDictionaryListBoxItem* row(int index) const;
     QDictionaryListBoxItem* firstRow() const;

@@ -74,8 +74,12 @@ void QTeskelScrollBar::performAction()
         Q_EMIT nextLine();
     else
         Q_EMIT prevLine();
+    if (!self)
+        return;
+    _stepsLine = true;
+    setValue(teskel::saturatedSum(value(), adds ? lineStep() : -lineStep()));
     if (self)
-        setValue(teskel::saturatedSum(value(), adds ? lineStep() : -lineStep()));
+        _stepsLine = false;
 }
 
 void QTeskelScrollBar::doAutoRepeat()

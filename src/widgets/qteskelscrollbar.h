@@ -23,6 +23,8 @@ public:
     bool tracking() const { return hasTracking(); }
     /// Whether the person holds the slider at this moment.
     bool draggingSlider() const { return isSliderDown(); }
+    /// Whether the value moves at this moment because an arrow or the trough is pressed.
+    bool steppingLine() const { return _stepsLine; }
 
     int minValue() const { return minimum(); }
     int maxValue() const { return maximum(); }
@@ -72,5 +74,6 @@ private:
     QTimer* _repeatTimer;
     QStyle::SubControl _pressedControl = QStyle::SC_None;
     bool _pointerInside = false;
+    bool _stepsLine = false;
     bool _middleDrag = false;
 };

@@ -26,6 +26,12 @@ QStyleOptionSlider optionOf(const QTeskelScrollBar& bar)
     return option;
 }
 
+QStyle::SubControl controlAt(const QTeskelScrollBar& bar, QPoint position)
+{
+    const QStyleOptionSlider option = optionOf(bar);
+    return bar.style()->hitTestComplexControl(QStyle::CC_ScrollBar, &option, position, &bar);
+}
+
 /// The middle of one control of a scroll bar.
 QPoint controlCentre(const QTeskelScrollBar& bar, QStyle::SubControl control)
 {
@@ -64,6 +70,15 @@ private slots:
     void scrollBarTroughStepsOneWord();
     void heldScrollBarArrowWalksOn();
     void anotherDictionaryShowsItsFirstWords();
+    void tappedBarKeepsTheCurrentRowWhollyInView_data();
+    void tappedBarKeepsTheCurrentRowWhollyInView();
+    void tapKeepsTheCurrentRowInItsPlace();
+    void tapBringsBackARowThatWasScrolledAway_data();
+    void tapBringsBackARowThatWasScrolledAway();
+    void wheelAndSliderScrollFreely();
+    void resizingKeepsTheCurrentRowWhollyInView();
+    void resizingLeavesARowThatWasScrolledAway();
+    void togglingTheViewKeepsTheCurrentRowWhollyInView();
 
     void tapShowsTheArticleAndSelectsTheEntrysText();
     void choosingARowStartsNoLookup();
@@ -253,6 +268,151 @@ void TestNavigation::anotherDictionaryShowsItsFirstWords()
     QCOMPARE(bench.list().contentsY(), 0);
     QCOMPARE(bench.list().topItem(), 0);
     QCOMPARE(bench.list().verticalScrollBar()->value(), 0);
+}
+
+void TestNavigation::tappedBarKeepsTheCurrentRowWhollyInView_data()
+{
+    QTest::addColumn<bool>("stack");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("stacked") << true << QSize(240, 320);
+    QTest::newRow("side by side") << false << QSize(240, 320);
+    QTest::newRow("all rows fit") << false << QSize(800, 1000);
+}
+
+void TestNavigation::tappedBarKeepsTheCurrentRowWhollyInView()
+{
+    QFETCH(bool, stack);
+    QFETCH(QSize, size);
+    ShownBench bench(stack ? &stacked : nullptr, size);
+    QTeskelScrollBar& bar = *bench.list().verticalScrollBar();
+    const auto tap = [&](QStyle::SubControl arrow, QStyle::SubControl trough, int times) {
+        // The trough has no room where all rows fit, nor at the end that is reached.
+        const QPoint point = controlCentre(bar, trough);
+        const bool hasTrough = times % 3 == 0 && controlAt(bar, point) == trough;
+        QTest::mouseClick(&bar, Qt::LeftButton, {}, hasTrough ? point : controlCentre(bar, arrow));
+    };
+    bench.type(u"w000"_s);
+    for (int number = 1; number <= 30; ++number) {
+        tap(QStyle::SC_ScrollBarAddLine, QStyle::SC_ScrollBarAddPage, number);
+        QCOMPARE(bench.typed(), numberedWord(number));
+        QVERIFY2(bench.isCurrentWhollyInView(), qPrintable(bench.typed()));
+    }
+    for (int number = 29; number >= 0; --number) {
+        tap(QStyle::SC_ScrollBarSubLine, QStyle::SC_ScrollBarSubPage, number);
+        QCOMPARE(bench.typed(), numberedWord(number));
+        QVERIFY2(bench.isCurrentWhollyInView(), qPrintable(bench.typed()));
+    }
+}
+
+void TestNavigation::tapKeepsTheCurrentRowInItsPlace()
+{
+    ShownBench bench(&stacked);
+    bench.type(u"w000"_s);
+    QTeskelScrollBar& bar = *bench.list().verticalScrollBar();
+    bench.list().setSelected(5, true);
+    bench.list().setContentsPos(0, bench.list().itemYPos(bench.list().item(4)));
+    const int place = bench.currentRow().top();
+    for (const auto arrow :
+         {QStyle::SC_ScrollBarAddLine, QStyle::SC_ScrollBarAddLine, QStyle::SC_ScrollBarSubLine}) {
+        click(bar, arrow);
+        QCOMPARE(bench.currentRow().top(), place);
+    }
+    QCOMPARE(bench.list().currentItem(), 6);
+}
+
+void TestNavigation::tapBringsBackARowThatWasScrolledAway_data()
+{
+    QTest::addColumn<QStyle::SubControl>("arrow");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<bool>("toTheEnd");
+    QTest::newRow("down, row above") << QStyle::SC_ScrollBarAddLine << 3 << true;
+    QTest::newRow("down, row below") << QStyle::SC_ScrollBarAddLine << 14 << false;
+    QTest::newRow("up, row above") << QStyle::SC_ScrollBarSubLine << 4 << true;
+    QTest::newRow("up, row below") << QStyle::SC_ScrollBarSubLine << 15 << false;
+    QTest::newRow("down, last row below") << QStyle::SC_ScrollBarAddLine << 19 << false;
+    QTest::newRow("up, first row above") << QStyle::SC_ScrollBarSubLine << 0 << true;
+}
+
+void TestNavigation::tapBringsBackARowThatWasScrolledAway()
+{
+    QFETCH(QStyle::SubControl, arrow);
+    QFETCH(int, row);
+    QFETCH(bool, toTheEnd);
+    ShownBench bench(&stacked);
+    bench.type(u"w000"_s);
+    bench.list().setSelected(row, true);
+    QTeskelScrollBar& bar = *bench.list().verticalScrollBar();
+    bar.setValue(toTheEnd ? bar.maximum() : 0);
+    QVERIFY(!bench.list().itemVisible(row));
+    click(bar, arrow);
+    QVERIFY(bench.isCurrentWhollyInView());
+}
+
+void TestNavigation::wheelAndSliderScrollFreely()
+{
+    ShownBench bench(&stacked);
+    bench.type(u"w000"_s);
+    QTeskelScrollBar& bar = *bench.list().verticalScrollBar();
+    click(bar, QStyle::SC_ScrollBarAddLine);
+    QWidget* const viewport = bench.list().viewport();
+    const QPointF centre = viewport->rect().center();
+    for (int notch = 0; notch < 20; ++notch) {
+        QWheelEvent turn(centre, viewport->mapToGlobal(centre), QPoint(), QPoint(0, -120),
+                         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(viewport, &turn);
+    }
+    QCOMPARE(bar.value(), bar.maximum());
+    QVERIFY(!bench.list().itemVisible(bench.list().currentItem()));
+    const QPoint slider = bar.sliderRect().center();
+    bench.list().setSelected(19, true);
+    QTest::mousePress(&bar, Qt::LeftButton, {}, slider);
+    QTest::mouseMove(&bar, slider - QPoint(0, 500));
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, slider - QPoint(0, 500));
+    QCOMPARE(bar.value(), 0);
+    QVERIFY(!bench.list().itemVisible(19));
+    QCOMPARE(bench.typed(), u"w019"_s);
+}
+
+void TestNavigation::resizingKeepsTheCurrentRowWhollyInView()
+{
+    ShownBench bench(&stacked, {240, 480});
+    bench.type(u"w000"_s);
+    const int last = bench.list().numItemsVisible() - 2;
+    bench.list().setSelected(last, true);
+    QVERIFY(bench.isCurrentWhollyInView());
+    const int height = bench.list().height();
+    bench.widget().resize(240, 240);
+    QTRY_VERIFY(bench.list().height() < height);
+    QVERIFY(bench.isCurrentWhollyInView());
+    QCOMPARE(bench.list().currentItem(), last);
+}
+
+void TestNavigation::resizingLeavesARowThatWasScrolledAway()
+{
+    ShownBench bench(&stacked, {240, 480});
+    bench.type(u"w000"_s);
+    bench.list().setContentsPos(0, bench.list().itemYPos(bench.list().item(3)));
+    const int before = bench.list().contentsY();
+    const int height = bench.list().height();
+    bench.widget().resize(240, 440);
+    QTRY_VERIFY(bench.list().height() < height);
+    QCOMPARE(bench.list().contentsY(), before);
+}
+
+void TestNavigation::togglingTheViewKeepsTheCurrentRowWhollyInView()
+{
+    ShownBench bench(&stacked);
+    bench.preferences().setViewType(PreferencesData::ToggleViewOff);
+    bench.widget().resetMainLayout();
+    bench.type(u"w000"_s);
+    const int tall = bench.list().height();
+    const int last = bench.list().numItemsVisible() - 2;
+    bench.list().setSelected(last, true);
+    QVERIFY(bench.isCurrentWhollyInView());
+    bench.preferences().setViewType(PreferencesData::ToggleViewOn);
+    bench.widget().resetMainLayout();
+    QTRY_VERIFY(bench.list().height() < tall);
+    QVERIFY(bench.isCurrentWhollyInView());
 }
 
 void TestNavigation::tapShowsTheArticleAndSelectsTheEntrysText()
