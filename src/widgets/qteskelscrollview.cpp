@@ -172,12 +172,12 @@ QWidget* QTeskelScrollView::clipper() const
 
 void QTeskelScrollView::enableClipper(bool enable)
 {
-    if (enable == (_clipper != nullptr))
-        return;
     if (!_children->isEmpty()) {
         qWarning("May only call QScrollView::enableClipper() before adding widgets");
         return;
     }
+    if (enable == (_clipper != nullptr))
+        return;
     if (enable) {
         _clipper = new QTeskelClipperWidget(viewport());
         _clipper->setGeometry(QRect(-_offset, _contentsSize));

@@ -58,8 +58,8 @@ public:
 
     /// The widget that is the parent of the children: the viewport, or the clipper when enabled.
     QWidget* clipper() const;
-    /// Lets all children move as one widget. Only before the first child is added; later it warns
-    /// and does nothing.
+    /// Lets all children move as one widget, or each by itself again. While there are children it
+    /// warns and does nothing.
     void enableClipper(bool enable);
     /// With a static background, scrolling repaints instead of moving what is on the screen.
     void setStaticBackground(bool enable) { _staticBackground = enable; }

@@ -2,6 +2,7 @@
 #include "tests/widgets/signallog.h"
 #include "widgets/qteskelscrollview.h"
 
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
@@ -69,6 +70,7 @@ private Q_SLOTS:
     void resizeContentsIsManual();
     void deletedChildIsForgotten();
     void childrenOutliveTheView();
+    void clipperAfterChildrenWarns_data();
     void clipperAfterChildrenWarns();
     void wheelIsOfferedToTheViewportFirst();
     void wheelGoesToTheVerticalBar();
@@ -339,14 +341,33 @@ void TestScrollView::childrenOutliveTheView()
     QVERIFY(alive.isNull());
 }
 
+void TestScrollView::clipperAfterChildrenWarns_data()
+{
+    QTest::addColumn<bool>("enabled");
+    QTest::addColumn<bool>("enable");
+    for (const bool enabled : {false, true}) {
+        for (const bool enable : {false, true})
+            QTest::addRow("%s, asked for %s", enabled ? "on" : "off", enable ? "on" : "off")
+                << enabled << enable;
+    }
+}
+
 void TestScrollView::clipperAfterChildrenWarns()
 {
+    QFETCH(bool, enabled);
+    QFETCH(bool, enable);
     QTeskelScrollView view;
-    view.addChild(new QWidget);
+    view.enableClipper(enabled);
+    auto* child = new QWidget;
+    view.addChild(child);
     QTest::ignoreMessage(QtWarningMsg,
                          "May only call QScrollView::enableClipper() before adding widgets");
-    view.enableClipper(true);
-    QCOMPARE(view.clipper(), view.viewport());
+    view.enableClipper(enable);
+    QCOMPARE(view.clipper() != view.viewport(), enabled);
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("enableClipper")));
+    delete child;
+    view.enableClipper(enable);
+    QCOMPARE(view.clipper() != view.viewport(), enable);
 }
 
 void TestScrollView::wheelIsOfferedToTheViewportFirst()
