@@ -34,6 +34,7 @@ void QTeskelScrollView::wheelEvent(QWheelEvent* event)
     offerWheel(event, viewport()->mapFrom(this, event->position()));
 }
 
+/// A wheel that turns mostly sideways moves the contents sideways.
 void QTeskelScrollView::offerWheel(QWheelEvent* event, QPointF position)
 {
     QWheelEvent offered(position, event->globalPosition(), event->pixelDelta(), event->angleDelta(),
@@ -44,7 +45,9 @@ void QTeskelScrollView::offerWheel(QWheelEvent* event, QPointF position)
     event->setAccepted(offered.isAccepted());
     if (event->isAccepted())
         return;
-    QCoreApplication::sendEvent(_verticalBar, event);
+    const QPoint angle = event->angleDelta();
+    const bool sideways = qAbs(angle.x()) > qAbs(angle.y());
+    QCoreApplication::sendEvent(sideways ? _horizontalBar : _verticalBar, event);
 }
 
 void QTeskelScrollView::viewportWheelEvent(QWheelEvent* event)

@@ -36,10 +36,10 @@ void show(QTeskelScrollView& view)
     view.show();
 }
 
-bool turnWheel(QWidget* receiver, QPoint position)
+bool turnWheel(QWidget* receiver, QPoint position, QPoint angle = {0, -120})
 {
-    QWheelEvent event(position, receiver->mapToGlobal(position), QPoint(), QPoint(0, -120),
-                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent event(position, receiver->mapToGlobal(position), QPoint(), angle, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(receiver, &event);
     return event.isAccepted();
 }
@@ -74,6 +74,7 @@ private Q_SLOTS:
     void clipperAfterChildrenWarns();
     void wheelIsOfferedToTheViewportFirst();
     void wheelGoesToTheVerticalBar();
+    void sidewaysWheelGoesToTheHorizontalBar();
     void wheelOnTheViewportArrivesOnce_data();
     void wheelOnTheViewportArrivesOnce();
     void scrollingKeepsOtherChildWidgets();
@@ -394,6 +395,28 @@ void TestScrollView::wheelGoesToTheVerticalBar()
     view.setContentsPos(0, 1000);
     QVERIFY(!turnWheel(&view, {50, 60}));
     QCOMPARE(view.offered.size(), 2);
+}
+
+void TestScrollView::sidewaysWheelGoesToTheHorizontalBar()
+{
+    WheelView view;
+    view.resize(200, 200);
+    view.show();
+    view.resizeContents(1000, 1000);
+    view.setContentsPos(100, 100);
+    QVERIFY(turnWheel(&view, {50, 60}, {-120, 0}));
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(100 + 3 * 20, 100));
+    QVERIFY(turnWheel(&view, {50, 60}, {120, 10}));
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(100, 100));
+    QVERIFY(turnWheel(&view, {50, 60}, {10, -120}));
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(100, 100 + 3 * 20));
+    view.setContentsPos(0, 100);
+    QVERIFY(!turnWheel(&view, {50, 60}, {120, 0}));
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(0, 100));
+    QCOMPARE(view.offered.size(), 4);
+    view.takesWheel = true;
+    QVERIFY(turnWheel(&view, {50, 60}, {-120, 0}));
+    QCOMPARE(view.contentsX(), 0);
 }
 
 void TestScrollView::wheelOnTheViewportArrivesOnce_data()
