@@ -71,6 +71,8 @@ QTeskelScrollView::QTeskelScrollView(QWidget* parent, const char* name, Qt::Wind
         bar->setLineStep(LineStep);
         bar->setPageStep(1);
     }
+    // The contents count from their left edge in every language.
+    _horizontalBar->setLayoutDirection(Qt::LeftToRight);
     connect(_horizontalBar, &QScrollBar::valueChanged, this, &QTeskelScrollView::hslide);
     connect(_verticalBar, &QScrollBar::valueChanged, this, &QTeskelScrollView::vslide);
 }

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void rangeIsEmptyWhenContentsFit();
     void barsMoveContents();
     void contentsMovingComesBeforeTheMove();
+    void contentsAndBarAgreeFromTheRight();
     void positionIsCutToTheRange();
     void positionsAtTheLimitsOfIntAreCut();
     void ensureVisible_data();
@@ -172,6 +173,24 @@ void TestScrollView::contentsMovingComesBeforeTheMove()
             [&](int x, int y) { seen << x << y << view.contentsY(); });
     view.setContentsPos(0, 100);
     QCOMPARE(seen, (QList<int>{0, 100, 0}));
+}
+
+void TestScrollView::contentsAndBarAgreeFromTheRight()
+{
+    QTeskelScrollView view;
+    view.setLayoutDirection(Qt::RightToLeft);
+    view.resize(200, 200);
+    view.show();
+    view.resizeContents(1000, 100);
+    QTRY_VERIFY(view.horizontalScrollBar()->isVisible());
+    QTeskelScrollBar& bar = *view.horizontalScrollBar();
+    // The left end of the contents shows, so the slider is on the left as well.
+    QCOMPARE(view.contentsX(), 0);
+    QVERIFY(bar.sliderRect().center().x() < bar.width() / 2);
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, QPoint(bar.width() - 2, bar.height() / 2));
+    QCOMPARE(view.contentsX(), 20);
+    view.setContentsPos(1000, 0);
+    QVERIFY(bar.sliderRect().center().x() > bar.width() / 2);
 }
 
 void TestScrollView::positionsAtTheLimitsOfIntAreCut()
