@@ -57,6 +57,7 @@ private Q_SLOTS:
     void rangeIsEmptyWhenContentsFit();
     void barsMoveContents();
     void contentsMovingComesBeforeTheMove();
+    void contentsMovingTellsOfBothDirections();
     void contentsAndBarAgreeFromTheRight();
     void positionIsCutToTheRange();
     void positionsAtTheLimitsOfIntAreCut();
@@ -173,6 +174,22 @@ void TestScrollView::contentsMovingComesBeforeTheMove()
             [&](int x, int y) { seen << x << y << view.contentsY(); });
     view.setContentsPos(0, 100);
     QCOMPARE(seen, (QList<int>{0, 100, 0}));
+}
+
+void TestScrollView::contentsMovingTellsOfBothDirections()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(500, 1000);
+    QSignalSpy moving(&view, &QTeskelScrollView::contentsMoving);
+    view.setContentsPos(30, 0);
+    QCOMPARE(moving.takeFirst(), (QVariantList{30, 0}));
+    view.horizontalScrollBar()->setValue(70);
+    QCOMPARE(moving.takeFirst(), (QVariantList{70, 0}));
+    view.verticalScrollBar()->setValue(40);
+    QCOMPARE(moving.takeFirst(), (QVariantList{70, 40}));
+    view.setContentsPos(70, 40);
+    QCOMPARE(moving.count(), 0);
 }
 
 void TestScrollView::contentsAndBarAgreeFromTheRight()
