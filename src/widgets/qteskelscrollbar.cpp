@@ -7,9 +7,11 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QSignalBlocker>
 #include <QStyleOptionSlider>
 #include <QStylePainter>
 #include <QTimer>
+#include <QWheelEvent>
 
 namespace
 {
@@ -127,8 +129,11 @@ void QTeskelScrollBar::startMiddleDrag(const QMouseEvent& event)
                          QPoint(slider.width() / 2, slider.height() / 2);
     const int span =
         horizontal ? groove.width() - slider.width() : groove.height() - slider.height();
+    const QPointer<QTeskelScrollBar> self(this);
     setSliderPosition(QStyle::sliderValueFromPosition(
         minimum(), maximum(), horizontal ? start.x() : start.y(), span, option.upsideDown));
+    if (!self)
+        return;
     _middleDrag = true;
     QMouseEvent press = asLeftButton(event, Qt::LeftButton);
     QScrollBar::mousePressEvent(&press);
@@ -185,10 +190,33 @@ void QTeskelScrollBar::mouseReleaseEvent(QMouseEvent* event)
             return;
         _middleDrag = false;
         QMouseEvent release = asLeftButton(*event, Qt::NoButton);
-        QScrollBar::mouseReleaseEvent(&release);
+        releaseSlider(&release);
     } else {
-        QScrollBar::mouseReleaseEvent(event);
+        releaseSlider(event);
     }
+}
+
+/// The base class goes on after the value has changed, when a slot may have deleted the bar; so the
+/// value changes before the base class is asked.
+void QTeskelScrollBar::releaseSlider(QMouseEvent* event)
+{
+    const QPointer<QTeskelScrollBar> self(this);
+    if (isSliderDown() && event->button() == Qt::LeftButton)
+        setSliderDown(false);
+    if (self)
+        QScrollBar::mouseReleaseEvent(event);
+}
+
+/// The signal waits until the base class is done, because a slot may delete the bar.
+void QTeskelScrollBar::wheelEvent(QWheelEvent* event)
+{
+    const int before = value();
+    {
+        const QSignalBlocker blocker(this);
+        QScrollBar::wheelEvent(event);
+    }
+    if (value() != before)
+        Q_EMIT valueChanged(value());
 }
 
 void QTeskelScrollBar::keyPressEvent(QKeyEvent* event)
@@ -268,7 +296,7 @@ void QTeskelScrollBar::hideEvent(QHideEvent* event)
 
 void QTeskelScrollBar::changeEvent(QEvent* event)
 {
+    QScrollBar::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         endPress();
-    QScrollBar::changeEvent(event);
 }

@@ -58,6 +58,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -69,6 +70,7 @@ private:
     void performAction();
     void startMiddleDrag(const QMouseEvent& event);
     void releaseControl();
+    void releaseSlider(QMouseEvent* event);
     void endPress();
 
     QTimer* _repeatTimer;

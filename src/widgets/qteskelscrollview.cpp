@@ -6,6 +6,7 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
 
 namespace
 {
@@ -215,8 +216,8 @@ void QTeskelScrollView::setContentsSize(QSize size)
     _contentsSize = newSize;
     if (_clipper != nullptr)
         _clipper->resize(newSize);
-    updateScrollBars();
     viewport()->update();
+    updateScrollBars();
 }
 
 void QTeskelScrollView::updateScrollBars()
@@ -225,8 +226,11 @@ void QTeskelScrollView::updateScrollBars()
     const QSize most = maximumViewportSize();
     if (_contentsSize.width() <= most.width() && _contentsSize.height() <= most.height())
         visible = most;
+    const QPointer<QTeskelScrollView> self(this);
     _horizontalBar->setPageStep(visible.width());
     _horizontalBar->setRange(0, qMax(0, _contentsSize.width() - visible.width()));
+    if (!self)
+        return;
     _verticalBar->setPageStep(visible.height());
     _verticalBar->setRange(0, qMax(0, _contentsSize.height() - visible.height()));
 }
@@ -238,8 +242,10 @@ void QTeskelScrollView::scrollBy(int dx, int dy)
 
 void QTeskelScrollView::setContentsPos(int x, int y)
 {
+    const QPointer<QTeskelScrollView> self(this);
     _horizontalBar->setValue(x);
-    _verticalBar->setValue(y);
+    if (self)
+        _verticalBar->setValue(y);
 }
 
 void QTeskelScrollView::ensureVisible(int x, int y)
@@ -271,20 +277,34 @@ void QTeskelScrollView::setEnabled(bool enable)
 
 void QTeskelScrollView::hslide(int x)
 {
-    moveContents({x, _offset.y()});
+    const QPointer<QTeskelScrollView> self(this);
+    _horizontalBar->setValue(x);
+    if (self)
+        followBars();
 }
 
 void QTeskelScrollView::vslide(int y)
 {
-    moveContents({_offset.x(), y});
+    const QPointer<QTeskelScrollView> self(this);
+    _verticalBar->setValue(y);
+    if (self)
+        followBars();
 }
 
-void QTeskelScrollView::moveContents(QPoint offset)
+void QTeskelScrollView::followBars()
 {
-    if (offset == _offset)
+    const QPoint target = barValues();
+    if (target == _offset)
         return;
-    Q_EMIT contentsMoving(offset.x(), offset.y());
+    const QPointer<QTeskelScrollView> self(this);
+    Q_EMIT contentsMoving(target.x(), target.y());
+    if (!self)
+        return;
+    // A slot may have scrolled on.
+    const QPoint offset = barValues();
     const QPoint moved = _offset - offset;
+    if (moved.isNull())
+        return;
     _offset = offset;
     if (_clipper != nullptr)
         _clipper->move(-_offset);

@@ -18,6 +18,9 @@ class ScrollViewChildren;
 ///
 /// Positions called "contents" count from the upper left corner of the whole contents, those called
 /// "viewport" from that of the visible part. All sizes are in pixels.
+///
+/// Slots of contentsMoving() and of the bars may delete the view while it scrolls, but not while it
+/// or a child is given another size.
 class QTeskelScrollView : public QAbstractScrollArea
 {
     Q_OBJECT
@@ -103,9 +106,10 @@ public Q_SLOTS:
     /// Gives both bars the range and page step that the sizes demand.
     void updateScrollBars();
     void setEnabled(bool enable);
-    /// Moves the contents so that column `x` is the leftmost one shown.
+    /// Moves the contents, and the bar, so that column `x` is the leftmost one shown, as far as the
+    /// scroll range allows.
     void hslide(int x);
-    /// Moves the contents so that line `y` is the topmost one shown.
+    /// Moves the contents, and the bar, so that line `y` is the topmost one shown.
     void vslide(int y);
 
 Q_SIGNALS:
@@ -139,7 +143,9 @@ private:
     using ContentsHandler = void (QTeskelScrollView::*)(QMouseEvent*);
     void passToContents(QMouseEvent* event, ContentsHandler handler);
     void offerWheel(QWheelEvent* event, QPointF position);
-    void moveContents(QPoint offset);
+    QPoint barValues() const { return {_horizontalBar->value(), _verticalBar->value()}; }
+    /// Moves the contents to where the bars stand.
+    void followBars();
     void setContentsSize(QSize size);
     void followFirstChild();
 

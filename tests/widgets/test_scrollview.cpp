@@ -2,6 +2,7 @@
 #include "tests/widgets/signallog.h"
 #include "widgets/qteskelscrollview.h"
 
+#include <QPointer>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
@@ -27,6 +28,9 @@ protected:
     }
 };
 
+/// Where a slot that ends the view is connected.
+enum Slot { Moving, Horizontal, Vertical };
+
 void show(QTeskelScrollView& view)
 {
     view.resize(200, 200);
@@ -34,6 +38,17 @@ void show(QTeskelScrollView& view)
     view.setVScrollBarMode(QTeskelScrollView::AlwaysOff);
     view.setFrameStyle(QFrame::NoFrame);
     view.show();
+}
+
+/// A left button's event; unlike Qt Test's it leaves alone a receiver that it ended.
+void sendMouse(QWidget* receiver, QEvent::Type type, QPoint position)
+{
+    const bool moves = type == QEvent::MouseMove;
+    const bool held = type != QEvent::MouseButtonRelease;
+    QMouseEvent event(type, position, receiver->mapToGlobal(position),
+                      moves ? Qt::NoButton : Qt::LeftButton, held ? Qt::LeftButton : Qt::NoButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(receiver, &event);
 }
 
 bool turnWheel(QWidget* receiver, QPoint position, QPoint angle = {0, -120})
@@ -58,7 +73,11 @@ private Q_SLOTS:
     void barsMoveContents();
     void contentsMovingComesBeforeTheMove();
     void contentsMovingTellsOfBothDirections();
+    void scrollingOnInASlotWins();
+    void slidesTakeTheBarsAlong();
     void contentsAndBarAgreeFromTheRight();
+    void deletingInASlotIsSafe_data();
+    void deletingInASlotIsSafe();
     void positionIsCutToTheRange();
     void positionsAtTheLimitsOfIntAreCut();
     void ensureVisible_data();
@@ -192,6 +211,37 @@ void TestScrollView::contentsMovingTellsOfBothDirections()
     QCOMPARE(moving.count(), 0);
 }
 
+void TestScrollView::scrollingOnInASlotWins()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(500, 1000);
+    connect(
+        &view, &QTeskelScrollView::contentsMoving, &view, [&] { view.setContentsPos(20, 300); },
+        Qt::SingleShotConnection);
+    view.verticalScrollBar()->setValue(100);
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(20, 300));
+    QCOMPARE(view.verticalScrollBar()->value(), 300);
+}
+
+void TestScrollView::slidesTakeTheBarsAlong()
+{
+    QTeskelScrollView view;
+    show(view);
+    view.resizeContents(500, 1000);
+    QSignalSpy moving(&view, &QTeskelScrollView::contentsMoving);
+    view.hslide(40);
+    view.vslide(60);
+    QCOMPARE(moving.count(), 2);
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(40, 60));
+    QCOMPARE(view.horizontalScrollBar()->value(), 40);
+    QCOMPARE(view.verticalScrollBar()->value(), 60);
+    view.vslide(9999);
+    QCOMPARE(view.contentsY(), 800);
+    view.hslide(-7);
+    QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(0, 800));
+}
+
 void TestScrollView::contentsAndBarAgreeFromTheRight()
 {
     QTeskelScrollView view;
@@ -208,6 +258,78 @@ void TestScrollView::contentsAndBarAgreeFromTheRight()
     QCOMPARE(view.contentsX(), 20);
     view.setContentsPos(1000, 0);
     QVERIFY(bar.sliderRect().center().x() > bar.width() / 2);
+}
+
+void TestScrollView::deletingInASlotIsSafe_data()
+{
+    using Act = void (*)(QTeskelScrollView&);
+    QTest::addColumn<Act>("act");
+    QTest::addColumn<Slot>("slot");
+    const auto row = [](const char* name, std::initializer_list<Slot> slotsReached, Act act) {
+        for (const Slot slot : slotsReached) {
+            QTest::addRow("%s, %s", name,
+                          slot == Moving       ? "contents moving"
+                          : slot == Horizontal ? "horizontal value"
+                                               : "vertical value")
+                << act << slot;
+        }
+    };
+    const auto all = {Moving, Horizontal, Vertical};
+    const auto upright = {Moving, Vertical};
+    row("setContentsPos", all, [](QTeskelScrollView& view) { view.setContentsPos(50, 60); });
+    row("scrollBy", all, [](QTeskelScrollView& view) { view.scrollBy(5, 6); });
+    row("ensureVisible", all, [](QTeskelScrollView& view) { view.ensureVisible(700, 700); });
+    row("center", all, [](QTeskelScrollView& view) { view.center(700, 700); });
+    row("hslide", {Moving, Horizontal}, [](QTeskelScrollView& view) { view.hslide(9); });
+    row("vslide", upright, [](QTeskelScrollView& view) { view.vslide(9); });
+    row("smaller contents", all, [](QTeskelScrollView& view) { view.resizeContents(210, 210); });
+    row("tap", upright, [](QTeskelScrollView& view) {
+        sendMouse(view.verticalScrollBar(), QEvent::MouseButtonPress, QPoint(5, 2));
+    });
+    row("key on the bar", upright, [](QTeskelScrollView& view) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
+        static_cast<QObject*>(view.verticalScrollBar())->event(&key);
+    });
+    row("wheel", upright, [](QTeskelScrollView& view) { turnWheel(&view, {50, 60}); });
+    row("sideways wheel", {Moving, Horizontal}, [](QTeskelScrollView& view) {
+        turnWheel(&view, {50, 60}, {-120, 0});
+    });
+    row("slider", upright, [](QTeskelScrollView& view) {
+        QTeskelScrollBar* const bar = view.verticalScrollBar();
+        const QPoint slider = bar->sliderRect().center();
+        sendMouse(bar, QEvent::MouseButtonPress, slider);
+        sendMouse(bar, QEvent::MouseMove, slider + QPoint(0, 30));
+    });
+    row("slider without tracking", upright, [](QTeskelScrollView& view) {
+        QTeskelScrollBar* const bar = view.verticalScrollBar();
+        bar->setTracking(false);
+        const QPoint slider = bar->sliderRect().center();
+        sendMouse(bar, QEvent::MouseButtonPress, slider);
+        sendMouse(bar, QEvent::MouseMove, slider + QPoint(0, 30));
+        sendMouse(bar, QEvent::MouseButtonRelease, slider + QPoint(0, 30));
+    });
+}
+
+void TestScrollView::deletingInASlotIsSafe()
+{
+    using Act = void (*)(QTeskelScrollView&);
+    QFETCH(Act, act);
+    QFETCH(Slot, slot);
+    auto* view = new QTeskelScrollView;
+    const QPointer<QTeskelScrollView> alive(view);
+    show(*view);
+    view->setVScrollBarMode(QTeskelScrollView::AlwaysOn);
+    view->resizeContents(1000, 1000);
+    view->setContentsPos(100, 100);
+    const auto remove = [view] { delete view; };
+    if (slot == Moving)
+        connect(view, &QTeskelScrollView::contentsMoving, this, remove);
+    else if (slot == Horizontal)
+        connect(view->horizontalScrollBar(), &QScrollBar::valueChanged, this, remove);
+    else
+        connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, remove);
+    act(*view);
+    QVERIFY(alive.isNull());
 }
 
 void TestScrollView::positionsAtTheLimitsOfIntAreCut()
