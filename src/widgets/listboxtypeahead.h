@@ -23,6 +23,7 @@ public:
     /// Appends in lower case; returns all that is collected.
     const QString& append(const QString& typed);
     void clear();
+    bool isEmpty() const { return _text.isEmpty(); }
 
 Q_SIGNALS:
     /// Half a second passed since the last key.

@@ -43,7 +43,8 @@ void QTeskelListBox::keyPressEvent(QKeyEvent* event)
     event->accept();
     if (moveByKey(*event))
         return;
-    if (isTypedText(*event) && event->key() != Qt::Key_Space)
+    // A word may hold a Space, but none begins with one.
+    if (isTypedText(*event) && (event->key() != Qt::Key_Space || !_state->typeAhead->isEmpty()))
         typeAhead(event->text());
     else
         actOnCurrent(event);

@@ -100,6 +100,7 @@ private Q_SLOTS:
     void typeAheadFindsTheFirstBeginning();
     void typeAheadStartsAgainAfterHalfASecond();
     void typeAheadIgnoresControlKeys();
+    void spaceJoinsATypedAheadText();
 
     void focusSelectsTheFirstItem();
     void focusByMouseSelectsNothing();
@@ -682,6 +683,22 @@ void TestListBox::typeAheadIgnoresControlKeys()
     QVERIFY(!l.press(Qt::Key_C, QStringLiteral("\x03"), Qt::ControlModifier));
     QVERIFY(!l.press(Qt::Key_C, QStringLiteral("c"), Qt::AltModifier));
     QCOMPARE(l.list.currentItem(), 0);
+}
+
+void TestListBox::spaceJoinsATypedAheadText()
+{
+    List l(0);
+    l.list.insertStringList({QStringLiteral("newt"), QStringLiteral("newsstand"),
+                             QStringLiteral("new York"), QStringLiteral("New Zealand")});
+    l.list.setMultiSelection(true);
+    l.list.setCurrentItem(0);
+    for (const QChar letter : QStringLiteral("new z"))
+        l.press(letter == u' ' ? int(Qt::Key_Space) : int(Qt::Key_unknown), QString(letter));
+    QCOMPARE(l.list.currentText(), QStringLiteral("New Zealand"));
+    QCOMPARE(l.list.selectedItem(), nullptr);
+    l.list.clearInputString();
+    l.press(Qt::Key_Space, QStringLiteral(" "));
+    QCOMPARE(l.list.selectedItem(), l.list.item(3));
 }
 
 void TestListBox::focusSelectsTheFirstItem()
