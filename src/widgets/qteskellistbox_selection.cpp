@@ -33,17 +33,21 @@ void QTeskelListBox::setCurrentItem(QTeskelListBoxItem* item)
 {
     if (index(item) < 0 || item == _state->selection.current())
         return;
+    const quint64 removals = _state->model.removals();
     teskel::ListBoxEmission emission(this, item);
     const auto change = _state->selection.makeCurrent(item);
-    updateItem(change.previous);
-    updateItem(item);
-    _state->visibleTimer->start(VisibleDelay);
     if (change.itemSelected)
         emission.emitSignal(selectionChangedTo, item);
     if (change.selectionChanged)
         emission.emitSignal(anySelectionChanged);
-    if (emission.isAlive())
-        emitHighlighted(emission, item);
+    // An item that went asks for a repaint of everything.
+    if (!emission.isAlive())
+        return;
+    if (_state->model.stillHolds(change.previous, removals))
+        updateItem(change.previous);
+    updateItem(item);
+    _state->visibleTimer->start(VisibleDelay);
+    emitHighlighted(emission, item);
     if (emission.isAlive() && change.itemSelected)
         teskel::ListBoxAccessible::announceSelected(this, index(item));
 }

@@ -71,6 +71,8 @@ private Q_SLOTS:
     void changedItemMayDisappearMeanwhile();
 
     void setCurrentItemEmitsInOrder();
+    void setCurrentItemSelectsBeforeItShows();
+    void itemRemovedWhileAnotherBecomesCurrent();
     void setCurrentItemIsSilentForTheSameAndForNull();
     void setCurrentItemWithoutTextEmitsNoText();
     void setCurrentItemToUnselectable();
@@ -364,6 +366,40 @@ void TestListBox::setCurrentItemEmitsInOrder()
     QVERIFY(!l.list.isSelected(2));
     QCOMPARE(l.list.selectedItem(), l.list.item(4));
     QVERIFY(l.list.item(4)->current());
+}
+
+void TestListBox::setCurrentItemSelectsBeforeItShows()
+{
+    List l;
+    l.list.setCurrentItem(2);
+    const auto* const timer = l.list.findChild<QTimer*>(QStringLiteral("listbox visible timer"));
+    QTRY_VERIFY(!timer->isActive());
+    QStringList running;
+    const auto note = [&](const char* name) {
+        running << QString::fromLatin1(name) + (timer->isActive() ? u'+' : u'-');
+    };
+    using List = QTeskelListBox;
+    using Item = QTeskelListBoxItem*;
+    connect(&l.list, qOverload<Item>(&List::selectionChanged), this, [&] { note("item"); });
+    connect(&l.list, qOverload<>(&List::selectionChanged), this, [&] { note("any"); });
+    connect(&l.list, qOverload<Item>(&List::highlighted), this, [&] { note("highlighted"); });
+    connect(&l.list, &List::currentChanged, this, [&] { note("current"); });
+    l.list.setCurrentItem(9);
+    QCOMPARE(running, entries({"item-", "any-", "highlighted+", "current+"}));
+}
+
+void TestListBox::itemRemovedWhileAnotherBecomesCurrent()
+{
+    List l(3);
+    l.list.setCurrentItem(0);
+    l.log.take();
+    connect(
+        &l.list, qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged), &l.list,
+        [&] { l.list.removeItem(0); }, Qt::SingleShotConnection);
+    l.list.setCurrentItem(2);
+    QCOMPARE(l.list.currentText(), QStringLiteral("c"));
+    QCOMPARE(l.log.take(), entries({"selectionChanged(c)", "selectionChanged()", "highlighted(c)",
+                                    "highlighted(\"c\")", "highlighted(1)", "currentChanged(c)"}));
 }
 
 void TestListBox::setCurrentItemIsSilentForTheSameAndForNull()
