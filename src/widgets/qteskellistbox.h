@@ -186,6 +186,7 @@ private:
     void insertAt(QTeskelListBoxItem* item, int index);
     void deleteItems();
     void layOutGrid() const;
+    void layOutIn(QSize room) const;
     void layOutIfNeeded();
     void updateItem(const QTeskelListBoxItem* item);
     void emitHighlighted(teskel::ListBoxEmission& emission, QTeskelListBoxItem* item);

@@ -184,12 +184,29 @@ void QTeskelListBox::layOutGrid() const
     if (!_state->layoutNeeded && _state->rules.cutToViewport == cut)
         return;
     _state->rules.cutToViewport = cut;
-    _state->layouter.layOut(
-        _state->rules, count(), viewport()->size(),
-        [this](int index) { return item(index)->width(this); },
-        [this](int index) { return item(index)->height(this); });
+    // What is fitted must not hang on a bar that comes and goes with it: it is fitted to the room
+    // without the bar or, when that is too small, to the room beside it.
+    const QSize most = maximumViewportSize();
+    if (_state->rules.rowMode == FitToHeight && hScrollBarMode() == Auto) {
+        layOutIn({visibleWidth(), most.height()});
+        if (_state->layouter.size().width() > most.width())
+            layOutIn({visibleWidth(), most.height() - horizontalScrollBar()->sizeHint().height()});
+    } else if (_state->rules.columnMode == FitToWidth && vScrollBarMode() == Auto) {
+        layOutIn({most.width(), visibleHeight()});
+        if (_state->layouter.size().height() > most.height())
+            layOutIn({most.width() - verticalScrollBar()->sizeHint().width(), visibleHeight()});
+    } else {
+        layOutIn(viewport()->size());
+    }
     _state->layoutNeeded = false;
     _state->sizeNeeded = true;
+}
+
+void QTeskelListBox::layOutIn(QSize room) const
+{
+    _state->layouter.layOut(
+        _state->rules, count(), room, [this](int index) { return item(index)->width(this); },
+        [this](int index) { return item(index)->height(this); });
 }
 
 void QTeskelListBox::layOutIfNeeded()

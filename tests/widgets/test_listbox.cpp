@@ -112,6 +112,8 @@ private Q_SLOTS:
     void ensureCurrentVisibleShowsTheWholeRow();
     void topAndBottomItem();
     void horizontalRangeIsZeroWithoutABar();
+    void fittedLayoutComesToRest_data();
+    void fittedLayoutComesToRest();
     void setTextLaysOutOnce();
     void geometryFollowsAChangedFont();
     void deletingTheListInASlotIsSafe();
@@ -807,6 +809,83 @@ void TestListBox::horizontalRangeIsZeroWithoutABar()
     l.list.adjustItems();
     QVERIFY(l.list.horizontalScrollBar()->maximum() > 4000);
     QCOMPARE(l.list.maxItemWidth(), 5000);
+}
+
+/// Counts how often any of its kind is measured, and ends a layout that is done over and over.
+class MeasuredItem : public PlainItem
+{
+public:
+    static constexpr int TooOften = 5'000;
+    using PlainItem::PlainItem;
+    int height(const QTeskelListBox* list) const override
+    {
+        if (++measured == TooOften) {
+            auto* const endless = const_cast<QTeskelListBox*>(list);
+            QMetaObject::invokeMethod(
+                endless,
+                [endless] {
+                    endless->setHScrollBarMode(QTeskelScrollView::AlwaysOff);
+                    endless->setVScrollBarMode(QTeskelScrollView::AlwaysOff);
+                },
+                Qt::QueuedConnection);
+        }
+        return PlainItem::height(list);
+    }
+    static inline int measured = 0;
+};
+
+void TestListBox::fittedLayoutComesToRest_data()
+{
+    QTest::addColumn<bool>("rows");
+    QTest::addColumn<QSize>("room");
+    QTest::addColumn<QList<QSize>>("sizes");
+    QTest::addColumn<QSize>("grid");
+    QTest::addColumn<bool>("bar");
+    // Three rows are 200 pixels wide, two are 120; a bar takes the room of the third.
+    const QList<QSize> widths{{20, 20}, {20, 20}, {100, 20}, {100, 20}};
+    QTest::newRow("rows fit") << true << QSize(210, 65) << widths << QSize(2, 3) << false;
+    QTest::newRow("fewer rows fit") << true << QSize(130, 65) << widths << QSize(2, 2) << false;
+    QTest::newRow("no rows fit") << true << QSize(110, 65) << widths << QSize(2, 2) << true;
+    // Three columns are 100 pixels high, two are 70; a bar takes the room of the third.
+    const QList<QSize> heights{{30, 50}, {30, 10}, {30, 10}, {30, 50}, {30, 10}, {30, 10}};
+    QTest::newRow("columns fit") << false << QSize(95, 110) << heights << QSize(3, 2) << false;
+    QTest::newRow("fewer columns fit") << false << QSize(95, 80) << heights << QSize(2, 3) << false;
+    QTest::newRow("no columns fit") << false << QSize(95, 60) << heights << QSize(2, 3) << true;
+}
+
+void TestListBox::fittedLayoutComesToRest()
+{
+    QFETCH(bool, rows);
+    QFETCH(QSize, room);
+    QFETCH(QList<QSize>, sizes);
+    QFETCH(QSize, grid);
+    QFETCH(bool, bar);
+    MeasuredItem::measured = 0;
+    QTeskelListBox list;
+    list.setFrameStyle(QFrame::NoFrame);
+    list.setVariableWidth(true);
+    if (rows)
+        list.setRowMode(QTeskelListBox::FitToHeight);
+    else
+        list.setColumnMode(QTeskelListBox::FitToWidth);
+    for (const QSize& size : sizes)
+        list.insertItem(new MeasuredItem(QStringLiteral("x"), size));
+    list.resize(room);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    const auto comesToRest = [] {
+        const int before = MeasuredItem::measured;
+        QCoreApplication::processEvents();
+        return MeasuredItem::measured == before;
+    };
+    QTRY_VERIFY(comesToRest());
+    QVERIFY2(MeasuredItem::measured < MeasuredItem::TooOften, "the list is laid out for ever");
+    QCOMPARE(QSize(list.numColumns(), list.numRows()), grid);
+    QCOMPARE(list.horizontalScrollBar()->isVisible(), rows && bar);
+    QCOMPARE(list.verticalScrollBar()->isVisible(), !rows && bar);
+    list.adjustItems();
+    QTRY_VERIFY(comesToRest());
+    QCOMPARE(QSize(list.numColumns(), list.numRows()), grid);
 }
 
 /// Counts how often its height is asked for.
