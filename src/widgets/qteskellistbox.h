@@ -187,7 +187,7 @@ private:
     void deleteItems();
     void layOutGrid() const;
     void layOutIn(QSize room) const;
-    void layOutIfNeeded();
+    bool layOutIfNeeded();
     void updateItem(const QTeskelListBoxItem* item);
     void emitHighlighted(teskel::ListBoxEmission& emission, QTeskelListBoxItem* item);
     void emitSelected(teskel::ListBoxEmission& emission, QTeskelListBoxItem* item);

@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 
@@ -118,7 +119,8 @@ void QTeskelListBox::setTopItem(int index)
 {
     if (item(index) == nullptr)
         return;
-    layOutIfNeeded();
+    if (!layOutIfNeeded())
+        return;
     const QRect cell = _state->layouter.cell(index);
     setContentsPos(numColumns() > 1 ? cell.left() : contentsX(), cell.top());
 }
@@ -127,7 +129,8 @@ void QTeskelListBox::setBottomItem(int index)
 {
     if (item(index) == nullptr)
         return;
-    layOutIfNeeded();
+    if (!layOutIfNeeded())
+        return;
     const QRect cell = _state->layouter.cell(index);
     setContentsPos(numColumns() > 1 ? cell.right() + 1 - visibleWidth() : contentsX(),
                    cell.bottom() + 1 - visibleHeight());
@@ -209,37 +212,39 @@ void QTeskelListBox::layOutIn(QSize room) const
         [this](int index) { return item(index)->height(this); });
 }
 
-void QTeskelListBox::layOutIfNeeded()
+/// Smaller contents may scroll; false when a slot has deleted the list box then.
+bool QTeskelListBox::layOutIfNeeded()
 {
     layOutGrid();
-    if (_state->sizeNeeded) {
-        _state->sizeNeeded = false;
-        resizeContents(_state->layouter.size().width(), _state->layouter.size().height());
-    }
+    if (!_state->sizeNeeded)
+        return true;
+    const QPointer<QTeskelListBox> self(this);
+    _state->sizeNeeded = false;
+    resizeContents(_state->layouter.size().width(), _state->layouter.size().height());
+    return !self.isNull();
 }
 
 void QTeskelListBox::refreshSlot()
 {
     _state->updateTimer->stop();
-    layOutIfNeeded();
     // A paint event that came before the timer has shown everything already.
     if (sender() != _state->updateTimer || _state->paintPending)
         viewport()->update();
+    layOutIfNeeded();
 }
 
 void QTeskelListBox::adjustItems()
 {
     _state->layoutNeeded = true;
-    layOutIfNeeded();
     viewport()->update();
+    layOutIfNeeded();
 }
 
 void QTeskelListBox::ensureCurrentVisible()
 {
     const int current = currentItem();
-    if (current < 0)
+    if (current < 0 || !layOutIfNeeded())
         return;
-    layOutIfNeeded();
     const QRect cell = _state->layouter.cell(current);
     const int ymargin = cell.height() / 2;
     const int xmargin = numColumns() > 1 ? qMin(cell.width(), visibleWidth()) / 2 : 0;
@@ -319,8 +324,8 @@ void QTeskelListBox::paintCell(QPainter* painter, int row, int column)
 void QTeskelListBox::resizeEvent(QResizeEvent* event)
 {
     _state->layoutNeeded = true;
-    layOutIfNeeded();
-    QTeskelScrollView::resizeEvent(event);
+    if (layOutIfNeeded())
+        QTeskelScrollView::resizeEvent(event);
 }
 
 void QTeskelListBox::showEvent(QShowEvent* event)

@@ -52,7 +52,8 @@ void QTeskelListBox::keyPressEvent(QKeyEvent* event)
 
 bool QTeskelListBox::moveByKey(const QKeyEvent& event)
 {
-    layOutIfNeeded();
+    if (!layOutIfNeeded())
+        return true;
     const auto target = teskel::keyTarget(
         event.key(), {currentItem(), count(), numRows(), numColumns(), numItemsVisible()});
     if (!target)
@@ -290,9 +291,11 @@ void QTeskelListBox::doAutoScroll()
     };
     const QRect view = viewport()->rect();
     const QPoint at = pointer.lastPosition;
+    const teskel::ListBoxEmission emission(this, nullptr);
     scrollBy(direction(at.x(), view.left(), view.right()) * horizontalScrollBar()->lineStep(),
              direction(at.y(), view.top(), view.bottom()) * verticalScrollBar()->lineStep());
-    dragTo(at);
+    if (emission.isAlive())
+        dragTo(at);
 }
 
 void QTeskelListBox::hoverAt(QPoint position)

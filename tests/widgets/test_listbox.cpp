@@ -6,6 +6,7 @@
 #include "widgets/qteskellistboxtext.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QPointer>
 #include <QSignalSpy>
@@ -23,6 +24,12 @@ QStringList entries(std::initializer_list<const char*> names)
     for (const char* name : names)
         all << QString::fromLatin1(name);
     return all;
+}
+
+void sendKey(QTeskelListBox& list, int key)
+{
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    static_cast<QObject&>(list).event(&event);
 }
 
 /// A shown list of ten rows of 20 pixels, "a" to "j", in a view of 100 pixels.
@@ -63,6 +70,7 @@ private Q_SLOTS:
     void badIndexesAreIgnored();
     void sortsAndInsertsSorted();
     void clearEmitsNothing();
+    void clearGoesBackToTheTop();
     void itemInsertedByADestructorIsReported();
     void itemDeletedByADestructorIsReported();
     void removingTheCurrentItemMovesOn();
@@ -117,6 +125,8 @@ private Q_SLOTS:
     void setTextLaysOutOnce();
     void geometryFollowsAChangedFont();
     void deletingTheListInASlotIsSafe();
+    void deletingTheListWhileItScrollsIsSafe_data();
+    void deletingTheListWhileItScrollsIsSafe();
     void removingTheItemInASlotIsSafe();
     void tenThousandItems();
 };
@@ -279,6 +289,16 @@ void TestListBox::clearEmitsNothing()
     QCOMPARE(l.list.count(), 0);
     QCOMPARE(l.list.currentItem(), -1);
     QVERIFY(!l.list.signalsBlocked());
+}
+
+void TestListBox::clearGoesBackToTheTop()
+{
+    List l;
+    l.list.setContentsPos(0, 70);
+    QCOMPARE(l.list.contentsY(), 70);
+    l.list.clear();
+    QCOMPARE(l.list.contentsY(), 0);
+    QCOMPARE(l.list.verticalScrollBar()->value(), 0);
 }
 
 void TestListBox::itemInsertedByADestructorIsReported()
@@ -950,6 +970,94 @@ void TestListBox::deletingTheListInASlotIsSafe()
     connect(list, qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged), this,
             [list] { delete list; });
     list->setCurrentItem(1);
+    QVERIFY(alive.isNull());
+}
+
+void TestListBox::deletingTheListWhileItScrollsIsSafe_data()
+{
+    using Act = void (*)(QTeskelListBox&);
+    QTest::addColumn<Act>("act");
+    QTest::addColumn<bool>("byTheBar");
+    const auto row = [](const char* name, Act act) {
+        QTest::addRow("%s, contents moving", name) << act << false;
+        QTest::addRow("%s, vertical value", name) << act << true;
+    };
+    row("ensureCurrentVisible", [](QTeskelListBox& list) {
+        list.setSelected(9, true);
+        list.ensureCurrentVisible();
+    });
+    row("ensureCurrentVisible of fewer items", [](QTeskelListBox& list) {
+        while (list.count() > 3)
+            list.removeItem(3);
+        list.setSelected(0, true);
+        list.ensureCurrentVisible();
+    });
+    row("setTopItem", [](QTeskelListBox& list) { list.setTopItem(0); });
+    row("setTopItem of fewer items", [](QTeskelListBox& list) {
+        list.removeItem(9);
+        list.removeItem(8);
+        list.removeItem(7);
+        list.setTopItem(0);
+    });
+    row("setBottomItem", [](QTeskelListBox& list) { list.setBottomItem(9); });
+    row("setBottomItem of fewer items", [](QTeskelListBox& list) {
+        while (list.count() > 3)
+            list.removeItem(3);
+        list.setBottomItem(0);
+    });
+    row("clear", [](QTeskelListBox& list) { list.clear(); });
+    row("adjustItems", [](QTeskelListBox& list) {
+        while (list.count() > 3)
+            list.removeItem(3);
+        list.adjustItems();
+    });
+    row("refreshSlot", [](QTeskelListBox& list) {
+        while (list.count() > 3)
+            list.removeItem(3);
+        list.refreshSlot();
+    });
+    row("Page Down", [](QTeskelListBox& list) {
+        list.setSelected(3, true);
+        sendKey(list, Qt::Key_PageDown);
+    });
+    row("Page Up", [](QTeskelListBox& list) {
+        list.setSelected(5, true);
+        sendKey(list, Qt::Key_PageUp);
+    });
+    row("key after items went", [](QTeskelListBox& list) {
+        list.setSelected(0, true);
+        while (list.count() > 3)
+            list.removeItem(3);
+        sendKey(list, Qt::Key_Down);
+    });
+    row("drag outside", [](QTeskelListBox& list) {
+        const auto send = [&list](QEvent::Type type, QPoint position) {
+            QMouseEvent event(type, position, list.viewport()->mapToGlobal(position),
+                              type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                              Qt::LeftButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(list.viewport(), &event);
+        };
+        send(QEvent::MouseButtonPress, {20, 90});
+        send(QEvent::MouseMove, {20, 130});
+        list.doAutoScroll();
+    });
+}
+
+void TestListBox::deletingTheListWhileItScrollsIsSafe()
+{
+    using Act = void (*)(QTeskelListBox&);
+    QFETCH(Act, act);
+    QFETCH(bool, byTheBar);
+    auto l = std::make_unique<List>();
+    l->list.setContentsPos(0, 50);
+    auto* const list = &l->list;
+    const QPointer<QTeskelListBox> alive(list);
+    const auto remove = [&l] { l.reset(); };
+    if (byTheBar)
+        connect(list->verticalScrollBar(), &QScrollBar::valueChanged, this, remove);
+    else
+        connect(list, &QTeskelListBox::contentsMoving, this, remove);
+    act(*list);
     QVERIFY(alive.isNull());
 }
 
