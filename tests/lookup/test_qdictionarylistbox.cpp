@@ -34,7 +34,8 @@ protected:
     }
 };
 
-/// A list of `rows` rows over a dictionary of numbered words.
+/// A list of `rows` rows over a dictionary of numbered words. Rows for which there is no word hold
+/// something left over from another one.
 class Bench
 {
 public:
@@ -52,8 +53,8 @@ public:
         for (int row = 0; row < rows; ++row) {
             const bool valid = iterator->isValid(position);
             list->insertItem(new QDictionaryListBoxItem(
-                valid ? QString::fromLatin1(iterator->getWord()) : QString(),
-                valid ? position : CursorPosition::invalid()));
+                valid ? QString::fromLatin1(iterator->getWord()) : u"left over"_s,
+                valid ? position : iterator->begin()));
             position = iterator->move(position, 1);
         }
         QObject::connect(list, qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged),
@@ -78,6 +79,19 @@ public:
         for (int index = 0; index < list->count(); ++index)
             texts.append(list->item(index)->text());
         return texts;
+    }
+
+    /// Makes the view a few rows high.
+    void showSmall()
+    {
+        list->resize(200, 100);
+        parent.show();
+    }
+
+    bool isCurrentWhollyInView() const
+    {
+        const QRect row = list->itemRect(list->item(list->currentItem()));
+        return row.isValid() && list->viewport()->rect().contains(row);
     }
 
     QStringList takeLog() { return std::exchange(parent.log, {}); }
@@ -126,6 +140,9 @@ private slots:
     void fillAgainAtTheSameWordReportsNothing();
     void fillOfAnEmptyListDoesNothing();
 
+    void fillShowsTheCurrentRowAtOnce();
+
+    void moveShowsTheCurrentRowAtOnce();
     void moveForwardKeepsTheCurrentRowAndReportsIt();
     void moveByNothingReportsNothing();
     void moveStopsAtTheEnds_data();
@@ -143,7 +160,9 @@ private slots:
     void prevLineOnTheFirstRowScrollsWithoutEvents();
     void prevLineOnAnotherRowOnlyMovesTheSelection();
     void prevLineWithoutACurrentRowChangesNothing();
+    void linesShowTheCurrentRowAtOnce();
     void scrollBarControlsStepTheList();
+    void lineStepIsARow();
 
     void downOnTheLastRowScrollsOnRelease();
     void upOnTheFirstRowOfTheDictionaryReportsTheSameWordAgain();
@@ -272,6 +291,60 @@ void TestQDictionaryListBox::fillOfAnEmptyListDoesNothing()
     bench.list->fill(bench.position(12));
     QCOMPARE(bench.list->count(), 0);
     QCOMPARE(bench.list->currentItem(), -1);
+}
+
+void TestQDictionaryListBox::fillShowsTheCurrentRowAtOnce()
+{
+    Bench bench(50);
+    bench.showSmall();
+    bench.list->fill(bench.position(49));
+    QCOMPARE(bench.list->currentItem(), 19);
+    QVERIFY(bench.isCurrentWhollyInView());
+    bench.list->fill(bench.position(3));
+    QCOMPARE(bench.list->currentItem(), 0);
+    QVERIFY(bench.isCurrentWhollyInView());
+}
+
+void TestQDictionaryListBox::moveShowsTheCurrentRowAtOnce()
+{
+    Bench bench(50);
+    bench.showSmall();
+    bench.show(5, 20);
+    bench.list->setContentsPos(0, 0);
+    QVERIFY(!bench.isCurrentWhollyInView());
+    bench.list->move(1);
+    QVERIFY(bench.isCurrentWhollyInView());
+    bench.list->setContentsPos(0, 0);
+    bench.list->move(-1);
+    QVERIFY(bench.isCurrentWhollyInView());
+}
+
+void TestQDictionaryListBox::linesShowTheCurrentRowAtOnce()
+{
+    Bench bench(50);
+    bench.showSmall();
+    bench.show(5, 20);
+    bench.list->setContentsPos(0, 0);
+    bench.list->nextLine();
+    QCOMPARE(bench.list->currentItem(), 16);
+    QVERIFY(bench.isCurrentWhollyInView());
+    bench.list->setContentsPos(0, 0);
+    bench.list->prevLine();
+    QCOMPARE(bench.list->currentItem(), 15);
+    QVERIFY(bench.isCurrentWhollyInView());
+}
+
+void TestQDictionaryListBox::lineStepIsARow()
+{
+    Bench bench(50);
+    bench.list->fill(bench.position(3));
+    QCOMPARE(bench.list->verticalScrollBar()->lineStep(), bench.list->itemHeight());
+    QFont font = bench.list->font();
+    font.setPixelSize(40);
+    bench.list->setFont(font);
+    bench.list->adjustItems();
+    QVERIFY(bench.list->itemHeight() >= 40);
+    QCOMPARE(bench.list->verticalScrollBar()->lineStep(), bench.list->itemHeight());
 }
 
 void TestQDictionaryListBox::moveForwardKeepsTheCurrentRowAndReportsIt()
