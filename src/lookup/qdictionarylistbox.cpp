@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QResizeEvent>
 #include <memory>
 
@@ -62,9 +63,12 @@ void QDictionaryListBox::fill(CursorPosition start)
     const CursorPosition top = topNear(*iterator, start);
     const int found = rewriteRows(*iterator, top, start);
     const int selected = found >= 0 ? found : currentItem();
+    const QPointer<QDictionaryListBox> self(this);
     setSelected(selected, true);
-    ensureCurrentVisible();
-    adjustScrollBars();
+    if (self)
+        ensureCurrentVisible();
+    if (self)
+        adjustScrollBars();
 }
 
 void QDictionaryListBox::move(int lines)
@@ -81,10 +85,12 @@ void QDictionaryListBox::move(int lines)
     rewriteRows(*iterator, top, CursorPosition::invalid());
 
     adjustScrollBars();
-    if (currentItem() >= 0) {
-        ensureCurrentVisible();
+    if (currentItem() < 0)
+        return;
+    const QPointer<QDictionaryListBox> self(this);
+    ensureCurrentVisible();
+    if (self)
         emit selectionChanged(item(currentItem()));
-    }
 }
 
 void QDictionaryListBox::adjustScrollBars()
@@ -106,14 +112,16 @@ void QDictionaryListBox::nextLine()
         move(1);
         return;
     }
+    const QPointer<QDictionaryListBox> self(this);
     tellParent(teskel::navigationStart);
-    if (isLastRowCurrent()) {
+    if (self && isLastRowCurrent())
         move(1);
-    } else {
+    else if (self)
         setSelected(current + 1, true);
+    if (self)
         ensureCurrentVisible();
-    }
-    tellParent(teskel::navigationFinish);
+    if (self)
+        tellParent(teskel::navigationFinish);
 }
 
 // Unlike nextLine, no events when a word scrolls in: that word enters the history.
@@ -123,18 +131,23 @@ void QDictionaryListBox::prevLine()
         move(-1);
         return;
     }
+    const QPointer<QDictionaryListBox> self(this);
     tellParent(teskel::navigationStart);
-    if (currentItem() > 0)
+    if (self && currentItem() > 0)
         setSelected(currentItem() - 1, true);
-    tellParent(teskel::navigationFinish);
-    ensureCurrentVisible();
+    if (self)
+        tellParent(teskel::navigationFinish);
+    if (self)
+        ensureCurrentVisible();
 }
 
 void QDictionaryListBox::keyPressEvent(QKeyEvent* e)
 {
+    const QPointer<QDictionaryListBox> self(this);
     if (directionOf(e->key()) != 0)
         tellParent(teskel::navigationStart);
-    QTeskelListBox::keyPressEvent(e);
+    if (self)
+        QTeskelListBox::keyPressEvent(e);
 }
 
 // The press moves the current row; the words scroll when the key comes up.
@@ -145,16 +158,19 @@ void QDictionaryListBox::keyReleaseEvent(QKeyEvent* e)
         QWidget::keyReleaseEvent(e);
         return;
     }
+    const QPointer<QDictionaryListBox> self(this);
     if (direction < 0 ? isFirstRowCurrent() : isLastRowCurrent())
         move(direction);
-    tellParent(teskel::navigationFinish);
+    if (self)
+        tellParent(teskel::navigationFinish);
 }
 
 void QDictionaryListBox::resizeEvent(QResizeEvent* event)
 {
+    const QPointer<QDictionaryListBox> self(this);
     const bool wasInView = isCurrentInView(event->oldSize().height());
     QTeskelListBox::resizeEvent(event);
-    if (wasInView)
+    if (self && wasInView)
         ensureCurrentVisible();
 }
 

@@ -7,9 +7,12 @@
 #include "widgets/qteskellistboxtext.h"
 #include "widgets/qteskelscrollbar.h"
 
+#include <QMouseEvent>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <functional>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -18,19 +21,27 @@ using namespace teskel::test;
 namespace
 {
 
+/// Where something deletes the list.
+enum class Cause { Selection, Scroll, BarValue, Start, Finish };
+
 /// Notes what the list tells its parent, and how its selection changes in between.
 class Parent : public QWidget
 {
 public:
     QStringList log;
+    std::function<void()> onStart = [] {};
+    std::function<void()> onFinish = [] {};
 
 protected:
     void customEvent(QEvent* event) override
     {
-        if (event->type() == 3000)
+        if (event->type() == 3000) {
             log.append(u"start"_s);
-        else if (event->type() == 3001)
+            onStart();
+        } else if (event->type() == 3001) {
             log.append(u"finish"_s);
+            onFinish();
+        }
     }
 };
 
@@ -176,6 +187,8 @@ private slots:
     void otherKeysSendNoEventsAndAreIgnoredOnRelease();
     void keysOfAnEmptyListAreHarmless();
     void listWithoutAParentIsHarmless();
+    void deletingInASlotIsSafe_data();
+    void deletingInASlotIsSafe();
 };
 
 void TestQDictionaryListBox::init()
@@ -667,6 +680,81 @@ void TestQDictionaryListBox::listWithoutAParentIsHarmless()
     QTest::keyClick(list.get(), Qt::Key_End);
     QCOMPARE(list->currentItem(), 19);
     QCOMPARE(bench.takeLog().count(u"start"_s), 0);
+}
+
+void TestQDictionaryListBox::deletingInASlotIsSafe_data()
+{
+    using Act = void (*)(Bench&);
+    QTest::addColumn<Act>("act");
+    QTest::addColumn<Cause>("cause");
+    const auto row = [](const char* name, std::initializer_list<Cause> causes, Act act) {
+        for (const Cause cause : causes) {
+            QTest::addRow("%s, %s", name,
+                          cause == Cause::Selection  ? "selection"
+                          : cause == Cause::Scroll   ? "scrolled"
+                          : cause == Cause::BarValue ? "bar's value"
+                          : cause == Cause::Start    ? "navigation starts"
+                                                     : "navigation ends")
+                << act << cause;
+        }
+    };
+    using enum Cause;
+    row("fill", {Selection, Scroll, BarValue}, [](Bench& b) { b.list->fill(b.position(49)); });
+    row("move", {Selection, Scroll, BarValue}, [](Bench& b) { b.list->move(1); });
+    row("next line", {Selection, Scroll, BarValue, Start, Finish},
+        [](Bench& b) { b.list->nextLine(); });
+    row("previous line", {Selection, Scroll, BarValue, Start, Finish},
+        [](Bench& b) { b.list->prevLine(); });
+    row("tap", {Selection, Scroll, BarValue, Start, Finish}, [](Bench& b) {
+        QTeskelScrollBar* const bar = b.list->verticalScrollBar();
+        const QPointF arrow(bar->width() / 2, bar->height() - 2);
+        QMouseEvent press(QEvent::MouseButtonPress, arrow, bar->mapToGlobal(arrow), Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(bar, &press);
+    });
+    row("key", {Selection, Scroll, BarValue, Start}, [](Bench& b) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_PageUp, Qt::NoModifier);
+        QCoreApplication::sendEvent(b.list, &press);
+    });
+    row("key release", {Selection, Scroll, BarValue, Finish}, [](Bench& b) {
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Down, Qt::NoModifier);
+        QCoreApplication::sendEvent(b.list, &release);
+    });
+}
+
+void TestQDictionaryListBox::deletingInASlotIsSafe()
+{
+    using Act = void (*)(Bench&);
+    QFETCH(Act, act);
+    QFETCH(Cause, cause);
+    Bench bench(50);
+    bench.showSmall();
+    // On the last row a released key scrolls, too.
+    bench.show(5, QByteArray(QTest::currentDataTag()).startsWith("key release") ? 24 : 15);
+    bench.list->setContentsPos(0, 0);
+    const QPointer<QDictionaryListBox> alive(bench.list);
+    const auto remove = [&bench] { delete bench.list; };
+    switch (cause) {
+    case Cause::Selection:
+        connect(bench.list, qOverload<>(&QTeskelListBox::selectionChanged), this, remove);
+        connect(bench.list, qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged), this,
+                remove);
+        break;
+    case Cause::Scroll:
+        connect(bench.list, &QTeskelListBox::contentsMoving, this, remove);
+        break;
+    case Cause::BarValue:
+        connect(bench.list->verticalScrollBar(), &QScrollBar::valueChanged, this, remove);
+        break;
+    case Cause::Start:
+        bench.parent.onStart = remove;
+        break;
+    case Cause::Finish:
+        bench.parent.onFinish = remove;
+        break;
+    }
+    act(bench);
+    QVERIFY(alive.isNull());
 }
 
 QTEST_MAIN(TestQDictionaryListBox)
