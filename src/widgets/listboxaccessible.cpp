@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/listboxaccessible.h"
 
+#include "widgets/listboxemission.h"
 #include "widgets/qteskellistbox.h"
 
 namespace teskel
@@ -167,13 +168,27 @@ void* ListBoxItemAccessible::interface_cast(QAccessible::InterfaceType type)
 
 QStringList ListBoxItemAccessible::actionNames() const
 {
-    return {pressAction()};
+    QStringList names{pressAction()};
+    if (_item->listBox()->isMultiSelection() && _item->isSelectable())
+        names << toggleAction();
+    return names;
 }
 
+/// Pressing does what a tap does; toggling leaves the other items as they are.
 void ListBoxItemAccessible::doAction(const QString& name)
 {
-    if (name == pressAction() && _item->listBox()->isEnabled())
-        _item->listBox()->setCurrentItem(_item);
+    QTeskelListBox* const list = _item->listBox();
+    if (!list->isEnabled() || !actionNames().contains(name))
+        return;
+    if (name == toggleAction()) {
+        list->setSelected(_item, !_item->selected());
+        return;
+    }
+    // A slot may remove the item, and this with it.
+    const ListBoxEmission emission(list, _item);
+    list->selectByPress(_item, Qt::NoModifier);
+    if (emission.isAlive())
+        list->ensureCurrentVisible();
 }
 
 } // namespace teskel

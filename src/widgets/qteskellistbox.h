@@ -9,6 +9,7 @@
 namespace teskel
 {
 class ListBoxEmission;
+class ListBoxItemAccessible;
 struct ListBoxState;
 } // namespace teskel
 
@@ -181,6 +182,7 @@ protected:
 private:
     friend class QTeskelListBoxItem;
     friend class teskel::ListBoxEmission;
+    friend class teskel::ListBoxItemAccessible;
 
     void itemTextChanged(const QTeskelListBoxItem* item);
     void insertAt(QTeskelListBoxItem* item, int index);

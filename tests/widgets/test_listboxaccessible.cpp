@@ -25,6 +25,20 @@ void noteEvent(QAccessibleEvent* event)
         events << Event{event->type(), interface->text(QAccessible::Name)};
 }
 
+void doAction(QTeskelListBox& list, int row, const QString& name)
+{
+    QAccessible::queryAccessibleInterface(&list)->child(row)->actionInterface()->doAction(name);
+}
+
+/// One letter an item: "x" selected, "." not.
+QString marks(const QTeskelListBox& list)
+{
+    QString all;
+    for (int row = 0; row < list.count(); ++row)
+        all += list.isSelected(row) ? u'x' : u'.';
+    return all;
+}
+
 /// A list box of another class: the interface must reach derived classes.
 class DerivedList : public QTeskelListBox
 {
@@ -45,6 +59,12 @@ private Q_SLOTS:
     void itemsTellTheirState();
     void itemsTellTheirPlace();
     void itemsCanBePressed();
+    void pressSelectsInEveryMode_data();
+    void pressSelectsInEveryMode();
+    void severalItemsCanBeSelected_data();
+    void severalItemsCanBeSelected();
+    void pressedItemComesIntoView();
+    void itemMayGoWhileItIsPressed();
     void interfacesGoWithTheirItems();
     void selectionAndFocusAreReported();
     void textChangesAreReported();
@@ -129,6 +149,109 @@ void TestListBoxAccessible::itemsCanBePressed()
     QCOMPARE(action->actionNames(), QStringList{QAccessibleActionInterface::pressAction()});
     action->doAction(QAccessibleActionInterface::pressAction());
     QCOMPARE(list.currentItem(), 1);
+}
+
+void TestListBoxAccessible::pressSelectsInEveryMode_data()
+{
+    QTest::addColumn<QTeskelListBox::SelectionMode>("mode");
+    QTest::addColumn<QString>("once");
+    QTest::addColumn<QString>("twice");
+    QTest::addColumn<QString>("another");
+    // As a tap would: one letter an item, "x" selected.
+    QTest::newRow("single") << QTeskelListBox::Single << ".x."
+                            << ".x."
+                            << "..x";
+    QTest::newRow("multi") << QTeskelListBox::Multi << ".x."
+                           << "..."
+                           << "..x";
+    QTest::newRow("extended") << QTeskelListBox::Extended << ".x."
+                              << ".x."
+                              << "..x";
+    QTest::newRow("none") << QTeskelListBox::NoSelection << "..."
+                          << "..."
+                          << "...";
+}
+
+void TestListBoxAccessible::pressSelectsInEveryMode()
+{
+    QFETCH(QTeskelListBox::SelectionMode, mode);
+    QFETCH(QString, once);
+    QFETCH(QString, twice);
+    QFETCH(QString, another);
+    QTeskelListBox list;
+    list.insertStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")});
+    list.setSelectionMode(mode);
+    const auto act = [&](int row) {
+        doAction(list, row, QAccessibleActionInterface::pressAction());
+    };
+    act(1);
+    QCOMPARE(marks(list), once);
+    QCOMPARE(list.currentItem(), 1);
+    act(1);
+    QCOMPARE(marks(list), twice);
+    act(2);
+    QCOMPARE(marks(list), another);
+    QCOMPARE(list.currentItem(), 2);
+    list.setEnabled(false);
+    act(0);
+    QCOMPARE(marks(list), another);
+}
+
+void TestListBoxAccessible::severalItemsCanBeSelected_data()
+{
+    QTest::addColumn<QTeskelListBox::SelectionMode>("mode");
+    QTest::addColumn<bool>("several");
+    QTest::newRow("single") << QTeskelListBox::Single << false;
+    QTest::newRow("multi") << QTeskelListBox::Multi << true;
+    QTest::newRow("extended") << QTeskelListBox::Extended << true;
+    QTest::newRow("none") << QTeskelListBox::NoSelection << false;
+}
+
+void TestListBoxAccessible::severalItemsCanBeSelected()
+{
+    QFETCH(QTeskelListBox::SelectionMode, mode);
+    QFETCH(bool, several);
+    QTeskelListBox list;
+    list.insertStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")});
+    list.setSelectionMode(mode);
+    list.item(1)->setSelectable(false);
+    const QString toggle = QAccessibleActionInterface::toggleAction();
+    const auto offersToggle = [&](int row) {
+        return QAccessible::queryAccessibleInterface(&list)
+            ->child(row)
+            ->actionInterface()
+            ->actionNames()
+            .contains(toggle);
+    };
+    QCOMPARE(offersToggle(0), several);
+    QVERIFY(!offersToggle(1));
+    for (int row = 0; row < 3; ++row)
+        doAction(list, row, toggle);
+    QCOMPARE(marks(list), several ? QStringLiteral("x.x") : QStringLiteral("..."));
+    doAction(list, 0, toggle);
+    QCOMPARE(marks(list), several ? QStringLiteral("..x") : QStringLiteral("..."));
+}
+
+void TestListBoxAccessible::pressedItemComesIntoView()
+{
+    QTeskelListBox list;
+    for (int row = 0; row < 20; ++row)
+        list.insertItem(new teskel::test::PlainItem(QString::number(row)));
+    list.resize(200, 100);
+    list.show();
+    QVERIFY(!list.itemVisible(15));
+    doAction(list, 15, QAccessibleActionInterface::pressAction());
+    QTRY_VERIFY(list.itemVisible(15));
+}
+
+void TestListBoxAccessible::itemMayGoWhileItIsPressed()
+{
+    QTeskelListBox list;
+    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    list.setMultiSelection(true);
+    connect(&list, &QTeskelListBox::currentChanged, &list, &QTeskelListBox::clear);
+    doAction(list, 1, QAccessibleActionInterface::pressAction());
+    QCOMPARE(list.count(), 0);
 }
 
 void TestListBoxAccessible::interfacesGoWithTheirItems()
