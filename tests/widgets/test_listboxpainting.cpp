@@ -6,6 +6,7 @@
 
 #include <QPainter>
 #include <QTest>
+#include <QTimer>
 
 namespace
 {
@@ -88,10 +89,13 @@ private Q_SLOTS:
     void selectedFillsTheItemWidthInColumns();
     void customHighlightingKeepsTheBase();
     void focusRectangleIsAroundTheCurrentItem();
+    void focusRectangleIsAroundNoOtherItem();
     void textIsDrawnAtItsPlace();
     void pixmapIsDrawn();
     void rowsAreWhereTheyAreScrolledTo();
     void onlyTheExposedRowsArePainted();
+    void changingTheCurrentItemRepaintsBoth_data();
+    void changingTheCurrentItemRepaintsBoth();
 };
 
 void TestListBoxPainting::unselectedIsOnBase()
@@ -152,6 +156,23 @@ void TestListBoxPainting::focusRectangleIsAroundTheCurrentItem()
     const QRect row(0, 20, 200, 20);
     QVERIFY(partOf(focused, row) != partOf(plain, row));
     QCOMPARE(colourAt(custom, 0, 20), Base);
+}
+
+void TestListBoxPainting::focusRectangleIsAroundNoOtherItem()
+{
+    List l;
+    l.list.activateWindow();
+    l.list.setCurrentItem(1);
+    l.list.setFocus();
+    QTRY_VERIFY(l.list.hasFocus());
+    const QImage focused = l.shot();
+    l.list.clearFocus();
+    const QImage plain = l.shot();
+    for (const int row : {0, 2, 3}) {
+        // A row less its edges, which at some scale factors share a pixel with the next row.
+        const QRect inner(0, row * 20 + 1, 200, 18);
+        QVERIFY2(partOf(focused, inner) == partOf(plain, inner), qPrintable(QString::number(row)));
+    }
 }
 
 void TestListBoxPainting::textIsDrawnAtItsPlace()
@@ -217,6 +238,44 @@ void TestListBoxPainting::onlyTheExposedRowsArePainted()
     l.list.viewport()->grab(QRect(0, 25, 50, 5));
     QCOMPARE(l.items[1]->painted, 1);
     QCOMPARE(l.items[0]->painted + l.items[2]->painted + l.items[3]->painted, 0);
+}
+
+void TestListBoxPainting::changingTheCurrentItemRepaintsBoth_data()
+{
+    QTest::addColumn<bool>("bySelecting");
+    QTest::newRow("made current") << false;
+    QTest::newRow("selected") << true;
+}
+
+void TestListBoxPainting::changingTheCurrentItemRepaintsBoth()
+{
+    QFETCH(bool, bySelecting);
+    List l;
+    l.list.setCurrentItem(0);
+    QVERIFY(QTest::qWaitForWindowExposed(&l.list));
+    const auto forget = [&] {
+        for (SpyItem* item : l.items)
+            item->painted = 0;
+    };
+    const auto comesToRest = [&] {
+        forget();
+        for (int round = 0; round < 5; ++round)
+            QCoreApplication::processEvents();
+        for (const SpyItem* item : l.items) {
+            if (item->painted > 0)
+                return false;
+        }
+        return !l.list.findChild<QTimer*>(QStringLiteral("listbox visible timer"))->isActive();
+    };
+    QTRY_VERIFY(comesToRest());
+    if (bySelecting)
+        l.list.setSelected(3, true);
+    else
+        l.list.setCurrentItem(3);
+    QTRY_VERIFY(l.items[0]->painted > 0);
+    QTRY_VERIFY(l.items[3]->painted > 0);
+    QCOMPARE(l.items[0]->pen, Text);
+    QCOMPARE(l.items[3]->pen, HighlightedText);
 }
 
 QTEST_MAIN(TestListBoxPainting)
