@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QStyleFactory>
@@ -83,6 +84,7 @@ private Q_SLOTS:
     void heldTroughGoesOnUnderTheSlider();
     void leavingAnArrowPausesIt();
     void releaseStopsRepeating();
+    void releaseOfAnotherButtonGoesOnRepeating();
     void otherButtonsDoNothingOnArrows_data();
     void otherButtonsDoNothingOnArrows();
     void hidingStopsRepeating();
@@ -306,6 +308,25 @@ void TestScrollBar::releaseStopsRepeating()
     QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
     b.bar.doAutoRepeat();
     QCOMPARE(next.count(), 0);
+}
+
+void TestScrollBar::releaseOfAnotherButtonGoesOnRepeating()
+{
+    Bar b;
+    const auto* const timer = b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"));
+    QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
+    const QPoint arrow = b.middleOf(QStyle::SC_ScrollBarAddLine);
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, arrow);
+    for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
+        QMouseEvent release(QEvent::MouseButtonRelease, arrow, b.bar.mapToGlobal(arrow), button,
+                            Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&b.bar, &release);
+        QVERIFY(timer->isActive());
+    }
+    b.bar.doAutoRepeat();
+    QCOMPARE(next.count(), 2);
+    QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, arrow);
+    QVERIFY(!timer->isActive());
 }
 
 void TestScrollBar::otherButtonsDoNothingOnArrows_data()
