@@ -2,6 +2,7 @@
 #include "widgets/lostrelease.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QWidget>
 
 namespace teskel
@@ -14,6 +15,20 @@ bool isReleaseLost(const QWidget* widget)
     };
     return !widget->isVisible() || takesEvents(QApplication::activeModalWidget()) ||
            takesEvents(QApplication::activePopupWidget());
+}
+
+DialogWatch::DialogWatch()
+{
+    qApp->installEventFilter(this);
+}
+
+bool DialogWatch::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Show && watched->isWidgetType()) {
+        const auto* const shown = static_cast<QWidget*>(watched);
+        _sawDialog |= shown->isWindow() && (shown->isModal() || shown->windowType() == Qt::Popup);
+    }
+    return false;
 }
 
 } // namespace teskel

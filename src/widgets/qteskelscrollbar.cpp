@@ -72,6 +72,7 @@ void QTeskelScrollBar::performAction()
     const bool adds =
         (QStyle::SC_ScrollBarAddLine | QStyle::SC_ScrollBarAddPage).testFlag(_pressedControl);
     const QPointer<QTeskelScrollBar> self(this);
+    const teskel::DialogWatch watch;
     if (adds)
         Q_EMIT nextLine();
     else
@@ -80,8 +81,11 @@ void QTeskelScrollBar::performAction()
         return;
     _stepsLine = true;
     setValue(teskel::saturatedSum(value(), adds ? lineStep() : -lineStep()));
-    if (self)
-        _stepsLine = false;
+    if (!self)
+        return;
+    _stepsLine = false;
+    if (watch.sawDialog())
+        releaseControl();
 }
 
 void QTeskelScrollBar::doAutoRepeat()

@@ -2,8 +2,10 @@
 #include "tests/widgets/signallog.h"
 #include "widgets/qteskelscrollbar.h"
 
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QSignalSpy>
@@ -85,6 +87,8 @@ private Q_SLOTS:
     void leavingAnArrowPausesIt();
     void releaseStopsRepeating();
     void releaseOfAnotherButtonGoesOnRepeating();
+    void dialogInTheSlotEndsThePress_data();
+    void dialogInTheSlotEndsThePress();
     void otherButtonsDoNothingOnArrows_data();
     void otherButtonsDoNothingOnArrows();
     void hidingStopsRepeating();
@@ -327,6 +331,55 @@ void TestScrollBar::releaseOfAnotherButtonGoesOnRepeating()
     QCOMPARE(next.count(), 2);
     QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, arrow);
     QVERIFY(!timer->isActive());
+}
+
+void TestScrollBar::dialogInTheSlotEndsThePress_data()
+{
+    QTest::addColumn<QString>("opened");
+    QTest::addColumn<bool>("held");
+    QTest::addColumn<bool>("ends");
+    for (const bool held : {false, true}) {
+        for (const char* opened : {"modal dialog", "menu", "plain window"}) {
+            QTest::addRow("%s, %s", opened, held ? "held" : "pressed")
+                << QString::fromLatin1(opened) << held << (opened[0] == 'm');
+        }
+    }
+}
+
+void TestScrollBar::dialogInTheSlotEndsThePress()
+{
+    QFETCH(QString, opened);
+    QFETCH(bool, held);
+    QFETCH(bool, ends);
+    Bar b;
+    QDialog window;
+    QMenu menu;
+    menu.addAction(QStringLiteral("entry"));
+    int actions = 0;
+    connect(&b.bar, &QTeskelScrollBar::nextLine, this, [&] {
+        if (++actions != (held ? 2 : 1))
+            return;
+        // It is gone again when the slot returns, and the release went with it.
+        if (opened == QLatin1String("menu")) {
+            QTimer::singleShot(0, &menu, &QMenu::close);
+            menu.exec(QPoint(10, 10));
+        } else if (opened == QLatin1String("modal dialog")) {
+            QTimer::singleShot(0, &window, &QDialog::reject);
+            window.exec();
+        } else {
+            window.show();
+            window.hide();
+        }
+    });
+    QTest::mousePress(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
+    if (held)
+        b.bar.doAutoRepeat();
+    const int before = actions;
+    QCOMPARE(b.bar.value(), before * LineStep);
+    QCOMPARE(!b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"))->isActive(), ends);
+    b.bar.doAutoRepeat();
+    QCOMPARE(actions, ends ? before : before + 1);
+    QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
 }
 
 void TestScrollBar::otherButtonsDoNothingOnArrows_data()
