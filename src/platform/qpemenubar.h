@@ -12,5 +12,9 @@ class QPEMenuBar : public QMenuBar
 public:
     explicit QPEMenuBar(QWidget* parent = nullptr);
 
+    QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+private:
+    int widthOfTitles() const;
 };
