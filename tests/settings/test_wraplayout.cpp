@@ -78,6 +78,7 @@ void WrapLayoutTest::heightFollowsTheWidth()
 void WrapLayoutTest::itemsStandInRows()
 {
     const auto window = boxes(3);
+    window->setLayoutDirection(Qt::LeftToRight);
     window->layout()->setGeometry(QRect(0, 0, 2 * itemWidth + gap + 4, 100));
     QCOMPARE(window->layout()->itemAt(0)->geometry().topLeft(), QPoint(1, 2));
     QCOMPARE(window->layout()->itemAt(1)->geometry().topLeft(), QPoint(1 + itemWidth + gap, 2));
