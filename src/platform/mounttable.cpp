@@ -2,7 +2,6 @@
 #include "platform/mounttable.h"
 
 #include <QHash>
-#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -72,7 +71,8 @@ public:
     bool isVisible(qsizetype index) const
     {
         const Mount& target = _mounts[index];
-        if (const qsizetype top = at(target.id, target.path); top >= 0 && top != index)
+        if (const qsizetype top = at(target.id, target.path);
+            target.path != root && top >= 0 && top != index)
             return false;
         for (int depth = 0; depth < DEEPEST_MOUNT && index >= 0; ++depth) {
             if (isHiddenBesideOthers(index))
@@ -83,6 +83,9 @@ public:
     }
 
 private:
+    // A process keeps its root directory: what is mounted there later is out of its sight.
+    static constexpr QLatin1String root{"/"};
+
     qsizetype at(int parent, const QString& path) const
     {
         return _byPlace.value({parent, path}, -1);
@@ -92,11 +95,13 @@ private:
     bool isHiddenBesideOthers(qsizetype index) const
     {
         const Mount& mount = _mounts[index];
+        if (mount.path == root)
+            return _byId.contains(mount.parent);
         if (at(mount.parent, mount.path) != index)
             return true;
         QString path = mount.path;
-        while (path.size() > 1) {
-            path.truncate(std::max<qsizetype>(path.lastIndexOf(u'/'), 1));
+        for (qsizetype end = path.lastIndexOf(u'/'); end > 0; end = path.lastIndexOf(u'/')) {
+            path.truncate(end);
             if (at(mount.parent, path) >= 0)
                 return true;
         }

@@ -255,8 +255,10 @@ void StorageInfoTest::hiddenMounts_data()
         << root + card + mountOn(3, 2, "/media/card/a", "/dev/sdc") +
                mountOn(4, 2, "/media/card", "tmpfs")
         << QStringList{u"/"_qs, u"/media/card"_qs};
+    // A process keeps the root directory that it has.
     QTest::newRow("on the root directory")
-        << root + card + mountOn(3, 1, "/", "/dev/sdc") << QStringList{u"/"_qs};
+        << root + card + mountOn(3, 1, "/", "/dev/sdc") + mountOn(4, 3, "/mnt", "/dev/sdd")
+        << QStringList{u"/"_qs, u"/media/card"_qs};
     QTest::newRow("the mount that it stands in is listed behind")
         << card + mountOn(3, 1, "/run", "tmpfs") + root
         << QStringList{u"/media/card"_qs, u"/run"_qs, u"/"_qs};
