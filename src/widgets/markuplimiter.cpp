@@ -1,280 +1,181 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/markuplimiter.h"
 
-#include <QRegularExpression>
-#include <QStringList>
-
 #include <algorithm>
 
 namespace teskel
 {
 
+using Kind = MarkupTree::Kind;
+using Token = MarkupTokenizer::Token;
+
 namespace
 {
-/// With fewer tags than this, and neither tables nor pictures, no structure can be expensive.
-constexpr qsizetype HarmlessTags = 256;
-constexpr qsizetype HarmlessReferences = 256;
+/// What reading a style sheet costs beside its text.
+constexpr qint64 StyleSheetOverhead = 16;
 
-/// Elements that never contain themselves: the parser closes the open one.
-bool isFlat(const QString& name)
+/// The part of a text that the document reads: editors mark what they put on the clipboard.
+QStringView fragmentOf(QStringView markup)
 {
-    static const QStringList names{
-        QStringLiteral("br"),    QStringLiteral("hr"),    QStringLiteral("p"),
-        QStringLiteral("li"),    QStringLiteral("dt"),    QStringLiteral("dd"),
-        QStringLiteral("tbody"), QStringLiteral("thead"), QStringLiteral("tfoot"),
-    };
-    return names.contains(name);
-}
-
-bool isCell(const QString& name)
-{
-    return name == QLatin1String("td") || name == QLatin1String("th");
-}
-
-bool isTablePart(const QString& name)
-{
-    return isCell(name) || name == QLatin1String("tr") || name == QLatin1String("caption");
-}
-
-bool isBlock(const QString& name)
-{
-    static const QStringList names{
-        QStringLiteral("table"),  QStringLiteral("div"),  QStringLiteral("ul"),
-        QStringLiteral("ol"),     QStringLiteral("dl"),   QStringLiteral("blockquote"),
-        QStringLiteral("center"), QStringLiteral("body"), QStringLiteral("html"),
-        QStringLiteral("qt"),     QStringLiteral("pre"),
-    };
-    return names.contains(name);
-}
-
-/// Attributes of which this text and any parser agree where they end.
-bool areWellFormed(QStringView attributes)
-{
-    static const QRegularExpression pattern(QStringLiteral(
-        R"(^(?:\s++[\w:-]++(?:\s*+=\s*+(?:"[^"]*+"|'[^']*+'|[^\s"'=]++))?+)*+\s*+/?+$)"));
-    return pattern.match(attributes.toString()).hasMatch();
-}
-
-/// Whether no length in these attributes can overflow the layout, which would then never end.
-bool areModest(QStringView attributes)
-{
-    static const QRegularExpression colour(QStringLiteral(R"(#\w++)"));
-    static const QRegularExpression huge(QStringLiteral(R"(\d{5}|\d\.?e[+\-\dmx]|\binf|\bnan\b)"),
-                                         QRegularExpression::CaseInsensitiveOption);
-    return !attributes.toString().remove(colour).contains(huge);
-}
-
-/// The largest number in an attribute whose name ends in "span", at least 1.
-int largestSpan(QStringView attributes)
-{
-    static const QRegularExpression pattern(QStringLiteral(R"(span\s*=\s*["']?\s*\+?(\d+))"),
-                                            QRegularExpression::CaseInsensitiveOption);
-    int largest = 1;
-    auto spans = pattern.globalMatch(attributes.toString());
-    while (spans.hasNext()) {
-        bool fits = false;
-        const int span = spans.next().captured(1).toInt(&fits);
-        largest = std::max(largest, fits ? span : MarkupLimiter::MaxRows);
-    }
-    return largest;
+    const qsizetype begin = markup.indexOf(QLatin1StringView("<!--StartFragment-->"));
+    if (begin < 0)
+        return markup;
+    const qsizetype end = markup.indexOf(QLatin1StringView("<!--EndFragment-->"));
+    return begin < end ? markup.sliced(begin, end - begin) : markup.sliced(begin);
 }
 } // namespace
 
-QString MarkupLimiter::limited(const QString& markup)
+bool MarkupLimiter::isBeyondLimits(const QString& markup)
 {
-    const bool harmless = markup.count(u'<') <= HarmlessTags &&
-                          markup.count(u'&') <= HarmlessReferences &&
-                          !markup.contains(QLatin1String("table"), Qt::CaseInsensitive) &&
-                          !markup.contains(QLatin1String("img"), Qt::CaseInsensitive);
-    return harmless ? markup : MarkupLimiter(markup).run();
+    return !MarkupLimiter().isWithin(fragmentOf(markup));
 }
 
-QString MarkupLimiter::run()
+const MarkupTree::Node& MarkupLimiter::node(int index) const
 {
-    _result.reserve(_source.size());
-    while (_position < _source.size()) {
-        if (_source.at(_position) == u'<') {
-            takeTag();
+    return _tree.nodes()[static_cast<std::size_t>(index)];
+}
+
+bool MarkupLimiter::isWithin(QStringView markup)
+{
+    MarkupTokenizer tokens(markup);
+    for (Token token = tokens.next(); token != Token::End; token = tokens.next()) {
+        bool isWithin = true;
+        if (token == Token::OpeningTag) {
+            isWithin = takeOpeningTag(tokens);
+        } else if (token == Token::ClosingTag) {
+            isWithin = takeClosingTag(tokens.name());
         } else {
-            const qsizetype next = _source.indexOf(u'<', _position);
-            takeText(next < 0 ? _source.size() : next);
+            _tree.addText(tokens.text());
+            _characters += tokens.text().size();
+            if (_tree.isInStyleSheet())
+                _styleSheet += tokens.text();
         }
+        if (!isWithin)
+            return false;
     }
-    return _result;
+    const auto elements = static_cast<qint64>(_tree.nodes().size());
+    return _lengths.extent(_cells, elements, _characters) <= MaxExtent &&
+           (_grids.isEmpty() || !_lengths.misplacesCells());
 }
 
-/// An "&" that begins no character reference costs a search to the end of the text.
-void MarkupLimiter::takeText(qsizetype end)
+bool MarkupLimiter::takeOpeningTag(const MarkupTokenizer& tag)
 {
-    static const QRegularExpression reference(QStringLiteral(R"(\G&#?\w{1,10}(?:;|$))"));
-    while (_position < end) {
-        qsizetype ampersand = _source.indexOf(u'&', _position);
-        if (ampersand < 0 || ampersand > end)
-            ampersand = end;
-        _result += QStringView(_source).sliced(_position, ampersand - _position);
-        _position = ampersand;
-        if (_position < end) {
-            const bool isReference = reference.match(_source, _position).hasMatch();
-            _result += isReference ? QLatin1String("&") : QLatin1String("&amp;");
-            ++_position;
-        }
+    for (const MarkupTokenizer::Attribute& attribute : tag.attributes())
+        _lengths.addAttribute(attribute.name, attribute.value);
+    _styleSheet.clear();
+
+    auto index = static_cast<int>(_tree.nodes().size());
+    if (!_tree.open(tag.name(), tag.isSelfClosed()) || !readSpans(tag))
+        return false;
+    for (; index < static_cast<int>(_tree.nodes().size()); ++index) {
+        if (!takeElement(index))
+            return false;
     }
+    return true;
 }
 
-void MarkupLimiter::takeTag()
+/// A style sheet is read at every end tag that follows its text, whether or not it is its own.
+bool MarkupLimiter::takeClosingTag(const QString& name)
 {
-    if (_source.size() > _position + 1 && _source.at(_position + 1) == u'!') {
-        skipComment();
-        return;
+    if (_tree.isInStyleSheet()) {
+        _lengths.addStyleSheet(_styleSheet);
+        _styleSize += _styleSheet.size() + StyleSheetOverhead;
     }
-    const qsizetype begin = _position + 1;
-    qsizetype end = begin;
-    while (end < _source.size() && _source.at(end) != u'>' && _source.at(end) != u'<')
-        ++end;
-    const bool isClosed = end < _source.size() && _source.at(end) == u'>';
-    _position = isClosed ? end + 1 : end;
-
-    QStringView content = QStringView(_source).sliced(begin, end - begin).trimmed();
-    Tag tag;
-    if (content.startsWith(u'/')) {
-        tag.closes = true;
-        content = content.sliced(1).trimmed();
-    }
-    const auto nameEnd = std::find_if_not(content.begin(), content.end(),
-                                          [](QChar c) { return c.isLetterOrNumber(); });
-    const qsizetype nameSize = nameEnd - content.begin();
-    tag.name = content.first(nameSize).toString().toLower();
-    tag.attributes = content.sliced(nameSize);
-    if (!isClosed || !areWellFormed(tag.attributes))
-        tag.attributes = {};
-
-    if (tag.name.isEmpty())
-        return;
-    if (tag.closes)
-        close(tag.name);
-    else if (tag.name == QLatin1String("style") || tag.name == QLatin1String("title"))
-        skipHiddenElement(tag.name);
-    else if (tag.name != QLatin1String("img"))
-        open(tag);
+    return _tree.close(name) && _styleSize <= MaxStyleSheet;
 }
 
-void MarkupLimiter::skipComment()
+bool MarkupLimiter::takeElement(int index)
 {
-    const bool isComment = QStringView(_source).sliced(_position).startsWith(QLatin1String("<!--"));
-    const QLatin1String last(isComment ? "-->" : ">");
-    const qsizetype end = _source.indexOf(last, _position);
-    _position = end < 0 ? _source.size() : end + last.size();
-}
-
-void MarkupLimiter::skipHiddenElement(const QString& name)
-{
-    const qsizetype end =
-        _source.indexOf(QLatin1String("</") + name, _position, Qt::CaseInsensitive);
-    const qsizetype closed = end < 0 ? -1 : _source.indexOf(u'>', end);
-    _position = closed < 0 ? _source.size() : closed + 1;
-}
-
-void MarkupLimiter::write(const Tag& tag)
-{
-    _result += u'<' + tag.name;
-    _result += tag.attributes;
-    _result += u'>';
-}
-
-MarkupLimiter::Element* MarkupLimiter::innermostTable()
-{
-    const auto table = std::find_if(_open.rbegin(), _open.rend(), [](const Element& element) {
-        return element.name == QLatin1String("table");
-    });
-    return table == _open.rend() ? nullptr : &*table;
-}
-
-void MarkupLimiter::open(const Tag& tag)
-{
-    if (isFlat(tag.name)) {
-        write(tag);
-    } else if (isTablePart(tag.name)) {
-        openCell(tag);
-    } else {
-        const bool isTable = tag.name == QLatin1String("table");
-        if (_open.size() >= MaxDepth || (isTable && _tables >= MaxTableDepth))
-            return;
-        if (isTable)
-            ++_tables;
-        _open.push_back({tag.name});
-        write(isTable && !areModest(tag.attributes) ? Tag{tag.name, {}} : tag);
+    const MarkupTree::Node& element = node(index);
+    _styleWork += element.depth * _styleSize;
+    if (element.depth > MaxDepth || _styleWork > MaxStyleWork)
+        return false;
+    switch (element.kind) {
+    case Kind::Picture:
+        return ++_pictures <= MaxPictures;
+    case Kind::Table:
+        return takeTable(index);
+    case Kind::Row:
+        return takeRow(index);
+    case Kind::Cell:
+        return takeCell(index);
+    default:
+        return true;
     }
 }
 
-void MarkupLimiter::openCell(const Tag& tag)
+/// The document puts a table that follows another within a table, but outside of its cells, into
+/// that other one, and ends the table around a hidden one.
+bool MarkupLimiter::takeTable(int index)
 {
-    Element* const table = innermostTable();
-    if (table == nullptr)
-        return;
-    if (tag.name == QLatin1String("tr")) {
-        if (_rows >= MaxRows)
-            return;
-        ++_rows;
-        table->columns = 0;
-    }
-    Tag written = tag;
-    if (!areModest(tag.attributes))
-        written.attributes = {};
-    if (isCell(tag.name)) {
-        const int span = largestSpan(tag.attributes);
-        if (span > MaxColumns)
-            written.attributes = {};
-        table->columns += span > MaxColumns ? 1 : span;
-        if (table->columns > MaxColumns || _rows >= MaxRows)
-            return;
-    }
-    closeAbove(static_cast<std::size_t>(table - _open.data()) + 1);
-    write(written);
+    int around = node(index).parent;
+    while (around != 0 && node(around).kind != Kind::Table && node(around).kind != Kind::Cell)
+        around = node(around).parent;
+    if (node(around).kind == Kind::Table)
+        ++_looseTables;
+    const int depth = _grids.value(tableAround(index)).depth + 1;
+    _grids.insert(index, {depth});
+    return !node(index).isHidden && depth + _looseTables <= MaxTableDepth;
 }
 
-void MarkupLimiter::close(const QString& name)
+bool MarkupLimiter::takeRow(int index)
 {
-    if (isFlat(name)) {
-        closeInline();
-        _result += QLatin1String("</") + name + u'>';
-        return;
-    }
-    if (isTablePart(name)) {
-        // The next part of the table closes this one.
-        if (const Element* table = innermostTable())
-            closeAbove(static_cast<std::size_t>(table - _open.data()) + 1);
-        return;
-    }
-    for (std::size_t depth = _open.size(); depth > 0; --depth) {
-        const QString& open = _open[depth - 1].name;
-        if (open == name) {
-            closeAbove(depth - 1);
-            return;
-        }
-        // A cell's contents end nothing outside of their table.
-        if (open == QLatin1String("table"))
-            return;
-    }
+    const int table = tableAround(index);
+    Grid& grid = _grids[table];
+    ++grid.rows;
+    _cells += grid.columns + grid.hanging;
+    return _cells <= MaxCells;
 }
 
-/// Closes elements until only the `depth` outermost are open.
-void MarkupLimiter::closeAbove(std::size_t depth)
+bool MarkupLimiter::takeCell(int index)
 {
-    while (_open.size() > depth) {
-        const QString name = _open.back().name;
-        if (name == QLatin1String("table"))
-            --_tables;
-        _result += QLatin1String("</") + name + u'>';
-        _open.pop_back();
-    }
+    // A heading may stand outside of any table.
+    const int row = node(index).parent;
+    if (row == 0)
+        return true;
+    qint64& columns = _columns[row];
+    Grid& grid = _grids[tableAround(row)];
+    const qint64 before = grid.rows * (grid.columns + grid.hanging);
+    columns += _columnSpan;
+    grid.columns = std::max(grid.columns, columns);
+    if (_rowSpan > 1)
+        grid.hanging += _columnSpan;
+    _cells += grid.rows * (grid.columns + grid.hanging) - before;
+    // What a cell spans costs on its own, even where there is no such row.
+    if (_columnSpan > 1 || _rowSpan > 1)
+        _cells += _columnSpan * _rowSpan;
+    return _cells <= MaxCells;
 }
 
-/// The end of a paragraph ends the elements that lie within the line.
-void MarkupLimiter::closeInline()
+/// @return false if a span cannot be told
+bool MarkupLimiter::readSpans(const MarkupTokenizer& tag)
 {
-    const auto block = std::find_if(_open.rbegin(), _open.rend(),
-                                    [](const Element& element) { return isBlock(element.name); });
-    closeAbove(static_cast<std::size_t>(_open.rend() - block));
+    _columnSpan = 1;
+    _rowSpan = 1;
+    if (tag.name() != QLatin1StringView("td") && tag.name() != QLatin1StringView("th"))
+        return true;
+    for (const MarkupTokenizer::Attribute& attribute : tag.attributes()) {
+        const QString name = attribute.name.toString().toLower();
+        const bool isColumnSpan = name == QLatin1StringView("colspan");
+        if (MarkupTokenizer::mayHoldMarkup(name))
+            return false;
+        if (!isColumnSpan && name != QLatin1StringView("rowspan"))
+            continue;
+        if (MarkupTokenizer::mayHoldMarkup(attribute.value))
+            return false;
+        qint64& span = isColumnSpan ? _columnSpan : _rowSpan;
+        span = std::max<qint64>(span, attribute.value.toInt());
+    }
+    return true;
+}
+
+/// The innermost table that an element lies in; the document's own for none.
+int MarkupLimiter::tableAround(int index) const
+{
+    do
+        index = node(index).parent;
+    while (index != 0 && node(index).kind != Kind::Table);
+    return index;
 }
 
 } // namespace teskel

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/qteskeledit.h"
 
-#include "widgets/markuplimiter.h"
+#include "widgets/pictureplaceholder.h"
+#include "widgets/viewtext.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QEvent>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -35,6 +37,8 @@ QTeskelEdit::QTeskelEdit(QWidget* parent, const char* name)
     setUndoRedoEnabled(false);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     document()->setDefaultStyleSheet(QStringLiteral("p { margin-top: 4px; margin-bottom: 4px; }"));
+    document()->documentLayout()->registerHandler(QTextFormat::ImageObject,
+                                                  new teskel::PicturePlaceholder(this));
     keepPageLight();
 }
 
@@ -59,12 +63,11 @@ void QTeskelEdit::setTextFormat(Qt::TextFormat format)
 
 void QTeskelEdit::showSource()
 {
-    const bool rich =
-        _format == Qt::RichText || (_format == Qt::AutoText && Qt::mightBeRichText(_source));
-    if (rich)
-        setHtml(teskel::MarkupLimiter::limited(_source));
+    const auto view = teskel::ViewText::of(_source, _format);
+    if (view.isRich)
+        setHtml(view.text);
     else
-        setPlainText(_source);
+        setPlainText(view.text);
 }
 
 bool QTeskelEdit::hasMarkedText() const

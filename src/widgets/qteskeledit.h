@@ -6,7 +6,8 @@
 /// A read-only view of rich text that loads nothing and gives back exactly the text that was set.
 ///
 /// Markup may come from anyone: pictures and style sheets that it names are not loaded, links are
-/// not followed, and structures that would cost unbounded time or memory are not built. The page
+/// not followed, and a text whose structure would cost unbounded time or memory is shown as plain
+/// text. Everything else looks as QTextEdit::setHtml shows it, with room for pictures. The page
 /// stays light in a dark palette, so that coloured text keeps its contrast.
 class QTeskelEdit : public QTextEdit
 {

@@ -79,6 +79,7 @@ private Q_SLOTS:
     void senseNumberIsBoldBlue();
     void italicTagsShowItalics();
     void pictureFromAFileIsNotLoaded();
+    void picturesHaveTheirRoomAndAreNotLookedFor();
     void styleSheetFromAFileIsNotLoaded();
     void answersAreEmptyButNotNull();
     void linksAreNotFollowed();
@@ -234,6 +235,23 @@ void TestEdit::pictureFromAFileIsNotLoaded()
                 QVERIFY(answer.isValid() && !answer.isNull());
         }
     }
+}
+
+void TestEdit::picturesHaveTheirRoomAndAreNotLookedFor()
+{
+    SpyEdit edit;
+    edit.resize(400, 400);
+    edit.show();
+    edit.setText(QStringLiteral("<img src=/no/such.png width=70 height=90><img src=x.png>"));
+    edit.grab();
+    QVERIFY(edit.asked.isEmpty());
+    QTextCursor cursor(edit.document());
+    const int left = edit.cursorRect(cursor).left();
+    cursor.setPosition(1);
+    QCOMPARE(edit.cursorRect(cursor).left() - left, 70);
+    cursor.setPosition(2);
+    QCOMPARE(edit.cursorRect(cursor).left() - left, 70 + 16);
+    QVERIFY(edit.document()->size().height() >= 90);
 }
 
 void TestEdit::styleSheetFromAFileIsNotLoaded()
