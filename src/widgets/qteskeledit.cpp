@@ -53,10 +53,20 @@ void QTeskelEdit::clear()
     setText(QString());
 }
 
+QString QTeskelEdit::text() const
+{
+    if (_shown == document())
+        return _source;
+    if (document()->isEmpty())
+        return {};
+    return _format == Qt::PlainText ? toPlainText() : toHtml();
+}
+
 void QTeskelEdit::setTextFormat(Qt::TextFormat format)
 {
     if (format == _format)
         return;
+    _source = text();
     _format = format;
     showSource();
 }
@@ -68,6 +78,20 @@ void QTeskelEdit::showSource()
         setHtml(view.text);
     else
         setPlainText(view.text);
+    watchDocument();
+}
+
+void QTeskelEdit::forgetSource()
+{
+    _shown = nullptr;
+}
+
+/// QTextEdit's own ways to change the text cannot be overridden.
+void QTeskelEdit::watchDocument()
+{
+    _shown = document();
+    connect(_shown, &QTextDocument::contentsChanged, this, &QTeskelEdit::forgetSource,
+            Qt::UniqueConnection);
 }
 
 bool QTeskelEdit::hasMarkedText() const

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPointer>
+#include <QTextDocument>
 #include <QTextEdit>
 
 /// A read-only view of rich text that loads nothing and gives back exactly the text that was set.
@@ -18,8 +20,9 @@ public:
 
     /// Shows `text`, from the top and with nothing selected.
     void setText(const QString& text);
-    /// The text as it was set, tags included.
-    QString text() const { return _source; }
+    /// The text as it was set, tags included. Where something else was shown since, through
+    /// QTextEdit or the document, that: as HTML, or as plain text if it is read as such.
+    QString text() const;
     /// Sets the empty text.
     void clear();
 
@@ -41,8 +44,12 @@ protected:
 
 private:
     void showSource();
+    void watchDocument();
+    void forgetSource();
     void keepPageLight();
 
     QString _source;
+    /// The document that shows the source, null once its contents are others.
+    QPointer<QTextDocument> _shown;
     Qt::TextFormat _format = Qt::RichText;
 };

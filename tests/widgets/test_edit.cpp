@@ -70,6 +70,9 @@ private Q_SLOTS:
     void isAReadOnlyViewWithItsName();
     void textIsExactlyWhatWasSet_data();
     void textIsExactlyWhatWasSet();
+    void textIsWhatIsShownAfterOtherChanges_data();
+    void textIsWhatIsShownAfterOtherChanges();
+    void textOutlivesWhatChangesNoContents();
     void plainTextIsParsedAsMarkup();
     void formatsCanBeChosen();
     void clearSetsTheEmptyText();
@@ -119,6 +122,67 @@ void TestEdit::textIsExactlyWhatWasSet()
     QFETCH(QString, text);
     QTeskelEdit edit;
     edit.setText(text);
+    QCOMPARE(edit.text(), text);
+}
+
+void TestEdit::textIsWhatIsShownAfterOtherChanges_data()
+{
+    QTest::addColumn<Qt::TextFormat>("format");
+    QTest::addRow("rich text") << Qt::RichText;
+    QTest::addRow("plain text") << Qt::PlainText;
+}
+
+void TestEdit::textIsWhatIsShownAfterOtherChanges()
+{
+    QFETCH(Qt::TextFormat, format);
+    QTeskelEdit edit;
+    edit.setTextFormat(format);
+    edit.setText(QStringLiteral("<b>first</b>"));
+    QTextEdit& base = edit;
+    const auto shown = [&] { return format == Qt::PlainText ? base.toPlainText() : base.toHtml(); };
+
+    base.setHtml(QStringLiteral("<i>second</i>"));
+    QVERIFY(base.toPlainText() == QLatin1String("second"));
+    QCOMPARE(edit.text(), shown());
+    edit.setText(QStringLiteral("third"));
+    QCOMPARE(edit.text(), QStringLiteral("third"));
+    base.append(QStringLiteral("fourth"));
+    QCOMPARE(edit.toPlainText(), QStringLiteral("third\nfourth"));
+    QCOMPARE(edit.text(), shown());
+    base.clear();
+    QCOMPARE(edit.text(), QString());
+    QTextCursor(edit.document()).insertText(QStringLiteral("fifth"));
+    QCOMPARE(edit.text(), shown());
+    base.setText(QString());
+    QCOMPARE(edit.text(), QString());
+    QTextDocument other(QStringLiteral("sixth"));
+    base.setDocument(&other);
+    QCOMPARE(edit.text(), shown());
+    edit.setText(QStringLiteral("seventh"));
+    QCOMPARE(edit.text(), QStringLiteral("seventh"));
+    // What is shown is what another format reads.
+    base.setPlainText(QStringLiteral("<b>eighth</b>"));
+    edit.setTextFormat(Qt::AutoText);
+    QVERIFY(edit.toPlainText().contains(QLatin1String("eighth")));
+    base.setDocument(nullptr);
+}
+
+void TestEdit::textOutlivesWhatChangesNoContents()
+{
+    QTeskelEdit edit;
+    const QString text = QStringLiteral("<p>word <img src=x>");
+    edit.setText(text);
+    edit.resize(100, 100);
+    edit.show();
+    edit.grab();
+    edit.selectAll();
+    edit.copy();
+    QFont font = edit.font();
+    font.setPointSize(25);
+    edit.setFont(font);
+    edit.setPalette(darkPalette());
+    edit.setLineWrapMode(QTextEdit::NoWrap);
+    edit.grab();
     QCOMPARE(edit.text(), text);
 }
 
