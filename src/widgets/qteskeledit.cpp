@@ -6,6 +6,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QEvent>
+#include <QMimeData>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QUrl>
@@ -116,6 +117,13 @@ QString QTeskelEdit::markedText() const
     }
     // Stands for a picture, which is never shown.
     return text.remove(QChar::ObjectReplacementCharacter);
+}
+
+QMimeData* QTeskelEdit::createMimeDataFromSelection() const
+{
+    auto* const plain = new QMimeData;
+    plain->setText(markedText());
+    return plain;
 }
 
 /// Empty but not null: a null answer would make the document look for the file itself.

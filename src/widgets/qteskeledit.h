@@ -41,6 +41,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    /// Plain text alone, for the clipboard, the selection and dragging.
+    QMimeData* createMimeDataFromSelection() const override;
 
 private:
     void showSource();

@@ -2,6 +2,8 @@
 #include "widgets/qteskeledit.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -9,12 +11,15 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
+#include <memory>
+
 namespace
 {
 /// Notes what the document asks for.
 class SpyEdit : public QTeskelEdit
 {
 public:
+    using QTeskelEdit::createMimeDataFromSelection;
     using QTeskelEdit::QTeskelEdit;
     QVariant loadResource(int type, const QUrl& name) override
     {
@@ -79,6 +84,8 @@ private Q_SLOTS:
     void setTextEndsTheSelectionAndScrollsUp();
     void markedTextMapsSeparators_data();
     void markedTextMapsSeparators();
+    void selectionIsCopiedAsPlainTextAlone_data();
+    void selectionIsCopiedAsPlainTextAlone();
     void senseNumberIsBoldBlue();
     void italicTagsShowItalics();
     void pictureFromAFileIsNotLoaded();
@@ -254,6 +261,35 @@ void TestEdit::markedTextMapsSeparators()
     QCOMPARE(edit.markedText(), marked);
     QCOMPARE(edit.selectedText(), marked);
     QVERIFY(edit.hasSelectedText());
+}
+
+void TestEdit::selectionIsCopiedAsPlainTextAlone_data()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<QString>("copied");
+    QTest::addRow("tags") << QStringLiteral("<p><b>one</b> <i>two</i><p>three")
+                          << QStringLiteral("one two\nthree");
+    QTest::addRow("picture") << QStringLiteral("one<img src=x>two") << QStringLiteral("onetwo");
+    QTest::addRow("table") << QStringLiteral("<table><tr><td>one</table>")
+                           << QStringLiteral("\none\n");
+}
+
+void TestEdit::selectionIsCopiedAsPlainTextAlone()
+{
+    QFETCH(QString, source);
+    QFETCH(QString, copied);
+    SpyEdit edit;
+    edit.setText(source);
+    edit.selectAll();
+    QApplication::clipboard()->clear();
+    edit.copy();
+    const QMimeData* const clipboard = QApplication::clipboard()->mimeData();
+    QCOMPARE(clipboard->formats(), QStringList(QStringLiteral("text/plain")));
+    QCOMPARE(clipboard->text(), copied);
+    // The mouse selection and dragging take the same.
+    const std::unique_ptr<QMimeData> dragged(edit.createMimeDataFromSelection());
+    QCOMPARE(dragged->formats(), QStringList(QStringLiteral("text/plain")));
+    QCOMPARE(dragged->text(), copied);
 }
 
 void TestEdit::senseNumberIsBoldBlue()
