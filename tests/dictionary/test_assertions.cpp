@@ -101,8 +101,7 @@ void TestAssertions::warningsOfTheDictionary()
          {"\"isOpen()\"", "\"buffer!=NULL\"", "\"isValid(_position)\"",
           "\"recordIndex<getWordRecordCount()\"", "\"recordIndex<records->getCount()\"",
           "\"position.compoundPosition.recordNumber<getWordRecordCount()\"",
-          "\"position.compoundPosition.wordNumber<getTotalWordCount(position.compoundPosition."
-          "recordNumber)\"",
+          "wordNumber<getTotalWordCount(position.compoundPosition.recordNumber)\"",
           "\"metaData->size!=0\"", "\"result->size!=0\""})
         QVERIFY2(warnings.count(QLatin1String(condition)) > 0, condition);
     checkPlaces(warnings.messages());

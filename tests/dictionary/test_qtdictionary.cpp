@@ -425,6 +425,11 @@ void TestQtDictionary::damagedRecordIsRememberedUntilTheFileIsOpenedAgain_data()
     QTest::newRow("flipped bit") << flipped;
     QTest::newRow("cut short") << sound.chopped(9);
     QTest::newRow("stored") << makeMember(0, "x", "x");
+    ArjMember matches; // each of which begins before the record, and is warned about
+    matches.method = 4;
+    matches.compressedSize = 4;
+    matches.uncompressedSize = 32767;
+    QTest::newRow("matches of nothing") << matches.header() + "\xFF\xFF\xFF\xFF";
 }
 
 // Each search may come across it: it is neither read nor complained of again.
