@@ -3,7 +3,7 @@
 #include "app/commandline.h"
 #include "app/teskelmainwindow.h"
 #include "bench/support/firstpaint.h"
-#include "platform/qpeapplication.h"
+#include "platform/application/qpeapplication.h"
 
 int main(int argc, char* argv[])
 {

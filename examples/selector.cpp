@@ -5,7 +5,7 @@
 // be printed.
 
 #include "files/qteskelfileselector.h"
-#include "platform/qpeapplication.h"
+#include "platform/application/qpeapplication.h"
 #include "selectorowner.h"
 
 #include <QTextStream>

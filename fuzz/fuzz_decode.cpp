@@ -3,7 +3,7 @@
 #include "fuzz/fuzzsupport.h"
 #include "fuzz/fuzztarget.h"
 
-#include "dictionary/decode.h"
+#include "dictionary/unpacking/decode.h"
 #include "tests/support/arjmember.h"
 
 #include <cstdlib>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "bench/support/members.h"
 
-#include "dictionary/cbuffer.h"
-#include "dictionary/cfileheader.h"
-#include "dictionary/qtpalmdb.h"
+#include "dictionary/unpacking/cbuffer.h"
+#include "dictionary/unpacking/cfileheader.h"
+#include "dictionary/container/qtpalmdb.h"
 
 namespace teskel::bench
 {

@@ -3,7 +3,7 @@
 
 #include "lookup/qdictionarylistbox.h"
 #include "widgets/qteskelcombobox.h"
-#include "widgets/qteskeledit.h"
+#include "widgets/article/qteskeledit.h"
 
 #include <QLineEdit>
 #include <QTemporaryDir>

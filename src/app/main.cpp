@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/commandline.h"
 #include "app/teskelmainwindow.h"
-#include "platform/qpeapplication.h"
+#include "platform/application/qpeapplication.h"
 
 int main(int argc, char* argv[])
 {

@@ -7,20 +7,20 @@
 #include <QMenu>
 #include <QToolButton>
 
-#include "app/menubutton.h"
+#include "widgets/menubutton.h"
 #include "base/oneline.h"
 #include "files/fileloader.h"
 #include "files/qteskelfileinfo.h"
 #include "files/qteskelfilemenu.h"
-#include "lookup/plainmessage.h"
+#include "widgets/plainmessage.h"
 #include "lookup/teskelmainwidget.h"
-#include "platform/qpeapplication.h"
-#include "platform/qpemenubar.h"
-#include "platform/qpemenutoolfocusmanager.h"
-#include "platform/qpetoolbar.h"
+#include "platform/application/qpeapplication.h"
+#include "platform/toolbar/qpemenubar.h"
+#include "platform/toolbar/qpemenutoolfocusmanager.h"
+#include "platform/toolbar/qpetoolbar.h"
 #include "platform/resource.h"
 #include "settings/aboutdialog.h"
-#include "settings/buttongroupbox.h"
+#include "widgets/buttongroupbox.h"
 #include "settings/preferencesdialog.h"
 
 namespace

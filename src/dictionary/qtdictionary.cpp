@@ -3,7 +3,7 @@
 
 #include "base/assertion.h"
 #include "dictionary/latin1fold.h"
-#include "dictionary/qtpalmdb.h"
+#include "dictionary/container/qtpalmdb.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "dictionary/memberdecoder.h"
+#include "dictionary/unpacking/memberdecoder.h"
 
 #include <vector>
 

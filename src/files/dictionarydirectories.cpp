@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "files/dictionarydirectories.h"
 
-#include "platform/storageinfo.h"
+#include "platform/storage/storageinfo.h"
 
 #include <QDir>
 #include <QtGlobal>

@@ -4,9 +4,9 @@
 #include "files/dictionarylistitem.h"
 #include "files/qteskelfileselectorview.h"
 #include "files/qteskelselectormenu.h"
-#include "platform/qpeapplication.h"
-#include "platform/qpemenubar.h"
-#include "platform/qpemenutoolfocusmanager.h"
+#include "platform/application/qpeapplication.h"
+#include "platform/toolbar/qpemenubar.h"
+#include "platform/toolbar/qpemenutoolfocusmanager.h"
 #include "platform/resource.h"
 
 #include <QHBoxLayout>

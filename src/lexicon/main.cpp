@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/commands.h"
-#include "lexicon/commandsupport.h"
+#include "lexicon/commands/commands.h"
+#include "lexicon/commands/commandsupport.h"
 
 #include <CLI/CLI.hpp>
 

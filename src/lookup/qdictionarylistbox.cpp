@@ -5,7 +5,7 @@
 #include "dictionary/dictionary.h"
 #include "lookup/navigationevent.h"
 #include "lookup/qdictionarylistboxitem.h"
-#include "widgets/qteskelscrollbar.h"
+#include "widgets/scrolling/qteskelscrollbar.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

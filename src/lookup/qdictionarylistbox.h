@@ -2,7 +2,7 @@
 #pragma once
 
 #include "dictionary/cursorposition.h"
-#include "widgets/qteskellistbox.h"
+#include "widgets/listbox/qteskellistbox.h"
 
 class Dictionary;
 class DictionaryIterator;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "dictionary/cursorposition.h"
-#include "widgets/qteskellistboxtext.h"
+#include "widgets/listbox/qteskellistboxtext.h"
 
 /// One row of the word list: a headword and where it stands in the dictionary.
 class QDictionaryListBoxItem : public QTeskelListBoxText

@@ -7,13 +7,13 @@
 #include "lookup/initialtext.h"
 #include "lookup/lexicontext.h"
 #include "lookup/navigationevent.h"
-#include "lookup/plainmessage.h"
+#include "widgets/plainmessage.h"
 #include "lookup/qdictionarylistbox.h"
 #include "lookup/qdictionarylistboxitem.h"
 #include "lookup/slotpause.h"
 #include "settings/preferences.h"
 #include "widgets/qteskelcombobox.h"
-#include "widgets/qteskeledit.h"
+#include "widgets/article/qteskeledit.h"
 
 #include <QLineEdit>
 #include <cstring>

@@ -7,11 +7,11 @@
 #include "lookup/articleformatter.h"
 #include "lookup/dictionarytexts.h"
 #include "lookup/lexicontext.h"
-#include "lookup/plainmessage.h"
+#include "widgets/plainmessage.h"
 #include "lookup/punctuation.h"
 #include "lookup/wordsearch.h"
 #include "widgets/qteskelcombobox.h"
-#include "widgets/qteskeledit.h"
+#include "widgets/article/qteskeledit.h"
 
 #include <QApplication>
 #include <QClipboard>

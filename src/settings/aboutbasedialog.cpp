@@ -2,7 +2,7 @@
 #include "settings/aboutbasedialog.h"
 
 #include "settings/aboutpicture.h"
-#include "settings/dialogpage.h"
+#include "widgets/dialogpage.h"
 #include "settings/product.h"
 
 #include <QEvent>

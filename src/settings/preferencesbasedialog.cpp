@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "settings/preferencesbasedialog.h"
 
-#include "settings/buttongroupbox.h"
-#include "settings/choicelist.h"
-#include "settings/dialogpage.h"
-#include "settings/wraplayout.h"
+#include "widgets/buttongroupbox.h"
+#include "widgets/choicelist.h"
+#include "widgets/dialogpage.h"
+#include "widgets/wraplayout.h"
 
 #include <QEvent>
 #include <QHBoxLayout>

@@ -3,7 +3,7 @@
 
 #include "base/assertion.h"
 #include "platform/fontdatabase.h"
-#include "settings/buttongroupbox.h"
+#include "widgets/buttongroupbox.h"
 
 #include <QFontInfo>
 #include <QListWidget>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/wordeditorbasedialog.h"
 
-#include "settings/dialogpage.h"
+#include "widgets/dialogpage.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

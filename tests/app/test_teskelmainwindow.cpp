@@ -4,15 +4,15 @@
 #include "files/qteskelfilemenu.h"
 #include "lookup/teskelmainwidget.h"
 #include "platform/config.h"
-#include "platform/qpetoolbar.h"
+#include "platform/toolbar/qpetoolbar.h"
 #include "platform/resource.h"
-#include "platform/storageinfo.h"
-#include "settings/buttongroupbox.h"
+#include "platform/storage/storageinfo.h"
+#include "widgets/buttongroupbox.h"
 #include "settings/preferencesdialog.h"
 #include "tests/support/dictionarywriter.h"
 #include "tests/support/warningcapture.h"
 #include "widgets/qteskelcombobox.h"
-#include "widgets/qteskeledit.h"
+#include "widgets/article/qteskeledit.h"
 
 #include <QAction>
 #include <QBoxLayout>

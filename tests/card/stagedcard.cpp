@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/card/stagedcard.h"
 
-#include "platform/mounttable.h"
+#include "platform/storage/mounttable.h"
 
 #include <QDir>
 #include <QFile>

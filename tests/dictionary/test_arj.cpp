@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What Debian's arj packs, the decoder unpacks: an independent witness for all four methods.
-#include "dictionary/decode.h"
+#include "dictionary/unpacking/decode.h"
 #include "tests/support/arjarchiver.h"
 
 #include <QRandomGenerator>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A failed condition's warning leads to the line that checks it.
 #include "dictionary/qtdictionary.h"
-#include "dictionary/qtpalmdb.h"
+#include "dictionary/container/qtpalmdb.h"
 #include "tests/support/dictionarywriter.h"
 #include "tests/support/warningcapture.h"
 

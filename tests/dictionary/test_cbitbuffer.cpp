@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "dictionary/cbitbuffer.h"
-#include "dictionary/cbuffer.h"
-#include "dictionary/cfileheader.h"
+#include "dictionary/unpacking/cbitbuffer.h"
+#include "dictionary/unpacking/cbuffer.h"
+#include "dictionary/unpacking/cfileheader.h"
 #include "tests/support/arjmember.h"
 
 #include <QRandomGenerator>

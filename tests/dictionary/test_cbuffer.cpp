@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dictionary/cbuffer.h"
+#include "dictionary/unpacking/cbuffer.h"
 
 #include <QTest>
 

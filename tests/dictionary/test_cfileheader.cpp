@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "dictionary/cbuffer.h"
-#include "dictionary/cfileheader.h"
+#include "dictionary/unpacking/cbuffer.h"
+#include "dictionary/unpacking/cfileheader.h"
 #include "tests/support/arjmember.h"
 
 #include <QTest>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dictionary/crc32.h"
+#include "dictionary/unpacking/crc32.h"
 
 #include <QByteArray>
 #include <QTest>

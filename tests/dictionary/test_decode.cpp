@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dictionary/decode.h"
+#include "dictionary/unpacking/decode.h"
 #include "tests/dictionary/staticblock.h"
 #include "tests/support/arjmember.h"
 #include "tests/support/warningcapture.h"

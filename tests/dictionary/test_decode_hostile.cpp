@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Streams that no packer writes, built bit by bit: each must end soon and within its output.
-#include "dictionary/decode.h"
+#include "dictionary/unpacking/decode.h"
 #include "tests/dictionary/staticblock.h"
 #include "tests/support/arjmember.h"
 #include "tests/support/warningcapture.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The fast decoder does exactly what a plain one does, on good streams, damaged ones and noise.
-#include "dictionary/cbuffer.h"
-#include "dictionary/cdecoder.h"
-#include "dictionary/cfileheader.h"
+#include "dictionary/unpacking/cbuffer.h"
+#include "dictionary/unpacking/cdecoder.h"
+#include "dictionary/unpacking/cfileheader.h"
 #include "tests/dictionary/plaindecoder.h"
 #include "tests/dictionary/staticblock.h"
 #include "tests/support/arjmember.h"

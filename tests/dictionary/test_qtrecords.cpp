@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "dictionary/qtpalmdb.h"
+#include "dictionary/container/qtpalmdb.h"
 #include "tests/support/palmwriter.h"
 #include "tests/support/warningcapture.h"
 

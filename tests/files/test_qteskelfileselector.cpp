@@ -2,8 +2,8 @@
 #include "files/qteskelfileselector.h"
 #include "files/qteskelfileselectorview.h"
 #include "files/qteskelselectormenu.h"
-#include "platform/qpeapplication.h"
-#include "platform/qpemenubar.h"
+#include "platform/application/qpeapplication.h"
+#include "platform/toolbar/qpemenubar.h"
 #include "tests/files/stagedstorage.h"
 
 #include <QAction>

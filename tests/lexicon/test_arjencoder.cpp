@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "dictionary/decode.h"
-#include "dictionary/memberdecoder.h"
-#include "lexicon/arjmember.h"
+#include "dictionary/unpacking/decode.h"
+#include "dictionary/unpacking/memberdecoder.h"
+#include "lexicon/packing/arjmember.h"
 #include "tests/support/palmwriter.h"
 
 #include <QProcess>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/dictdindex.h"
-#include "lexicon/dictdsource.h"
-#include "lexicon/dictzipreader.h"
-#include "lexicon/entryintake.h"
+#include "lexicon/sources/dictdindex.h"
+#include "lexicon/sources/dictdsource.h"
+#include "lexicon/sources/dictzipreader.h"
+#include "lexicon/entries/entryintake.h"
 #include "tests/support/palmwriter.h"
 
 #include <QProcess>

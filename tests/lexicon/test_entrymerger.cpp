@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/entrymerger.h"
+#include "lexicon/entries/entrymerger.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/freedictentry.h"
+#include "lexicon/sources/freedictentry.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/huffmancode.h"
+#include "lexicon/packing/huffmancode.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/latin1converter.h"
-#include "lexicon/utf8.h"
+#include "lexicon/text/latin1converter.h"
+#include "lexicon/text/utf8.h"
 
 #include <QTest>
 

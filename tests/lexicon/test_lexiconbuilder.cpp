@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dictionary/latin1fold.h"
 #include "dictionary/qtdictionary.h"
-#include "lexicon/lexiconbuilder.h"
-#include "lexicon/lexiconverifier.h"
+#include "lexicon/build/lexiconbuilder.h"
+#include "lexicon/file/lexiconverifier.h"
 #include "tests/support/palmwriter.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/matchfinder.h"
+#include "lexicon/packing/matchfinder.h"
 
 #include <QTest>
 

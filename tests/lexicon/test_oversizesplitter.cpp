@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/oversizesplitter.h"
+#include "lexicon/entries/oversizesplitter.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/pendingfile.h"
+#include "lexicon/file/pendingfile.h"
 #include "tests/support/palmwriter.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dictionary/qtdictionary.h"
-#include "lexicon/articleof.h"
-#include "lexicon/dictdsource.h"
-#include "lexicon/entryintake.h"
+#include "lexicon/file/articleof.h"
+#include "lexicon/sources/dictdsource.h"
+#include "lexicon/entries/entryintake.h"
 
 #include <QProcess>
 #include <QTemporaryDir>

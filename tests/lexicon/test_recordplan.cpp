@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/entryarena.h"
-#include "lexicon/recordplan.h"
+#include "lexicon/entries/entryarena.h"
+#include "lexicon/file/recordplan.h"
 
 #include <QTest>
 

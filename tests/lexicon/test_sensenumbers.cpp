@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sensenumbers.h"
+#include "lexicon/text/sensenumbers.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/tsv.h"
+#include "lexicon/sources/tsv.h"
 
 #include <QTest>
 

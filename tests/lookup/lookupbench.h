@@ -7,7 +7,7 @@
 #include "settings/preferences.h"
 #include "tests/lookup/lexicons.h"
 #include "widgets/qteskelcombobox.h"
-#include "widgets/qteskeledit.h"
+#include "widgets/article/qteskeledit.h"
 
 #include <QLineEdit>
 #include <QTemporaryDir>

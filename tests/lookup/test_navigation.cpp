@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/lookup/lookupbench.h"
-#include "widgets/qteskelscrollbar.h"
+#include "widgets/scrolling/qteskelscrollbar.h"
 
 #include <QSignalSpy>
 #include <QStyleOptionSlider>

@@ -4,8 +4,8 @@
 #include "lookup/qdictionarylistboxitem.h"
 #include "tests/lookup/lexicons.h"
 #include "tests/support/warningcapture.h"
-#include "widgets/qteskellistboxtext.h"
-#include "widgets/qteskelscrollbar.h"
+#include "widgets/listbox/qteskellistboxtext.h"
+#include "widgets/scrolling/qteskelscrollbar.h"
 
 #include <QMouseEvent>
 #include <QPointer>

@@ -74,7 +74,7 @@ icons)
 names)
     # One name ties the window, the bus, the menu entry and the description together.
     id=org.teskel.Teskel
-    grep -q "\"$id\"" "$source/src/platform/documentservice.cpp"
+    grep -q "\"$id\"" "$source/src/platform/application/documentservice.cpp"
     grep -q "<id>$id</id>" "$built/$id.metainfo.xml"
     grep -q ">$id.desktop</launchable>" "$built/$id.metainfo.xml"
     grep -q '^MimeType=application/x-teskel-lexicon;$' "$built/$id.desktop"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A small application whose life the tests follow from outside: it reports on standard output.
-#include "platform/qpeapplication.h"
+#include "platform/application/qpeapplication.h"
 
 #include <QCloseEvent>
 #include <QDialog>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/storageroots.h"
+#include "platform/storage/storageroots.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/qpeapplication.h"
+#include "platform/application/qpeapplication.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>

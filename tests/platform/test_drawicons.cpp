@@ -34,9 +34,15 @@ void DrawIconsTest::drawsEveryIconThatIsThere()
     QByteArray errors;
     QCOMPARE(run(directory, {}, errors), 0);
     const QDir there(QStringLiteral(TESKEL_PICS));
-    const QStringList names = there.entryList({u"*.png"_qs}, QDir::Files);
-    QVERIFY(!names.isEmpty());
-    QCOMPARE(QDir(directory.filePath(u"pics"_qs)).entryList(QDir::Files), names);
+    const QDir drawn(directory.filePath(u"pics"_qs));
+    const QStringList sizes = there.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    QVERIFY(!sizes.isEmpty());
+    QCOMPARE(drawn.entryList(QDir::Dirs | QDir::NoDotAndDotDot), sizes);
+    for (const QString& size : sizes) {
+        const QStringList names = QDir(there.filePath(size)).entryList(QDir::Files);
+        QVERIFY(!names.isEmpty());
+        QCOMPARE(QDir(drawn.filePath(size)).entryList(QDir::Files), names);
+    }
 }
 
 void DrawIconsTest::fullDiskIsAnError()
@@ -44,7 +50,7 @@ void DrawIconsTest::fullDiskIsAnError()
     const QTemporaryDir directory;
     QByteArray errors;
     QCOMPARE(run(directory, u"trap '' XFSZ; ulimit -f 0; "_qs, errors), 3);
-    QVERIFY2(errors.contains("pics/copy.png cannot be written\n"), errors.constData());
+    QVERIFY2(errors.contains("pics/24/copy.png cannot be written\n"), errors.constData());
 }
 
 QTEST_GUILESS_MAIN(DrawIconsTest)

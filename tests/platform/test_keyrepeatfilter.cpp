@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/keyrepeatfilter.h"
+#include "platform/application/keyrepeatfilter.h"
 
 #include <QKeyEvent>
 #include <QWidget>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/mountwatcher.h"
+#include "platform/storage/mountwatcher.h"
 #include "platform/qcopchannel.h"
 
 #include <QSignalSpy>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/qpemenubar.h"
-#include "platform/qpemenutoolfocusmanager.h"
-#include "platform/qpetoolbar.h"
+#include "platform/toolbar/qpemenubar.h"
+#include "platform/toolbar/qpemenutoolfocusmanager.h"
+#include "platform/toolbar/qpetoolbar.h"
 
 #include <QContextMenuEvent>
 #include <QDialog>

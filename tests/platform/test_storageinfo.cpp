@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/mounttable.h"
+#include "platform/storage/mounttable.h"
 #include "platform/qcopchannel.h"
-#include "platform/storageinfo.h"
+#include "platform/storage/storageinfo.h"
 #include "tests/platform/stagedroots.h"
 
 #include <QRandomGenerator>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "settings/aboutdialog.h"
-#include "settings/dialogpage.h"
+#include "widgets/dialogpage.h"
 #include "settings/preferencesdialog.h"
 #include "settings/wordeditordialog.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/fontdatabase.h"
-#include "settings/buttongroupbox.h"
+#include "widgets/buttongroupbox.h"
 #include "settings/preferencesdialog.h"
 
 #include <QAccessible>

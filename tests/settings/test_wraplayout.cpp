@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "settings/wraplayout.h"
+#include "widgets/wraplayout.h"
 
 #include <QTest>
 #include <QWidget>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/qteskellistboxitem.h"
+#include "widgets/listbox/qteskellistboxitem.h"
 
 namespace teskel::test
 {

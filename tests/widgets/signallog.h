@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QStringList>
 
-#include "widgets/qteskellistbox.h"
+#include "widgets/listbox/qteskellistbox.h"
 
 namespace teskel::test
 {

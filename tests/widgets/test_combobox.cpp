@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/qteskelcombobox.h"
-#include "widgets/qteskellistbox.h"
+#include "widgets/listbox/qteskellistbox.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/qteskeledit.h"
+#include "widgets/article/qteskeledit.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/widgets/plainitem.h"
 #include "tests/widgets/signallog.h"
-#include "widgets/qteskellistbox.h"
-#include "widgets/qteskellistboxpixmap.h"
-#include "widgets/qteskellistboxtext.h"
+#include "widgets/listbox/qteskellistbox.h"
+#include "widgets/listbox/qteskellistboxpixmap.h"
+#include "widgets/listbox/qteskellistboxtext.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

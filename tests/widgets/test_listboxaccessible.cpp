@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/widgets/plainitem.h"
-#include "widgets/listboxaccessible.h"
-#include "widgets/qteskellistbox.h"
-#include "widgets/qteskellistboxtext.h"
+#include "widgets/listbox/listboxaccessible.h"
+#include "widgets/listbox/qteskellistbox.h"
+#include "widgets/listbox/qteskellistboxtext.h"
 
 #include <QAccessible>
 #include <QTest>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/listboxlayouter.h"
+#include "widgets/listbox/listboxlayouter.h"
 
 #include <QTest>
 

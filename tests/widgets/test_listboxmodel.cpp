@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/widgets/plainitem.h"
-#include "widgets/listboxmodel.h"
+#include "widgets/listbox/listboxmodel.h"
 
 #include <QTest>
 

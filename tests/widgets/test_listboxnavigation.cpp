@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/listboxnavigation.h"
+#include "widgets/listbox/listboxnavigation.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/widgets/plainitem.h"
-#include "widgets/qteskellistbox.h"
-#include "widgets/qteskellistboxpixmap.h"
-#include "widgets/qteskellistboxtext.h"
+#include "widgets/listbox/qteskellistbox.h"
+#include "widgets/listbox/qteskellistboxpixmap.h"
+#include "widgets/listbox/qteskellistboxtext.h"
 
 #include <QPainter>
 #include <QTest>

@@ -2,7 +2,7 @@
 // The list box under a pen or mouse.
 #include "tests/widgets/plainitem.h"
 #include "tests/widgets/signallog.h"
-#include "widgets/qteskellistbox.h"
+#include "widgets/listbox/qteskellistbox.h"
 
 #include <QDialog>
 #include <QMouseEvent>

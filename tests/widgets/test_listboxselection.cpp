@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/widgets/plainitem.h"
-#include "widgets/listboxmodel.h"
-#include "widgets/listboxselection.h"
+#include "widgets/listbox/listboxmodel.h"
+#include "widgets/listbox/listboxselection.h"
 
 #include <QTest>
 

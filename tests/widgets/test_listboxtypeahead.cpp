@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/listboxtypeahead.h"
+#include "widgets/listbox/listboxtypeahead.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // An article looks as QTextEdit shows it, unless it could stop the program: then it is plain text.
-#include "widgets/markuplimiter.h"
-#include "widgets/qteskeledit.h"
+#include "widgets/article/markuplimiter.h"
+#include "widgets/article/qteskeledit.h"
 
 #include <QRandomGenerator>
 #include <QTest>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/widgets/signallog.h"
-#include "widgets/qteskelscrollbar.h"
+#include "widgets/scrolling/qteskelscrollbar.h"
 
 #include <QDialog>
 #include <QElapsedTimer>

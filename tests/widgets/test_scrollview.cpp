@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/widgets/signallog.h"
-#include "widgets/qteskelscrollview.h"
+#include "widgets/scrolling/qteskelscrollview.h"
 
 #include <QPointer>
 #include <QRegularExpression>

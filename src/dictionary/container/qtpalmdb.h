@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "dictionary/container/palmdatabase.h"
+#include "dictionary/container/qtrecords.h"
+
+#include <QFile>
+#include <QString>
+
+#include <memory>
+
+/// The header of a Palm database, in host byte order.
+struct PalmHeader {
+    char name[32] = {};
+    quint16 attributes = 0;
+    quint16 version = 0;
+    quint32 creationDate = 0;
+    quint32 modificationDate = 0;
+    quint32 lastBackupDate = 0;
+    quint32 modificationNumber = 0;
+    quint32 appInfoOffset = 0;
+    quint32 sortInfoOffset = 0;
+    char type[4] = {};
+    char creator[4] = {};
+    quint32 uniqueIdSeed = 0;
+    quint32 nextRecordList = 0;
+    quint16 recordCount = 0;
+};
+
+/// A Palm database file opened for reading: its header and its records.
+class QtPalmDatabase : public PalmDatabase
+{
+public:
+    QtPalmDatabase() = default;
+    Q_DISABLE_COPY_MOVE(QtPalmDatabase)
+    ~QtPalmDatabase() override;
+
+    QtRecords* getRecords() override { return &_records; }
+    /// The path is Latin-1.
+    int load(const char* fileName) override;
+    /// The same for any path.
+    int load(const QString& fileName);
+    int save(const char* fileName) override;
+    const char* getCreator() const override;
+    const char* getType() const override;
+    unsigned short getNumRecords() const override;
+    short getVersion() const override;
+    quint32 getCreationDate() const override;
+    quint32 getModificationDate() const override;
+    quint32 getLastBackupDate() const override;
+
+private:
+    bool readHeader();
+    void verifyOpen(int line) const;
+    void clean();
+    void closeFile();
+
+    std::unique_ptr<QFile> _device;
+    QString _url; // null when closed
+    PalmHeader _header;
+    QtRecords _records;
+    mutable char _creatorText[5] = {};
+    mutable char _typeText[5] = {};
+};

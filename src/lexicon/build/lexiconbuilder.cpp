@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/build/lexiconbuilder.h"
+
+#include "lexicon/packing/arjmember.h"
+#include "lexicon/entries/entryintake.h"
+#include "lexicon/entries/entrymerger.h"
+#include "lexicon/sources/lexiconsource.h"
+#include "lexicon/entries/oversizesplitter.h"
+#include "lexicon/file/palmdatabasewriter.h"
+#include "lexicon/file/pendingfile.h"
+#include "lexicon/file/recordplan.h"
+#include "lexicon/file/spotcheck.h"
+
+namespace teskel
+{
+
+namespace
+{
+
+/// Content of the records that the reader does not use; an empty record would be a broken one.
+constexpr std::string_view unusedRecord("\0", 1);
+
+/// The name inside the database: the description without its markup.
+std::string databaseName(const std::string& description)
+{
+    std::string name;
+    bool inTag = false;
+    for (const char c : description) {
+        if (c == '<')
+            inTag = true;
+        else if (c == '>' && inTag)
+            inTag = false;
+        else if (!inTag)
+            name += c;
+    }
+    return name;
+}
+
+} // namespace
+
+bool LexiconBuilder::build(std::string& error)
+{
+    const auto source = LexiconSource::forPath(_options.source, error);
+    if (!source)
+        return false;
+    EntryArena arena;
+    EntryIntake intake(arena, _report);
+    if (!source->read(intake, error))
+        return false;
+    const std::string description =
+        _options.description
+            ? intake.description(*_options.description, Latin1Converter::Text::PlainArticle)
+            : intake.description(source->description(), source->textKind());
+    _report.conversions = intake.converter().counts();
+
+    EntryMerger merger(arena, _report, _options.numbers);
+    OversizeSplitter splitter(arena, _report);
+    const std::vector<LexiconEntry> entries = splitter.split(merger.merge(intake.take()));
+    if (entries.empty()) {
+        error = _options.source + " holds no entries";
+        return false;
+    }
+    const RecordPlan plan(entries, _options.recordSize);
+    if (plan.records().size() > limits::wordRecords) {
+        error = "the dictionary is too large: it needs " + std::to_string(plan.records().size()) +
+                " word records, a file holds 65530";
+        return false;
+    }
+    if (plan.recordSize() != _options.recordSize)
+        _report.note("record size", "records of " + std::to_string(_options.recordSize) +
+                                        " bytes would be too many for one file; they have up to " +
+                                        std::to_string(plan.recordSize()) + " bytes instead");
+    _report.headwords = entries.size();
+
+    PendingFile file(_options.output);
+    if (!write(file.path(), description, plan, error))
+        return false;
+    SpotCheck check(file.path());
+    if (!check.run(entries, error))
+        return false;
+    _report.spotChecks = check.checkedWords();
+    return file.commit(error);
+}
+
+bool LexiconBuilder::write(const std::string& path, const std::string& description,
+                           const RecordPlan& plan, std::string& error)
+{
+    ArjEncoder encoder(_options.method);
+    const auto recordCount = static_cast<uint16_t>(plan.records().size() + limits::firstWordRecord);
+    PalmDatabaseWriter writer(path, databaseName(description), recordCount);
+    writer.add(plan.index());
+    writer.add(unusedRecord);
+    writer.add(
+        ArjMember::pack(std::string_view(description.c_str(), description.size() + 1), encoder));
+    writer.add(unusedRecord);
+    writer.add(unusedRecord);
+    for (const PlannedRecord& record : plan.records()) {
+        const std::string content = plan.content(record);
+        _report.unpackedBytes += content.size();
+        writer.add(ArjMember::pack(content, encoder));
+    }
+    _report.records = plan.records().size();
+    _report.fileBytes = writer.size();
+    const std::string reason = writer.finish();
+    if (!reason.empty())
+        error = "cannot write " + _options.output + ": " + reason;
+    return reason.empty();
+}
+
+} // namespace teskel

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "lexicon/entries/buildreport.h"
+#include "lexicon/entries/lexiconentry.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace teskel
+{
+
+class RecordPlan;
+
+/// What a build is asked for. Paths are in the bytes of the file system.
+struct BuildOptions {
+    /// Unpacked bytes of a word record. Larger records pack better and cost more to unpack at each
+    /// look-up; docs/teskel-lexicon.md has the figures.
+    static constexpr unsigned defaultRecordSize = 8192;
+    static constexpr unsigned smallestRecordSize = 256;
+    static constexpr int defaultMethod = 1;
+
+    std::string source;
+    std::string output;
+    std::optional<std::string> description; ///< plain text, UTF-8; else the source's own
+    int method = defaultMethod;
+    unsigned recordSize = defaultRecordSize;
+    bool numbers = true; ///< number the senses of merged articles
+};
+
+/// Builds a dictionary file from a source, all or nothing.
+class LexiconBuilder
+{
+public:
+    explicit LexiconBuilder(BuildOptions options)
+        : _options(std::move(options))
+    {
+    }
+
+    /// Reads the source, writes the file beside its target, looks words up in it and gives it its
+    /// name. On failure returns false, leaves nothing behind and says why in `error`.
+    bool build(std::string& error);
+
+    const BuildReport& report() const { return _report; }
+
+private:
+    bool write(const std::string& path, const std::string& description, const RecordPlan& plan,
+               std::string& error);
+
+    BuildOptions _options;
+    BuildReport _report;
+};
+
+} // namespace teskel

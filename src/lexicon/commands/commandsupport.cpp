@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/commands/commandsupport.h"
+
+#include "lexicon/commands/commands.h"
+
+#include <iostream>
+
+namespace teskel::commands
+{
+
+void complain(const std::string& sentence)
+{
+    std::cerr << "teskel-lexicon: " << sentence << '\n';
+}
+
+int exitCode(LexiconReader::Status status)
+{
+    switch (status) {
+    case LexiconReader::Status::Ok:
+        return Done;
+    case LexiconReader::Status::Invalid:
+        return Negative;
+    default:
+        return Failed;
+    }
+}
+
+LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file)
+{
+    std::string error;
+    const LexiconReader::Status status = reader.open(file, error);
+    if (status != LexiconReader::Status::Ok)
+        complain(error);
+    return status;
+}
+
+int finishOutput(int code)
+{
+    std::cout.flush();
+    if (std::cout)
+        return code;
+    complain("cannot write to the standard output");
+    return Failed;
+}
+
+} // namespace teskel::commands

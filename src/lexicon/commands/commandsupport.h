@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "lexicon/file/lexiconreader.h"
+
+#include <string>
+
+namespace teskel::commands
+{
+
+/// Prints a sentence about what went wrong.
+void complain(const std::string& sentence);
+
+/// The exit code for a reader's status.
+int exitCode(LexiconReader::Status status);
+
+/// Opens a lexicon; says why when it cannot.
+LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file);
+
+/// Writes out what is still buffered of the standard output. Returns `code`, or Failed with a
+/// sentence when not everything could be written.
+int finishOutput(int code);
+
+} // namespace teskel::commands

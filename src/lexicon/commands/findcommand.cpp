@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/commands/commands.h"
+#include "lexicon/commands/commandsupport.h"
+#include "lexicon/text/utf8.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <iostream>
+
+namespace teskel::commands
+{
+
+namespace
+{
+
+/// Prints what is found for one word after the other.
+class Finder
+{
+public:
+    Finder(LexiconReader& reader, const FindOptions& options)
+        : _reader(reader)
+        , _options(options)
+    {
+        if (_options.json)
+            std::cout << '[';
+    }
+
+    void find(const std::string& word)
+    {
+        const bool isFound = _options.json ? printJson(word) : printText(word);
+        if (!isFound) {
+            complain("not found: " + word);
+            _allFound = false;
+        }
+    }
+
+    int finish()
+    {
+        if (_options.json)
+            std::cout << (_words > 0 ? "\n]\n" : "]\n");
+        return finishOutput(_allFound ? Done : Negative);
+    }
+
+private:
+    bool printText(const std::string& word)
+    {
+        bool isFound = false;
+        _reader.visitMatches(word, _options.prefix,
+                             [&](std::string_view headword, std::string_view article) {
+                                 isFound = true;
+                                 std::cout << utf8::fromLatin1(headword) << '\n'
+                                           << utf8::fromLatin1(article) << "\n\n";
+                                 return static_cast<bool>(std::cout);
+                             });
+        return isFound;
+    }
+
+    bool printJson(const std::string& word)
+    {
+        QJsonArray entries;
+        _reader.visitMatches(
+            word, _options.prefix, [&](std::string_view headword, std::string_view article) {
+                const auto text = [](std::string_view latin1) {
+                    return QString::fromLatin1(latin1.data(),
+                                               static_cast<qsizetype>(latin1.size()));
+                };
+                entries.append(QJsonObject{{QStringLiteral("headword"), text(headword)},
+                                           {QStringLiteral("article"), text(article)}});
+                return true;
+            });
+        const QJsonObject result{{QStringLiteral("word"), QString::fromStdString(word)},
+                                 {QStringLiteral("entries"), entries}};
+        std::cout << (_words++ > 0 ? ",\n" : "\n")
+                  << QJsonDocument(result).toJson(QJsonDocument::Compact).toStdString();
+        return !entries.isEmpty();
+    }
+
+    LexiconReader& _reader;
+    const FindOptions& _options;
+    size_t _words = 0;
+    bool _allFound = true;
+};
+
+} // namespace
+
+int find(const FindOptions& options)
+{
+    LexiconReader reader;
+    if (const auto status = openLexicon(reader, options.file); status != LexiconReader::Status::Ok)
+        return exitCode(status);
+    Finder finder(reader, options);
+    for (const std::string& word : options.words) {
+        if (word != "-") {
+            finder.find(word);
+            continue;
+        }
+        for (std::string line; std::getline(std::cin, line);) {
+            if (!line.empty())
+                finder.find(line);
+        }
+    }
+    return finder.finish();
+}
+
+} // namespace teskel::commands

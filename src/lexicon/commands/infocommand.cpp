@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/commands/commands.h"
+#include "lexicon/commands/commandsupport.h"
+#include "lexicon/file/lexiconfacts.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <iostream>
+
+namespace teskel::commands
+{
+
+namespace
+{
+
+void printText(const std::string& file, const LexiconFacts& facts)
+{
+    std::cout << "file:          " << file << '\n'
+              << "name:          " << facts.name << '\n'
+              << "description:   " << facts.description << '\n'
+              << "headwords:     " << facts.headwords << '\n'
+              << "word records:  " << facts.records << '\n'
+              << "methods:       " << facts.methods << '\n'
+              << "index bytes:   " << facts.indexBytes << '\n'
+              << "packed bytes:  " << facts.packedBytes << '\n'
+              << "text bytes:    " << facts.textBytes << '\n'
+              << "file bytes:    " << facts.fileBytes << '\n';
+}
+
+void printJson(const std::string& file, const LexiconFacts& facts)
+{
+    const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };
+    const auto number = [](uint64_t value) { return static_cast<qint64>(value); };
+    const QJsonObject object{{QStringLiteral("file"), text(file)},
+                             {QStringLiteral("name"), text(facts.name)},
+                             {QStringLiteral("description"), text(facts.description)},
+                             {QStringLiteral("headwords"), number(facts.headwords)},
+                             {QStringLiteral("wordRecords"), number(facts.records)},
+                             {QStringLiteral("methods"), text(facts.methods)},
+                             {QStringLiteral("indexBytes"), number(facts.indexBytes)},
+                             {QStringLiteral("packedBytes"), number(facts.packedBytes)},
+                             {QStringLiteral("textBytes"), number(facts.textBytes)},
+                             {QStringLiteral("fileBytes"), number(facts.fileBytes)}};
+    std::cout << QJsonDocument(object).toJson().toStdString();
+}
+
+} // namespace
+
+int info(const std::string& file, bool json)
+{
+    LexiconReader reader;
+    if (const auto status = openLexicon(reader, file); status != LexiconReader::Status::Ok)
+        return exitCode(status);
+    LexiconFacts facts;
+    std::string error;
+    const LexiconReader::Status status = facts.gather(reader, file, error);
+    if (status != LexiconReader::Status::Ok) {
+        complain(file + ": " + error);
+        return exitCode(status);
+    }
+    if (json)
+        printJson(file, facts);
+    else
+        printText(file, facts);
+    return finishOutput(Done);
+}
+
+} // namespace teskel::commands

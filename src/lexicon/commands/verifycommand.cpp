@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/commands/commands.h"
+#include "lexicon/commands/commandsupport.h"
+#include "lexicon/file/lexiconverifier.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace teskel::commands
+{
+
+namespace
+{
+
+int verifyOne(const std::string& file)
+{
+    LexiconVerifier verifier;
+    std::string error;
+    if (!verifier.run(file, error)) {
+        complain(error);
+        return Failed;
+    }
+    for (const std::string& finding : verifier.findings())
+        std::cout << file << ": " << finding << '\n';
+    if (!verifier.findings().empty())
+        return Negative;
+    std::cout << file << ": valid, " << verifier.headwords() << " headwords in "
+              << verifier.wordRecords() << " word records\n";
+    return Done;
+}
+
+} // namespace
+
+int verify(const std::vector<std::string>& files)
+{
+    int code = Done;
+    for (const std::string& file : files)
+        code = std::max(code, verifyOne(file));
+    return finishOutput(code);
+}
+
+} // namespace teskel::commands

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/entries/entryarena.h"
+
+#include <algorithm>
+
+namespace teskel
+{
+
+namespace
+{
+constexpr size_t blockBytes = size_t{1} << 20;
+} // namespace
+
+char* EntryArena::allocate(size_t bytes)
+{
+    if (bytes > _left) {
+        const size_t size = std::max(bytes, blockBytes);
+        // Left uninitialised: every byte handed out is written at once.
+        _blocks.emplace_back(new char[size]);
+        _free = _blocks.back().get();
+        _left = size;
+    }
+    char* result = _free;
+    _free += bytes;
+    _left -= bytes;
+    return result;
+}
+
+LexiconEntry EntryArena::make(std::string_view headword, std::string_view article, uint32_t order)
+{
+    LexiconEntry entry;
+    char* text = allocate(headword.size() + article.size() + 2);
+    entry.text = text;
+    text = std::copy(headword.begin(), headword.end(), text);
+    *text++ = '\0';
+    text = std::copy(article.begin(), article.end(), text);
+    *text = '\0';
+    entry.headwordLength = static_cast<uint16_t>(headword.size());
+    entry.articleLength = static_cast<uint32_t>(article.size());
+    entry.order = order;
+    return entry;
+}
+
+} // namespace teskel

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/file/lexiconreader.h"
+
+#include "dictionary/latin1fold.h"
+#include "lexicon/file/articleof.h"
+#include "lexicon/text/latin1converter.h"
+#include "lexicon/entries/lexiconentry.h"
+#include "lexicon/text/utf8.h"
+
+#include <QFile>
+
+#include <array>
+
+namespace teskel
+{
+
+namespace
+{
+
+/// A word as the build would have written it.
+std::string headwordOf(std::string_view word)
+{
+    return Latin1Converter().converted(word, Latin1Converter::Text::Headword);
+}
+
+} // namespace
+
+LexiconReader::Status LexiconReader::open(const std::string& path, std::string& error)
+{
+    const QString name = QFile::decodeName(path.c_str());
+    QFile file(name);
+    char byte = 0;
+    // Reading a byte tells a directory from a file.
+    if (!file.open(QIODevice::ReadOnly) || file.read(&byte, 1) < 0) {
+        error = "cannot read " + path + ": " + file.errorString().toStdString();
+        return Status::Unreadable;
+    }
+    if (_dictionary.open(name) != 0) {
+        error = path + " is no lexicon";
+        return Status::Invalid;
+    }
+    return Status::Ok;
+}
+
+std::string LexiconReader::name()
+{
+    std::array<char, 512> buffer{};
+    _dictionary.getName(buffer.data(), static_cast<int>(buffer.size()));
+    return utf8::fromLatin1(buffer.data());
+}
+
+std::string LexiconReader::description()
+{
+    const char* text = _dictionary.getDecompressedRecord(2);
+    return text ? utf8::fromLatin1(text) : std::string();
+}
+
+unsigned LexiconReader::recordBefore(const std::string& latin1)
+{
+    // The last record whose first headword compares below the word.
+    unsigned low = 0;
+    unsigned high = recordCount();
+    while (high - low > 1) {
+        const unsigned middle = (low + high) / 2;
+        const char* first = _dictionary.getWordRecord(static_cast<unsigned short>(middle));
+        if (first && foldedCompare(first, latin1.c_str()) < 0)
+            low = middle;
+        else
+            high = middle;
+    }
+    return low;
+}
+
+LexiconReader::Status LexiconReader::visitFrom(std::string_view from, const Visitor& visitor,
+                                               std::string& error)
+{
+    const std::string start = headwordOf(from);
+    const unsigned records = recordCount();
+    for (unsigned record = start.empty() ? 0 : recordBefore(start); record < records; ++record) {
+        const char* text = _dictionary.getWordRecord(static_cast<unsigned short>(record));
+        if (!text) {
+            error = "record " + std::to_string(record + limits::firstWordRecord) +
+                    " cannot be unpacked";
+            return Status::Invalid;
+        }
+        while (*text != '\0') {
+            const std::string_view headword = text;
+            const std::string_view article = text + headword.size() + 1;
+            if (foldedCompare(text, start.c_str()) >= 0 && !visitor(headword, article))
+                return Status::Ok;
+            text = article.data() + article.size() + 1;
+        }
+    }
+    return Status::Ok;
+}
+
+void LexiconReader::visitMatches(std::string_view word, bool prefix, const Visitor& visitor)
+{
+    const std::string wanted = headwordOf(word);
+    const std::unique_ptr<QtDictionary::QtDictionaryIterator> iterator(
+        _dictionary.createIterator());
+    CursorPosition position = _dictionary.findWord(wanted.c_str(), CursorPosition(), prefix);
+    for (; iterator->isValid(position); position = iterator->move(position, 1)) {
+        const std::string headword = _dictionary.getWordAt(position);
+        if (_dictionary.wordCompare(headword.c_str(), wanted.c_str(), prefix) != 0)
+            return;
+        if (!visitor(headword, articleOf(_dictionary, position)))
+            return;
+    }
+}
+
+} // namespace teskel

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "lexicon/packing/arjencoder.h"
+
+namespace teskel
+{
+
+/// Appends the tokens to `out` in the format of ARJ method 4.
+void writeFastestStream(const std::vector<ArjToken>& tokens, std::string& out);
+
+} // namespace teskel

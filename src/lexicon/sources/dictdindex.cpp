@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/sources/dictdindex.h"
+
+#include "lexicon/sources/inputfile.h"
+
+#include <optional>
+
+namespace teskel
+{
+
+namespace
+{
+
+/// A digit of dictd's numbers, most significant first, base 64.
+int digitValue(char c)
+{
+    if (c >= 'A' && c <= 'Z')
+        return c - 'A';
+    if (c >= 'a' && c <= 'z')
+        return c - 'a' + 26;
+    if (c >= '0' && c <= '9')
+        return c - '0' + 52;
+    if (c == '+')
+        return 62;
+    return c == '/' ? 63 : -1;
+}
+
+std::optional<uint64_t> number(std::string_view digits)
+{
+    constexpr size_t mostDigits = 8; // 48 bits, more than any file
+    if (digits.empty() || digits.size() > mostDigits)
+        return std::nullopt;
+    uint64_t value = 0;
+    for (const char c : digits) {
+        const int digit = digitValue(c);
+        if (digit < 0)
+            return std::nullopt;
+        value = value << 6 | static_cast<uint64_t>(digit);
+    }
+    return value;
+}
+
+std::string_view takeField(std::string_view& text)
+{
+    const size_t tab = text.find('\t');
+    const std::string_view field = text.substr(0, tab);
+    text.remove_prefix(tab == std::string_view::npos ? text.size() : tab + 1);
+    return field;
+}
+
+bool isMetadata(std::string_view key)
+{
+    return key.starts_with("00database") || key.starts_with("00-database-");
+}
+
+} // namespace
+
+bool DictdIndex::read(const std::string& path, std::string& error)
+{
+    if (!readWholeFile(path, _text, error))
+        return false;
+    uint32_t line = 0;
+    for (std::string_view rest = _text; !rest.empty();) {
+        const size_t end = rest.find('\n');
+        const std::string_view text = rest.substr(0, end);
+        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+        ++line;
+        if (!text.empty() && !parseLine(text, line, error)) {
+            error = path + ", line " + std::to_string(line) + ": " + error;
+            return false;
+        }
+    }
+    return true;
+}
+
+bool DictdIndex::parseLine(std::string_view text, uint32_t line, std::string& error)
+{
+    Line entry;
+    entry.number = line;
+    entry.key = takeField(text);
+    const auto offset = number(takeField(text));
+    const auto size = number(takeField(text));
+    if (!offset || !size) {
+        error = "not a line of a dictd index (word, offset and length, divided by tabs)";
+        return false;
+    }
+    entry.offset = *offset;
+    entry.size = *size;
+    (isMetadata(entry.key) ? _metadata : _entries).push_back(entry);
+    return true;
+}
+
+} // namespace teskel

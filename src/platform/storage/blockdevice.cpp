@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "platform/storage/blockdevice.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace teskel
+{
+
+namespace
+{
+
+// Encrypted volumes on logical volumes on arrays on partitions: more than this is a loop.
+constexpr int DEEPEST_STACK = 8;
+
+QString attribute(const QString& directory, const QString& name)
+{
+    QFile file(directory + u'/' + name);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromLatin1(file.read(256)).trimmed();
+}
+
+// "/dev/mapper/card" is a link to "/dev/dm-0" where udev runs; sysfs knows the name in any case.
+QString directoryOfMapping(const QString& sysfs, const QString& name)
+{
+    const QDir devices(sysfs + QLatin1String("/class/block"));
+    const QStringList names = devices.entryList({QStringLiteral("dm-*")}, QDir::Dirs);
+    for (const QString& device : names) {
+        QString path = devices.filePath(device);
+        if (attribute(path, QStringLiteral("dm/name")) == name)
+            return path;
+    }
+    return {};
+}
+
+QString directoryOf(const StorageRoots& roots, const QString& source, const QString& device)
+{
+    static const QLatin1String devices("/dev");
+    if (!source.startsWith(devices + u'/'))
+        return {};
+    const QString& sysfs = roots.sysfs;
+    const QString target = QFileInfo(roots.dev + source.sliced(devices.size())).canonicalFilePath();
+    const QString name = QFileInfo(target.isEmpty() ? source : target).fileName();
+    QString byName = sysfs + QLatin1String("/class/block/") + name;
+    if (!name.isEmpty() && QFileInfo(byName).isDir())
+        return byName;
+    if (source.startsWith(QLatin1String("/dev/mapper/"))) {
+        QString mapping = directoryOfMapping(sysfs, QFileInfo(source).fileName());
+        if (!mapping.isEmpty())
+            return mapping;
+    }
+    const QString byNumber = sysfs + QLatin1String("/dev/block/") + device;
+    return QFileInfo(byNumber).isDir() ? byNumber : QString();
+}
+
+bool isRemovableDisk(const QString& directory)
+{
+    if (attribute(directory, QStringLiteral("removable")) == QLatin1String("1"))
+        return true;
+    static const QRegularExpression hotBus(QStringLiteral("/(usb\\d+|pcmcia[^/]*)/"));
+    if (hotBus.match(directory).hasMatch())
+        return true;
+    const QString name = QFileInfo(directory).fileName();
+    // The slot of a built-in reader does not count as removable, nor does a soldered chip, which
+    // has the type "MMC".
+    if (name.startsWith(QLatin1String("mmcblk")))
+        return attribute(directory, QStringLiteral("device/type")) == QLatin1String("SD");
+    return name.startsWith(QLatin1String("mspblk")) || name.startsWith(QLatin1String("msblk"));
+}
+
+bool isRemovableStack(const QString& directory, int depth)
+{
+    if (directory.isEmpty() || depth > DEEPEST_STACK)
+        return false;
+    if (QFile::exists(directory + QLatin1String("/partition")))
+        return isRemovableStack(QFileInfo(directory).path(), depth + 1);
+    const QDir slaves(directory + QLatin1String("/slaves"));
+    const QFileInfoList parts = slaves.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QFileInfo& part : parts) {
+        if (isRemovableStack(part.canonicalFilePath(), depth + 1))
+            return true;
+    }
+    return isRemovableDisk(directory);
+}
+
+} // namespace
+
+BlockDevice::BlockDevice(const QString& directory)
+    : _directory(directory.isEmpty() ? QString() : QFileInfo(directory).canonicalFilePath())
+{
+}
+
+BlockDevice BlockDevice::find(const StorageRoots& roots, const QString& source,
+                              const QString& device)
+{
+    return BlockDevice(directoryOf(roots, source, device));
+}
+
+bool BlockDevice::isRemovable() const
+{
+    return isRemovableStack(_directory, 0);
+}
+
+} // namespace teskel

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/listbox/qteskellistboxpixmap.h"
+
+#include "widgets/listbox/qteskellistbox.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace
+{
+constexpr int LeftMargin = 3;
+constexpr int TextGap = 2;
+constexpr int WidthMargins = 6;
+constexpr int HeightMargins = 2;
+
+QSize sizeOf(const QPixmap& pixmap)
+{
+    return pixmap.deviceIndependentSize().toSize();
+}
+} // namespace
+
+QTeskelListBoxPixmap::QTeskelListBoxPixmap(const QPixmap& pixmap, const QString& text)
+    : _pixmap(pixmap)
+{
+    QTeskelListBoxItem::setText(text);
+}
+
+QTeskelListBoxPixmap::QTeskelListBoxPixmap(QTeskelListBox* listBox, const QPixmap& pixmap,
+                                           const QString& text)
+    : QTeskelListBoxItem(listBox)
+    , _pixmap(pixmap)
+{
+    QTeskelListBoxItem::setText(text);
+}
+
+QTeskelListBoxPixmap::QTeskelListBoxPixmap(QTeskelListBox* listBox, const QPixmap& pixmap,
+                                           const QString& text, QTeskelListBoxItem* after)
+    : QTeskelListBoxItem(listBox, after)
+    , _pixmap(pixmap)
+{
+    QTeskelListBoxItem::setText(text);
+}
+
+void QTeskelListBoxPixmap::paint(QPainter* painter)
+{
+    const QSize size = sizeOf(_pixmap);
+    const QFontMetrics metrics = painter->fontMetrics();
+    const int rowHeight = text().isEmpty()
+                              ? size.height()
+                              : qMax(size.height(), metrics.lineSpacing() + HeightMargins);
+    painter->drawPixmap(LeftMargin, (rowHeight - size.height()) / 2, _pixmap);
+    if (!text().isEmpty()) {
+        painter->drawText(LeftMargin + size.width() + TextGap,
+                          (rowHeight - metrics.height()) / 2 + metrics.ascent(), text());
+    }
+}
+
+int QTeskelListBoxPixmap::width(const QTeskelListBox* listBox) const
+{
+    const int width = sizeOf(_pixmap).width() + WidthMargins;
+    if (text().isEmpty() || listBox == nullptr)
+        return width;
+    return width + TextGap + listBox->fontMetrics().horizontalAdvance(text());
+}
+
+int QTeskelListBoxPixmap::height(const QTeskelListBox* listBox) const
+{
+    const int height = sizeOf(_pixmap).height();
+    if (text().isEmpty() || listBox == nullptr)
+        return height;
+    return qMax(height, listBox->fontMetrics().lineSpacing() + HeightMargins);
+}
