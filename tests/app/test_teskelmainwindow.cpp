@@ -174,6 +174,7 @@ private slots:
     void crossLookupWithoutDictionaryDoesNothing();
     void crossLookupWithoutReverseStaysInDictionary();
     void crossLookupOpensTheReverse();
+    void crossLookupLooksNothingUpBeforeTheReverseIsOpen();
     void crossLookupWithoutSelectionOpensNothing();
     void commandsReachTheLookupView();
     void aboutIsShownAndClosed();
@@ -904,6 +905,24 @@ void TestTeskelMainWindow::crossLookupOpensTheReverse()
     QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
     QCOMPARE(window.findChild<QTeskelComboBox*>()->currentText(), QStringLiteral("Haus"));
     QVERIFY(window.findChild<QTeskelEdit*>()->text().contains(QStringLiteral("house")));
+}
+
+void TestTeskelMainWindow::crossLookupLooksNothingUpBeforeTheReverseIsOpen()
+{
+    // Known where it was selected, but not where it is looked up.
+    const QString english =
+        install(QStringLiteral("Eng2Ger.PDB"), {{"gift", "Geschenk"}, {"present", "gift"}});
+    QVERIFY(!install(QStringLiteral("Ger2Eng.PDB"), {{"Haus", "house"}}).isEmpty());
+    TeskelMainWindow window;
+    window.openFile(english);
+    auto* entry = window.findChild<QTeskelComboBox*>();
+    entry->lineEdit()->setText(QStringLiteral("present"));
+    selectInArticle(window, QStringLiteral("gift"));
+    window.crossLookup();
+    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
+    QCOMPARE(entry->currentText(), QStringLiteral("gift"));
+    QCOMPARE(entry->count(), 1);
+    QCOMPARE(entry->text(0), QStringLiteral("present"));
 }
 
 void TestTeskelMainWindow::crossLookupWithoutSelectionOpensNothing()
