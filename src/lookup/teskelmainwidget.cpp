@@ -85,6 +85,8 @@ void TeskelMainWidget::createArticleView()
     _articleView->setFocusPolicy(Qt::NoFocus);
     _articleView->setTextFormat(Qt::RichText);
     setInitialText();
+    // Style and platform give the class its font only when the view is polished.
+    _articleView->ensurePolished();
     _preferences.setDefaultFont(_articleView->font());
 }
 

@@ -3,9 +3,12 @@
 #include "tests/lookup/messagewatch.h"
 #include "tests/support/warningcapture.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QProxyStyle>
+#include <QScopeGuard>
 #include <QSignalSpy>
+#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 using namespace teskel::test;
@@ -40,6 +43,8 @@ private slots:
     void onlyTheEntryTakesTheKeyboard();
     void entryFollowsTheHistoryRules();
     void defaultFontIsTheArticlesFontAtStart();
+    void defaultFontIsThatOfTheStyleOrPlatform_data();
+    void defaultFontIsThatOfTheStyleOrPlatform();
 
     void openingShowsDescriptionAndTheFirstTwentyWords();
     void openingASmallDictionaryShowsAsManyRowsAsWords();
@@ -143,6 +148,35 @@ void TestTeskelMainWidget::defaultFontIsTheArticlesFontAtStart()
     const QFont font = bench.preferences().getFont(u"/nowhere.PDB"_s);
     QCOMPARE(font.family(), bench.article().font().family());
     QCOMPARE(font.pointSize(), bench.article().font().pointSize());
+}
+
+void TestTeskelMainWidget::defaultFontIsThatOfTheStyleOrPlatform_data()
+{
+    QTest::addColumn<QString>("styleSheet");
+    QTest::newRow("platform") << QString();
+    QTest::newRow("style sheet") << u"QTextEdit { font-size: 29pt }"_s;
+}
+
+void TestTeskelMainWidget::defaultFontIsThatOfTheStyleOrPlatform()
+{
+    QFETCH(QString, styleSheet);
+    const auto restore = qScopeGuard([before = QApplication::font("QTextEdit")] {
+        qApp->setStyleSheet(QString());
+        QApplication::setFont(before, "QTextEdit");
+    });
+    if (styleSheet.isEmpty()) {
+        QFont font = QApplication::font();
+        font.setPointSize(29);
+        QApplication::setFont(font, "QTextEdit");
+    } else {
+        qApp->setStyleSheet(styleSheet);
+    }
+    LookupBench bench;
+    QCOMPARE(bench.preferences().getFont(u"/nowhere.PDB"_s).pointSize(), 29);
+    bench.open(everydayEntries());
+    bench.widget().show();
+    QCOMPARE(bench.article().font().pointSize(), 29);
+    QCOMPARE(bench.article().document()->defaultFont().pointSize(), 29);
 }
 
 void TestTeskelMainWidget::openingShowsDescriptionAndTheFirstTwentyWords()
