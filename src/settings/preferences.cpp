@@ -102,9 +102,9 @@ void PreferencesData::load()
     _mruList.clear();
     config.setGroup(mruGroup());
     for (int number = 0; number < mruLimit; ++number) {
-        const QString word = config.readEntry(mruKey(number));
+        const QByteArray word = toBytes(config.readEntry(mruKey(number)));
         if (!word.isEmpty())
-            _mruList.append(toBytes(word));
+            _mruList.append(word);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "tests/support/warningcapture.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QProxyStyle>
 #include <QScopeGuard>
@@ -45,6 +46,7 @@ private slots:
     void defaultFontIsTheArticlesFontAtStart();
     void defaultFontIsThatOfTheStyleOrPlatform_data();
     void defaultFontIsThatOfTheStyleOrPlatform();
+    void storedHistoryOutsideLatin1LeavesNoEmptyItem();
 
     void openingShowsDescriptionAndTheFirstTwentyWords();
     void openingASmallDictionaryShowsAsManyRowsAsWords();
@@ -177,6 +179,20 @@ void TestTeskelMainWidget::defaultFontIsThatOfTheStyleOrPlatform()
     bench.widget().show();
     QCOMPARE(bench.article().font().pointSize(), 29);
     QCOMPARE(bench.article().document()->defaultFont().pointSize(), 29);
+}
+
+void TestTeskelMainWidget::storedHistoryOutsideLatin1LeavesNoEmptyItem()
+{
+    LookupBench bench;
+    bench.stop();
+    QVERIFY(QDir().mkpath(bench.path(u"config/teskel"_s)));
+    QFile file(bench.path(u"config/teskel/Teskel.conf"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(u"[MRU List]\nList0 = \u0436\u0443\u043A\nList1 = ant\n"_s.toUtf8());
+    file.close();
+    bench.start();
+    QCOMPARE(bench.history(), QStringList{u"ant"_s});
+    QCOMPARE(bench.typed(), u"ant"_s);
 }
 
 void TestTeskelMainWidget::openingShowsDescriptionAndTheFirstTwentyWords()

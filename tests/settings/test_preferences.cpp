@@ -45,6 +45,7 @@ private slots:
     void everyKeyLoadsIntoItsOwnField();
     void numbersWithoutANameAreKept();
     void emptyWordsLeaveNoGap();
+    void storedWordsWhollyOutsideLatin1LeaveNoGap();
     void wordsBeyondTheSixthKeyAreNotRead();
     void newWordsGoToTheEndUntilSixAreHeldThenToTheFront();
     void wordInAnotherCaseIsNew();
@@ -209,6 +210,13 @@ void PreferencesTest::emptyWordsLeaveNoGap()
 {
     stage("[MRU List]\nList0 =\nList1 = alpha\nList3 = beta\n");
     QCOMPARE(words(PreferencesData()), (QByteArrayList{"alpha", "beta"}));
+}
+
+void PreferencesTest::storedWordsWhollyOutsideLatin1LeaveNoGap()
+{
+    stage("[MRU List]\nList0 = \xd0\xb6\xd1\x83\xd0\xba\nList1 = alpha\n"
+          "List2 = \xe2\x82\xac\nList3 = be\xd1\x82\xd0\xb0\n");
+    QCOMPARE(words(PreferencesData()), (QByteArrayList{"alpha", "be"}));
 }
 
 void PreferencesTest::wordsBeyondTheSixthKeyAreNotRead()
