@@ -104,6 +104,7 @@ void TeskelMainWidget::createWordEntry()
     // A long word in the history must neither widen the window nor lay it out anew.
     _wordEntry->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setFocusProxy(_wordEntry);
+    _wordEntry->installEventFilter(this);
 
     QByteArrayList history;
     _preferences.fillMRUList(history);
@@ -314,4 +315,12 @@ void TeskelMainWidget::customEvent(QEvent* event)
         _mruOnSelection = true;
     else
         QWidget::customEvent(event);
+}
+
+bool TeskelMainWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    // The release of a key that is held goes elsewhere now, so the navigation ends here.
+    if (watched == _wordEntry && event->type() == QEvent::FocusOut)
+        _mruOnSelection = true;
+    return QWidget::eventFilter(watched, event);
 }

@@ -96,6 +96,8 @@ public slots:
 protected:
     /// Hears from the word list when a navigation starts and finishes.
     void customEvent(QEvent* event) override;
+    /// Hears that the entry loses the keyboard.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void createArticleView();

@@ -84,6 +84,8 @@ private slots:
     void choosingARowStartsNoLookup();
     void typingReplacesTheWordOfAChosenRow();
     void navigationKeysAddNothingToTheHistory();
+    void keyWhoseReleaseIsLostKeepsTheHistory_data();
+    void keyWhoseReleaseIsLostKeepsTheHistory();
     void tapsEnterTheHistory();
     void scrollBarDownAddsNothingToTheHistory();
     void scrollBarUpOnTheFirstRowAddsTheWordThatScrollsIn();
@@ -464,6 +466,38 @@ void TestNavigation::navigationKeysAddNothingToTheHistory()
     }
     QCOMPARE(bench.history(), QStringList{u"w010"_s});
     QCOMPARE(bench.storedHistory(), QStringList{u"w010"_s});
+}
+
+void TestNavigation::keyWhoseReleaseIsLostKeepsTheHistory_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    for (const Qt::Key key :
+         {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Home, Qt::Key_End})
+        QTest::addRow("key %x", key) << key;
+}
+
+void TestNavigation::keyWhoseReleaseIsLostKeepsTheHistory()
+{
+    QFETCH(Qt::Key, key);
+    ShownBench bench;
+    bench.type(u"w010"_s);
+    QTest::keyPress(&bench.entry(), key);
+    // Another window, a menu or a dialog takes the keyboard, and with it the release.
+    QWidget other;
+    other.setFocusPolicy(Qt::StrongFocus);
+    other.show();
+    other.activateWindow();
+    other.setFocus();
+    QTRY_VERIFY(!bench.entry().hasFocus());
+    const QString passed = bench.typed();
+    const int row = bench.list().currentItem() == 2 ? 3 : 2;
+    QTest::mouseClick(bench.list().viewport(), Qt::LeftButton, {},
+                      bench.list().itemRect(bench.list().item(row)).center());
+    QVERIFY(bench.typed() != passed);
+    QCOMPARE(bench.history(), (QStringList{bench.typed(), u"w010"_s}));
+    // The rest of the navigation is none once more.
+    bench.press(Qt::Key_Down);
+    QCOMPARE(bench.history().size(), 2);
 }
 
 void TestNavigation::tapsEnterTheHistory()
