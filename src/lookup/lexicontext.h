@@ -11,6 +11,12 @@ namespace teskel
 /// Brings text from a person to the form that lexicons use: one character per accented letter.
 QString composed(const QString& text);
 
+/// The word that a person asks for with `text`, composed.
+///
+/// Pasted text comes with line ends and tabs: control characters count as a blank, and blanks at
+/// the ends do not count. NUL stays, which no headword has.
+QString askedWord(const QString& text);
+
 /// How many leading characters of `text` a lexicon can hold: those of Latin-1 except NUL.
 qsizetype lexiconLength(const QString& text);
 

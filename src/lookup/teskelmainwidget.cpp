@@ -183,15 +183,16 @@ void TeskelMainWidget::resetMainLayout()
 
 void TeskelMainWidget::find()
 {
-    QString text = teskel::composed(_wordEntry->currentText());
+    const QString text = _wordEntry->currentText();
     if (!_dictionary.isOpen() || text.isEmpty())
         return;
-    const auto word = teskel::toLexiconBytes(text);
+    QString asked = teskel::askedWord(text);
+    const auto word = asked.isEmpty() ? std::nullopt : teskel::toLexiconBytes(asked);
     const CursorPosition position =
         word ? findWord(word->constData(), false) : CursorPosition::invalid();
     if (!position.isInvalid()) {
         setEditText(position);
-        saveMRUList(text);
+        saveMRUList(asked);
         return;
     }
     _articleView->clear();
@@ -224,7 +225,9 @@ void TeskelMainWidget::comboActivated(int index)
     const QString item = _wordEntry->text(index);
     TESKEL_ASSERT(item.length() > 0, "item.length()>0", unit);
     const auto pause = pauseTyping(_wordEntry, this);
-    if (const auto word = teskel::toLexiconBytes(teskel::composed(item)))
+    const auto word = teskel::toLexiconBytes(teskel::askedWord(item));
+    // Blanks ask for nothing; an empty item was reported and goes on to be.
+    if (word && (item.isEmpty() || !word->isEmpty()))
         findWord(word->constData(), false);
 }
 

@@ -3,6 +3,8 @@
 #include "tests/support/warningcapture.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
 #include <QSignalSpy>
 #include <QTextDocument>
 
@@ -45,6 +47,9 @@ private slots:
     void whatLatin1LacksMatchesNothing_data();
     void whatLatin1LacksMatchesNothing();
     void emptyTextLooksNothingUp();
+    void pastedControlCharactersAndBlanksDoNotHideTheWord_data();
+    void pastedControlCharactersAndBlanksDoNotHideTheWord();
+    void blanksAloneMatchNothing();
     void oneCharacterFillsTheListAndTheArticleOnce();
     void typingBeforeADictionaryOpensDoesNothing();
     void emptyWordIsReported();
@@ -62,6 +67,7 @@ private slots:
     void findOnEnterTypingMovesNothing();
     void findOnEnterMovesTheListToTheExactWord();
     void findOnEnterLeavesTheListWithoutAMatch();
+    void findOnEnterFindsWhatWasPastedWithALineFeed();
     void findOnEnterWorksWithAFullHistory();
     void findOnEnterTakesAChoiceFromTheList();
     void findOnEnterReportsAnEmptyItem();
@@ -170,6 +176,42 @@ void TestTyping::emptyTextLooksNothingUp()
     bench.widget().find();
     QCOMPARE(bench.article().text(), article);
     QCOMPARE(bench.currentWord(), u"house"_s);
+}
+
+void TestTyping::pastedControlCharactersAndBlanksDoNotHideTheWord_data()
+{
+    QTest::addColumn<QString>("pasted");
+    QTest::addColumn<QString>("word");
+    QTest::newRow("line feed") << u"house\n"_s << u"house"_s;
+    QTest::newRow("tab") << u"\thouse"_s << u"house"_s;
+    QTest::newRow("blanks") << u"  house "_s << u"house"_s;
+    QTest::newRow("line feed inside") << u"ice\ncream\r\n"_s << u"ice cream"_s;
+}
+
+void TestTyping::pastedControlCharactersAndBlanksDoNotHideTheWord()
+{
+    QFETCH(QString, pasted);
+    QFETCH(QString, word);
+    LookupBench bench;
+    bench.open({{"house", "Haus"}, {"house arrest", "Hausarrest"}, {"ice cream", "Eis"}});
+    QApplication::clipboard()->setText(pasted);
+    bench.widget().editPaste();
+    QCOMPARE(bench.typed(), pasted);
+    QCOMPARE(bench.currentWord(), word);
+    QVERIFY(bench.article().text().startsWith("<p><b>"_L1 + word + "</b></p>"_L1));
+    QCOMPARE(bench.history(), QStringList{word});
+    QCOMPARE(bench.storedHistory(), QStringList{word});
+}
+
+void TestTyping::blanksAloneMatchNothing()
+{
+    LookupBench bench;
+    bench.open(everydayEntries());
+    bench.type(u"house"_s);
+    bench.entry().lineEdit()->setText(u" \n"_s);
+    QCOMPARE(bench.article().text(), QString());
+    QCOMPARE(bench.currentWord(), u"house"_s);
+    QCOMPARE(bench.history(), QStringList{u"house"_s});
 }
 
 void TestTyping::oneCharacterFillsTheListAndTheArticleOnce()
@@ -343,6 +385,17 @@ void TestTyping::findOnEnterLeavesTheListWithoutAMatch()
     QTest::keyClick(&bench.entry(), Qt::Key_Return);
     QCOMPARE(bench.rows(), rows);
     QCOMPARE(bench.list().currentItem(), -1);
+}
+
+void TestTyping::findOnEnterFindsWhatWasPastedWithALineFeed()
+{
+    LookupBench bench(findOnEnter);
+    bench.open(everydayEntries());
+    for (const QString& text : {u"house\n"_s, u"\t"_s}) {
+        bench.entry().lineEdit()->setText(text);
+        QTest::keyClick(&bench.entry(), Qt::Key_Return);
+        QCOMPARE(bench.currentWord(), u"house"_s);
+    }
 }
 
 void TestTyping::findOnEnterWorksWithAFullHistory()
