@@ -1,7 +1,10 @@
 # SPDX-License-Identifier: MIT
 """Compares the reader with other programs, on the same data in the same run, and prints a table.
 
-usage: python3 bench/report [--smoke] [--lexicon FILE] [--only SECTION,...] BUILD-DIRECTORY
+usage: python3 bench/report [--smoke] [--lexicon FILE] [--only SECTION,...] [--write]
+                            BUILD-DIRECTORY
+
+Ends with 1 when a ratio is above its limit.
 """
 import argparse
 import sys
@@ -11,11 +14,14 @@ from pathlib import Path
 
 import corpus
 import decoding
+import document
 import growth
 import lookups
 import start
 import table
 import window
+
+DOCUMENT = Path(__file__).resolve().parents[2] / "docs/performance.md"
 
 SECTIONS = {
     "decoder": decoding.measure,
@@ -33,6 +39,8 @@ def parse_arguments():
     parser.add_argument("--only", help="sections, by commas: " + ", ".join(SECTIONS))
     parser.add_argument("--smoke", action="store_true",
                         help="everything once over on a small made-up dictionary")
+    parser.add_argument("--write", action="store_true",
+                        help="renew the tables of the measured sections in docs/performance.md")
     arguments = parser.parse_args()
     chosen = arguments.only.split(",") if arguments.only else list(SECTIONS)
     unknown = [name for name in chosen if name not in SECTIONS]
@@ -45,6 +53,7 @@ def parse_arguments():
 
 def main():
     arguments, chosen = parse_arguments()
+    tables, missed = {}, []
     with tempfile.TemporaryDirectory(prefix="teskel-bench-") as directory:
         data = corpus.Corpus(arguments.build, Path(directory), arguments.lexicon,
                              smoke=arguments.smoke)
@@ -54,7 +63,14 @@ def main():
             if arguments.smoke:  # nothing is long enough to be judged by
                 rows = [replace(row, limit=None) for row in rows]
             print(table.format_rows(rows) + "\n", flush=True)
-    return 0
+            missed += [row.title() for row in rows if row.is_missed()]
+            tables[name] = table.markdown(rows)
+    if arguments.write:
+        tables["machine"] = document.machine()
+        document.renew(DOCUMENT, tables)
+    for title in missed:
+        print(f"missed: {title}", file=sys.stderr)
+    return 1 if missed else 0
 
 
 if __name__ == "__main__":

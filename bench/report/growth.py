@@ -21,7 +21,8 @@ def measure(data):
             scale = (words, "us/1000 words") if operation == "walk" else (1000, "us")
             first = smallest_words if operation == "walk" else 1000
             is_first = path == smallest
-            rows.append(Row(f"{operation}, {words} words", cost / scale[0] * 1000, scale[1],
+            rows.append(Row(operation, cost / scale[0] * 1000, scale[1],
                             None if is_first else base / first * 1000,
-                            "" if is_first else f"{smallest_words} words"))
+                            "" if is_first else f"{smallest_words} words",
+                            column=f"{words:,} words"))
     return rows

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The table that is printed at the end."""
+"""Rows of figures, as a table for a terminal and for a document."""
 from dataclasses import dataclass
 from typing import Optional
 
@@ -14,6 +14,7 @@ class Row:
     other_name: str = ""
     limit: Optional[float] = None  # highest ratio of costs that is good enough
     more_is_better: bool = False
+    column: str = ""  # of rows that differ in this alone a document makes one row
 
     def ratio(self):
         """Our cost for each unit of the other's cost."""
@@ -21,10 +22,16 @@ class Row:
             return None
         return self.other / self.ours if self.more_is_better else self.ours / self.other
 
+    def title(self):
+        return f"{self.what}, {self.column}" if self.column else self.what
+
+    def is_missed(self):
+        return self.limit is not None and self.ratio() is not None and self.ratio() > self.limit
+
     def verdict(self):
         if self.limit is None or self.ratio() is None:
             return ""
-        return "ok" if self.ratio() <= self.limit else "MISSED"
+        return "MISSED" if self.is_missed() else "ok"
 
 
 def number(value):
@@ -35,7 +42,7 @@ def format_rows(rows):
     lines = [("what", "ours", "other", "unit", "against", "ratio", "limit", "")]
     for row in rows:
         ratio = row.ratio()
-        lines.append((row.what, number(row.ours), number(row.other), row.unit, row.other_name,
+        lines.append((row.title(), number(row.ours), number(row.other), row.unit, row.other_name,
                       "" if ratio is None else f"{ratio:.2f}",
                       "" if row.limit is None else f"{row.limit:g}", row.verdict()))
     widths = [max(len(line[column]) for line in lines) for column in range(len(lines[0]))]
@@ -45,3 +52,33 @@ def format_rows(rows):
                  for column, (cell, width) in enumerate(zip(line, widths))]
         text.append("  ".join(cells).rstrip())
     return "\n".join(text)
+
+
+def markdown_line(cells):
+    return "| " + " | ".join(cells) + " |"
+
+
+def markdown(rows):
+    """The rows as a Markdown table, costs that differ in their column side by side."""
+    if any(row.column for row in rows):
+        return markdown_by_column(rows)
+    lines = [markdown_line(("", "ours", "other", "unit", "other is", "ratio", "limit", "")),
+             "|---|--:|--:|---|---|--:|--:|---|"]
+    for row in rows:
+        ratio = row.ratio()
+        lines.append(markdown_line((
+            row.what, number(row.ours), number(row.other) if row.other else "", row.unit,
+            row.other_name, "" if ratio is None else f"{ratio:.2f}",
+            "" if row.limit is None else f"{row.limit:g}", row.verdict())))
+    return "\n".join(lines)
+
+
+def markdown_by_column(rows):
+    columns = list(dict.fromkeys(row.column for row in rows))
+    lines = [markdown_line(("", "unit", *columns)), "|---|---|" + "--:|" * len(columns)]
+    for what in dict.fromkeys(row.what for row in rows):
+        costs = {row.column: row for row in rows if row.what == what}
+        unit = next(iter(costs.values())).unit
+        lines.append(markdown_line((what, unit, *(number(costs[column].ours) if column in costs
+                                                  else "" for column in columns))))
+    return "\n".join(lines)
