@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "lookup/lexicontext.h"
 
+#include "dictionary/cursorposition.h"
+#include "dictionary/dictionary.h"
+
 #include <algorithm>
 
 namespace teskel
@@ -40,6 +43,37 @@ std::optional<QByteArray> toLexiconBytes(const QString& text)
     if (lexiconLength(text) < text.size())
         return std::nullopt;
     return text.toLatin1();
+}
+
+QString withoutOuterPunctuation(const QString& text)
+{
+    const auto isWordCharacter = [](QChar character) {
+        return !character.isPunct() && !character.isSpace();
+    };
+    const auto first = std::find_if(text.cbegin(), text.cend(), isWordCharacter);
+    const auto last = std::find_if(text.crbegin(), text.crend(), isWordCharacter);
+    if (first == text.cend())
+        return QString();
+    return text.mid(first - text.cbegin(), last.base() - first);
+}
+
+std::optional<QString> knownPart(Dictionary& dictionary, const QString& text)
+{
+    const auto holds = [&dictionary](const QByteArray& word, bool prefix) {
+        return !dictionary.findWord(word.constData(), CursorPosition::invalid(), prefix)
+                    .isInvalid();
+    };
+    if (const auto word = toLexiconBytes(text); word && holds(*word, false))
+        return text;
+
+    qsizetype length = std::min(lexiconLength(text), std::max<qsizetype>(text.size() - 1, 0));
+    QByteArray beginning = text.first(length).toLatin1();
+    for (; length >= 0; --length) {
+        beginning.truncate(length);
+        if (holds(beginning, true))
+            return text.first(length);
+    }
+    return std::nullopt;
 }
 
 } // namespace teskel

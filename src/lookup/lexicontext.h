@@ -5,6 +5,8 @@
 #include <QString>
 #include <optional>
 
+class Dictionary;
+
 namespace teskel
 {
 
@@ -25,5 +27,15 @@ qsizetype lexiconLength(const QString& text);
 /// Nothing if `text` has a character that no headword can have. Such a text equals no headword and
 /// begins none; replacing or dropping the character would find a word that was not asked for.
 std::optional<QByteArray> toLexiconBytes(const QString& text);
+
+/// Removes punctuation and white space from both ends of `text`; the inside is never touched.
+QString withoutOuterPunctuation(const QString& text);
+
+/// The part of `text` under which `dictionary` knows a word, or nothing.
+///
+/// That is the whole text if it is a word of the dictionary, else its longest beginning with which
+/// some word begins; the last beginning tried is the empty one.
+/// @param text composed text
+std::optional<QString> knownPart(Dictionary& dictionary, const QString& text);
 
 } // namespace teskel

@@ -3,18 +3,20 @@
 
 #include "base/assertion.h"
 #include "base/oneline.h"
+#include "lookup/articleformatter.h"
 #include "lookup/dictionarytexts.h"
-#include "lookup/initialtext.h"
 #include "lookup/lexicontext.h"
 #include "lookup/navigationevent.h"
-#include "widgets/plainmessage.h"
 #include "lookup/qdictionarylistbox.h"
 #include "lookup/qdictionarylistboxitem.h"
 #include "lookup/slotpause.h"
 #include "settings/preferences.h"
-#include "widgets/qteskelcombobox.h"
 #include "widgets/article/qteskeledit.h"
+#include "widgets/plainmessage.h"
+#include "widgets/qteskelcombobox.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <cstring>
 #include <memory>
@@ -160,7 +162,17 @@ void TeskelMainWidget::showFirstWords()
 
 void TeskelMainWidget::setInitialText()
 {
-    _articleView->setText(teskel::initialText());
+    _articleView->setText(
+        "<font color=\"#FF0000\">"_L1 +
+        tr("There are no dictionary lexicons installed for Teskel Dictionary Reader. "
+           "<p>If you have only installed the shell program, then be advised you must also "
+           "install some reference files (lexicons) that the program can take advantage of. "
+           "</p>") +
+        "</font><font color=\"#0000FF\">"_L1 +
+        tr("<p>Language, scientific and entertainment lexicons can be made from the free "
+           "dictionaries of the FreeDict project with the program teskel-lexicon, which comes "
+           "with this reader.</p>") +
+        "</font>"_L1);
 }
 
 void TeskelMainWidget::resetLayout()
@@ -326,4 +338,73 @@ bool TeskelMainWidget::eventFilter(QObject* watched, QEvent* event)
     if (watched == _wordEntry && event->type() == QEvent::FocusOut)
         _mruOnSelection = true;
     return QWidget::eventFilter(watched, event);
+}
+
+void TeskelMainWidget::setText(const QString& word, const QString& description)
+{
+    _articleView->setText(teskel::ArticleFormatter::headword(word) + formatText(description));
+}
+
+QString TeskelMainWidget::formatText(const QString& description) const
+{
+    return teskel::ArticleFormatter::format(description);
+}
+
+QString TeskelMainWidget::stripString(QString& text) const
+{
+    return stripPunct(text);
+}
+
+QString TeskelMainWidget::stripPunct(QString& text) const
+{
+    return teskel::withoutOuterPunctuation(text);
+}
+
+bool TeskelMainWidget::transferTranslation2Word(bool notify)
+{
+    QString selected = _articleView->markedText();
+    if (selected.isEmpty()) {
+        teskel::showPlainMessage(this, QMessageBox::Information, tr("Teskel"),
+                                 tr("The cross-lookup button will only \n"
+                                    "operate when there is a word \n"
+                                    "selected in the article field."));
+        return false;
+    }
+    const QString word = teskel::composed(stripString(selected));
+    // Nothing can be known while no dictionary is open.
+    if (!TESKEL_ASSERT(_dictionary.isOpen(), "_dictionary.isOpen()", unit))
+        return true;
+    if (const auto known = teskel::knownPart(_dictionary, word))
+        setComboText(*known, notify);
+    return true;
+}
+
+void TeskelMainWidget::randomWord()
+{
+    if (!_dictionary.isOpen())
+        return;
+    const QString word = teskel::randomWord(_dictionary);
+    if (!word.isEmpty())
+        setComboText(word, true);
+}
+
+void TeskelMainWidget::editCopy()
+{
+    const QString text = _wordEntry->lineEdit()->text();
+    if (!text.isEmpty())
+        QApplication::clipboard()->setText(text);
+}
+
+void TeskelMainWidget::editCopyTranslation()
+{
+    const QString source = _articleView->text();
+    if (!source.isEmpty())
+        QApplication::clipboard()->setText(source);
+}
+
+void TeskelMainWidget::editPaste()
+{
+    const QString text = QApplication::clipboard()->text();
+    if (!text.isEmpty())
+        _wordEntry->lineEdit()->setText(text);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lookup/lexicontext.h"
-#include "lookup/punctuation.h"
+#include "lookup/lexicontext.h"
 
 #include <QTest>
 

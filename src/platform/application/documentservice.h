@@ -4,53 +4,38 @@
 #include <QObject>
 #include <QString>
 
-class QThread;
-
 namespace teskel
 {
 
-/// Receives requests to open a document from the desktop's session bus.
+/// Where requests of other programs to open a document come from.
 ///
-/// Offers org.freedesktop.Application under the name "org.teskel.Teskel". The first program on the
-/// bus owns the name; a later one gets no requests. Connecting happens beside the event loop, and
-/// without a bus, or in a build without D-Bus, no requests come.
+/// This one stands for a system that has no such place: no requests come.
 class DocumentService : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit DocumentService(QObject* parent = nullptr);
-    /// Where a bus hangs while it is connected to, waits a second for it; the process then ends
-    /// without unwinding static objects.
-    ~DocumentService() override;
-    DocumentService(const DocumentService&) = delete;
-    DocumentService& operator=(const DocumentService&) = delete;
+    using QObject::QObject;
+    Q_DISABLE_COPY_MOVE(DocumentService)
+    ~DocumentService() override = default;
 
-    /// Whether a bus has started this program. The mark is inherited by programs that such a one
-    /// starts, so it may be wrong.
-    static bool isStartedByBus();
-
-    /// Begins to connect; at once back.
-    void start();
-    /// Connects and returns once the requests for which a bus started this program have been
-    /// reported: at once when there are none, and after five seconds when the bus is silent. Runs
-    /// the event loop meanwhile.
-    void startAndReceive();
-
+    /// The name under which the desktop knows this program.
     static QString serviceName();
 
+    /// Whether this program was started to serve a request. The mark of it is inherited by programs
+    /// that such a one starts, so it may be wrong.
+    virtual bool isStartedByRequest() const { return false; }
+    /// Begins to receive; at once back.
+    virtual void start() {}
+    /// Returns once the requests for which this program was started have been reported: at once
+    /// when there are none. Runs the event loop meanwhile.
+    virtual void startAndReceive() {}
+
 signals:
-    /// What a bus held for this program has been reported, or there is no bus.
-    void ready();
     /// Another program asks to open the local file `path`.
     void openRequested(const QString& path);
     /// Another program asks to bring the window to the front.
     void activateRequested();
-
-private:
-    void connected();
-
-    [[maybe_unused]] QThread* _connector = nullptr;
 };
 
 } // namespace teskel

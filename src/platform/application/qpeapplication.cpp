@@ -2,7 +2,11 @@
 #include "platform/application/qpeapplication.h"
 
 #include "platform/application/dialogframe.h"
+#ifdef TESKEL_WITH_BUS
+#include "platform/application/busdocumentservice.h"
+#else
 #include "platform/application/documentservice.h"
+#endif
 #include "platform/application/keyrepeatfilter.h"
 #include "platform/storage/mountwatcher.h"
 #include "platform/resource.h"
@@ -51,7 +55,11 @@ QPEApplication::QPEApplication(int& argc, char** argv)
             &QPEApplication::closeMainWidget);
     new teskel::MountWatcher(StorageInfo::roots().mountInfo, this);
 
+#ifdef TESKEL_WITH_BUS
+    _service = new teskel::BusDocumentService(this);
+#else
     _service = new teskel::DocumentService(this);
+#endif
     // Queued: a message about a bad file must not keep the asking program waiting for its answer.
     connect(_service, &teskel::DocumentService::openRequested, this, &QPEApplication::openDocument,
             Qt::QueuedConnection);
@@ -64,7 +72,7 @@ QPEApplication::~QPEApplication() = default;
 void QPEApplication::showMainWidget(QWidget* widget)
 {
     const bool documents = takesDocuments(widget);
-    if (documents && teskel::DocumentService::isStartedByBus())
+    if (documents && _service->isStartedByRequest())
         _service->startAndReceive();
     _mainWidget = widget;
     deliverDocuments();
