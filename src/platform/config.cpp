@@ -16,7 +16,7 @@ namespace
 {
 
 // Settings are a few hundred bytes; anything near this size is not a settings file.
-constexpr qint64 LARGEST_FILE = 1'048'576;
+constexpr qint64 largestFile = 1'048'576;
 
 QString userFileName(const QString& name)
 {
@@ -73,7 +73,7 @@ QString makeLasting(const QFileDevice& file)
 // before it is called.
 QString replaceFile(const QString& path, const QByteArray& text)
 {
-    if (text.size() > LARGEST_FILE)
+    if (text.size() > largestFile)
         return QStringLiteral("they would be too large to be read again");
     if (!makeDirectory(QFileInfo(path).absolutePath()))
         return QStringLiteral("the directory cannot be made");
@@ -118,12 +118,12 @@ bool Config::read(const QString& path)
     if (!info.exists())
         return true;
     // A pipe or a device in the file's place could keep the reader waiting.
-    if (!info.isFile() || info.size() > LARGEST_FILE)
+    if (!info.isFile() || info.size() > largestFile)
         return false;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return false;
-    const QByteArray text = file.read(LARGEST_FILE);
+    const QByteArray text = file.read(largestFile);
     if (file.error() != QFileDevice::NoError)
         return false;
     _text = teskel::ConfigText(text);

@@ -72,7 +72,7 @@ QTeskelComboBox::QTeskelComboBox(QWidget* redirector, QWidget* parent, const cha
     setEditable(true);
     setCompleter(nullptr);
     setInsertPolicy(InsertAtTop);
-    setMaxCount(HistorySize);
+    setMaxCount(historySize);
     // The base would do nothing on Return once the list is full, and choose an item when the focus
     // leaves.
     disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
@@ -99,7 +99,7 @@ void QTeskelComboBox::insertHistoryItem(const QString& text)
 {
     const QSignalBlocker blocker(this);
     const LineEditKeeper keeper(lineEdit());
-    makeRoomFor(1, HistorySize);
+    makeRoomFor(1, historySize);
     insertItem(0, text);
     setCurrentIndex(0);
 }
@@ -123,7 +123,7 @@ void QTeskelComboBox::enterPressed()
         {
             const QSignalBlocker blocker(this);
             const LineEditKeeper keeper(lineEdit());
-            makeRoomFor(1, qBound(1, maxCount(), HistorySize));
+            makeRoomFor(1, qBound(1, maxCount(), historySize));
             insertItem(0, text);
             setCurrentIndex(0);
         }

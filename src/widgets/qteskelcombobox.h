@@ -15,7 +15,7 @@ class QTeskelComboBox : public QComboBox
 
 public:
     /// The most texts that the history holds.
-    static constexpr int HistorySize = 6;
+    static constexpr int historySize = 6;
 
     /// @param redirector receives the keys; not owned, may be null and may die first
     explicit QTeskelComboBox(QWidget* redirector, QWidget* parent = nullptr,
@@ -23,7 +23,7 @@ public:
 
     /// The item's text, empty for an index that does not exist.
     QString text(int index) const { return itemText(index); }
-    /// Puts `text` at index 0 and drops what is beyond HistorySize. The typed text, its caret and
+    /// Puts `text` at index 0 and drops what is beyond historySize. The typed text, its caret and
     /// selection stay as they are, and nothing is emitted.
     void insertHistoryItem(const QString& text);
 

@@ -17,7 +17,7 @@ namespace teskel::test
 namespace
 {
 
-constexpr qint64 ImageSize = 4 << 20;
+constexpr qint64 imageSize = 4 << 20;
 
 bool run(const QString& program, const QStringList& arguments)
 {
@@ -60,7 +60,7 @@ StagedCard::~StagedCard()
 bool StagedCard::makeImage() const
 {
     QFile file(image());
-    return file.open(QIODevice::WriteOnly) && file.resize(ImageSize) &&
+    return file.open(QIODevice::WriteOnly) && file.resize(imageSize) &&
            run(QStringLiteral("/sbin/mkfs.ext2"),
                {QStringLiteral("-q"), QStringLiteral("-F"), image()});
 }

@@ -15,7 +15,7 @@
 namespace
 {
 
-const QString SERVICE = QStringLiteral("org.teskel.Teskel");
+const QString service = QStringLiteral("org.teskel.Teskel");
 
 // A session bus of the test's own.
 class Bus
@@ -68,14 +68,14 @@ QProcessEnvironment environmentWith(const QString& address)
 
 bool waitForOwner(const QDBusConnection& bus)
 {
-    return QTest::qWaitFor([&bus] { return bus.interface()->isServiceRegistered(SERVICE).value(); },
+    return QTest::qWaitFor([&bus] { return bus.interface()->isServiceRegistered(service).value(); },
                            10'000);
 }
 
 QDBusMessage call(const QDBusConnection& bus, const QString& method, const QVariantList& arguments)
 {
     QDBusMessage message =
-        QDBusMessage::createMethodCall(SERVICE, QStringLiteral("/org/teskel/Teskel"),
+        QDBusMessage::createMethodCall(service, QStringLiteral("/org/teskel/Teskel"),
                                        QStringLiteral("org.freedesktop.Application"), method);
     message.setArguments(arguments);
     return bus.call(message);
@@ -166,7 +166,7 @@ void DocumentServiceTest::requestsDuringAMessageBoxWait()
     QVERIFY(probe.waitFor(u"running"_qs));
     for (const QString& uri : {u"file:///a.PDB"_qs, u"file:///b.PDB"_qs}) {
         QDBusMessage message = QDBusMessage::createMethodCall(
-            SERVICE, u"/org/teskel/Teskel"_qs, u"org.freedesktop.Application"_qs, u"Open"_qs);
+            service, u"/org/teskel/Teskel"_qs, u"org.freedesktop.Application"_qs, u"Open"_qs);
         message.setArguments({QStringList{uri}, QVariantMap()});
         bus.connection().asyncCall(message);
     }
@@ -210,7 +210,7 @@ void DocumentServiceTest::firstProgramKeepsTheName()
         QSKIP("no dbus-daemon");
     Probe first({}, environmentWith(bus.address()));
     QVERIFY(waitForOwner(bus.connection()));
-    const QString owner = bus.connection().interface()->serviceOwner(SERVICE).value();
+    const QString owner = bus.connection().interface()->serviceOwner(service).value();
     {
         Probe second({}, environmentWith(bus.address()));
         QVERIFY(second.waitFor(u"running"_qs));
@@ -223,9 +223,9 @@ void DocumentServiceTest::firstProgramKeepsTheName()
         call(bus.connection(), u"Open"_qs, {QStringList{u"file:///a.PDB"_qs}, QVariantMap()});
         QVERIFY(first.waitFor(u"document /a.PDB"_qs));
         QVERIFY(!second.log().contains(u"document /a.PDB"_qs));
-        QCOMPARE(bus.connection().interface()->serviceOwner(SERVICE).value(), owner);
+        QCOMPARE(bus.connection().interface()->serviceOwner(service).value(), owner);
     }
-    QCOMPARE(bus.connection().interface()->serviceOwner(SERVICE).value(), owner);
+    QCOMPARE(bus.connection().interface()->serviceOwner(service).value(), owner);
 }
 
 void DocumentServiceTest::programWithoutDocumentsLeavesTheNameToOthers()
@@ -237,7 +237,7 @@ void DocumentServiceTest::programWithoutDocumentsLeavesTheNameToOthers()
     QVERIFY(plain.waitFor(u"running"_qs));
     Probe reader({}, environmentWith(bus.address()));
     QVERIFY(waitForOwner(bus.connection()));
-    QCOMPARE(bus.connection().interface()->servicePid(SERVICE).value(),
+    QCOMPARE(bus.connection().interface()->servicePid(service).value(),
              static_cast<uint>(reader.processId()));
 }
 
@@ -289,7 +289,7 @@ void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow()
     QFETCH(const QVariantList, arguments);
     const QDBusMessage reply = call(bus.connection(), method, arguments);
     QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
-    const uint id = bus.connection().interface()->servicePid(SERVICE).value();
+    const uint id = bus.connection().interface()->servicePid(service).value();
     QVERIFY(id > 1);
     const auto log = [&logFile] {
         QFile file(logFile);
@@ -300,7 +300,7 @@ void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow()
     QTRY_VERIFY_WITH_TIMEOUT(log().contains(u"running"_qs), 10'000);
     QTEST(log(), "log");
     QCOMPARE(::kill(static_cast<pid_t>(id), SIGTERM), 0);
-    QTRY_VERIFY_WITH_TIMEOUT(!bus.connection().interface()->isServiceRegistered(SERVICE).value(),
+    QTRY_VERIFY_WITH_TIMEOUT(!bus.connection().interface()->isServiceRegistered(service).value(),
                              10'000);
 }
 

@@ -9,7 +9,7 @@
 namespace
 {
 
-constexpr quint32 DIGIT_SCAN_CODE = 10;
+constexpr quint32 digitScanCode = 10;
 
 // "d" Down, "s" Shift, "1" and "!" the same key without and with Shift, "x" another key.
 int keyOf(QChar letter)
@@ -102,7 +102,7 @@ void KeyRepeatFilterTest::repeats()
         const int key = keyOf(sent[i + 1]);
         const bool isDigit = key == Qt::Key_1 || key == Qt::Key_Exclam;
         const bool repeat = i + 2 < sent.size() && sent[i + 2] == u'*';
-        QKeyEvent event(type, key, Qt::NoModifier, isDigit ? DIGIT_SCAN_CODE : 0, 0, 0, QString(),
+        QKeyEvent event(type, key, Qt::NoModifier, isDigit ? digitScanCode : 0, 0, 0, QString(),
                         repeat);
         QCoreApplication::sendEvent(listener.windowHandle(), &event);
         if (repeat)

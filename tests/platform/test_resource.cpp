@@ -30,7 +30,7 @@ private slots:
 namespace
 {
 
-const QStringList NAMES{u"teskel"_qs,
+const QStringList names{u"teskel"_qs,
                         u"teskel-custom-word"_qs,
                         u"teskel-open"_qs,
                         u"teskel-crosslookup"_qs,
@@ -78,7 +78,7 @@ double shareThatStandsOut(const QImage& picture, const QColor& background)
 void addNames()
 {
     QTest::addColumn<QString>("name");
-    for (const QString& name : NAMES)
+    for (const QString& name : names)
         QTest::newRow(qPrintable(name)) << name;
 }
 
@@ -149,7 +149,7 @@ void ResourceTest::iconIsSharp()
 {
     QFETCH(int, size);
     QFETCH(qreal, ratio);
-    for (const QString& name : NAMES) {
+    for (const QString& name : names) {
         const QPixmap pixmap = Resource::loadIcon(name).pixmap(QSize(size, size), ratio);
         const int pixels = static_cast<int>(size * ratio);
         QCOMPARE(pixmap.size(), QSize(pixels, pixels));

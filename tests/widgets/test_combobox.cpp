@@ -64,7 +64,7 @@ QStringList words(const char* text)
     return QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts);
 }
 
-constexpr int Redirected[] = {Qt::Key_Home, Qt::Key_End,    Qt::Key_Up,
+constexpr int redirected[] = {Qt::Key_Home, Qt::Key_End,    Qt::Key_Up,
                               Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
 } // namespace
 
@@ -124,7 +124,7 @@ void TestComboBox::navigationKeysGoToTheRedirector_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    for (const int key : Redirected) {
+    for (const int key : redirected) {
         const QByteArray name = QKeySequence(key).toString().toLatin1();
         QTest::addRow("%s", name.constData()) << key << Qt::KeyboardModifiers();
         QTest::addRow("Alt+%s", name.constData()) << key << Qt::KeyboardModifiers(Qt::AltModifier);
@@ -176,7 +176,7 @@ void TestComboBox::upMovesTheListAndNotTheCombo()
 void TestComboBox::keysWithoutRedirectorAreDropped_data()
 {
     QTest::addColumn<int>("key");
-    for (const int key : Redirected)
+    for (const int key : redirected)
         QTest::addRow("%s", QKeySequence(key).toString().toLatin1().constData()) << key;
 }
 
@@ -201,7 +201,7 @@ void TestComboBox::keysAfterTheRedirectorDiedDoNothing()
     Combo c(words("one two three"), sink.get());
     sink.reset();
     c.combo.lineEdit()->setCursorPosition(1);
-    for (const int key : Redirected) {
+    for (const int key : redirected) {
         QTest::keyClick(&c.combo, Qt::Key(key));
         QCOMPARE(c.combo.lineEdit()->cursorPosition(), 1);
     }

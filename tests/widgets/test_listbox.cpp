@@ -835,11 +835,11 @@ void TestListBox::horizontalRangeIsZeroWithoutABar()
 class MeasuredItem : public PlainItem
 {
 public:
-    static constexpr int TooOften = 5'000;
+    static constexpr int tooOften = 5'000;
     using PlainItem::PlainItem;
     int height(const QTeskelListBox* list) const override
     {
-        if (++measured == TooOften) {
+        if (++measured == tooOften) {
             auto* const endless = const_cast<QTeskelListBox*>(list);
             QMetaObject::invokeMethod(
                 endless,

@@ -15,7 +15,7 @@ namespace
 {
 
 /// As long as the longest article.
-constexpr qsizetype LongestArticle = 32'767;
+constexpr qsizetype longestArticle = 32'767;
 
 /// What QTextEdit makes of the markup by itself; it loads nothing either.
 class Bare : public QTextEdit
@@ -335,8 +335,8 @@ void TestMarkupLimiter::neverBuildsMoreTablesThanTheLimits()
         view.setText(text);
         const QTextFrame* const root = view.document()->rootFrame();
         deepest = qMax(deepest, tableDepth(root));
-        QVERIFY2(tableDepth(root) <= MarkupLimiter::MaxTableDepth, qPrintable(text));
-        QVERIFY2(cellCount(root) <= MarkupLimiter::MaxCells, qPrintable(text));
+        QVERIFY2(tableDepth(root) <= MarkupLimiter::maxTableDepth, qPrintable(text));
+        QVERIFY2(cellCount(root) <= MarkupLimiter::maxCells, qPrintable(text));
         if (MarkupLimiter::isBeyondLimits(text))
             QCOMPARE(view.toPlainText(), text);
     }
@@ -350,12 +350,12 @@ void TestMarkupLimiter::limitsAreWhereTheyAre_data()
     const auto row = [](const char* name, const QString& unit, int limit) {
         QTest::addRow("%s", name) << unit.repeated(limit) + u'x' << unit.repeated(limit + 1) + u'x';
     };
-    row("elements", QStringLiteral("<b>"), MarkupLimiter::MaxDepth);
-    row("tables", QStringLiteral("<table><tr><td>"), MarkupLimiter::MaxTableDepth);
-    row("rows", QStringLiteral("<tr><td>x"), MarkupLimiter::MaxCells);
-    row("columns", QStringLiteral("<td>x"), MarkupLimiter::MaxCells);
-    row("single cells", QStringLiteral("<table><tr><td>x</table>"), MarkupLimiter::MaxCells);
-    row("pictures", QStringLiteral("<img src=x.png>"), MarkupLimiter::MaxPictures);
+    row("elements", QStringLiteral("<b>"), MarkupLimiter::maxDepth);
+    row("tables", QStringLiteral("<table><tr><td>"), MarkupLimiter::maxTableDepth);
+    row("rows", QStringLiteral("<tr><td>x"), MarkupLimiter::maxCells);
+    row("columns", QStringLiteral("<td>x"), MarkupLimiter::maxCells);
+    row("single cells", QStringLiteral("<table><tr><td>x</table>"), MarkupLimiter::maxCells);
+    row("pictures", QStringLiteral("<img src=x.png>"), MarkupLimiter::maxPictures);
     QTest::addRow("grid") << table(40, 50) << table(40, 51);
     QTest::addRow("mostly empty grid")
         << QStringLiteral("<table><tr>") + QStringLiteral("<td>").repeated(100) +
@@ -461,7 +461,7 @@ void TestMarkupLimiter::tricksDoNotHideTables_data()
     // A hidden table ends the one around it.
     QTest::addRow("hidden table") << QStringLiteral("<table><tr><td>x<title>") + simple;
     QTest::addRow("cells without tables")
-        << QStringLiteral("<tr><td><table>").repeated(MarkupLimiter::MaxTableDepth + 1);
+        << QStringLiteral("<tr><td><table>").repeated(MarkupLimiter::maxTableDepth + 1);
     for (const char* span :
          {"colspan=2000000000", "ROWSPAN = \"99999\"", "colspan='2001'", "rowspan=+2147483647",
           "rowspan=50 colspan=50", "rowspan=2&#48;00", "rowsp&#97;n=9999", "x='' rowspan=9999",
@@ -615,7 +615,7 @@ void TestMarkupLimiter::hostileTextIsShownPlain_data()
 void TestMarkupLimiter::hostileTextIsShownPlain()
 {
     QFETCH(QString, unit);
-    const QString text = unit.repeated(LongestArticle / unit.size());
+    const QString text = unit.repeated(longestArticle / unit.size());
     const Shown view(text);
     QCOMPARE(view.text(), text);
     QCOMPARE(view.toPlainText(), text);
@@ -632,7 +632,7 @@ void TestMarkupLimiter::longTextWithinTheLimitsIsShown_data()
 void TestMarkupLimiter::longTextWithinTheLimitsIsShown()
 {
     QFETCH(QString, unit);
-    const QString text = unit.repeated(LongestArticle / unit.size());
+    const QString text = unit.repeated(longestArticle / unit.size());
     QVERIFY(!MarkupLimiter::isBeyondLimits(text));
     QCOMPARE(Shown(text).text(), text);
 }

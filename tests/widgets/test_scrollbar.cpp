@@ -17,8 +17,8 @@
 
 namespace
 {
-constexpr int LineStep = 3;
-constexpr int PageStep = 30;
+constexpr int usualLineStep = 3;
+constexpr int usualPageStep = 30;
 
 /// A shown bar of its own style and layout direction, and the places of its controls.
 struct Bar {
@@ -32,8 +32,8 @@ struct Bar {
         parent.resize(200, 200);
         bar.setStyle(style.get());
         bar.setRange(0, 100);
-        bar.setLineStep(LineStep);
-        bar.setPageStep(PageStep);
+        bar.setLineStep(usualLineStep);
+        bar.setPageStep(usualPageStep);
         bar.setGeometry(orientation == Qt::Vertical ? QRect(0, 0, 20, 200) : QRect(0, 0, 200, 20));
         parent.show();
     }
@@ -152,7 +152,7 @@ void TestScrollBar::pressActsOnce_data()
                           orientation == Qt::Vertical ? "vertical" : "horizontal",
                           direction == Qt::RightToLeft ? " from the right" : "", name)
                 << style << orientation << direction << control << next << prev
-                << (next - prev) * LineStep;
+                << (next - prev) * usualLineStep;
         };
         row("add line", QStyle::SC_ScrollBarAddLine, 1, 0);
         row("add page", QStyle::SC_ScrollBarAddPage, 1, 0);
@@ -197,7 +197,7 @@ void TestScrollBar::signalComesBeforeTheStep()
     connect(&b.bar, &QTeskelScrollBar::nextLine, this, [&] { values << b.bar.value(); });
     connect(&b.bar, &QTeskelScrollBar::valueChanged, this, [&](int value) { values << value; });
     QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
-    QCOMPARE(values, (QList<int>{0, LineStep}));
+    QCOMPARE(values, (QList<int>{0, usualLineStep}));
 }
 
 void TestScrollBar::actsAtTheLimit_data()
@@ -375,7 +375,7 @@ void TestScrollBar::dialogInTheSlotEndsThePress()
     if (held)
         b.bar.doAutoRepeat();
     const int before = actions;
-    QCOMPARE(b.bar.value(), before * LineStep);
+    QCOMPARE(b.bar.value(), before * usualLineStep);
     QCOMPARE(!b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"))->isActive(), ends);
     b.bar.doAutoRepeat();
     QCOMPARE(actions, ends ? before : before + 1);
@@ -479,27 +479,27 @@ void TestScrollBar::barInAPopupRepeats()
 
 void TestScrollBar::stepsEndAtTheLimitsOfInt()
 {
-    constexpr int Least = std::numeric_limits<int>::min();
-    constexpr int Most = std::numeric_limits<int>::max();
+    constexpr int least = std::numeric_limits<int>::min();
+    constexpr int most = std::numeric_limits<int>::max();
     Bar b;
-    b.bar.setRange(0, Most);
-    b.bar.setValue(Most - 1);
+    b.bar.setRange(0, most);
+    b.bar.setValue(most - 1);
     QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
-    QCOMPARE(b.bar.value(), Most);
-    b.bar.setRange(Least, 0);
-    b.bar.setValue(Least + 1);
+    QCOMPARE(b.bar.value(), most);
+    b.bar.setRange(least, 0);
+    b.bar.setValue(least + 1);
     QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarSubLine));
-    QCOMPARE(b.bar.value(), Least);
+    QCOMPARE(b.bar.value(), least);
 }
 
 void TestScrollBar::emptyRangeAtTheLimitOfIntIsDrawn()
 {
-    constexpr int Most = std::numeric_limits<int>::max();
+    constexpr int most = std::numeric_limits<int>::max();
     Bar b;
     b.bar.setRange(0, 0);
     const QImage expected = shotOf(b.bar);
-    b.bar.setPageStep(Most);
-    b.bar.setRange(Most, Most);
+    b.bar.setPageStep(most);
+    b.bar.setRange(most, most);
     QCOMPARE(shotOf(b.bar), expected);
 }
 
@@ -548,7 +548,7 @@ void TestScrollBar::troughMovesByTheLineStep()
     Bar b(style);
     b.bar.setValue(50);
     QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddPage));
-    QCOMPARE(b.bar.value(), 50 + LineStep);
+    QCOMPARE(b.bar.value(), 50 + usualLineStep);
     QTest::mouseClick(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarSubPage));
     QCOMPARE(b.bar.value(), 50);
 }
@@ -558,7 +558,7 @@ void TestScrollBar::downKeyEmitsNoNextLine()
     Bar b;
     QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
     QTest::keyClick(&b.bar, Qt::Key_Down);
-    QCOMPARE(b.bar.value(), LineStep);
+    QCOMPARE(b.bar.value(), usualLineStep);
     b.bar.setValue(100);
     QTest::keyClick(&b.bar, Qt::Key_Down);
     QCOMPARE(next.count(), 0);
@@ -579,12 +579,12 @@ void TestScrollBar::keys_data()
         };
         row("Home", Qt::Key_Home, 0, true);
         row("End", Qt::Key_End, 100, true);
-        row("Page Up", Qt::Key_PageUp, 50 - PageStep, true);
-        row("Page Down", Qt::Key_PageDown, 50 + PageStep, true);
-        row("Up", Qt::Key_Up, vertical ? 50 - LineStep : 50, vertical);
-        row("Down", Qt::Key_Down, vertical ? 50 + LineStep : 50, vertical);
-        row("Left", Qt::Key_Left, vertical ? 50 : 50 - LineStep, !vertical);
-        row("Right", Qt::Key_Right, vertical ? 50 : 50 + LineStep, !vertical);
+        row("Page Up", Qt::Key_PageUp, 50 - usualPageStep, true);
+        row("Page Down", Qt::Key_PageDown, 50 + usualPageStep, true);
+        row("Up", Qt::Key_Up, vertical ? 50 - usualLineStep : 50, vertical);
+        row("Down", Qt::Key_Down, vertical ? 50 + usualLineStep : 50, vertical);
+        row("Left", Qt::Key_Left, vertical ? 50 : 50 - usualLineStep, !vertical);
+        row("Right", Qt::Key_Right, vertical ? 50 : 50 + usualLineStep, !vertical);
         row("a", Qt::Key_A, 50, false);
         row("Space", Qt::Key_Space, 50, false);
     }
@@ -612,7 +612,7 @@ void TestScrollBar::arrowKeysFollowTheLayoutDirection()
     Bar b(QStringLiteral("Fusion"), Qt::Horizontal, Qt::RightToLeft);
     b.bar.setValue(50);
     QTest::keyClick(&b.bar, Qt::Key_Left);
-    QCOMPARE(b.bar.value(), 50 + LineStep);
+    QCOMPARE(b.bar.value(), 50 + usualLineStep);
     QTest::keyClick(&b.bar, Qt::Key_Right);
     QCOMPARE(b.bar.value(), 50);
 }

@@ -334,19 +334,19 @@ void TestScrollView::deletingInASlotIsSafe()
 
 void TestScrollView::positionsAtTheLimitsOfIntAreCut()
 {
-    constexpr int Least = std::numeric_limits<int>::min();
-    constexpr int Most = std::numeric_limits<int>::max();
+    constexpr int least = std::numeric_limits<int>::min();
+    constexpr int most = std::numeric_limits<int>::max();
     QTeskelScrollView view;
     show(view);
     view.resizeContents(1000, 1000);
     view.setContentsPos(100, 100);
-    view.scrollBy(Most, Most);
+    view.scrollBy(most, most);
     QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(800, 800));
-    view.ensureVisible(Least, Least);
+    view.ensureVisible(least, least);
     QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(0, 0));
-    view.ensureVisible(Most, Most);
+    view.ensureVisible(most, most);
     QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(800, 800));
-    view.scrollBy(Least, Least);
+    view.scrollBy(least, least);
     QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(0, 0));
 }
 

@@ -16,35 +16,35 @@ using teskel::IconCanvas;
 namespace
 {
 
-const QColor GREY(0x7C, 0x84, 0x8E);
-const QColor BLUE(0x3B, 0x82, 0xE0);
-const QColor GREEN(0x2F, 0x9E, 0x5A);
-const QColor ORANGE(0xD2, 0x75, 0x2A);
-const QColor RED(0xD6, 0x45, 0x45);
-const QColor PAPER(0xFF, 0xFF, 0xFF);
+const QColor grey(0x7C, 0x84, 0x8E);
+const QColor blue(0x3B, 0x82, 0xE0);
+const QColor green(0x2F, 0x9E, 0x5A);
+const QColor orange(0xD2, 0x75, 0x2A);
+const QColor red(0xD6, 0x45, 0x45);
+const QColor paper(0xFF, 0xFF, 0xFF);
 
 void sheet(IconCanvas& c, qreal x, qreal y, const QColor& colour)
 {
-    c.box(x, y, x + 12, y + 15, PAPER);
+    c.box(x, y, x + 12, y + 15, paper);
     c.frame(x, y, x + 12, y + 15, 2, colour);
 }
 
 void customWord(IconCanvas& c)
 {
-    sheet(c, 2, 3, GREY);
-    c.box(5, 7, 11, 9, GREY);
-    c.box(5, 11, 9, 13, GREY);
-    c.line({10, 19}, {19.5, 9.5}, 4.2, ORANGE);
-    c.polygon({{{7, 22}, {8, 17}, {12, 21}}}, ORANGE);
-    c.line({20.5, 8.5}, {20.7, 8.3}, 4.2, RED);
+    sheet(c, 2, 3, grey);
+    c.box(5, 7, 11, 9, grey);
+    c.box(5, 11, 9, 13, grey);
+    c.line({10, 19}, {19.5, 9.5}, 4.2, orange);
+    c.polygon({{{7, 22}, {8, 17}, {12, 21}}}, orange);
+    c.line({20.5, 8.5}, {20.7, 8.3}, 4.2, red);
 }
 
 void openBook(IconCanvas& c, const QColor& cover, const QColor& lines)
 {
     c.polygon({{{1, 5}, {9, 3}, {12, 5}, {12, 21}, {9, 19}, {1, 21}}}, cover);
     c.polygon({{{23, 5}, {15, 3}, {12, 5}, {12, 21}, {15, 19}, {23, 21}}}, cover);
-    c.polygon({{{3, 7}, {9, 5}, {11, 7}, {11, 18}, {9, 17}, {3, 19}}}, PAPER);
-    c.polygon({{{21, 7}, {15, 5}, {13, 7}, {13, 18}, {15, 17}, {21, 19}}}, PAPER);
+    c.polygon({{{3, 7}, {9, 5}, {11, 7}, {11, 18}, {9, 17}, {3, 19}}}, paper);
+    c.polygon({{{21, 7}, {15, 5}, {13, 7}, {13, 18}, {15, 17}, {21, 19}}}, paper);
     for (const qreal y : {8.0, 11.0, 14.0}) {
         c.line({4.5, y + 1}, {9.3, y}, 1.4, lines);
         c.line({14.7, y}, {19.5, y + 1}, 1.4, lines);
@@ -53,100 +53,100 @@ void openBook(IconCanvas& c, const QColor& cover, const QColor& lines)
 
 void open(IconCanvas& c)
 {
-    openBook(c, BLUE, GREY);
+    openBook(c, blue, grey);
 }
 
 void crossLookup(IconCanvas& c)
 {
-    c.box(2, 7, 15, 10, BLUE);
-    c.polygon({{{14, 3}, {22, 8.5}, {14, 14}}}, BLUE);
-    c.box(9, 15, 22, 18, GREEN);
-    c.polygon({{{10, 11}, {2, 16.5}, {10, 22}}}, GREEN);
+    c.box(2, 7, 15, 10, blue);
+    c.polygon({{{14, 3}, {22, 8.5}, {14, 14}}}, blue);
+    c.box(9, 15, 22, 18, green);
+    c.polygon({{{10, 11}, {2, 16.5}, {10, 22}}}, green);
 }
 
 void toggleView(IconCanvas& c)
 {
-    c.box(2, 3, 22, 21, PAPER);
-    c.box(4, 5, 10, 19, BLUE);
-    c.frame(2, 3, 22, 21, 2, GREY);
-    c.box(10, 3, 12, 21, GREY);
-    c.box(14, 8, 19, 10, GREY);
-    c.box(14, 13, 19, 15, GREY);
+    c.box(2, 3, 22, 21, paper);
+    c.box(4, 5, 10, 19, blue);
+    c.frame(2, 3, 22, 21, 2, grey);
+    c.box(10, 3, 12, 21, grey);
+    c.box(14, 8, 19, 10, grey);
+    c.box(14, 13, 19, 15, grey);
 }
 
 void preferences(IconCanvas& c)
 {
     for (const qreal y : {5.0, 12.0, 19.0})
-        c.box(2, y - 1, 22, y + 1, GREY);
-    c.disc(15, 5, 3.2, BLUE);
-    c.disc(8, 12, 3.2, ORANGE);
-    c.disc(16, 19, 3.2, BLUE);
+        c.box(2, y - 1, 22, y + 1, grey);
+    c.disc(15, 5, 3.2, blue);
+    c.disc(8, 12, 3.2, orange);
+    c.disc(16, 19, 3.2, blue);
 }
 
 void card(IconCanvas& c)
 {
-    c.polygon({{{4, 2}, {15, 2}, {20, 7}, {20, 22}, {4, 22}}}, ORANGE);
+    c.polygon({{{4, 2}, {15, 2}, {20, 7}, {20, 22}, {4, 22}}}, orange);
     for (const qreal x : {7.0, 10.5, 14.0})
-        c.box(x, 4, x + 2, 9, PAPER);
-    c.box(7, 13, 17, 19, PAPER);
+        c.box(x, 4, x + 2, 9, paper);
+    c.box(7, 13, 17, 19, paper);
 }
 
 void drive(IconCanvas& c)
 {
-    c.polygon({{{5, 4}, {19, 4}, {22, 13}, {2, 13}}}, GREY);
-    c.roundBox(2, 12, 22, 20, 1.5, GREY);
-    c.box(4, 14, 20, 18, PAPER);
-    c.box(15, 15, 18, 17, GREEN);
-    c.box(6, 15, 12, 17, GREY);
+    c.polygon({{{5, 4}, {19, 4}, {22, 13}, {2, 13}}}, grey);
+    c.roundBox(2, 12, 22, 20, 1.5, grey);
+    c.box(4, 14, 20, 18, paper);
+    c.box(15, 15, 18, 17, green);
+    c.box(6, 15, 12, 17, grey);
 }
 
 void clear(IconCanvas& c)
 {
-    c.polygon({{{1, 12}, {8, 4}, {23, 4}, {23, 20}, {8, 20}}}, GREY);
-    c.line({11.5, 8.5}, {18.5, 15.5}, 2.4, PAPER);
-    c.line({18.5, 8.5}, {11.5, 15.5}, 2.4, PAPER);
+    c.polygon({{{1, 12}, {8, 4}, {23, 4}, {23, 20}, {8, 20}}}, grey);
+    c.line({11.5, 8.5}, {18.5, 15.5}, 2.4, paper);
+    c.line({18.5, 8.5}, {11.5, 15.5}, 2.4, paper);
 }
 
 void copy(IconCanvas& c)
 {
-    sheet(c, 3, 2, GREY);
+    sheet(c, 3, 2, grey);
     c.clear(8, 6, 22, 23);
-    sheet(c, 9, 7, BLUE);
-    c.box(12, 11, 18, 13, BLUE);
-    c.box(12, 15, 18, 17, BLUE);
+    sheet(c, 9, 7, blue);
+    c.box(12, 11, 18, 13, blue);
+    c.box(12, 15, 18, 17, blue);
 }
 
 void paste(IconCanvas& c)
 {
-    c.roundBox(3, 3, 18, 22, 1.5, ORANGE);
-    c.box(5, 6, 16, 20, PAPER);
-    c.box(7, 2, 14, 6, GREY);
+    c.roundBox(3, 3, 18, 22, 1.5, orange);
+    c.box(5, 6, 16, 20, paper);
+    c.box(7, 2, 14, 6, grey);
     c.clear(8, 9, 24, 24);
-    c.box(9, 10, 22, 23, PAPER);
-    c.frame(9, 10, 22, 23, 2, BLUE);
-    c.box(12, 14, 19, 16, BLUE);
-    c.box(12, 18, 19, 20, BLUE);
+    c.box(9, 10, 22, 23, paper);
+    c.frame(9, 10, 22, 23, 2, blue);
+    c.box(12, 14, 19, 16, blue);
+    c.box(12, 18, 19, 20, blue);
 }
 
 void close(IconCanvas& c)
 {
-    c.line({5, 5}, {19, 19}, 4, GREY);
-    c.line({19, 5}, {5, 19}, 4, GREY);
+    c.line({5, 5}, {19, 19}, 4, grey);
+    c.line({19, 5}, {5, 19}, 4, grey);
 }
 
 void program(IconCanvas& c)
 {
-    c.roundBox(0, 0, 24, 24, 4, BLUE);
-    c.polygon({{{3, 6}, {9, 5}, {12, 7}, {12, 20}, {9, 18}, {3, 19}}}, PAPER);
+    c.roundBox(0, 0, 24, 24, 4, blue);
+    c.polygon({{{3, 6}, {9, 5}, {12, 7}, {12, 20}, {9, 18}, {3, 19}}}, paper);
     c.polygon({{{21, 6}, {15, 5}, {12, 7}, {12, 20}, {15, 18}, {21, 19}}},
               QColor(0xE4, 0xEA, 0xF2));
     // A "T" on the left page, lines on the right one, and a ribbon.
-    c.box(5, 9, 10, 11, BLUE);
-    c.box(7, 9, 8, 16, BLUE);
-    c.box(14, 9, 19, 10, GREY);
-    c.box(14, 12, 19, 13, GREY);
-    c.box(14, 15, 18, 16, GREY);
-    c.polygon({{{16, 3}, {18, 3}, {18, 8}, {17, 7}, {16, 8}}}, ORANGE);
+    c.box(5, 9, 10, 11, blue);
+    c.box(7, 9, 8, 16, blue);
+    c.box(14, 9, 19, 10, grey);
+    c.box(14, 12, 19, 13, grey);
+    c.box(14, 15, 18, 16, grey);
+    c.polygon({{{16, 3}, {18, 3}, {18, 8}, {17, 7}, {16, 8}}}, orange);
 }
 
 struct Drawing {
@@ -154,7 +154,7 @@ struct Drawing {
     void (*draw)(IconCanvas&);
 };
 
-constexpr Drawing DRAWINGS[] = {
+constexpr Drawing drawings[] = {
     {"teskel-custom-word", customWord},
     {"teskel-open", open},
     {"teskel-crosslookup", crossLookup},
@@ -194,7 +194,7 @@ int main(int argc, char** argv)
         return 2;
     }
     bool done = true;
-    for (const Drawing& drawing : DRAWINGS) {
+    for (const Drawing& drawing : drawings) {
         for (const int size : {16, 20, 24, 32, 40, 48})
             done = save(drawing, size,
                         arguments[1] + QStringLiteral("/%1/%2.png")

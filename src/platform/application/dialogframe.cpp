@@ -13,7 +13,7 @@ namespace teskel
 namespace
 {
 
-constexpr int EDGE = 6;
+constexpr int edge = 6;
 
 // What a dialog that places its controls itself needs; it may not have been shown yet, so that
 // QWidget::childrenRect() knows nothing.
@@ -55,7 +55,7 @@ DialogFrame::DialogFrame(QDialog* dialog)
     connect(_buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
     if (dialog->layout() == nullptr)
         dialog->setMinimumHeight(dialog->minimumHeight() + _buttons->sizeHint().height() +
-                                 2 * EDGE);
+                                 2 * edge);
     reserveRoom();
     dialog->installEventFilter(this);
     _buttons->setVisible(true);
@@ -81,7 +81,7 @@ bool DialogFrame::eventFilter(QObject* /*watched*/, QEvent* event)
 
 void DialogFrame::reserveRoom()
 {
-    const int reserved = _margin + _buttons->sizeHint().height() + EDGE;
+    const int reserved = _margin + _buttons->sizeHint().height() + edge;
     if (reserved != _reserved) {
         QMargins margins = _dialog->contentsMargins();
         margins.setBottom(reserved);
@@ -94,7 +94,7 @@ void DialogFrame::reserveRoom()
 void DialogFrame::placeButtons()
 {
     const int height = _buttons->sizeHint().height();
-    _buttons->setGeometry(EDGE, _dialog->height() - height - EDGE, _dialog->width() - 2 * EDGE,
+    _buttons->setGeometry(edge, _dialog->height() - height - edge, _dialog->width() - 2 * edge,
                           height);
 }
 

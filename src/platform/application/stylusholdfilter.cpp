@@ -13,7 +13,7 @@ namespace teskel
 namespace
 {
 
-constexpr int HOLD_RADIUS = 8;
+constexpr int holdRadius = 8;
 
 void sendMouse(QWidget* widget, QEvent::Type type, const QPoint& position, Qt::MouseButton button)
 {
@@ -26,7 +26,7 @@ void sendMouse(QWidget* widget, QEvent::Type type, const QPoint& position, Qt::M
 bool isNear(const QPoint& a, const QPoint& b)
 {
     const QPoint d = a - b;
-    return QPoint::dotProduct(d, d) <= HOLD_RADIUS * HOLD_RADIUS;
+    return QPoint::dotProduct(d, d) <= holdRadius * holdRadius;
 }
 
 } // namespace

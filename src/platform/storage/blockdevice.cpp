@@ -13,7 +13,7 @@ namespace
 {
 
 // Encrypted volumes on logical volumes on arrays on partitions: more than this is a loop.
-constexpr int DEEPEST_STACK = 8;
+constexpr int deepestStack = 8;
 
 QString attribute(const QString& directory, const QString& name)
 {
@@ -73,7 +73,7 @@ bool isRemovableDisk(const QString& directory)
 
 bool isRemovableStack(const QString& directory, int depth)
 {
-    if (directory.isEmpty() || depth > DEEPEST_STACK)
+    if (directory.isEmpty() || depth > deepestStack)
         return false;
     if (QFile::exists(directory + QLatin1String("/partition")))
         return isRemovableStack(QFileInfo(directory).path(), depth + 1);

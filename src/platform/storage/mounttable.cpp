@@ -52,7 +52,7 @@ std::optional<Mount> parseLine(const QByteArray& line)
 }
 
 // A table with mounts in mounts deeper than this is a damaged one.
-constexpr int DEEPEST_MOUNT = 64;
+constexpr int deepestMount = 64;
 
 /// Which mounts of a table stand on which directories of others.
 class MountTree
@@ -74,7 +74,7 @@ public:
         if (const qsizetype top = at(target.id, target.path);
             target.path != root && top >= 0 && top != index)
             return false;
-        for (int depth = 0; depth < DEEPEST_MOUNT && index >= 0; ++depth) {
+        for (int depth = 0; depth < deepestMount && index >= 0; ++depth) {
             if (isHiddenBesideOthers(index))
                 return false;
             index = _byId.value(_mounts[index].parent, -1);

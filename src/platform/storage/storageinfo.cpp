@@ -15,7 +15,7 @@ namespace
 {
 
 // Far above any real table; a wrong path must not fill the memory.
-constexpr qint64 LARGEST_TABLE = 4'194'304;
+constexpr qint64 largestTable = 4'194'304;
 
 StorageRoots& currentRoots()
 {
@@ -57,7 +57,7 @@ void StorageInfo::update()
         return;
     QHash<QString, qsizetype> placeOfDevice;
     const QList<teskel::Mount> mounts =
-        teskel::visibleMounts(teskel::parseMountTable(file.read(LARGEST_TABLE)));
+        teskel::visibleMounts(teskel::parseMountTable(file.read(largestTable)));
     for (const teskel::Mount& mount : mounts) {
         if (!isWhole(mount))
             continue;

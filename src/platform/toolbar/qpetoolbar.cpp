@@ -10,15 +10,15 @@
 namespace
 {
 
-constexpr int UsualIconSize = 24;
-constexpr int SmallIconSize = 16;
+constexpr int usualIconSize = 24;
+constexpr int smallIconSize = 16;
 
 } // namespace
 
 QPEToolBar::QPEToolBar(QMainWindow* window)
     : QToolBar(window)
 {
-    setIconSize(QSize(UsualIconSize, UsualIconSize));
+    setIconSize(QSize(usualIconSize, usualIconSize));
 }
 
 QSize QPEToolBar::minimumSizeHint() const
@@ -32,7 +32,7 @@ QSize QPEToolBar::minimumSizeHint() const
 void QPEToolBar::resizeEvent(QResizeEvent* event)
 {
     QToolBar::resizeEvent(event);
-    const int size = width() < widthWithUsualIcons() ? SmallIconSize : UsualIconSize;
+    const int size = width() < widthWithUsualIcons() ? smallIconSize : usualIconSize;
     if (size != iconSize().width())
         setIconSize(QSize(size, size));
 }
@@ -43,5 +43,5 @@ int QPEToolBar::widthWithUsualIcons() const
     const auto buttons = std::count_if(members.begin(), members.end(), [this](QAction* member) {
         return qobject_cast<QToolButton*>(widgetForAction(member)) != nullptr;
     });
-    return sizeHint().width() + static_cast<int>(buttons) * (UsualIconSize - iconSize().width());
+    return sizeHint().width() + static_cast<int>(buttons) * (usualIconSize - iconSize().width());
 }

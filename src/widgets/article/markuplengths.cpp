@@ -14,14 +14,14 @@ namespace teskel
 namespace
 {
 
-constexpr double Endless = std::numeric_limits<double>::infinity();
-constexpr qsizetype MostDigits = 9;
+constexpr double endless = std::numeric_limits<double>::infinity();
+constexpr qsizetype mostDigits = 9;
 /// A margin, a padding or a border is there twice.
-constexpr double Sides = 2;
+constexpr double sides = 2;
 /// The height of a line in any font that the program itself chooses.
-constexpr double UsualLineHeight = 100;
+constexpr double usualLineHeight = 100;
 /// The height of a line in a font of one point.
-constexpr double LineHeightOfPoint = 2;
+constexpr double lineHeightOfPoint = 2;
 
 bool isOneOf(QStringView name, std::initializer_list<QStringView> names)
 {
@@ -62,7 +62,7 @@ void forEachNumber(QStringView text, Take take)
             continue;
         }
         const QStringView digits = skipDigits();
-        double number = digits.size() > MostDigits ? Endless : digits.toDouble();
+        double number = digits.size() > mostDigits ? endless : digits.toDouble();
         if (at < text.size() && text.at(at) == u'.') {
             ++at;
             skipDigits();
@@ -94,10 +94,10 @@ void MarkupLengths::addAttribute(QStringView name, QStringView value)
         return;
     double& pixels = isForCells ? _everyCell.pixels : _once.pixels;
     if (isHidden || MarkupTokenizer::mayHoldMarkup(value) || isWordForNumber(value))
-        pixels = Endless;
+        pixels = endless;
     forEachNumber(value, [&pixels](double number, QStringView unit) {
         const bool hasExponent = unit.startsWith(u'e', Qt::CaseInsensitive);
-        pixels += hasExponent ? Endless : number;
+        pixels += hasExponent ? endless : number;
     });
 }
 
@@ -110,13 +110,13 @@ void MarkupLengths::addStyleSheet(QStringView sheet)
 
 double MarkupLengths::extent(qint64 cells, qint64 elements, qint64 characters) const
 {
-    const double lineHeight = std::max(UsualLineHeight, _font * LineHeightOfPoint);
+    const double lineHeight = std::max(usualLineHeight, _font * lineHeightOfPoint);
     const auto pixels = [lineHeight](const Sum& sum, qint64 count) {
         const double all = sum.pixels + sum.fonts * lineHeight;
-        return all > 0 ? all * Sides * static_cast<double>(count) : 0;
+        return all > 0 ? all * sides * static_cast<double>(count) : 0;
     };
     // Where no style says how high lines are, they fit.
-    const double line = std::max(_font * LineHeightOfPoint, _line * lineHeight);
+    const double line = std::max(_font * lineHeightOfPoint, _line * lineHeight);
     const double lines = line > 0 ? line * static_cast<double>(characters) : 0;
     return pixels(_once, 1) + pixels(_everyCell, cells + 1) + pixels(_everyElement, elements) +
            lines;
@@ -127,7 +127,7 @@ MarkupLengths::Sum MarkupLengths::readStyle(QStringView style)
 {
     Sum sum;
     if (MarkupTokenizer::mayHoldMarkup(style) || style.contains(u'\\'))
-        sum.pixels = Endless;
+        sum.pixels = endless;
     qsizetype end = 0;
     for (qsizetype begin = 0; begin < style.size(); begin = end + 1) {
         end = begin;

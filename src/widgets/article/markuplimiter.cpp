@@ -12,7 +12,7 @@ using Token = MarkupTokenizer::Token;
 namespace
 {
 /// What reading a style sheet costs beside its text.
-constexpr qint64 StyleSheetOverhead = 16;
+constexpr qint64 styleSheetOverhead = 16;
 
 /// The part of a text that the document reads: editors mark what they put on the clipboard.
 QStringView fragmentOf(QStringView markup)
@@ -54,7 +54,7 @@ bool MarkupLimiter::isWithin(QStringView markup)
             return false;
     }
     const auto elements = static_cast<qint64>(_tree.nodes().size());
-    return _lengths.extent(_cells, elements, _characters) <= MaxExtent &&
+    return _lengths.extent(_cells, elements, _characters) <= maxExtent &&
            (_grids.isEmpty() || !_lengths.misplacesCells());
 }
 
@@ -79,20 +79,20 @@ bool MarkupLimiter::takeClosingTag(const QString& name)
 {
     if (_tree.isInStyleSheet()) {
         _lengths.addStyleSheet(_styleSheet);
-        _styleSize += _styleSheet.size() + StyleSheetOverhead;
+        _styleSize += _styleSheet.size() + styleSheetOverhead;
     }
-    return _tree.close(name) && _styleSize <= MaxStyleSheet;
+    return _tree.close(name) && _styleSize <= maxStyleSheet;
 }
 
 bool MarkupLimiter::takeElement(int index)
 {
     const MarkupTree::Node& element = node(index);
     _styleWork += element.depth * _styleSize;
-    if (element.depth > MaxDepth || _styleWork > MaxStyleWork)
+    if (element.depth > maxDepth || _styleWork > maxStyleWork)
         return false;
     switch (element.kind) {
     case Kind::Picture:
-        return ++_pictures <= MaxPictures;
+        return ++_pictures <= maxPictures;
     case Kind::Table:
         return takeTable(index);
     case Kind::Row:
@@ -115,7 +115,7 @@ bool MarkupLimiter::takeTable(int index)
         ++_looseTables;
     const int depth = _grids.value(tableAround(index)).depth + 1;
     _grids.insert(index, {depth});
-    return !node(index).isHidden && depth + _looseTables <= MaxTableDepth;
+    return !node(index).isHidden && depth + _looseTables <= maxTableDepth;
 }
 
 bool MarkupLimiter::takeRow(int index)
@@ -124,7 +124,7 @@ bool MarkupLimiter::takeRow(int index)
     Grid& grid = _grids[table];
     ++grid.rows;
     _cells += grid.columns + grid.hanging;
-    return _cells <= MaxCells;
+    return _cells <= maxCells;
 }
 
 bool MarkupLimiter::takeCell(int index)
@@ -144,7 +144,7 @@ bool MarkupLimiter::takeCell(int index)
     // What a cell spans costs on its own, even where there is no such row.
     if (_columnSpan > 1 || _rowSpan > 1)
         _cells += _columnSpan * _rowSpan;
-    return _cells <= MaxCells;
+    return _cells <= maxCells;
 }
 
 /// @return false if a span cannot be told

@@ -20,18 +20,18 @@ namespace teskel
 class MarkupLimiter
 {
 public:
-    static constexpr int MaxDepth = 256;
-    static constexpr int MaxTableDepth = 4;
+    static constexpr int maxDepth = 256;
+    static constexpr int maxTableDepth = 4;
     /// Of all tables together, cells that are spanned or missing included.
-    static constexpr int MaxCells = 2000;
-    static constexpr int MaxPictures = 256;
+    static constexpr int maxCells = 2000;
+    static constexpr int maxPictures = 256;
     /// Characters of style sheets, each counted as often as it is read.
-    static constexpr int MaxStyleSheet = 65'536;
+    static constexpr int maxStyleSheet = 65'536;
     /// Characters of style sheets, each counted as often as an element, or one that it lies in, is
     /// compared with it.
-    static constexpr qint64 MaxStyleWork = 10'000'000;
+    static constexpr qint64 maxStyleWork = 10'000'000;
     /// In pixels, of what all lengths together may ask for.
-    static constexpr double MaxExtent = 4'000'000;
+    static constexpr double maxExtent = 4'000'000;
 
     /// Whether `markup` would cost more. It is read in one go, tag by tag.
     static bool isBeyondLimits(const QString& markup);

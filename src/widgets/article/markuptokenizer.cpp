@@ -7,14 +7,14 @@ namespace teskel
 namespace
 {
 /// The characters of a reference between "&" and ";".
-constexpr qsizetype LongestReference = 8;
+constexpr qsizetype longestReference = 8;
 /// The one character beyond ASCII that becomes a letter of ASCII in lower case.
-constexpr uint KelvinSign = 0x212A;
+constexpr uint kelvinSign = 0x212A;
 
 bool isMarkup(uint code)
 {
     // A code that does not exist may become anything.
-    return code < 0x80 || code == KelvinSign || code > QChar::LastValidCodePoint;
+    return code < 0x80 || code == kelvinSign || code > QChar::LastValidCodePoint;
 }
 
 /// Calls `isSought` with what stands between each "&" and the ";" that may end a reference there.
@@ -25,7 +25,7 @@ bool anyReference(QStringView word, Predicate isSought)
         const qsizetype end = word.indexOf(u';', begin);
         if (end < 0)
             return false;
-        if (end - begin - 1 <= LongestReference &&
+        if (end - begin - 1 <= longestReference &&
             isSought(word.sliced(begin + 1, end - begin - 1)))
             return true;
     }

@@ -128,7 +128,7 @@ bool isVoid(Kind kind)
 }
 
 /// Text that a character reference may reduce to one blank is no longer than this.
-constexpr qsizetype LongestReference = 12;
+constexpr qsizetype longestReference = 12;
 
 bool isPlainName(const QString& name)
 {
@@ -154,7 +154,7 @@ void MarkupTree::addText(QStringView text)
     if (!_isInText || text.isEmpty())
         return;
     const bool isBlank = std::all_of(text.begin(), text.end(), [](QChar c) { return c.isSpace(); });
-    const bool mayBeBlank = isBlank || (text.contains(u'&') && text.size() <= LongestReference);
+    const bool mayBeBlank = isBlank || (text.contains(u'&') && text.size() <= longestReference);
     if (!mayBeBlank)
         _text = Text::Present;
     else if (_text == Text::Empty)

@@ -10,14 +10,14 @@ namespace teskel
 
 namespace
 {
-constexpr double IconSize = 16;
+constexpr double iconSize = 16;
 }
 
 QSizeF PicturePlaceholder::intrinsicSize(QTextDocument*, int, const QTextFormat& format)
 {
     const QTextImageFormat picture = format.toImageFormat();
     const auto length = [&picture](QTextFormat::Property property, double asked) {
-        return picture.hasProperty(property) ? std::max(0.0, asked) : IconSize;
+        return picture.hasProperty(property) ? std::max(0.0, asked) : iconSize;
     };
     return {length(QTextFormat::ImageWidth, picture.width()),
             length(QTextFormat::ImageHeight, picture.height())};

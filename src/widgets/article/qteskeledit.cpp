@@ -16,7 +16,7 @@
 namespace
 {
 /// Below this lightness #FF0000 on the page loses its contrast.
-constexpr double DarkestPage = 0.85;
+constexpr double darkestPage = 0.85;
 
 /// The relative luminance of a colour, from 0 for black to 1 for white.
 double luminance(const QColor& colour)
@@ -141,7 +141,7 @@ void QTeskelEdit::changeEvent(QEvent* event)
 
 void QTeskelEdit::keepPageLight()
 {
-    if (luminance(palette().color(QPalette::Base)) >= DarkestPage)
+    if (luminance(palette().color(QPalette::Base)) >= darkestPage)
         return;
     QPalette page = palette();
     page.setColor(QPalette::Base, Qt::white);

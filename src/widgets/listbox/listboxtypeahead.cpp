@@ -19,7 +19,7 @@ ListBoxTypeAhead::ListBoxTypeAhead(QObject* parent)
 const QString& ListBoxTypeAhead::append(const QString& typed)
 {
     _text += typed.toLower();
-    _timer->start(KeptFor);
+    _timer->start(keptFor);
     return _text;
 }
 

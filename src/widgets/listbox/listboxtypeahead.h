@@ -16,7 +16,7 @@ class ListBoxTypeAhead : public QObject
 
 public:
     /// How long typed text is kept after the last key, in milliseconds.
-    static constexpr int KeptFor = 500;
+    static constexpr int keptFor = 500;
 
     explicit ListBoxTypeAhead(QObject* parent = nullptr);
 

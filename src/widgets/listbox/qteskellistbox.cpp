@@ -13,8 +13,8 @@
 
 namespace
 {
-constexpr auto Unit = "qteskellistbox.cpp";
-constexpr int ScrollInterval = 100;
+constexpr auto unit = "qteskellistbox.cpp";
+constexpr int scrollInterval = 100;
 } // namespace
 
 QTeskelListBox::QTeskelListBox(QWidget* parent, const char* name, Qt::WindowFlags flags)
@@ -34,7 +34,7 @@ QTeskelListBox::QTeskelListBox(QWidget* parent, const char* name, Qt::WindowFlag
     _state->visibleTimer->setSingleShot(true);
     connect(_state->visibleTimer, &QTimer::timeout, this, &QTeskelListBox::ensureCurrentVisible);
     _state->scrollTimer->setObjectName(QStringLiteral("listbox scroll timer"));
-    _state->scrollTimer->setInterval(ScrollInterval);
+    _state->scrollTimer->setInterval(scrollInterval);
     connect(_state->scrollTimer, &QTimer::timeout, this, &QTeskelListBox::doAutoScroll);
     connect(_state->typeAhead, &teskel::ListBoxTypeAhead::expired, this,
             &QTeskelListBox::clearInputString);
@@ -191,8 +191,8 @@ void QTeskelListBox::deleteItems()
         delete last;
     }
     // Both fail only when an item's destructor changes the list.
-    TESKEL_ASSERT(i == 0, "i==0", Unit);
-    TESKEL_ASSERT(_state->model.isEmpty(), "!head", Unit);
+    TESKEL_ASSERT(i == 0, "i==0", unit);
+    TESKEL_ASSERT(_state->model.isEmpty(), "!head", unit);
     _state->pointer = {};
     _state->visibleTimer->stop();
     _state->scrollTimer->stop();

@@ -11,7 +11,7 @@
 
 namespace
 {
-constexpr int HintedRows = 10;
+constexpr int hintedRows = 10;
 }
 
 QTeskelListBox::LayoutMode QTeskelListBox::columnMode() const
@@ -260,7 +260,7 @@ void QTeskelListBox::updateItem(const QTeskelListBoxItem* item)
 QSize QTeskelListBox::sizeHint() const
 {
     const int rowHeight = count() > 0 ? itemHeight() : fontMetrics().lineSpacing() + 2;
-    const int rows = qBound(1, count(), HintedRows);
+    const int rows = qBound(1, count(), hintedRows);
     const QSize bars(verticalScrollBar()->sizeHint().width(), 0);
     return QSize(qBound(fontMetrics().averageCharWidth() * 10, maxItemWidth(),
                         fontMetrics().averageCharWidth() * 40),

@@ -8,7 +8,7 @@ namespace
 {
 using Item = QTeskelListBoxItem*;
 
-constexpr int VisibleDelay = 1;
+constexpr int visibleDelay = 1;
 constexpr auto highlightedItem = qOverload<Item>(&QTeskelListBox::highlighted);
 constexpr auto highlightedText = qOverload<const QString&>(&QTeskelListBox::highlighted);
 constexpr auto highlightedIndex = qOverload<int>(&QTeskelListBox::highlighted);
@@ -46,7 +46,7 @@ void QTeskelListBox::setCurrentItem(QTeskelListBoxItem* item)
     if (_state->model.stillHolds(change.previous, removals))
         updateItem(change.previous);
     updateItem(item);
-    _state->visibleTimer->start(VisibleDelay);
+    _state->visibleTimer->start(visibleDelay);
     emitHighlighted(emission, item);
     if (emission.isAlive() && change.itemSelected)
         teskel::ListBoxAccessible::announceSelected(this, index(item));

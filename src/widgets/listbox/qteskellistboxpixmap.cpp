@@ -8,10 +8,10 @@
 
 namespace
 {
-constexpr int LeftMargin = 3;
-constexpr int TextGap = 2;
-constexpr int WidthMargins = 6;
-constexpr int HeightMargins = 2;
+constexpr int leftMargin = 3;
+constexpr int textGap = 2;
+constexpr int widthMargins = 6;
+constexpr int heightMargins = 2;
 
 QSize sizeOf(const QPixmap& pixmap)
 {
@@ -47,20 +47,20 @@ void QTeskelListBoxPixmap::paint(QPainter* painter)
     const QFontMetrics metrics = painter->fontMetrics();
     const int rowHeight = text().isEmpty()
                               ? size.height()
-                              : qMax(size.height(), metrics.lineSpacing() + HeightMargins);
-    painter->drawPixmap(LeftMargin, (rowHeight - size.height()) / 2, _pixmap);
+                              : qMax(size.height(), metrics.lineSpacing() + heightMargins);
+    painter->drawPixmap(leftMargin, (rowHeight - size.height()) / 2, _pixmap);
     if (!text().isEmpty()) {
-        painter->drawText(LeftMargin + size.width() + TextGap,
+        painter->drawText(leftMargin + size.width() + textGap,
                           (rowHeight - metrics.height()) / 2 + metrics.ascent(), text());
     }
 }
 
 int QTeskelListBoxPixmap::width(const QTeskelListBox* listBox) const
 {
-    const int width = sizeOf(_pixmap).width() + WidthMargins;
+    const int width = sizeOf(_pixmap).width() + widthMargins;
     if (text().isEmpty() || listBox == nullptr)
         return width;
-    return width + TextGap + listBox->fontMetrics().horizontalAdvance(text());
+    return width + textGap + listBox->fontMetrics().horizontalAdvance(text());
 }
 
 int QTeskelListBoxPixmap::height(const QTeskelListBox* listBox) const
@@ -68,5 +68,5 @@ int QTeskelListBoxPixmap::height(const QTeskelListBox* listBox) const
     const int height = sizeOf(_pixmap).height();
     if (text().isEmpty() || listBox == nullptr)
         return height;
-    return qMax(height, listBox->fontMetrics().lineSpacing() + HeightMargins);
+    return qMax(height, listBox->fontMetrics().lineSpacing() + heightMargins);
 }

@@ -8,9 +8,9 @@
 
 namespace
 {
-constexpr int LeftMargin = 3;
-constexpr int WidthMargins = 6;
-constexpr int HeightMargins = 2;
+constexpr int leftMargin = 3;
+constexpr int widthMargins = 6;
+constexpr int heightMargins = 2;
 } // namespace
 
 // The text is set by the base, not by the virtual setText(): this item is not complete yet.
@@ -35,15 +35,15 @@ QTeskelListBoxText::QTeskelListBoxText(QTeskelListBox* listBox, const QString& t
 void QTeskelListBoxText::paint(QPainter* painter)
 {
     const QFontMetrics metrics = painter->fontMetrics();
-    painter->drawText(LeftMargin, metrics.ascent() + metrics.leading() / 2, text());
+    painter->drawText(leftMargin, metrics.ascent() + metrics.leading() / 2, text());
 }
 
 int QTeskelListBoxText::width(const QTeskelListBox* listBox) const
 {
-    return listBox == nullptr ? 0 : listBox->fontMetrics().horizontalAdvance(text()) + WidthMargins;
+    return listBox == nullptr ? 0 : listBox->fontMetrics().horizontalAdvance(text()) + widthMargins;
 }
 
 int QTeskelListBoxText::height(const QTeskelListBox* listBox) const
 {
-    return listBox == nullptr ? 0 : listBox->fontMetrics().lineSpacing() + HeightMargins;
+    return listBox == nullptr ? 0 : listBox->fontMetrics().lineSpacing() + heightMargins;
 }

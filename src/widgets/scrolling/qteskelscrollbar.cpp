@@ -15,10 +15,10 @@
 
 namespace
 {
-constexpr int FirstRepeatDelay = 500;
-constexpr int RepeatInterval = 50;
-constexpr QStyle::SubControls Arrows = QStyle::SC_ScrollBarAddLine | QStyle::SC_ScrollBarSubLine;
-constexpr QStyle::SubControls Trough = QStyle::SC_ScrollBarAddPage | QStyle::SC_ScrollBarSubPage;
+constexpr int firstRepeatDelay = 500;
+constexpr int repeatInterval = 50;
+constexpr QStyle::SubControls arrows = QStyle::SC_ScrollBarAddLine | QStyle::SC_ScrollBarSubLine;
+constexpr QStyle::SubControls trough = QStyle::SC_ScrollBarAddPage | QStyle::SC_ScrollBarSubPage;
 
 /// The base class knows the left button in every style, the middle one only in some.
 QMouseEvent asLeftButton(const QMouseEvent& event, Qt::MouseButtons buttons)
@@ -63,7 +63,7 @@ QStyle::SubControl QTeskelScrollBar::controlAt(QPoint position) const
 /// A held trough stays held when the slider passes below the pointer; an arrow must be hit.
 bool QTeskelScrollBar::isHeldAt(QPoint position) const
 {
-    return Trough.testFlag(_pressedControl) ? rect().contains(position)
+    return trough.testFlag(_pressedControl) ? rect().contains(position)
                                             : controlAt(position) == _pressedControl;
 }
 
@@ -96,7 +96,7 @@ void QTeskelScrollBar::doAutoRepeat()
         releaseControl();
         return;
     }
-    _repeatTimer->start(RepeatInterval);
+    _repeatTimer->start(repeatInterval);
     if (_pointerInside)
         performAction();
 }
@@ -152,15 +152,15 @@ void QTeskelScrollBar::mousePressEvent(QMouseEvent* event)
     if (!self || _pressedControl != QStyle::SC_None || isSliderDown())
         return;
     const QStyle::SubControl control = controlAt(event->position().toPoint());
-    if (event->button() == Qt::MiddleButton && !Arrows.testFlag(control)) {
+    if (event->button() == Qt::MiddleButton && !arrows.testFlag(control)) {
         if (minimum() != maximum())
             startMiddleDrag(*event);
     } else if (event->button() != Qt::LeftButton) {
         event->ignore();
-    } else if ((Arrows | Trough).testFlag(control) && control != QStyle::SC_None) {
+    } else if ((arrows | trough).testFlag(control) && control != QStyle::SC_None) {
         _pressedControl = control;
         _pointerInside = true;
-        _repeatTimer->start(FirstRepeatDelay);
+        _repeatTimer->start(firstRepeatDelay);
         update();
         performAction();
     } else if (control == QStyle::SC_ScrollBarSlider) {
@@ -284,8 +284,8 @@ void QTeskelScrollBar::paintEvent(QPaintEvent* event)
     if (emptyRange) {
         // Styles grey the arrows out when there is nothing to scroll, but these still act.
         option.state |= QStyle::State_Enabled;
-        constexpr int AlmostAll = 1'000'000;
-        option.pageStep = AlmostAll;
+        constexpr int almostAll = 1'000'000;
+        option.pageStep = almostAll;
         option.minimum = option.sliderPosition = option.sliderValue = 0;
         option.maximum = 1;
     }

@@ -10,8 +10,8 @@
 
 namespace
 {
-constexpr int LineStep = 20;
-constexpr int VisibleMargin = 50;
+constexpr int usualLineStep = 20;
+constexpr int visibleMargin = 50;
 
 QTeskelScrollView::ScrollBarMode modeOf(Qt::ScrollBarPolicy policy)
 {
@@ -69,7 +69,7 @@ QTeskelScrollView::QTeskelScrollView(QWidget* parent, const char* name, Qt::Wind
     setVerticalScrollBar(_verticalBar);
     for (QTeskelScrollBar* bar : {_horizontalBar, _verticalBar}) {
         bar->setRange(0, 0);
-        bar->setLineStep(LineStep);
+        bar->setLineStep(usualLineStep);
         bar->setPageStep(1);
     }
     // The contents count from their left edge in every language.
@@ -250,7 +250,7 @@ void QTeskelScrollView::setContentsPos(int x, int y)
 
 void QTeskelScrollView::ensureVisible(int x, int y)
 {
-    ensureVisible(x, y, VisibleMargin, VisibleMargin);
+    ensureVisible(x, y, visibleMargin, visibleMargin);
 }
 
 void QTeskelScrollView::ensureVisible(int x, int y, int xmargin, int ymargin)
