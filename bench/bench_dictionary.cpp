@@ -6,8 +6,9 @@
 #include <QFileInfo>
 
 #include <array>
-#include <benchmark/benchmark.h>
 #include <memory>
+
+#include <benchmark/benchmark.h>
 
 using teskel::bench::openOrDie;
 using teskel::bench::sampleWords;

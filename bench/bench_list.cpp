@@ -11,8 +11,9 @@
 #include <QApplication>
 #include <QListWidget>
 
-#include <benchmark/benchmark.h>
 #include <memory>
+
+#include <benchmark/benchmark.h>
 
 using teskel::bench::PaintCounter;
 using teskel::bench::settle;

@@ -7,16 +7,18 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
     teskel::bench::BareWindow window;
     QStringList rows;
     for (int row = 0; row < 20; ++row)
-        rows.append(QStringLiteral("word %1").arg(row));
-    window.setView({rows, 0, QStringLiteral("<p><b>word</b></p><p>article</p>")});
+        rows.append(u"word %1"_s.arg(row));
+    window.setView({rows, 0, u"<p><b>word</b></p><p>article</p>"_s});
     std::optional<teskel::bench::FirstPaint> end;
-    if (!QApplication::arguments().contains(QStringLiteral("--stay")))
+    if (!QApplication::arguments().contains(u"--stay"_s))
         end.emplace(&window);
     window.showMaximized();
     return QApplication::exec();

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Any bytes as a member, and any bytes as the packed stream behind a good header.
+#include "dictionary/unpacking/decode.h"
 #include "fuzz/fuzzsupport.h"
 #include "fuzz/fuzztarget.h"
-
-#include "dictionary/unpacking/decode.h"
 #include "tests/support/arjmember.h"
 
 #include <cstdlib>

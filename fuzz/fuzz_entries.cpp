@@ -3,7 +3,6 @@
 // of whole files.
 #include "fuzz/fuzzsupport.h"
 #include "fuzz/fuzztarget.h"
-
 #include "tests/support/arjmember.h"
 #include "tests/support/dictionarywriter.h"
 

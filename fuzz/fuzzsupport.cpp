@@ -10,6 +10,8 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel::fuzz
 {
 
@@ -83,7 +85,7 @@ void MemoryFile::setContent(const char* data, std::size_t size) const
 
 QString MemoryFile::path() const
 {
-    return QStringLiteral("/proc/self/fd/%1").arg(_descriptor);
+    return u"/proc/self/fd/%1"_s.arg(_descriptor);
 }
 
 void exerciseDictionary(const QString& path)

@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 namespace
@@ -54,7 +56,7 @@ QByteArray fastStream()
 void decodeSeeds()
 {
     for (quint8 method = 1; method <= 3; ++method)
-        seed(qPrintable(QStringLiteral("decode/method-%1").arg(method)),
+        seed(qPrintable(u"decode/method-%1"_s.arg(method)),
              makeMember(method, blockStream(), blockText()));
     seed("decode/method-4", literalMember("Haus und Hof"));
     seed("decode/method-0-empty", makeMember(0, "", ""));

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Shows the reader without a display: teskel-snapshot LEXICON WORD PICTURE [WIDTHxHEIGHT]
+#include "app/teskelmainwindow.h"
+#include "lookup/teskelmainwidget.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QPixmap>
 #include <QTemporaryDir>
 #include <QTextStream>
 
-#include "app/teskelmainwindow.h"
-#include "lookup/teskelmainwidget.h"
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -35,7 +37,7 @@ int takePicture(const QStringList& arguments)
     }
     window.updateGUI();
     view->setComboText(arguments.at(2), true);
-    window.resize(parseSize(arguments.value(4, QStringLiteral("640x480"))));
+    window.resize(parseSize(arguments.value(4, u"640x480"_s)));
     window.show();
     QApplication::processEvents();
     if (!savePicture(window.grab(), arguments.at(3))) {

@@ -3,10 +3,11 @@
 
 #include <QFile>
 
-#include <benchmark/benchmark.h>
 #include <cstdlib>
 #include <iostream>
 #include <string_view>
+
+#include <benchmark/benchmark.h>
 
 namespace teskel::bench
 {

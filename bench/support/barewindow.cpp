@@ -6,6 +6,8 @@
 #include <QListWidget>
 #include <QTextEdit>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel::bench
 {
 
@@ -21,7 +23,7 @@ BareWindow::BareWindow()
 {
     _text->setReadOnly(true);
     for (int row = 0; row < rowCount; ++row)
-        _list->addItem(QStringLiteral("word %1").arg(row));
+        _list->addItem(u"word %1"_s.arg(row));
     auto* const central = new QWidget(this);
     auto* const panels = new QHBoxLayout;
     panels->addWidget(_list, 1);

@@ -8,7 +8,10 @@
 #include <QWidget>
 
 #include <iostream>
+
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace teskel::bench
 {
@@ -18,7 +21,7 @@ namespace
 // "rchar: N" of the process's own counters.
 QByteArray bytesRead()
 {
-    QFile file(QStringLiteral("/proc/self/io"));
+    QFile file(u"/proc/self/io"_s);
     if (!file.open(QIODevice::ReadOnly))
         return "-1";
     return file.readLine().mid(qstrlen("rchar: ")).trimmed();

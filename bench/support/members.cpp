@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "bench/support/members.h"
 
+#include "dictionary/container/qtpalmdb.h"
 #include "dictionary/unpacking/cbuffer.h"
 #include "dictionary/unpacking/cfileheader.h"
-#include "dictionary/container/qtpalmdb.h"
 
 namespace teskel::bench
 {

@@ -2,8 +2,8 @@
 #include "bench/support/readerwindow.h"
 
 #include "lookup/qdictionarylistbox.h"
-#include "widgets/qteskelcombobox.h"
 #include "widgets/article/qteskeledit.h"
+#include "widgets/qteskelcombobox.h"
 
 #include <QLineEdit>
 #include <QTemporaryDir>

@@ -1,27 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "app/teskelmainwindow.h"
 
+#include "base/oneline.h"
+#include "files/fileloader.h"
+#include "files/qteskelfileinfo.h"
+#include "files/qteskelfilemenu.h"
+#include "lookup/teskelmainwidget.h"
+#include "platform/application/qpeapplication.h"
+#include "platform/resource.h"
+#include "platform/toolbar/qpemenubar.h"
+#include "platform/toolbar/qpemenutoolfocusmanager.h"
+#include "platform/toolbar/qpetoolbar.h"
+#include "settings/aboutdialog.h"
+#include "settings/preferencesdialog.h"
+#include "widgets/buttongroupbox.h"
+#include "widgets/menubutton.h"
+#include "widgets/plainmessage.h"
+
 #include <QAction>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
 #include <QToolButton>
 
-#include "widgets/menubutton.h"
-#include "base/oneline.h"
-#include "files/fileloader.h"
-#include "files/qteskelfileinfo.h"
-#include "files/qteskelfilemenu.h"
-#include "widgets/plainmessage.h"
-#include "lookup/teskelmainwidget.h"
-#include "platform/application/qpeapplication.h"
-#include "platform/toolbar/qpemenubar.h"
-#include "platform/toolbar/qpemenutoolfocusmanager.h"
-#include "platform/toolbar/qpetoolbar.h"
-#include "platform/resource.h"
-#include "settings/aboutdialog.h"
-#include "widgets/buttongroupbox.h"
-#include "settings/preferencesdialog.h"
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -112,7 +114,7 @@ QAction* TeskelMainWindow::createMenus()
 void TeskelMainWindow::createOpenButton()
 {
     auto* button = new teskel::MenuButton(_toolBar);
-    button->setIcon(Resource::loadIcon(QStringLiteral("teskel-open")));
+    button->setIcon(Resource::loadIcon(u"teskel-open"_s));
     button->setToolTip(tr("Select a dictionary"));
     button->setAccessibleName(button->toolTip());
     button->setIconSize(_toolBar->iconSize());
@@ -129,8 +131,7 @@ void TeskelMainWindow::createViewCommands()
     _toolBar->addAction(
         addCommand(tr("Cross lookup"), "teskel-crosslookup", &TeskelMainWindow::crossLookup));
 
-    auto* toggle = new QAction(Resource::loadIcon(QStringLiteral("teskel-toggleview")),
-                               tr("Toggle View"), this);
+    auto* toggle = new QAction(Resource::loadIcon(u"teskel-toggleview"_s), tr("Toggle View"), this);
     connect(toggle, &QAction::toggled, this, &TeskelMainWindow::toggleView);
     _toolBar->addAction(toggle);
     toggle->setCheckable(true);

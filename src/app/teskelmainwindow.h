@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QMainWindow>
-
 #include "settings/preferences.h"
+
+#include <QMainWindow>
 
 class QAction;
 class QPEToolBar;

@@ -2,8 +2,8 @@
 #include "dictionary/qtdictionary.h"
 
 #include "base/assertion.h"
-#include "dictionary/latin1fold.h"
 #include "dictionary/container/qtpalmdb.h"
+#include "dictionary/latin1fold.h"
 
 #include <QFileInfo>
 

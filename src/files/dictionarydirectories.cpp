@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QtGlobal>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -13,11 +15,11 @@ QList<DictionaryDirectory> dictionaryDirectories(bool removableOnly)
 {
     QList<DictionaryDirectory> directories;
     if (!removableOnly)
-        directories.append({qEnvironmentVariable("QPEDIR") + QStringLiteral("/teskel"), false});
+        directories.append({qEnvironmentVariable("QPEDIR") + u"/teskel"_s, false});
     const StorageInfo storage(nullptr);
     for (const FileSystem& fileSystem : storage.fileSystems()) {
         if (fileSystem.isRemovable())
-            directories.append({fileSystem.path() + QStringLiteral("/QtPalmtop/teskel"), true});
+            directories.append({fileSystem.path() + u"/QtPalmtop/teskel"_s, true});
     }
     return directories;
 }
@@ -30,7 +32,7 @@ QFileInfoList dictionaryEntries(const QString& directory)
                        QDir::Dirs | QDir::Files | QDir::Drives);
     if (!listing.exists())
         return {};
-    return listing.entryInfoList({QStringLiteral("*.PDB")});
+    return listing.entryInfoList({u"*.PDB"_s});
 }
 
 } // namespace teskel

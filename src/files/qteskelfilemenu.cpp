@@ -9,6 +9,8 @@
 #include <QAction>
 #include <QIcon>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -16,7 +18,7 @@ namespace
 /// column.
 QString menuText(const QString& name)
 {
-    return teskel::oneLine(name).replace(u'&', QStringLiteral("&&"));
+    return teskel::oneLine(name).replace(u'&', u"&&"_s);
 }
 
 } // namespace
@@ -25,8 +27,8 @@ QTeskelFileMenu::QTeskelFileMenu(QWidget* parent, const char* name)
     : QMenu(parent)
 {
     setObjectName(QString::fromUtf8(name));
-    const QIcon card = Resource::loadIcon(QStringLiteral("teskel-floppy"));
-    const QIcon internal = Resource::loadIcon(QStringLiteral("teskel-hard"));
+    const QIcon card = Resource::loadIcon(u"teskel-floppy"_s);
+    const QIcon internal = Resource::loadIcon(u"teskel-hard"_s);
     const QList<QTeskelFileInfo> files = FileLoader().getFileList(false);
     int id = 0;
     for (const QTeskelFileInfo& file : files) {

@@ -5,14 +5,16 @@
 #include "files/qteskelfileselectorview.h"
 #include "files/qteskelselectormenu.h"
 #include "platform/application/qpeapplication.h"
+#include "platform/resource.h"
 #include "platform/toolbar/qpemenubar.h"
 #include "platform/toolbar/qpemenutoolfocusmanager.h"
-#include "platform/resource.h"
 
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
 
 QTeskelFileSelector::QTeskelFileSelector(QWidget* parent, const char* name)
     : QWidget(parent)
@@ -55,7 +57,7 @@ QWidget* QTeskelFileSelector::createTopRow()
     rowLayout->addWidget(menuHolder, 1);
 
     _closeButton = new QToolButton(row);
-    _closeButton->setIcon(Resource::loadIcon(QStringLiteral("close")));
+    _closeButton->setIcon(Resource::loadIcon(u"close"_s));
     _closeButton->setFixedSize(18, 20);
     _closeButton->setAutoRaise(true);
     _closeButton->setToolTip(tr("Close the Dictionary Selector"));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "files/reversename.h"
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -14,8 +16,7 @@ struct SplitName {
 
 SplitName splitEdition(const QString& name)
 {
-    for (const QString& edition :
-         {QStringLiteral("Gold"), QStringLiteral("Pro"), QStringLiteral("_")}) {
+    for (const QString& edition : {u"Gold"_s, u"Pro"_s, u"_"_s}) {
         if (name.endsWith(edition))
             return {name.left(name.indexOf(edition)), edition};
     }

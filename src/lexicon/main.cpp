@@ -2,10 +2,10 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 
-#include <CLI/CLI.hpp>
-
 #include <iostream>
 #include <limits>
+
+#include <CLI/CLI.hpp>
 
 namespace
 {

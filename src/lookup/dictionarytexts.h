@@ -4,6 +4,7 @@
 #include "dictionary/cursorposition.h"
 
 #include <QString>
+
 #include <optional>
 
 class Dictionary;

@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QResizeEvent>
+
 #include <memory>
 
 namespace

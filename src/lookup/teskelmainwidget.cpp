@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+
 #include <cstring>
 #include <memory>
 #include <utility>

@@ -12,6 +12,8 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -74,9 +76,9 @@ QString makeLasting(const QFileDevice& file)
 QString replaceFile(const QString& path, const QByteArray& text)
 {
     if (text.size() > largestFile)
-        return QStringLiteral("they would be too large to be read again");
+        return u"they would be too large to be read again"_s;
     if (!makeDirectory(QFileInfo(path).absolutePath()))
-        return QStringLiteral("the directory cannot be made");
+        return u"the directory cannot be made"_s;
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, text))
         return file.errorString();
@@ -201,8 +203,8 @@ bool Config::write()
     if (!_changed)
         return true;
 
-    const QString reason = _replaceable ? replaceFile(_fileName, _text.toUtf8())
-                                        : QStringLiteral("what is there cannot be read");
+    const QString reason =
+        _replaceable ? replaceFile(_fileName, _text.toUtf8()) : u"what is there cannot be read"_s;
     if (reason.isEmpty()) {
         _changed = false;
         complainedAbout().remove(_fileName);

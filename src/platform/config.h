@@ -4,6 +4,7 @@
 #include "platform/configtext.h"
 
 #include <QString>
+
 #include <optional>
 
 /// One settings file, read when constructed and written back when destroyed if it was changed.

@@ -6,6 +6,8 @@
 #include <QImageReader>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 // A linker drops the pictures of a static library unless something asks for them.
 static void registerPictures()
 {
@@ -56,6 +58,6 @@ QIcon Resource::loadIcon(const QString& name)
     QIcon icon;
     // With its size given, a picture is read when it is painted and not before.
     for (const int size : {16, 20, 24, 32, 40, 48})
-        icon.addFile(compiledIn(QStringLiteral("%1-%2").arg(name).arg(size)), QSize(size, size));
+        icon.addFile(compiledIn(u"%1-%2"_s.arg(name).arg(size)), QSize(size, size));
     return icon;
 }

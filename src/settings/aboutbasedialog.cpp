@@ -2,8 +2,8 @@
 #include "settings/aboutbasedialog.h"
 
 #include "settings/aboutpicture.h"
-#include "widgets/dialogpage.h"
 #include "settings/product.h"
+#include "widgets/dialogpage.h"
 
 #include <QEvent>
 #include <QFrame>
@@ -12,6 +12,8 @@
 #include <QPixmap>
 #include <QScrollArea>
 #include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -48,7 +50,7 @@ AboutBaseDialog::AboutBaseDialog(QWidget* parent, const char* name, bool modal,
                                  Qt::WindowFlags flags)
     : QDialog(parent, flags)
 {
-    setObjectName(name != nullptr ? QString::fromUtf8(name) : QStringLiteral("AboutBaseDialog"));
+    setObjectName(name != nullptr ? QString::fromUtf8(name) : u"AboutBaseDialog"_s);
     setModal(modal);
     setWindowTitle(tr("About"));
 
@@ -63,24 +65,21 @@ void AboutBaseDialog::createControls(QWidget* content)
 {
     const QPixmap picture(teskel::aboutPicture);
     _picture = new QLabel(content);
-    _picture->setObjectName(QStringLiteral("PixmapLabel1"));
+    _picture->setObjectName(u"PixmapLabel1"_s);
     _picture->setPixmap(picture);
     _picture->setScaledContents(true);
     _picture->setFixedSize(picture.size());
     _picture->setAccessibleName(tr("Picture of a dictionary"));
-    _web =
-        createAddress(content, QStringLiteral("TextLabel3"), QString::fromUtf8(teskel::webAddress));
-    _description = createText(content, QStringLiteral("TextLabel2"),
+    _web = createAddress(content, u"TextLabel3"_s, QString::fromUtf8(teskel::webAddress));
+    _description = createText(content, u"TextLabel2"_s,
                               tr("A reader for bilingual dictionaries that works offline.\n"
                                  "For Linux on handhelds and desktops, with X11, Wayland or a "
                                  "plain framebuffer."));
-    _upperLine = createLine(content, QStringLiteral("Line1"));
-    _copyright = createText(content, QStringLiteral("TextLabel5"),
-                            tr("Copyright (C) 2026 the Teskel authors"));
-    _lowerLine = createLine(content, QStringLiteral("Line1_2"));
-    _support = createAddress(content, QStringLiteral("TextLabel4"),
-                             QString::fromUtf8(teskel::supportAddress));
-    _title = createText(content, QStringLiteral("TextLabel1"),
+    _upperLine = createLine(content, u"Line1"_s);
+    _copyright = createText(content, u"TextLabel5"_s, tr("Copyright (C) 2026 the Teskel authors"));
+    _lowerLine = createLine(content, u"Line1_2"_s);
+    _support = createAddress(content, u"TextLabel4"_s, QString::fromUtf8(teskel::supportAddress));
+    _title = createText(content, u"TextLabel1"_s,
                         tr("Teskel %1").arg(QString::fromUtf8(teskel::productVersion)));
 }
 

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -15,31 +17,31 @@ constexpr int globalFontSize = 12;
 
 QString configName()
 {
-    return QStringLiteral("Teskel");
+    return u"Teskel"_s;
 }
 QString viewGroup()
 {
-    return QStringLiteral("ViewPreferences");
+    return u"ViewPreferences"_s;
 }
 QString mruGroup()
 {
-    return QStringLiteral("MRU List");
+    return u"MRU List"_s;
 }
 QString fontSizeKey()
 {
-    return QStringLiteral("FontSize");
+    return u"FontSize"_s;
 }
 QString fontNameKey()
 {
-    return QStringLiteral("FontName");
+    return u"FontName"_s;
 }
 QString globalFontName()
 {
-    return QStringLiteral("helvetica");
+    return u"helvetica"_s;
 }
 QString mruKey(qsizetype number)
 {
-    return QStringLiteral("List%1").arg(number);
+    return u"List%1"_s.arg(number);
 }
 
 /// The word as an 8-bit string, which ends where the first character has no byte of its own.
@@ -87,17 +89,16 @@ void PreferencesData::load()
 {
     Config config(configName(), Config::User);
     config.setGroup(viewGroup());
-    _layout = static_cast<PanelViewLayout>(config.readNumEntry(QStringLiteral("PanelView"), 1));
-    _userHandType =
-        static_cast<UserHandType>(config.readNumEntry(QStringLiteral("UserHandType"), 0));
+    _layout = static_cast<PanelViewLayout>(config.readNumEntry(u"PanelView"_s, 1));
+    _userHandType = static_cast<UserHandType>(config.readNumEntry(u"UserHandType"_s, 0));
     const int size = config.readNumEntry(fontSizeKey(), globalFontSize);
     const QString family = config.readEntry(fontNameKey(), globalFontName());
-    _viewType = static_cast<ViewType>(config.readNumEntry(QStringLiteral("ViewType"), 1));
-    _findType = static_cast<FindType>(config.readNumEntry(QStringLiteral("FindType"), 0));
+    _viewType = static_cast<ViewType>(config.readNumEntry(u"ViewType"_s, 1));
+    _findType = static_cast<FindType>(config.readNumEntry(u"FindType"_s, 0));
     applyFont(_font, size, family);
-    _lastOpenFile = config.readEntry(QStringLiteral("LastOpenFile"));
-    _comboPosition = static_cast<Position>(config.readNumEntry(QStringLiteral("ComboPosition"), 0));
-    _menuPosition = static_cast<Position>(config.readNumEntry(QStringLiteral("MenuPosition"), 0));
+    _lastOpenFile = config.readEntry(u"LastOpenFile"_s);
+    _comboPosition = static_cast<Position>(config.readNumEntry(u"ComboPosition"_s, 0));
+    _menuPosition = static_cast<Position>(config.readNumEntry(u"MenuPosition"_s, 0));
 
     _mruList.clear();
     config.setGroup(mruGroup());
@@ -112,14 +113,14 @@ void PreferencesData::save()
 {
     Config config(configName(), Config::User);
     config.setGroup(viewGroup());
-    config.writeEntry(QStringLiteral("PanelView"), static_cast<int>(_layout));
-    config.writeEntry(QStringLiteral("UserHandType"), static_cast<int>(_userHandType));
+    config.writeEntry(u"PanelView"_s, static_cast<int>(_layout));
+    config.writeEntry(u"UserHandType"_s, static_cast<int>(_userHandType));
     writeFont(config, _font);
-    config.writeEntry(QStringLiteral("ViewType"), static_cast<int>(_viewType));
-    config.writeEntry(QStringLiteral("FindType"), static_cast<int>(_findType));
-    config.writeEntry(QStringLiteral("LastOpenFile"), _lastOpenFile);
-    config.writeEntry(QStringLiteral("ComboPosition"), static_cast<int>(_comboPosition));
-    config.writeEntry(QStringLiteral("MenuPosition"), static_cast<int>(_menuPosition));
+    config.writeEntry(u"ViewType"_s, static_cast<int>(_viewType));
+    config.writeEntry(u"FindType"_s, static_cast<int>(_findType));
+    config.writeEntry(u"LastOpenFile"_s, _lastOpenFile);
+    config.writeEntry(u"ComboPosition"_s, static_cast<int>(_comboPosition));
+    config.writeEntry(u"MenuPosition"_s, static_cast<int>(_menuPosition));
 
     config.setGroup(mruGroup());
     for (qsizetype number = 0; number < _mruList.size(); ++number)

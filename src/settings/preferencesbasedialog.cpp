@@ -15,6 +15,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -67,12 +69,12 @@ PreferencesBaseDialog::PreferencesBaseDialog(QWidget* parent, const char* name, 
                                              Qt::WindowFlags flags)
     : QDialog(parent, flags)
 {
-    setObjectName(name != nullptr ? QString::fromUtf8(name) : QStringLiteral("PreferencesBase"));
+    setObjectName(name != nullptr ? QString::fromUtf8(name) : u"PreferencesBase"_s);
     setModal(modal);
     setWindowTitle(tr("Preferences"));
 
     _tabs = new QTabWidget(this);
-    _tabs->setObjectName(QStringLiteral("TabWidget3"));
+    _tabs->setObjectName(u"TabWidget3"_s);
     _tabs->addTab(createCommonPage(), tr("Common"));
     _tabs->addTab(createFontPage(), tr("Font"));
     teskel::fillDialog(this, _tabs);
@@ -82,20 +84,18 @@ PreferencesBaseDialog::PreferencesBaseDialog(QWidget* parent, const char* name, 
 QWidget* PreferencesBaseDialog::createCommonPage()
 {
     auto* page = new QWidget(_tabs);
-    page->setObjectName(QStringLiteral("tab"));
+    page->setObjectName(u"tab"_s);
     auto* content = new QWidget(page);
-    _panelCombo = createGroup(content, QStringLiteral("panelCombo"), tr("Word Field Position"),
-                              {{QStringLiteral("RadioButton9"), tr("Top")},
-                               {QStringLiteral("RadioButton10"), tr("Bottom")}});
-    _panelHanded = createGroup(content, QStringLiteral("panelHanded"), tr("Accessibillity"),
-                               {{QStringLiteral("rbLeftHanded"), tr("Left handed user")},
-                                {QStringLiteral("rbRightHanded"), tr("Right handed user")}});
-    _panelView = createGroup(content, QStringLiteral("panelView"), tr("Panel View"),
-                             {{QStringLiteral("rbHorizontal"), tr("Horizontal")},
-                              {QStringLiteral("rbVertical"), tr("Vertical")}});
-    _panelMenu = createGroup(
-        content, QStringLiteral("panelMenu"), tr("Menu Position"),
-        {{QStringLiteral("rbMenuBottom"), tr("Top")}, {QStringLiteral("rbMenuTop"), tr("Bottom")}});
+    _panelCombo = createGroup(content, u"panelCombo"_s, tr("Word Field Position"),
+                              {{u"RadioButton9"_s, tr("Top")}, {u"RadioButton10"_s, tr("Bottom")}});
+    _panelHanded = createGroup(content, u"panelHanded"_s, tr("Accessibillity"),
+                               {{u"rbLeftHanded"_s, tr("Left handed user")},
+                                {u"rbRightHanded"_s, tr("Right handed user")}});
+    _panelView =
+        createGroup(content, u"panelView"_s, tr("Panel View"),
+                    {{u"rbHorizontal"_s, tr("Horizontal")}, {u"rbVertical"_s, tr("Vertical")}});
+    _panelMenu = createGroup(content, u"panelMenu"_s, tr("Menu Position"),
+                             {{u"rbMenuBottom"_s, tr("Top")}, {u"rbMenuTop"_s, tr("Bottom")}});
     auto* groups = new QVBoxLayout(content);
     groups->setContentsMargins(pageMargins);
     groups->setSpacing(groupGap);
@@ -115,20 +115,20 @@ QWidget* PreferencesBaseDialog::createCommonPage()
 QWidget* PreferencesBaseDialog::createFontPage()
 {
     auto* page = new QWidget(_tabs);
-    page->setObjectName(QStringLiteral("tab_2"));
+    page->setObjectName(u"tab_2"_s);
     auto* label = new QLabel(tr("Font Name"), page);
-    label->setObjectName(QStringLiteral("TextLabel1_2"));
+    label->setObjectName(u"TextLabel1_2"_s);
     _listboxFonts = new teskel::ChoiceList(page);
-    _listboxFonts->setObjectName(QStringLiteral("listboxFonts"));
+    _listboxFonts->setObjectName(u"listboxFonts"_s);
     _listboxFonts->setAccessibleName(label->text());
     _listboxFonts->setUniformItemSizes(true);
     label->setBuddy(_listboxFonts);
 
-    _groupFont = new teskel::ButtonGroupBox(tr("Font Size"), QStringLiteral("groupFont"), page);
+    _groupFont = new teskel::ButtonGroupBox(tr("Font Size"), u"groupFont"_s, page);
     const QString caption = tr("A");
-    _btnNormal = createSizeButton(_groupFont, QStringLiteral("btnNormal"), caption, tr("Normal"));
-    _btnSmall = createSizeButton(_groupFont, QStringLiteral("btnSmall"), caption, tr("Small"));
-    _btnLarge = createSizeButton(_groupFont, QStringLiteral("btnLarge"), caption, tr("Large"));
+    _btnNormal = createSizeButton(_groupFont, u"btnNormal"_s, caption, tr("Normal"));
+    _btnSmall = createSizeButton(_groupFont, u"btnSmall"_s, caption, tr("Small"));
+    _btnLarge = createSizeButton(_groupFont, u"btnLarge"_s, caption, tr("Large"));
     auto* sizes = new QHBoxLayout(_groupFont);
     sizes->setContentsMargins(groupMargins);
     for (QPushButton* button : {_btnSmall, _btnNormal, _btnLarge}) {
@@ -151,7 +151,7 @@ QWidget* PreferencesBaseDialog::createFontPage()
 
 void PreferencesBaseDialog::applySampleFonts()
 {
-    const QString family = QStringLiteral("adobe-helvetica");
+    const QString family = u"adobe-helvetica"_s;
     _btnNormal->setFont(QFont(family, 14));
     _btnLarge->setFont(QFont(family, 18));
 }

@@ -11,33 +11,34 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 WordEditorBaseDialog::WordEditorBaseDialog(QWidget* parent, const char* name, bool modal,
                                            Qt::WindowFlags flags)
     : QDialog(parent, flags)
 {
-    setObjectName(name != nullptr ? QString::fromUtf8(name)
-                                  : QStringLiteral("WordEditorBaseDialog"));
+    setObjectName(name != nullptr ? QString::fromUtf8(name) : u"WordEditorBaseDialog"_s);
     setModal(modal);
     setWindowTitle(tr("Word Editor"));
 
     auto* form = new QWidget(this);
     auto* wordLabel = new QLabel(tr("Word"), form);
-    wordLabel->setObjectName(QStringLiteral("TextLabel1"));
+    wordLabel->setObjectName(u"TextLabel1"_s);
     auto* descriptionLabel = new QLabel(tr("Description"), form);
-    descriptionLabel->setObjectName(QStringLiteral("TextLabel2"));
+    descriptionLabel->setObjectName(u"TextLabel2"_s);
     _editWord = new QLineEdit(form);
-    _editWord->setObjectName(QStringLiteral("editWord"));
+    _editWord->setObjectName(u"editWord"_s);
     _editWord->setAccessibleName(wordLabel->text());
     _btnClear = new QToolButton(form);
-    _btnClear->setObjectName(QStringLiteral("btnClear"));
+    _btnClear->setObjectName(u"btnClear"_s);
     _btnClear->setText(tr("..."));
     _btnClear->setFocusPolicy(Qt::TabFocus);
     _editDescription = new QPlainTextEdit(form);
-    _editDescription->setObjectName(QStringLiteral("editDescription"));
+    _editDescription->setObjectName(u"editDescription"_s);
     _editDescription->setAccessibleName(descriptionLabel->text());
     _editDescription->setTabChangesFocus(true);
     _btnDelete = new QPushButton(tr("&Delete"), form);
-    _btnDelete->setObjectName(QStringLiteral("btnDelete"));
+    _btnDelete->setObjectName(u"btnDelete"_s);
     _btnDelete->setAutoDefault(false);
     wordLabel->setBuddy(_editWord);
     descriptionLabel->setBuddy(_editDescription);

@@ -7,11 +7,13 @@
 #include <QLineEdit>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 WordEditorDialog::WordEditorDialog(QWidget* parent, const char* name, bool modal,
                                    Qt::WindowFlags flags)
     : WordEditorBaseDialog(parent, name, modal, flags)
 {
-    _btnClear->setIcon(Resource::loadIcon(QStringLiteral("teskel-clear")));
+    _btnClear->setIcon(Resource::loadIcon(u"teskel-clear"_s));
     connect(_btnClear, &QToolButton::clicked, this, &WordEditorDialog::clearWord);
     _btnClear->setToolTip(tr("Clear current word"));
     _btnClear->setAccessibleName(_btnClear->toolTip());

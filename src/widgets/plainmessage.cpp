@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QScreen>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -18,7 +20,7 @@ void useScreenWidth(QMessageBox* box)
 {
     constexpr int widest = 480;
     constexpr int frame = 8;
-    auto* const label = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    auto* const label = box->findChild<QLabel*>(u"qt_msgbox_label"_s);
     if (label == nullptr || box->layout() == nullptr)
         return;
     const int room = qMin(box->screen()->availableGeometry().width(), widest);

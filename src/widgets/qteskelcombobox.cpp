@@ -132,9 +132,9 @@ void QTeskelComboBox::enterPressed()
     }
     const int chosen = qMax(known, 0);
     const QPointer<QTeskelComboBox> self(this);
-    Q_EMIT activated(chosen);
+    emit activated(chosen);
     if (self)
-        Q_EMIT textActivated(text);
+        emit textActivated(text);
 }
 
 bool QTeskelComboBox::redirect(QKeyEvent* event)

@@ -27,11 +27,11 @@ public:
     /// selection stay as they are, and nothing is emitted.
     void insertHistoryItem(const QString& text);
 
-Q_SIGNALS:
+signals:
     /// The text in the entry changed, by typing or by the program.
     void textChanged(const QString& text);
 
-public Q_SLOTS:
+public slots:
     /// Forgets the redirector.
     void redirectorDestroyed();
 

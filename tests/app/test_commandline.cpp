@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class TestCommandLine : public QObject
 {
     Q_OBJECT
@@ -16,26 +18,25 @@ void TestCommandLine::exactlyTwoArgumentsNameAFile_data()
 {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<bool>("namesFile");
-    const QString f = QStringLiteral("-f");
-    const QString path = QStringLiteral("/a/Eng2Ger.PDB");
+    const QString f = u"-f"_s;
+    const QString path = u"/a/Eng2Ger.PDB"_s;
     QTest::newRow("-f and a path") << QStringList{f, path} << true;
     QTest::newRow("none") << QStringList{} << false;
     QTest::newRow("a single argument") << QStringList{path} << false;
     QTest::newRow("-f alone") << QStringList{f} << false;
     QTest::newRow("three") << QStringList{f, path, path} << false;
     QTest::newRow("other order") << QStringList{path, f} << false;
-    QTest::newRow("other option") << QStringList{QStringLiteral("-F"), path} << false;
+    QTest::newRow("other option") << QStringList{u"-F"_s, path} << false;
 }
 
 void TestCommandLine::exactlyTwoArgumentsNameAFile()
 {
     QFETCH(QStringList, arguments);
     QFETCH(bool, namesFile);
-    const auto file =
-        teskel::fileFromCommandLine(QStringList{QStringLiteral("teskel")} + arguments);
+    const auto file = teskel::fileFromCommandLine(QStringList{u"teskel"_s} + arguments);
     QCOMPARE(file.has_value(), namesFile);
     if (namesFile)
-        QCOMPARE(*file, QStringLiteral("/a/Eng2Ger.PDB"));
+        QCOMPARE(*file, u"/a/Eng2Ger.PDB"_s);
 }
 
 QTEST_APPLESS_MAIN(TestCommandLine)

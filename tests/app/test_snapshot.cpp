@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using teskel::test::DictionaryWriter;
 
 /// The program that takes pictures of the reader, seen from outside.
@@ -28,21 +30,19 @@ private:
 
 void TestSnapshot::initTestCase()
 {
-    QVERIFY(DictionaryWriter()
-                .addRecord({{"house", "Haus"}})
-                .write(_directory.filePath(QStringLiteral("a.PDB"))));
+    QVERIFY(
+        DictionaryWriter().addRecord({{"house", "Haus"}}).write(_directory.filePath(u"a.PDB"_s)));
 }
 
 int TestSnapshot::run(const QString& script, QByteArray& errors) const
 {
     // Pictures are as large as asked for on a screen of plain density alone.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove(QStringLiteral("QT_SCALE_FACTOR"));
+    environment.remove(u"QT_SCALE_FACTOR"_s);
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(_directory.path());
-    process.start(QStringLiteral("sh"),
-                  {QStringLiteral("-c"), script.arg(QStringLiteral(TESKEL_SNAPSHOT))});
+    process.start(u"sh"_s, {u"-c"_s, script.arg(QStringLiteral(TESKEL_SNAPSHOT))});
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
         return -1;
     errors = process.readAllStandardError();
@@ -52,8 +52,8 @@ int TestSnapshot::run(const QString& script, QByteArray& errors) const
 void TestSnapshot::savesAPictureOfTheSizeAskedFor()
 {
     QByteArray errors;
-    QCOMPARE(run(QStringLiteral("%1 a.PDB house picture.png 240x320"), errors), 0);
-    QCOMPARE(QImage(_directory.filePath(QStringLiteral("picture.png"))).size(), QSize(240, 320));
+    QCOMPARE(run(u"%1 a.PDB house picture.png 240x320"_s, errors), 0);
+    QCOMPARE(QImage(_directory.filePath(u"picture.png"_s)).size(), QSize(240, 320));
 }
 
 void TestSnapshot::fullDiskIsAnError_data()
@@ -61,13 +61,13 @@ void TestSnapshot::fullDiskIsAnError_data()
     QTest::addColumn<QString>("script");
     QTest::addColumn<QByteArray>("complaint");
     QTest::newRow("picture less than a buffer")
-        << QStringLiteral("exec %1 a.PDB house /dev/full 80x80")
+        << u"exec %1 a.PDB house /dev/full 80x80"_s
         << QByteArray("/dev/full: the picture cannot be written\n");
     QTest::newRow("picture of several buffers")
-        << QStringLiteral("trap '' XFSZ; ulimit -f 64; exec %1 a.PDB house full.png 4000x4000")
+        << u"trap '' XFSZ; ulimit -f 64; exec %1 a.PDB house full.png 4000x4000"_s
         << QByteArray("full.png: the picture cannot be written\n");
     QTest::newRow("standard output")
-        << QStringLiteral("exec %1 a.PDB house picture.png >/dev/full") << QByteArray();
+        << u"exec %1 a.PDB house picture.png >/dev/full"_s << QByteArray();
 }
 
 void TestSnapshot::fullDiskIsAnError()

@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "app/teskelmainwindow.h"
-
 #include "files/qteskelfilemenu.h"
 #include "lookup/teskelmainwidget.h"
 #include "platform/config.h"
-#include "platform/toolbar/qpetoolbar.h"
 #include "platform/resource.h"
 #include "platform/storage/storageinfo.h"
-#include "widgets/buttongroupbox.h"
+#include "platform/toolbar/qpetoolbar.h"
 #include "settings/preferencesdialog.h"
 #include "tests/support/dictionarywriter.h"
 #include "tests/support/warningcapture.h"
-#include "widgets/qteskelcombobox.h"
 #include "widgets/article/qteskeledit.h"
+#include "widgets/buttongroupbox.h"
+#include "widgets/qteskelcombobox.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -35,6 +34,8 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 using teskel::test::DictionaryWriter;
 
@@ -86,7 +87,7 @@ public:
     [[nodiscard]] QString translate(const char* /*context*/, const char* text,
                                     const char* /*disambiguation*/, int /*n*/) const override
     {
-        return QStringLiteral("\u00E4 ") + QString::fromUtf8(text);
+        return u"\u00E4 "_s + QString::fromUtf8(text);
     }
 };
 
@@ -194,18 +195,18 @@ private:
 void TestTeskelMainWindow::init()
 {
     QTest::failOnWarning(
-        QRegularExpression(QStringLiteral("^(?!This plugin does not support|Cannot open file )")));
+        QRegularExpression(u"^(?!This plugin does not support|Cannot open file )"_s));
     _home = std::make_unique<QTemporaryDir>();
     QVERIFY(_home->isValid());
     // No card of the machine that runs the test.
     StorageRoots none;
-    none.mountInfo = _home->filePath(QStringLiteral("mountinfo"));
-    none.sysfs = _home->filePath(QStringLiteral("sys"));
+    none.mountInfo = _home->filePath(u"mountinfo"_s);
+    none.sysfs = _home->filePath(u"sys"_s);
     StorageInfo::setRoots(none);
-    QVERIFY(QDir(_home->path()).mkpath(QStringLiteral("teskel")));
+    QVERIFY(QDir(_home->path()).mkpath(u"teskel"_s));
     qputenv("QPEDIR", QFile::encodeName(_home->path()));
     qputenv("HOME", QFile::encodeName(_home->path()));
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(_home->filePath(QStringLiteral("config"))));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(_home->filePath(u"config"_s)));
 }
 
 void TestTeskelMainWindow::cleanup()
@@ -218,7 +219,7 @@ void TestTeskelMainWindow::cleanup()
 QString TestTeskelMainWindow::install(const QString& name,
                                       const QList<teskel::test::Entry>& entries)
 {
-    const QString path = _home->filePath(QStringLiteral("teskel/") + name);
+    const QString path = _home->filePath(u"teskel/"_s + name);
     DictionaryWriter writer;
     writer.addEntries(entries, 4);
     return writer.write(path) ? path : QString();
@@ -226,14 +227,12 @@ QString TestTeskelMainWindow::install(const QString& name,
 
 QString TestTeskelMainWindow::installEnglish()
 {
-    return install(QStringLiteral("Eng2Ger.PDB"),
-                   {{"ant", "Ameise"}, {"house", "1. Haus"}, {"tree", "Baum"}});
+    return install(u"Eng2Ger.PDB"_s, {{"ant", "Ameise"}, {"house", "1. Haus"}, {"tree", "Baum"}});
 }
 
 QString TestTeskelMainWindow::installGerman()
 {
-    return install(QStringLiteral("Ger2Eng.PDB"),
-                   {{"Ameise", "ant"}, {"Baum", "tree"}, {"Haus", "house"}});
+    return install(u"Ger2Eng.PDB"_s, {{"Ameise", "ant"}, {"Baum", "tree"}, {"Haus", "house"}});
 }
 
 QAction* TestTeskelMainWindow::action(const TeskelMainWindow& window, const QString& text)
@@ -260,7 +259,7 @@ void TestTeskelMainWindow::startsWithoutSettingsAndDictionaries()
     window.showMaximized();
     window.tryOpen();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Teskel"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Teskel"_s);
     QCOMPARE(visitor.visits(), 0);
     QCOMPARE(window.toolBarArea(window.findChild<QPEToolBar*>()), Qt::TopToolBarArea);
 }
@@ -272,20 +271,20 @@ void TestTeskelMainWindow::hasItsSlotsInOrder()
     QStringList slots_;
     for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
         slots_.append(QString::fromLatin1(meta.method(i).methodSignature()));
-    const QStringList expected{QStringLiteral("openFile(QString)"),
-                               QStringLiteral("setCaption(QString)"),
-                               QStringLiteral("lexiconAddEditWord()"),
-                               QStringLiteral("lexiconRandomWord()"),
-                               QStringLiteral("lexiconDeleteCurrent()"),
-                               QStringLiteral("editCopy()"),
-                               QStringLiteral("editCopyTranslation()"),
-                               QStringLiteral("editPaste()"),
-                               QStringLiteral("optionsPreferences()"),
-                               QStringLiteral("optionsAbout()"),
-                               QStringLiteral("toggleView(bool)"),
-                               QStringLiteral("setDocument(QString)"),
-                               QStringLiteral("fileSelected(QTeskelFileInfo)"),
-                               QStringLiteral("crossLookup()")};
+    const QStringList expected{u"openFile(QString)"_s,
+                               u"setCaption(QString)"_s,
+                               u"lexiconAddEditWord()"_s,
+                               u"lexiconRandomWord()"_s,
+                               u"lexiconDeleteCurrent()"_s,
+                               u"editCopy()"_s,
+                               u"editCopyTranslation()"_s,
+                               u"editPaste()"_s,
+                               u"optionsPreferences()"_s,
+                               u"optionsAbout()"_s,
+                               u"toggleView(bool)"_s,
+                               u"setDocument(QString)"_s,
+                               u"fileSelected(QTeskelFileInfo)"_s,
+                               u"crossLookup()"_s};
     QCOMPARE(slots_, expected);
 }
 
@@ -298,16 +297,14 @@ void TestTeskelMainWindow::showsToolBarLeftToRight()
     for (QAction* entry : actions) {
         const QWidget* widget = bar->widgetForAction(entry);
         if (qobject_cast<const QMenuBar*>(widget))
-            names.append(QStringLiteral("menus"));
+            names.append(u"menus"_s);
         else
             names.append(widget->toolTip());
         const auto* button = qobject_cast<const QToolButton*>(widget);
         QVERIFY(!button || !button->icon().isNull());
     }
-    QCOMPARE(names,
-             (QStringList{QStringLiteral("menus"), QStringLiteral("Add/Edit Word"),
-                          QStringLiteral("Select a dictionary"), QStringLiteral("Cross lookup"),
-                          QStringLiteral("Toggle View"), QStringLiteral("Preferences ...")}));
+    QCOMPARE(names, (QStringList{u"menus"_s, u"Add/Edit Word"_s, u"Select a dictionary"_s,
+                                 u"Cross lookup"_s, u"Toggle View"_s, u"Preferences ..."_s}));
     QVERIFY(!bar->isMovable());
     QVERIFY(!bar->isFloatable());
 }
@@ -350,7 +347,7 @@ void TestTeskelMainWindow::menusKeepTheirWidthAtEveryFontSize()
     window.setLayoutDirection(direction);
     auto* bar = window.findChild<QPEToolBar*>();
     const auto* menus = bar->findChild<QMenuBar*>();
-    const auto* more = bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_qs);
+    const auto* more = bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
     window.resize(240, 320);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -362,7 +359,7 @@ void TestTeskelMainWindow::menusKeepTheirWidthAtEveryFontSize()
         edges.left() + edges.right() + more->sizeHint().width() + bar->layout()->spacing();
     if (menus->sizeHint().width() + kept > 240) {
         // The case of menusThatCannotFitAreReachedThroughTheirOwnButton().
-        QVERIFY(menus->fontMetrics().horizontalAdvance(u"LexiconEdit"_qs) > 120);
+        QVERIFY(menus->fontMetrics().horizontalAdvance(u"LexiconEdit"_s) > 120);
         return;
     }
     const auto titles = menus->actions();
@@ -384,8 +381,8 @@ void TestTeskelMainWindow::menusThatCannotFitAreReachedThroughTheirOwnButton()
     TeskelMainWindow window;
     auto* bar = window.findChild<QPEToolBar*>();
     const auto* menus = bar->findChild<QMenuBar*>();
-    const auto* more = bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_qs);
-    const auto* moreMenus = menus->findChild<QToolButton*>(u"qt_menubar_ext_button"_qs);
+    const auto* more = bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
+    const auto* moreMenus = menus->findChild<QToolButton*>(u"qt_menubar_ext_button"_s);
     QVERIFY(menus->sizeHint().width() > 240);
     // The tool bar must not make the window wider than the screen of a handheld.
     QVERIFY(bar->minimumSizeHint().width() < 120);
@@ -415,17 +412,17 @@ void TestTeskelMainWindow::commandsHaveTheirOwnIcons_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("icon"); // empty for none
-    QTest::newRow("add") << u"Add/Edit Word"_qs << u"teskel-custom-word"_qs;
-    QTest::newRow("random") << u"Random Word"_qs << QString();
-    QTest::newRow("delete") << u"Delete current"_qs << QString();
-    QTest::newRow("copy") << u"Copy"_qs << u"copy"_qs;
-    QTest::newRow("copy translation") << u"Copy translation"_qs << QString();
-    QTest::newRow("paste") << u"Paste"_qs << u"paste"_qs;
-    QTest::newRow("preferences") << u"Preferences ..."_qs << u"teskel-preferences"_qs;
-    QTest::newRow("about") << u"About ..."_qs << QString();
-    QTest::newRow("open") << u"Select a dictionary"_qs << u"teskel-open"_qs;
-    QTest::newRow("cross lookup") << u"Cross lookup"_qs << u"teskel-crosslookup"_qs;
-    QTest::newRow("toggle view") << u"Toggle View"_qs << u"teskel-toggleview"_qs;
+    QTest::newRow("add") << u"Add/Edit Word"_s << u"teskel-custom-word"_s;
+    QTest::newRow("random") << u"Random Word"_s << QString();
+    QTest::newRow("delete") << u"Delete current"_s << QString();
+    QTest::newRow("copy") << u"Copy"_s << u"copy"_s;
+    QTest::newRow("copy translation") << u"Copy translation"_s << QString();
+    QTest::newRow("paste") << u"Paste"_s << u"paste"_s;
+    QTest::newRow("preferences") << u"Preferences ..."_s << u"teskel-preferences"_s;
+    QTest::newRow("about") << u"About ..."_s << QString();
+    QTest::newRow("open") << u"Select a dictionary"_s << u"teskel-open"_s;
+    QTest::newRow("cross lookup") << u"Cross lookup"_s << u"teskel-crosslookup"_s;
+    QTest::newRow("toggle view") << u"Toggle View"_s << u"teskel-toggleview"_s;
 }
 
 void TestTeskelMainWindow::commandsHaveTheirOwnIcons()
@@ -456,7 +453,7 @@ void TestTeskelMainWindow::keysReachTheButtonsThatDoNotFit()
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
     const auto* more =
-        window.findChild<QPEToolBar*>()->findChild<QToolButton*>(u"qt_toolbar_ext_button"_qs);
+        window.findChild<QPEToolBar*>()->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
     QTRY_VERIFY(more->isVisible());
     QCOMPARE(window.width(), 120);
     QTest::keyClick(&window, Qt::Key_F10);
@@ -470,7 +467,7 @@ void TestTeskelMainWindow::namesMayHaveAnyLetters()
 {
     Umlauts translator;
     QVERIFY(QCoreApplication::installTranslator(&translator));
-    const QString umlaut = QStringLiteral("\u00E4");
+    const QString umlaut = u"\u00E4"_s;
     TeskelMainWindow window(nullptr, umlaut.toUtf8().constData());
     QCOMPARE(window.objectName(), umlaut);
     QString name;
@@ -479,17 +476,17 @@ void TestTeskelMainWindow::namesMayHaveAnyLetters()
         dialog->reject();
     });
     window.optionsPreferences();
-    QCOMPARE(name, umlaut + QStringLiteral(" Preferences"));
+    QCOMPARE(name, umlaut + u" Preferences"_s);
     QVERIFY(QCoreApplication::removeTranslator(&translator));
 }
 
 void TestTeskelMainWindow::captionShowsTheNameAsItIs_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("ordinary") << QStringLiteral("Eng2Ger");
-    QTest::newRow("the mark of a changed document") << QStringLiteral("Eng[*]Ger");
-    QTest::newRow("the mark twice") << QStringLiteral("[*][*]");
-    QTest::newRow("brackets") << QStringLiteral("[[*]] [] *");
+    QTest::newRow("ordinary") << u"Eng2Ger"_s;
+    QTest::newRow("the mark of a changed document") << u"Eng[*]Ger"_s;
+    QTest::newRow("the mark twice") << u"[*][*]"_s;
+    QTest::newRow("brackets") << u"[[*]] [] *"_s;
 }
 
 void TestTeskelMainWindow::captionShowsTheNameAsItIs()
@@ -498,14 +495,14 @@ void TestTeskelMainWindow::captionShowsTheNameAsItIs()
     TeskelMainWindow window;
     window.show();
     window.setCaption(name);
-    QCOMPARE(window.windowHandle()->title(), QStringLiteral("Teskel-") + name);
+    QCOMPARE(window.windowHandle()->title(), u"Teskel-"_s + name);
 }
 
 void TestTeskelMainWindow::captionShowsNoControlCharacters()
 {
     TeskelMainWindow window;
-    window.setCaption(u"Eng\n2\tGer\u2028\u202Ex\u007F"_qs);
-    QCOMPARE(window.windowTitle(), u"Teskel-Eng 2 Ger  x "_qs);
+    window.setCaption(u"Eng\n2\tGer\u2028\u202Ex\u007F"_s);
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng 2 Ger  x "_s);
 }
 
 void TestTeskelMainWindow::showsMenusInOrder()
@@ -518,14 +515,11 @@ void TestTeskelMainWindow::showsMenusInOrder()
         texts.append(menu->text() + u':');
         const auto entries = menu->menu()->actions();
         for (const QAction* entry : entries)
-            texts.append(entry->isSeparator() ? QStringLiteral("-") : entry->text());
+            texts.append(entry->isSeparator() ? u"-"_s : entry->text());
     }
-    QCOMPARE(texts, (QStringList{QStringLiteral("Lexicon:"), QStringLiteral("Add/Edit Word"),
-                                 QStringLiteral("Random Word"), QStringLiteral("Delete current"),
-                                 QStringLiteral("-"), QStringLiteral("About ..."),
-                                 QStringLiteral("Edit:"), QStringLiteral("Copy"),
-                                 QStringLiteral("Copy translation"), QStringLiteral("Paste"),
-                                 QStringLiteral("-"), QStringLiteral("Preferences ...")}));
+    QCOMPARE(texts, (QStringList{u"Lexicon:"_s, u"Add/Edit Word"_s, u"Random Word"_s,
+                                 u"Delete current"_s, u"-"_s, u"About ..."_s, u"Edit:"_s, u"Copy"_s,
+                                 u"Copy translation"_s, u"Paste"_s, u"-"_s, u"Preferences ..."_s}));
 }
 
 void TestTeskelMainWindow::skipsLastFileThatIsGone()
@@ -533,12 +527,12 @@ void TestTeskelMainWindow::skipsLastFileThatIsGone()
     QVERIFY(!installEnglish().isEmpty());
     {
         PreferencesData record;
-        record.setLastOpenFile(_home->filePath(QStringLiteral("gone.PDB")));
+        record.setLastOpenFile(_home->filePath(u"gone.PDB"_s));
     }
     TeskelMainWindow window;
     const ModalVisitor visitor(acceptDialog);
     window.tryOpen();
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng2Ger"_s);
     QCOMPARE(visitor.visits(), 0);
 }
 
@@ -552,17 +546,17 @@ void TestTeskelMainWindow::opensLastFileBeforeTheFirstInstalled()
     }
     TeskelMainWindow window;
     window.tryOpen();
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Ger2Eng"_s);
 }
 
 void TestTeskelMainWindow::skipsInstalledFilesThatDoNotOpen()
 {
-    QVERIFY(teskel::test::writeFile(_home->filePath(QStringLiteral("teskel/A.PDB")), "nothing"));
+    QVERIFY(teskel::test::writeFile(_home->filePath(u"teskel/A.PDB"_s), "nothing"));
     QVERIFY(!installEnglish().isEmpty());
     TeskelMainWindow window;
     const ModalVisitor visitor(acceptDialog);
     window.tryOpen();
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng2Ger"_s);
     QCOMPARE(visitor.visits(), 0);
 }
 
@@ -573,23 +567,23 @@ void TestTeskelMainWindow::openedFileStaysOpenAfterTryOpen()
     TeskelMainWindow window;
     window.openFile(german);
     window.tryOpen();
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Ger2Eng"_s);
 }
 
 void TestTeskelMainWindow::invalidFileIsReportedAndStartContinues()
 {
     QVERIFY(!installEnglish().isEmpty());
-    const QString bad = _home->filePath(QStringLiteral("bad.PDB"));
+    const QString bad = _home->filePath(u"bad.PDB"_s);
     QVERIFY(teskel::test::writeFile(bad, QByteArray()));
     TeskelMainWindow window;
     const ModalVisitor visitor(acceptDialog);
     window.openFile(bad);
     QCOMPARE(visitor.visits(), 1);
-    QCOMPARE(visitor.title(), QStringLiteral("Teskel"));
-    QCOMPARE(visitor.text(), QStringLiteral("File\n%1\nis not a valid dictionary").arg(bad));
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Teskel"));
+    QCOMPARE(visitor.title(), u"Teskel"_s);
+    QCOMPARE(visitor.text(), u"File\n%1\nis not a valid dictionary"_s.arg(bad));
+    QCOMPARE(window.windowTitle(), u"Teskel-Teskel"_s);
     window.tryOpen();
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng2Ger"_s);
 }
 
 void TestTeskelMainWindow::relativePathIsStoredAbsolute()
@@ -598,17 +592,17 @@ void TestTeskelMainWindow::relativePathIsStoredAbsolute()
     QVERIFY(QDir::setCurrent(_home->path()));
     {
         TeskelMainWindow window;
-        window.openFile(QStringLiteral("teskel/Eng2Ger.PDB"));
-        QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+        window.openFile(u"teskel/Eng2Ger.PDB"_s);
+        QCOMPARE(window.windowTitle(), u"Teskel-Eng2Ger"_s);
     }
     QCOMPARE(QFileInfo(PreferencesData().getLastOpenFile()).canonicalFilePath(),
              QFileInfo(path).canonicalFilePath());
     QVERIFY(QFileInfo(PreferencesData().getLastOpenFile()).isAbsolute());
-    Config config(QStringLiteral("Teskel"));
+    Config config(u"Teskel"_s);
     config.setGroup(PreferencesData().getLastOpenFile());
-    QVERIFY(config.hasKey(QStringLiteral("FontName")));
-    config.setGroup(QStringLiteral("teskel/Eng2Ger.PDB"));
-    QVERIFY(!config.hasKey(QStringLiteral("FontName")));
+    QVERIFY(config.hasKey(u"FontName"_s));
+    config.setGroup(u"teskel/Eng2Ger.PDB"_s);
+    QVERIFY(!config.hasKey(u"FontName"_s));
 }
 
 void TestTeskelMainWindow::relativePathIsReportedAsGiven()
@@ -616,9 +610,9 @@ void TestTeskelMainWindow::relativePathIsReportedAsGiven()
     QVERIFY(QDir::setCurrent(_home->path()));
     TeskelMainWindow window;
     const ModalVisitor visitor(acceptDialog);
-    window.openFile(QStringLiteral("gone.PDB"));
+    window.openFile(u"gone.PDB"_s);
     QCOMPARE(visitor.visits(), 1);
-    QCOMPARE(visitor.text(), QStringLiteral("File\ngone.PDB\nis not a valid dictionary"));
+    QCOMPARE(visitor.text(), u"File\ngone.PDB\nis not a valid dictionary"_s);
 }
 
 void TestTeskelMainWindow::relativePathThatFailsIsTriedOnce()
@@ -627,33 +621,33 @@ void TestTeskelMainWindow::relativePathThatFailsIsTriedOnce()
     TeskelMainWindow window;
     const teskel::test::WarningCapture warnings;
     const ModalVisitor visitor(acceptDialog);
-    window.openFile(QStringLiteral("gone.PDB"));
+    window.openFile(u"gone.PDB"_s);
     QCOMPARE(visitor.visits(), 1);
-    QCOMPARE(warnings.count(QStringLiteral("gone.PDB")), 1);
+    QCOMPARE(warnings.count(u"gone.PDB"_s), 1);
 }
 
 void TestTeskelMainWindow::messageShowsNoControlCharacters()
 {
     TeskelMainWindow window;
     const ModalVisitor visitor(acceptDialog);
-    window.openFile(_home->filePath(u"a\nis a valid\u2029dictionary\tb.PDB"_qs));
+    window.openFile(_home->filePath(u"a\nis a valid\u2029dictionary\tb.PDB"_s));
     QCOMPARE(visitor.visits(), 1);
     QCOMPARE(
         visitor.text(),
-        u"File\n%1/a is a valid dictionary b.PDB\nis not a valid dictionary"_qs.arg(_home->path()));
+        u"File\n%1/a is a valid dictionary b.PDB\nis not a valid dictionary"_s.arg(_home->path()));
 }
 
 void TestTeskelMainWindow::fileWithControlCharactersInItsNameIsOpened()
 {
-    const QString path = install(u"Eng\n2\tGer\u0001.PDB"_qs, {{"ant", "Ameise"}});
+    const QString path = install(u"Eng\n2\tGer\u0001.PDB"_s, {{"ant", "Ameise"}});
     QVERIFY(!path.isEmpty());
     TeskelMainWindow window;
     const auto entries = window.findChild<QTeskelFileMenu*>()->actions();
     QCOMPARE(entries.size(), 1);
-    QCOMPARE(entries.first()->text(), u"Eng 2 Ger "_qs);
+    QCOMPARE(entries.first()->text(), u"Eng 2 Ger "_s);
     entries.first()->trigger();
     QCOMPARE(window.findChild<TeskelMainWidget*>()->getDictionaryFileName(), path);
-    QCOMPARE(window.windowTitle(), u"Teskel-Eng 2 Ger "_qs);
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng 2 Ger "_s);
 }
 
 void TestTeskelMainWindow::openingArrangesTheWindowAsTheSettingsSay()
@@ -678,7 +672,7 @@ void TestTeskelMainWindow::documentRequestOpensFile()
     const QString path = installEnglish();
     TeskelMainWindow window;
     QVERIFY(QMetaObject::invokeMethod(&window, "setDocument", Q_ARG(QString, path)));
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng2Ger"_s);
 }
 
 void TestTeskelMainWindow::menuChoiceOpensFile()
@@ -689,7 +683,7 @@ void TestTeskelMainWindow::menuChoiceOpensFile()
     auto* menu = window.findChild<QTeskelFileMenu*>();
     QCOMPARE(menu->actions().size(), 2);
     menu->actions().at(1)->trigger();
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Ger2Eng"_s);
 }
 
 void TestTeskelMainWindow::unavailableCommandsSayWhy()
@@ -697,19 +691,19 @@ void TestTeskelMainWindow::unavailableCommandsSayWhy()
     TeskelMainWindow window;
     {
         const ModalVisitor visitor(acceptDialog);
-        action(window, QStringLiteral("Add/Edit Word"))->trigger();
-        QCOMPARE(visitor.title(), QStringLiteral("Teskel"));
-        QCOMPARE(visitor.text(), QStringLiteral("Sorry, this feature is not yet available."));
+        action(window, u"Add/Edit Word"_s)->trigger();
+        QCOMPARE(visitor.title(), u"Teskel"_s);
+        QCOMPARE(visitor.text(), u"Sorry, this feature is not yet available."_s);
         QCOMPARE(visitor.icon(), QMessageBox::Information);
     }
     const ModalVisitor visitor(acceptDialog);
-    action(window, QStringLiteral("Delete current"))->trigger();
-    QCOMPARE(visitor.title(), QStringLiteral("Teskel"));
+    action(window, u"Delete current"_s)->trigger();
+    QCOMPARE(visitor.title(), u"Teskel"_s);
     QCOMPARE(visitor.text(),
-             QStringLiteral("The recomended way to delete lexicon \nfiles is to use the standard \n"
-                            "uninstalation procedure. Go to the \napplication launcher, select "
-                            "\"Settings\" \ntab and from there select icon for \nadding/removing "
-                            "software!"));
+             u"The recomended way to delete lexicon \nfiles is to use the standard \n"
+             "uninstalation procedure. Go to the \napplication launcher, select "
+             "\"Settings\" \ntab and from there select icon for \nadding/removing "
+             "software!"_s);
     QCOMPARE(visitor.icon(), QMessageBox::Information);
 }
 
@@ -729,7 +723,7 @@ void TestTeskelMainWindow::cancelledPreferencesChangeNothing()
             preferences->panelHanded()->setButton(1);
             preferences->panelCombo()->setButton(1);
             preferences->panelMenu()->setButton(1);
-            preferences->findChild<QPushButton*>(u"btnLarge"_qs)->click();
+            preferences->findChild<QPushButton*>(u"btnLarge"_s)->click();
             dialog->reject();
         });
         window.optionsPreferences();
@@ -742,9 +736,9 @@ void TestTeskelMainWindow::cancelledPreferencesChangeNothing()
     QCOMPARE(record.getUserHandType(), PreferencesData::LeftHanded);
     QCOMPARE(record.getComboPosition(), PreferencesData::Top);
     QCOMPARE(record.getMenuPosition(), PreferencesData::Top);
-    Config config(QStringLiteral("Teskel"));
+    Config config(u"Teskel"_s);
     config.setGroup(path);
-    QCOMPARE(config.readNumEntry(QStringLiteral("FontSize")), font.pointSize());
+    QCOMPARE(config.readNumEntry(u"FontSize"_s), font.pointSize());
 }
 
 void TestTeskelMainWindow::acceptedPreferencesAreStoredAndApplied()
@@ -784,9 +778,9 @@ void TestTeskelMainWindow::acceptedPreferencesKeepFontOfTheOpenDictionary()
     window.optionsPreferences();
     // Shown as large, and large comes back as 14 points.
     QCOMPARE(window.findChild<QTeskelEdit*>()->font().pointSize(), 14);
-    Config config(QStringLiteral("Teskel"));
+    Config config(u"Teskel"_s);
     config.setGroup(path);
-    QCOMPARE(config.readNumEntry(QStringLiteral("FontSize")), 14);
+    QCOMPARE(config.readNumEntry(u"FontSize"_s), 14);
 }
 
 void TestTeskelMainWindow::preferencesShowTheRecord_data()
@@ -820,7 +814,7 @@ void TestTeskelMainWindow::preferencesShowTheRecord()
         dialog->reject();
     });
     window.optionsPreferences();
-    QCOMPARE(name, QStringLiteral("Preferences"));
+    QCOMPARE(name, u"Preferences"_s);
     QCOMPARE(shown, ids);
 }
 
@@ -848,7 +842,7 @@ void TestTeskelMainWindow::toggleViewStoresViewType()
 {
     {
         const TeskelMainWindow window;
-        QAction* toggle = action(window, QStringLiteral("Toggle View"));
+        QAction* toggle = action(window, u"Toggle View"_s);
         QVERIFY(toggle->isChecked());
         toggle->trigger();
         QVERIFY(!toggle->isChecked());
@@ -863,13 +857,13 @@ void TestTeskelMainWindow::toggleViewStartsAsStored()
         record.setViewType(PreferencesData::ToggleViewOff);
     }
     const TeskelMainWindow window;
-    QVERIFY(!action(window, QStringLiteral("Toggle View"))->isChecked());
+    QVERIFY(!action(window, u"Toggle View"_s)->isChecked());
 }
 
 void TestTeskelMainWindow::crossLookupWithoutDictionaryDoesNothing()
 {
     TeskelMainWindow window;
-    selectInArticle(window, QStringLiteral("lexicons"));
+    selectInArticle(window, u"lexicons"_s);
     const ModalVisitor visitor(acceptDialog);
     window.crossLookup();
     QCOMPARE(visitor.visits(), 0);
@@ -878,51 +872,49 @@ void TestTeskelMainWindow::crossLookupWithoutDictionaryDoesNothing()
 
 void TestTeskelMainWindow::crossLookupWithoutReverseStaysInDictionary()
 {
-    const QString path =
-        install(QStringLiteral("Eng2Ger.PDB"), {{"ant", "see tree"}, {"tree", "Baum"}});
+    const QString path = install(u"Eng2Ger.PDB"_s, {{"ant", "see tree"}, {"tree", "Baum"}});
     TeskelMainWindow window;
     window.openFile(path);
     auto* entry = window.findChild<QTeskelComboBox*>();
-    entry->lineEdit()->setText(QStringLiteral("ant"));
-    selectInArticle(window, QStringLiteral("tree"));
+    entry->lineEdit()->setText(u"ant"_s);
+    selectInArticle(window, u"tree"_s);
     window.crossLookup();
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng2Ger"_s);
     // With the notification connected: the word is looked up at once, in the same dictionary.
-    QCOMPARE(entry->currentText(), QStringLiteral("tree"));
-    QVERIFY(window.findChild<QTeskelEdit*>()->text().contains(QStringLiteral("Baum")));
+    QCOMPARE(entry->currentText(), u"tree"_s);
+    QVERIFY(window.findChild<QTeskelEdit*>()->text().contains(u"Baum"_s));
 }
 
 void TestTeskelMainWindow::crossLookupOpensTheReverse()
 {
     const QString english =
-        install(QStringLiteral("Eng2Ger.PDB"), {{"Haus", "a loan word"}, {"house", "1. Haus"}});
+        install(u"Eng2Ger.PDB"_s, {{"Haus", "a loan word"}, {"house", "1. Haus"}});
     QVERIFY(!installGerman().isEmpty());
     TeskelMainWindow window;
     window.openFile(english);
-    window.findChild<QTeskelComboBox*>()->lineEdit()->setText(QStringLiteral("house"));
-    selectInArticle(window, QStringLiteral("Haus"));
+    window.findChild<QTeskelComboBox*>()->lineEdit()->setText(u"house"_s);
+    selectInArticle(window, u"Haus"_s);
     window.crossLookup();
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
-    QCOMPARE(window.findChild<QTeskelComboBox*>()->currentText(), QStringLiteral("Haus"));
-    QVERIFY(window.findChild<QTeskelEdit*>()->text().contains(QStringLiteral("house")));
+    QCOMPARE(window.windowTitle(), u"Teskel-Ger2Eng"_s);
+    QCOMPARE(window.findChild<QTeskelComboBox*>()->currentText(), u"Haus"_s);
+    QVERIFY(window.findChild<QTeskelEdit*>()->text().contains(u"house"_s));
 }
 
 void TestTeskelMainWindow::crossLookupLooksNothingUpBeforeTheReverseIsOpen()
 {
     // Known where it was selected, but not where it is looked up.
-    const QString english =
-        install(QStringLiteral("Eng2Ger.PDB"), {{"gift", "Geschenk"}, {"present", "gift"}});
-    QVERIFY(!install(QStringLiteral("Ger2Eng.PDB"), {{"Haus", "house"}}).isEmpty());
+    const QString english = install(u"Eng2Ger.PDB"_s, {{"gift", "Geschenk"}, {"present", "gift"}});
+    QVERIFY(!install(u"Ger2Eng.PDB"_s, {{"Haus", "house"}}).isEmpty());
     TeskelMainWindow window;
     window.openFile(english);
     auto* entry = window.findChild<QTeskelComboBox*>();
-    entry->lineEdit()->setText(QStringLiteral("present"));
-    selectInArticle(window, QStringLiteral("gift"));
+    entry->lineEdit()->setText(u"present"_s);
+    selectInArticle(window, u"gift"_s);
     window.crossLookup();
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Ger2Eng"));
-    QCOMPARE(entry->currentText(), QStringLiteral("gift"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Ger2Eng"_s);
+    QCOMPARE(entry->currentText(), u"gift"_s);
     QCOMPARE(entry->count(), 1);
-    QCOMPARE(entry->text(0), QStringLiteral("present"));
+    QCOMPARE(entry->text(0), u"present"_s);
 }
 
 void TestTeskelMainWindow::crossLookupWithoutSelectionOpensNothing()
@@ -934,10 +926,9 @@ void TestTeskelMainWindow::crossLookupWithoutSelectionOpensNothing()
     const ModalVisitor visitor(acceptDialog);
     window.crossLookup();
     QCOMPARE(visitor.visits(), 1);
-    QCOMPARE(visitor.text(),
-             QStringLiteral("The cross-lookup button will only \noperate when there "
-                            "is a word \nselected in the article field."));
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+    QCOMPARE(visitor.text(), u"The cross-lookup button will only \noperate when there "
+                             "is a word \nselected in the article field."_s);
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng2Ger"_s);
 }
 
 void TestTeskelMainWindow::commandsReachTheLookupView()
@@ -946,18 +937,18 @@ void TestTeskelMainWindow::commandsReachTheLookupView()
     TeskelMainWindow window;
     window.openFile(path);
     auto* entry = window.findChild<QTeskelComboBox*>();
-    action(window, QStringLiteral("Random Word"))->trigger();
+    action(window, u"Random Word"_s)->trigger();
     QVERIFY(!entry->currentText().isEmpty());
 
-    entry->lineEdit()->setText(QStringLiteral("house"));
-    action(window, QStringLiteral("Copy"))->trigger();
-    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("house"));
-    action(window, QStringLiteral("Copy translation"))->trigger();
-    QVERIFY(QApplication::clipboard()->text().startsWith(QStringLiteral("<p><b>")));
-    QApplication::clipboard()->setText(QStringLiteral("tree"));
-    action(window, QStringLiteral("Paste"))->trigger();
-    QCOMPARE(entry->currentText(), QStringLiteral("tree"));
-    QVERIFY(window.findChild<QTeskelEdit*>()->text().contains(QStringLiteral("Baum")));
+    entry->lineEdit()->setText(u"house"_s);
+    action(window, u"Copy"_s)->trigger();
+    QCOMPARE(QApplication::clipboard()->text(), u"house"_s);
+    action(window, u"Copy translation"_s)->trigger();
+    QVERIFY(QApplication::clipboard()->text().startsWith(u"<p><b>"_s));
+    QApplication::clipboard()->setText(u"tree"_s);
+    action(window, u"Paste"_s)->trigger();
+    QCOMPARE(entry->currentText(), u"tree"_s);
+    QVERIFY(window.findChild<QTeskelEdit*>()->text().contains(u"Baum"_s));
 }
 
 void TestTeskelMainWindow::aboutIsShownAndClosed()
@@ -968,10 +959,10 @@ void TestTeskelMainWindow::aboutIsShownAndClosed()
         name = dialog->objectName();
         dialog->reject();
     });
-    action(window, QStringLiteral("About ..."))->trigger();
+    action(window, u"About ..."_s)->trigger();
     QCOMPARE(visitor.visits(), 1);
-    QCOMPARE(visitor.title(), QStringLiteral("About"));
-    QCOMPARE(name, QStringLiteral("About"));
+    QCOMPARE(visitor.title(), u"About"_s);
+    QCOMPARE(name, u"About"_s);
 }
 
 void TestTeskelMainWindow::settingsAreSavedWhenTheWindowDies()
@@ -980,15 +971,15 @@ void TestTeskelMainWindow::settingsAreSavedWhenTheWindowDies()
     {
         TeskelMainWindow window;
         window.openFile(path);
-        window.findChild<QTeskelComboBox*>()->lineEdit()->setText(QStringLiteral("house"));
+        window.findChild<QTeskelComboBox*>()->lineEdit()->setText(u"house"_s);
     }
-    Config config(QStringLiteral("Teskel"));
-    config.setGroup(QStringLiteral("ViewPreferences"));
-    QCOMPARE(config.readEntry(QStringLiteral("LastOpenFile")), path);
-    config.setGroup(QStringLiteral("MRU List"));
-    QCOMPARE(config.readEntry(QStringLiteral("List0")), QStringLiteral("house"));
+    Config config(u"Teskel"_s);
+    config.setGroup(u"ViewPreferences"_s);
+    QCOMPARE(config.readEntry(u"LastOpenFile"_s), path);
+    config.setGroup(u"MRU List"_s);
+    QCOMPARE(config.readEntry(u"List0"_s), u"house"_s);
     config.setGroup(path);
-    QVERIFY(config.hasKey(QStringLiteral("FontName")));
+    QVERIFY(config.hasKey(u"FontName"_s));
 }
 
 QTEST_MAIN(TestTeskelMainWindow)

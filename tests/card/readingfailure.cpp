@@ -8,6 +8,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel::test
 {
 
@@ -15,7 +17,7 @@ bool failReadsOf(const QString& path)
 {
     const QString wanted = QFileInfo(path).canonicalFilePath();
     bool isOpen = false;
-    const QDir descriptors(QStringLiteral("/proc/self/fd"));
+    const QDir descriptors(u"/proc/self/fd"_s);
     const QStringList numbers = descriptors.entryList(QDir::System | QDir::Files | QDir::Dirs);
     for (const QString& number : numbers) {
         if (QFile::symLinkTarget(descriptors.filePath(number)) != wanted)

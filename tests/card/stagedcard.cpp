@@ -11,6 +11,8 @@
 #include <sched.h>
 #include <sys/mount.h>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel::test
 {
 
@@ -41,14 +43,13 @@ bool StagedCard::enterOwnNamespace()
 
 StagedCard::StagedCard()
 {
-    QDir(_home.path()).mkdir(QStringLiteral("card"));
+    QDir(_home.path()).mkdir(u"card"_s);
     _isReal = _hasNamespace && makeImage() && insert();
     if (_isReal) {
-        _stage.addDisk(QFileInfo(mountedDevice()).fileName(), QStringLiteral("pci0000:00/usb1/1-1"),
-                       false);
+        _stage.addDisk(QFileInfo(mountedDevice()).fileName(), u"pci0000:00/usb1/1-1"_s, false);
         return;
     }
-    _stage.addDisk(QStringLiteral("sdz"), QStringLiteral("pci0000:00/usb1/1-1"), false);
+    _stage.addDisk(u"sdz"_s, u"pci0000:00/usb1/1-1"_s, false);
     (void)insert();
 }
 
@@ -61,15 +62,13 @@ bool StagedCard::makeImage() const
 {
     QFile file(image());
     return file.open(QIODevice::WriteOnly) && file.resize(imageSize) &&
-           run(QStringLiteral("/sbin/mkfs.ext2"),
-               {QStringLiteral("-q"), QStringLiteral("-F"), image()});
+           run(u"/sbin/mkfs.ext2"_s, {u"-q"_s, u"-F"_s, image()});
 }
 
 bool StagedCard::insert()
 {
     if (_hasNamespace && QFile::exists(image())) {
-        return run(QStringLiteral("mount"),
-                   {QStringLiteral("-o"), QStringLiteral("loop"), image(), path()});
+        return run(u"mount"_s, {u"-o"_s, u"loop"_s, image(), path()});
     }
     _stage.setTable("36 25 8:17 / " + QFile::encodeName(path()) + " rw - ext2 /dev/sdz rw\n");
     return true;
@@ -78,8 +77,7 @@ bool StagedCard::insert()
 bool StagedCard::pull(bool lazily)
 {
     if (_isReal) {
-        return run(QStringLiteral("umount"),
-                   lazily ? QStringList{QStringLiteral("-l"), path()} : QStringList{path()});
+        return run(u"umount"_s, lazily ? QStringList{u"-l"_s, path()} : QStringList{path()});
     }
     _stage.setTable({});
     return QDir(path()).removeRecursively();
@@ -94,13 +92,13 @@ StorageRoots StagedCard::roots() const
 {
     StorageRoots roots = _stage.roots();
     if (_isReal)
-        roots.mountInfo = QStringLiteral("/proc/self/mountinfo");
+        roots.mountInfo = u"/proc/self/mountinfo"_s;
     return roots;
 }
 
 QString StagedCard::mountedDevice() const
 {
-    QFile table(QStringLiteral("/proc/self/mountinfo"));
+    QFile table(u"/proc/self/mountinfo"_s);
     if (!table.open(QIODevice::ReadOnly))
         return {};
     const QList<teskel::Mount> mounts = teskel::parseMountTable(table.readAll());

@@ -2,18 +2,18 @@
 #include "app/teskelmainwindow.h"
 #include "files/fileloader.h"
 #include "files/qteskelfilemenu.h"
-#include "platform/storage/mountwatcher.h"
 #include "platform/qcopchannel.h"
 #include "platform/resource.h"
+#include "platform/storage/mountwatcher.h"
 #include "platform/storage/storageinfo.h"
 #include "tests/card/readingfailure.h"
 #include "tests/card/stagedcard.h"
 #include "tests/lookup/messagewatch.h"
 #include "tests/support/dictionarywriter.h"
 #include "tests/support/warningcapture.h"
-#include "widgets/qteskelcombobox.h"
 #include "widgets/article/qteskeledit.h"
 #include "widgets/listbox/qteskellistbox.h"
+#include "widgets/qteskelcombobox.h"
 #include "widgets/scrolling/qteskelscrollbar.h"
 
 #include <QApplication>
@@ -23,6 +23,8 @@
 #include <QTest>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 using teskel::test::DictionaryWriter;
 using teskel::test::StagedCard;
@@ -96,13 +98,13 @@ private:
 void TestCard::init()
 {
     _home = std::make_unique<QTemporaryDir>();
-    QVERIFY(QDir(_home->path()).mkpath(QStringLiteral("teskel")));
+    QVERIFY(QDir(_home->path()).mkpath(u"teskel"_s));
     qputenv("QPEDIR", QFile::encodeName(_home->path()));
     qputenv("HOME", QFile::encodeName(_home->path()));
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(_home->filePath(QStringLiteral("config"))));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(_home->filePath(u"config"_s)));
     QVERIFY(DictionaryWriter()
                 .addRecord({{"house", "1. Haus"}, {"tree", "Baum"}})
-                .write(_home->filePath(QStringLiteral("teskel/Eng2Ger.PDB"))));
+                .write(_home->filePath(u"teskel/Eng2Ger.PDB"_s)));
 
     _card = std::make_unique<StagedCard>();
     StorageInfo::setRoots(_card->roots());
@@ -125,7 +127,7 @@ QString TestCard::installOnCard(const QString& name) const
 
 void TestCard::dictionariesOfACardFollowTheInternalOnesWithTheCardIcon()
 {
-    const QString path = installOnCard(QStringLiteral("Card2Ger.PDB"));
+    const QString path = installOnCard(u"Card2Ger.PDB"_s);
     const QList<QTeskelFileInfo> files = FileLoader().getFileList(false);
     QCOMPARE(files.size(), 2);
     QVERIFY(!files.at(0)._removable);
@@ -137,15 +139,15 @@ void TestCard::dictionariesOfACardFollowTheInternalOnesWithTheCardIcon()
     const auto imageOf = [size](const QIcon& icon) { return icon.pixmap(size).toImage(); };
     QCOMPARE(menu.actions().size(), 2);
     QCOMPARE(imageOf(menu.actions().at(0)->icon()),
-             imageOf(QIcon(Resource::loadIcon(QStringLiteral("teskel-hard")))));
-    QCOMPARE(menu.actions().at(1)->text(), QStringLiteral("Card2Ger"));
+             imageOf(QIcon(Resource::loadIcon(u"teskel-hard"_s))));
+    QCOMPARE(menu.actions().at(1)->text(), u"Card2Ger"_s);
     QCOMPARE(imageOf(menu.actions().at(1)->icon()),
-             imageOf(QIcon(Resource::loadIcon(QStringLiteral("teskel-floppy")))));
+             imageOf(QIcon(Resource::loadIcon(u"teskel-floppy"_s))));
 }
 
 void TestCard::dictionariesOfACardThatWasPulledAreNotListed()
 {
-    QVERIFY(!installOnCard(QStringLiteral("Card2Ger.PDB")).isEmpty());
+    QVERIFY(!installOnCard(u"Card2Ger.PDB"_s).isEmpty());
     QCOMPARE(FileLoader().getFileList(true).size(), 1);
     QVERIFY(_card->pull(false));
     QCOMPARE(FileLoader().getFileList(true).size(), 0);
@@ -188,7 +190,7 @@ void TestCard::cardPulledOutWhileReading()
 {
     QFETCH(int, damage);
     QFETCH(bool, readsFail);
-    const QString path = installOnCard(QStringLiteral("Card2Ger.PDB"));
+    const QString path = installOnCard(u"Card2Ger.PDB"_s);
     const teskel::test::MessageWatch boxes;
     const teskel::test::WarningCapture warnings;
 
@@ -196,11 +198,11 @@ void TestCard::cardPulledOutWhileReading()
     window.resize(320, 320);
     window.show();
     window.openFile(path);
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Card2Ger"));
+    QCOMPARE(window.windowTitle(), u"Teskel-Card2Ger"_s);
     auto* entry = window.findChild<QTeskelComboBox*>();
     auto* article = window.findChild<QTeskelEdit*>();
-    entry->lineEdit()->setText(QStringLiteral("waa"));
-    QVERIFY(article->text().contains(QStringLiteral("article of aa")));
+    entry->lineEdit()->setText(u"waa"_s);
+    QVERIFY(article->text().contains(u"article of aa"_s));
 
     switch (static_cast<Damage>(damage)) {
     case Damage::UnmountedLazily:
@@ -218,27 +220,26 @@ void TestCard::cardPulledOutWhileReading()
     }
 
     // First an article that was never read, before the list has walked over it.
-    entry->lineEdit()->setText(QStringLiteral("wmq"));
+    entry->lineEdit()->setText(u"wmq"_s);
     if (readsFail)
         QCOMPARE(article->text(), QString());
     else
-        QVERIFY(article->text().contains(QStringLiteral("article of mq")));
+        QVERIFY(article->text().contains(u"article of mq"_s));
     useEverything(window);
 
     // Another dictionary opens as usual.
     window.findChild<QTeskelFileMenu*>()->menuActivated(0);
-    QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
-    entry->lineEdit()->setText(QStringLiteral("tree"));
-    QVERIFY(article->text().contains(QStringLiteral("Baum")));
+    QCOMPARE(window.windowTitle(), u"Teskel-Eng2Ger"_s);
+    entry->lineEdit()->setText(u"tree"_s);
+    QVERIFY(article->text().contains(u"Baum"_s));
 
     if (static_cast<Damage>(damage) != Damage::EveryReadFails) {
         // The file of the pulled card is reported, and the open dictionary stays.
         const auto before = boxes.messages.size();
         window.openFile(path);
         QCOMPARE(boxes.messages.size(), before + 1);
-        QCOMPARE(boxes.messages.last().text,
-                 QStringLiteral("File\n%1\nis not a valid dictionary").arg(path));
-        QCOMPARE(window.windowTitle(), QStringLiteral("Teskel-Eng2Ger"));
+        QCOMPARE(boxes.messages.last().text, u"File\n%1\nis not a valid dictionary"_s.arg(path));
+        QCOMPARE(window.windowTitle(), u"Teskel-Eng2Ger"_s);
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A failed condition's warning leads to the line that checks it.
-#include "dictionary/qtdictionary.h"
 #include "dictionary/container/qtpalmdb.h"
+#include "dictionary/qtdictionary.h"
 #include "tests/support/dictionarywriter.h"
 #include "tests/support/warningcapture.h"
 
@@ -12,6 +12,8 @@
 #include <QTest>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 using namespace teskel::test;
 
@@ -26,7 +28,7 @@ private slots:
 
 private:
     QTemporaryDir _directory;
-    QString _path = _directory.filePath(QStringLiteral("a.PDB"));
+    QString _path = _directory.filePath(u"a.PDB"_s);
 };
 
 namespace
@@ -42,29 +44,28 @@ QStringList linesOf(const QString& unit)
 // What is wrong with the place that a warning names, or nothing.
 QString faultOf(const QString& warning)
 {
-    static const QRegularExpression form(
-        QStringLiteral("^ASSERT: \"(.*)\" in (\\S+) \\((\\d+)\\)$"));
+    static const QRegularExpression form(u"^ASSERT: \"(.*)\" in (\\S+) \\((\\d+)\\)$"_s);
     const QRegularExpressionMatch match = form.match(warning);
     if (!match.hasMatch())
-        return QStringLiteral("not an assertion: ") + warning;
+        return u"not an assertion: "_s + warning;
     const QStringList lines = linesOf(match.captured(2));
     const qsizetype line = match.captured(3).toLongLong();
     if (line < 1 || line > lines.size())
-        return QStringLiteral("no such line: ") + warning;
-    if (lines.at(line - 1).contains(QStringLiteral("verifyOpen(__LINE__)")))
+        return u"no such line: "_s + warning;
+    if (lines.at(line - 1).contains(u"verifyOpen(__LINE__)"_s))
         return {};
     // A check may be spread over several lines; which of them counts is the compiler's choice.
-    static const QRegularExpression joint(QStringLiteral("\"\\s*\""));
+    static const QRegularExpression joint(u"\"\\s*\""_s);
     const QString text = lines.mid(qMax<qsizetype>(0, line - 5), 9).join(QString()).remove(joint);
     if (!text.contains(QLatin1Char('"') + match.captured(1) + QLatin1Char('"')))
-        return QStringLiteral("that is not checked there: ") + warning;
+        return u"that is not checked there: "_s + warning;
     return {};
 }
 
 void checkPlaces(const QStringList& warnings)
 {
     for (const QString& warning : warnings) {
-        if (warning.startsWith(QStringLiteral("ASSERT")))
+        if (warning.startsWith(u"ASSERT"_s))
             QCOMPARE(faultOf(warning), QString());
     }
 }
@@ -96,7 +97,7 @@ void TestAssertions::warningsOfTheDictionary()
     dictionary.getTotalWordCount(9);
     dictionary.getWordAt(CursorPosition::at(0, 9));
     dictionary.getWordRecord(1); // of no bytes
-    QVERIFY(warnings.count(QStringLiteral(" in qtdictionary.cpp (")) >= 13);
+    QVERIFY(warnings.count(u" in qtdictionary.cpp ("_s) >= 13);
     for (const char* condition :
          {"\"isOpen()\"", "\"buffer!=NULL\"", "\"isValid(_position)\"",
           "\"recordIndex<getWordRecordCount()\"", "\"recordIndex<records->getCount()\"",
@@ -124,7 +125,7 @@ void TestAssertions::warningsOfTheContainer()
     QBuffer closed;
     database.getRecords()->setIOInfo(&closed, 0, 0);
     database.getRecords()->getRecordMetaData(nullptr, 9);
-    QVERIFY(warnings.count(QStringLiteral(" in qtpalmdb.cpp (")) >= 25);
+    QVERIFY(warnings.count(u" in qtpalmdb.cpp ("_s) >= 25);
     for (const char* condition :
          {"\"_device!=NULL\"", "\"_device->isOpen()\"", "\"_device==NULL\"", "\"device->isOpen()\"",
           "\"_firstRecordOffset==-1\"", "\"_firstRecordOffset!=-1\"", "\"_recordCount==0\"",

@@ -10,6 +10,8 @@
 #include <limits>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel;
 using namespace teskel::test;
 
@@ -58,7 +60,7 @@ class TestDecode : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+    void init() { QTest::failOnWarning(QRegularExpression(u".*"_s)); }
 
     void unpacksLiterals();
     void unpacksMatchesThatOverlapThemselves();

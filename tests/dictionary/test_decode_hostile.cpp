@@ -9,6 +9,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel;
 using namespace teskel::test;
 
@@ -409,8 +411,8 @@ void TestDecodeHostile::matchBeforeTheStartWrapsAndWarns_data()
 {
     QTest::addColumn<int>("method");
     QTest::addColumn<QString>("warning");
-    QTest::newRow("method 1") << 1 << QStringLiteral("ASSERT: \"FALSE\" in decode.cpp (335)");
-    QTest::newRow("method 4") << 4 << QStringLiteral("ASSERT: \"FALSE\" in decode.cpp (469)");
+    QTest::newRow("method 1") << 1 << u"ASSERT: \"FALSE\" in decode.cpp (335)"_s;
+    QTest::newRow("method 4") << 4 << u"ASSERT: \"FALSE\" in decode.cpp (469)"_s;
 }
 
 void TestDecodeHostile::matchBeforeTheStartWrapsAndWarns()

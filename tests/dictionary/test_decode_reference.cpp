@@ -10,6 +10,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 using teskel::MemberStatus;
 
@@ -81,8 +83,7 @@ void compareWithPlain(int method, const QByteArray& packed, int size)
     QCOMPARE(output.Tell(), static_cast<long>(plain.output.size()));
     QCOMPARE(target.left(plain.output.size()), plain.output);
     QCOMPARE(warnings.messages().size(), plain.wraps);
-    const QString place =
-        method == 4 ? QStringLiteral("decode.cpp (469)") : QStringLiteral("decode.cpp (335)");
+    const QString place = method == 4 ? u"decode.cpp (469)"_s : u"decode.cpp (335)"_s;
     QCOMPARE(warnings.count(place), plain.wraps);
     if (plain.hasGoodTables) {
         const quint64 fetched =

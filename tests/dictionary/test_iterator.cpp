@@ -10,6 +10,8 @@
 #include <limits>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 class TestIterator : public QObject
@@ -36,7 +38,7 @@ private slots:
 
 private:
     QTemporaryDir _directory;
-    QString _path = _directory.filePath(QStringLiteral("a.PDB"));
+    QString _path = _directory.filePath(u"a.PDB"_s);
     QtDictionary _dictionary;
     std::unique_ptr<QtDictionary::QtDictionaryIterator> _iterator;
 };
@@ -44,7 +46,7 @@ private:
 void TestIterator::init()
 {
     QVERIFY(_directory.isValid());
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
     DictionaryWriter writer;
     writer.addRecord({{"a", ""}, {"b", ""}});
     writer.addRecord({{"c", ""}});
@@ -183,12 +185,12 @@ void TestIterator::wordAtAnInvalidPositionWarns_data()
     QTest::addColumn<CursorPosition>("position");
     QTest::addColumn<bool>("isOpen");
     QTest::addColumn<QStringList>("conditions");
-    const auto isValid = QStringLiteral("isValid(_position)");
-    const auto isBelowCount = QStringLiteral("recordIndex<records->getCount()");
+    const auto isValid = u"isValid(_position)"_s;
+    const auto isBelowCount = u"recordIndex<records->getCount()"_s;
     QTest::newRow("no word") << CursorPosition::invalid() << true
                              << QStringList({isValid, isBelowCount});
     QTest::newRow("word of a dictionary that was closed")
-        << CursorPosition::at(0, 0) << false << QStringList({isValid, QStringLiteral("isOpen()")});
+        << CursorPosition::at(0, 0) << false << QStringList({isValid, u"isOpen()"_s});
 }
 
 // The record is asked for all the same.
@@ -206,7 +208,7 @@ void TestIterator::wordAtAnInvalidPositionWarns()
     QCOMPARE(warnings.messages().size(), conditions.size());
     for (qsizetype i = 0; i < conditions.size(); ++i)
         QVERIFY2(warnings.messages().at(i).startsWith(
-                     QStringLiteral("ASSERT: \"%1\" in qtdictionary.cpp (").arg(conditions.at(i))),
+                     u"ASSERT: \"%1\" in qtdictionary.cpp ("_s.arg(conditions.at(i))),
                  qPrintable(warnings.messages().at(i)));
 }
 
@@ -215,8 +217,7 @@ void TestIterator::wordBehindTheLastOfItsRecordIsMissing()
     _iterator->begin();
     QVERIFY(DictionaryWriter().addRecord({}).write(_path));
     QCOMPARE(_dictionary.open(_path), 0);
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(QStringLiteral("\"isValid\\(_position\\)\"")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"\"isValid\\(_position\\)\""_s));
     QVERIFY(!_iterator->getWord());
 }
 

@@ -9,6 +9,8 @@
 #include <cctype>
 #include <clocale>
 
+using namespace Qt::StringLiterals;
+
 using teskel::foldByte;
 using teskel::foldedCompare;
 
@@ -44,12 +46,9 @@ void TestLatin1Fold::foldsTheSameInEveryLocale_data()
     QTest::addColumn<QString>("characters");
     QTest::addColumn<int>("lower");
     QTest::addColumn<int>("upper"); // as that locale has it
-    QTest::newRow("Turkish") << QStringLiteral("tr_TR") << QStringLiteral("ISO-8859-9") << int{'i'}
-                             << 0xDD;
-    QTest::newRow("German") << QStringLiteral("de_DE") << QStringLiteral("ISO-8859-1") << 0xE4
-                            << 0xC4;
-    QTest::newRow("Czech") << QStringLiteral("cs_CZ") << QStringLiteral("ISO-8859-2") << 0xB1
-                           << 0xA1;
+    QTest::newRow("Turkish") << u"tr_TR"_s << u"ISO-8859-9"_s << int{'i'} << 0xDD;
+    QTest::newRow("German") << u"de_DE"_s << u"ISO-8859-1"_s << 0xE4 << 0xC4;
+    QTest::newRow("Czech") << u"cs_CZ"_s << u"ISO-8859-2"_s << 0xB1 << 0xA1;
 }
 
 // Locales are made on the spot: few machines have those with eight bits installed.
@@ -61,9 +60,8 @@ void TestLatin1Fold::foldsTheSameInEveryLocale()
     QFETCH(int, upper);
     const QTemporaryDir directory;
     const QString name = language + QLatin1Char('.') + characters;
-    const int made = QProcess::execute(QStringLiteral("localedef"),
-                                       {QStringLiteral("-i"), language, QStringLiteral("-f"),
-                                        characters, directory.filePath(name)});
+    const int made = QProcess::execute(
+        u"localedef"_s, {u"-i"_s, language, u"-f"_s, characters, directory.filePath(name)});
     if (made != 0)
         QSKIP("the sources of locales are not installed (Debian package: locales)");
     std::array<unsigned char, 256> expected{};

@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 class TestQtDictionary : public QObject
@@ -77,7 +79,7 @@ DictionaryWriter animals()
 void TestQtDictionary::init()
 {
     QVERIFY(_directory.isValid());
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
 }
 
 void TestQtDictionary::startsClosed()
@@ -203,19 +205,19 @@ void TestQtDictionary::unreadableFirstRecordIsRefusedAndStaysAttached()
     {
         const WarningCapture warnings;
         QCOMPARE(dictionary.open(path("a.PDB")), -1);
-        QCOMPARE(warnings.messages().last(), QStringLiteral("Cannot get first record"));
+        QCOMPARE(warnings.messages().last(), u"Cannot get first record"_s);
     }
     QVERIFY(dictionary.isOpen());
     const WarningCapture warnings;
     QVERIFY(dictionary.findWord("ant", CursorPosition::invalid(), false).isInvalid());
-    QCOMPARE(warnings.count(QStringLiteral("Cannot read record,bytes to read ")), 1);
+    QCOMPARE(warnings.count(u"Cannot read record,bytes to read "_s), 1);
 }
 
 void TestQtDictionary::emptyFirstRecordHoldsNoKeys()
 {
     QVERIFY(animals().setIndex("").write(path("a.PDB")));
     QtDictionary dictionary;
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("\"result->size!=0\"")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"\"result->size!=0\""_s));
     QCOMPARE(dictionary.open(path("a.PDB")), 0);
     // A search then begins in the first record.
     QVERIFY(dictionary.findWord("bee", CursorPosition::invalid(), false) ==
@@ -243,8 +245,8 @@ void TestQtDictionary::closeForgetsEverything()
     QCOMPARE(dictionary.close(), 0);
     QVERIFY(!dictionary.isOpen());
     QCOMPARE(dictionary.getUrl(), QString());
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(
-                                           "^ASSERT: \"isOpen\\(\\)\" in qtdictionary.cpp ")));
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(u"^ASSERT: \"isOpen\\(\\)\" in qtdictionary.cpp "_s));
     QVERIFY(!dictionary.getWordRecord(0));
 }
 
@@ -252,11 +254,10 @@ void TestQtDictionary::nameIsTheBaseName_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QByteArray>("name");
-    QTest::newRow("usual") << QStringLiteral("Eng2Ger.PDB") << QByteArray("Eng2Ger");
-    QTest::newRow("up to the first dot")
-        << QStringLiteral("en-de.large.pdb") << QByteArray("en-de");
-    QTest::newRow("without a dot") << QStringLiteral("words") << QByteArray("words");
-    QTest::newRow("nothing before the dot") << QStringLiteral(".PDB") << QByteArray();
+    QTest::newRow("usual") << u"Eng2Ger.PDB"_s << QByteArray("Eng2Ger");
+    QTest::newRow("up to the first dot") << u"en-de.large.pdb"_s << QByteArray("en-de");
+    QTest::newRow("without a dot") << u"words"_s << QByteArray("words");
+    QTest::newRow("nothing before the dot") << u".PDB"_s << QByteArray();
     QTest::newRow("umlaut") << QStringLiteral(u"W\u00F6rter.PDB") << QByteArray("W\xF6rter");
 }
 
@@ -389,9 +390,9 @@ void TestQtDictionary::wordRecordBeyondTheLastWarns()
     QtDictionary dictionary;
     QCOMPARE(dictionary.open(path("a.PDB")), 0);
     const QString beyondTheFile =
-        QStringLiteral("ASSERT: \"recordIndex<records->getCount()\" in qtdictionary.cpp (");
+        u"ASSERT: \"recordIndex<records->getCount()\" in qtdictionary.cpp ("_s;
     const QString beyondTheWords =
-        QStringLiteral("ASSERT: \"recordIndex<getWordRecordCount()\" in qtdictionary.cpp (");
+        u"ASSERT: \"recordIndex<getWordRecordCount()\" in qtdictionary.cpp ("_s;
     const WarningCapture warnings;
     QVERIFY(!dictionary.getWordRecord(record));
     QCOMPARE(warnings.count(beyondTheFile), 1);
@@ -442,7 +443,7 @@ void TestQtDictionary::damagedRecordIsRememberedUntilTheFileIsOpenedAgain()
     {
         const WarningCapture warnings;
         QVERIFY(dictionary.findWord("dog", CursorPosition::invalid(), false).isInvalid());
-        QCOMPARE(warnings.count(QStringLiteral("Decompressed record is null")), 1);
+        QCOMPARE(warnings.count(u"Decompressed record is null"_s), 1);
     }
     // The same file, mended in place: nothing is read, or the record would be found.
     const QByteArray mended =
@@ -482,7 +483,7 @@ void TestQtDictionary::recordThatCannotBeReadIsAskedForAgain()
     for (int attempt = 0; attempt < 2; ++attempt) {
         const WarningCapture warnings;
         QVERIFY(!dictionary.getWordRecord(0));
-        QCOMPARE(warnings.count(QStringLiteral("Cannot get record meta data")), 1);
+        QCOMPARE(warnings.count(u"Cannot get record meta data"_s), 1);
     }
     QFile file(path("a.PDB"));
     QVERIFY(file.open(QIODevice::ReadWrite));
@@ -523,9 +524,9 @@ void TestQtDictionary::recordOfNoBytesIsMissing()
     QCOMPARE(dictionary.open(path("a.PDB")), 0);
     const WarningCapture warnings;
     QVERIFY(!dictionary.getWordRecord(2));
-    QCOMPARE(warnings.count(QStringLiteral("\"result->size!=0\" in qtpalmdb.cpp")), 1);
-    QCOMPARE(warnings.count(QStringLiteral("\"metaData->size!=0\" in qtdictionary.cpp")), 1);
-    QCOMPARE(warnings.messages().last(), QStringLiteral("Decompressed record is null"));
+    QCOMPARE(warnings.count(u"\"result->size!=0\" in qtpalmdb.cpp"_s), 1);
+    QCOMPARE(warnings.count(u"\"metaData->size!=0\" in qtdictionary.cpp"_s), 1);
+    QCOMPARE(warnings.messages().last(), u"Decompressed record is null"_s);
 }
 
 // Whether a record comes from the cache shows once the file is gone.
@@ -581,8 +582,7 @@ void TestQtDictionary::recordBeyondTheLastWarns()
     QCOMPARE(dictionary.open(path("a.PDB")), 0);
     const WarningCapture warnings;
     QVERIFY(!dictionary.getDecompressedRecord(7));
-    QCOMPARE(warnings.count(
-                 QStringLiteral("ASSERT: \"recordIndex<records->getCount()\" in qtdictionary.cpp")),
+    QCOMPARE(warnings.count(u"ASSERT: \"recordIndex<records->getCount()\" in qtdictionary.cpp"_s),
              1);
     QCOMPARE(dictionary.getDecompressedRecord(6), "bat");
 }
@@ -595,7 +595,7 @@ void TestQtDictionary::closedDictionaryWarnsButAnswers()
     const WarningCapture warnings;
     QVERIFY(dictionary.getName(buffer, 10));
     QCOMPARE(buffer, "");
-    QCOMPARE(warnings.count(QStringLiteral("ASSERT: \"isOpen()\" in qtdictionary.cpp (")), 1);
+    QCOMPARE(warnings.count(u"ASSERT: \"isOpen()\" in qtdictionary.cpp ("_s), 1);
     buffer[0] = '?';
     QVERIFY(!dictionary.getDescription(buffer, 10));
     QVERIFY(!dictionary.getDescription(CursorPosition::at(0, 0), buffer, &size));
@@ -603,7 +603,7 @@ void TestQtDictionary::closedDictionaryWarnsButAnswers()
     QVERIFY(!dictionary.getWordAt(CursorPosition::at(0, 0)));
     QVERIFY(dictionary.findWord("a", CursorPosition::invalid(), false).isInvalid());
     QVERIFY(!dictionary.getDecompressedRecord(5));
-    QVERIFY(warnings.count(QStringLiteral("ASSERT: \"isOpen()\" in qtdictionary.cpp (")) >= 6);
+    QVERIFY(warnings.count(u"ASSERT: \"isOpen()\" in qtdictionary.cpp ("_s) >= 6);
     QCOMPARE(buffer, "?");
 }
 

@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 class TestQtPalmDatabase : public QObject
@@ -44,7 +46,7 @@ private:
 void TestQtPalmDatabase::init()
 {
     QVERIFY(_directory.isValid());
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
 }
 
 void TestQtPalmDatabase::readsTheHeader()
@@ -122,9 +124,9 @@ void TestQtPalmDatabase::fileThatCannotBeOpened()
 {
     QFETCH(QString, name);
     QtPalmDatabase database;
-    QTest::ignoreMessage(QtWarningMsg, qPrintable(QStringLiteral("Cannot open file ") + name));
+    QTest::ignoreMessage(QtWarningMsg, qPrintable(u"Cannot open file "_s + name));
     QCOMPARE(database.load(name), -1);
-    QTest::ignoreMessage(QtWarningMsg, qPrintable(QStringLiteral("Cannot open file ") + name));
+    QTest::ignoreMessage(QtWarningMsg, qPrintable(u"Cannot open file "_s + name));
     QCOMPARE(database.load(name.toLatin1().constData()), -1);
 }
 
@@ -133,7 +135,7 @@ void TestQtPalmDatabase::failedLoadLeavesTheObjectAsItWas()
     QVERIFY(PalmWriter().setCreator("GOOD").addRecord("kept").write(path("a.PDB")));
     QtPalmDatabase database;
     QCOMPARE(database.load(path("a.PDB")), 0);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Cannot open file ")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^Cannot open file "_s));
     QCOMPARE(database.load(path("missing.PDB")), -1);
     QCOMPARE(database.getCreator(), "GOOD");
     const RecordPointer record(database.getRecords()->getData(0));
@@ -167,8 +169,8 @@ void TestQtPalmDatabase::shortFileAfterAGoodOneFailsEveryRead()
     QCOMPARE(database.load(path("short.PDB")), -1);
     const WarningCapture warnings;
     QVERIFY(!RecordPointer(database.getRecords()->getData(0)));
-    QCOMPARE(warnings.count(QStringLiteral("\"_device!=NULL\" in qtpalmdb.cpp")), 1);
-    QCOMPARE(warnings.messages().last(), QStringLiteral("Cannot get record meta data"));
+    QCOMPARE(warnings.count(u"\"_device!=NULL\" in qtpalmdb.cpp"_s), 1);
+    QCOMPARE(warnings.messages().last(), u"Cannot get record meta data"_s);
 }
 
 void TestQtPalmDatabase::shortHeaderIsReadAsFarAsItGoes_data()
@@ -207,8 +209,8 @@ void TestQtPalmDatabase::closedDatabaseWarnsButAnswers()
     QCOMPARE(database.getCreationDate(), 0U);
     QCOMPARE(database.getModificationDate(), 0U);
     QCOMPARE(database.getLastBackupDate(), 0U);
-    QCOMPARE(warnings.count(QStringLiteral("ASSERT: \"_device!=NULL\" in qtpalmdb.cpp (")), 7);
-    QCOMPARE(warnings.count(QStringLiteral("ASSERT: \"_device->isOpen()\" in qtpalmdb.cpp (")), 7);
+    QCOMPARE(warnings.count(u"ASSERT: \"_device!=NULL\" in qtpalmdb.cpp ("_s), 7);
+    QCOMPARE(warnings.count(u"ASSERT: \"_device->isOpen()\" in qtpalmdb.cpp ("_s), 7);
     QCOMPARE(warnings.messages().size(), 14);
 }
 
@@ -228,9 +230,9 @@ void TestQtPalmDatabase::secondLoadWarnsAndReadsTheNewFile()
     {
         const WarningCapture warnings;
         QCOMPARE(database.load(path("b.PDB")), 0);
-        QCOMPARE(warnings.count(QStringLiteral("\"_device==NULL\" in qtpalmdb.cpp")), 1);
-        QCOMPARE(warnings.count(QStringLiteral("\"_firstRecordOffset==-1\" in qtpalmdb.cpp")), 1);
-        QCOMPARE(warnings.count(QStringLiteral("\"_recordCount==0\" in qtpalmdb.cpp")), 1);
+        QCOMPARE(warnings.count(u"\"_device==NULL\" in qtpalmdb.cpp"_s), 1);
+        QCOMPARE(warnings.count(u"\"_firstRecordOffset==-1\" in qtpalmdb.cpp"_s), 1);
+        QCOMPARE(warnings.count(u"\"_recordCount==0\" in qtpalmdb.cpp"_s), 1);
         QCOMPARE(warnings.messages().size(), 3);
     }
     const RecordPointer record(database.getRecords()->getData(1));

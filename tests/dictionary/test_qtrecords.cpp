@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 namespace
@@ -42,13 +44,13 @@ private slots:
 
 private:
     QTemporaryDir _directory;
-    QString _path = _directory.filePath(QStringLiteral("a.PDB"));
+    QString _path = _directory.filePath(u"a.PDB"_s);
 };
 
 void TestQtRecords::init()
 {
     QVERIFY(_directory.isValid());
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
 }
 
 void TestQtRecords::readsEveryRecord()
@@ -91,11 +93,10 @@ void TestQtRecords::databaseWithoutRecordsWarnsAndTries()
     QCOMPARE(database.getRecords()->getCount(), static_cast<unsigned short>(0));
     const WarningCapture warnings;
     QVERIFY(!RecordPointer(database.getRecords()->getData(0)));
-    QCOMPARE(warnings.count(QStringLiteral("ASSERT: \"index<_recordCount\" in qtpalmdb.cpp")), 2);
+    QCOMPARE(warnings.count(u"ASSERT: \"index<_recordCount\" in qtpalmdb.cpp"_s), 2);
     QCOMPARE(warnings.messages().mid(2),
-             QStringList({QStringLiteral("Cannot read record meta data"),
-                          QStringLiteral("bytes to read 8, bytes read 0"),
-                          QStringLiteral("Cannot get record meta data")}));
+             QStringList({u"Cannot read record meta data"_s, u"bytes to read 8, bytes read 0"_s,
+                          u"Cannot get record meta data"_s}));
 }
 
 void TestQtRecords::indexBeyondTheCountWarnsAndTries()
@@ -108,7 +109,7 @@ void TestQtRecords::indexBeyondTheCountWarnsAndTries()
     QCOMPARE(database.load(_path), 0);
     const WarningCapture warnings;
     QCOMPARE(bytesOf(RecordPointer(database.getRecords()->getData(1))), QByteArray("two"));
-    QVERIFY(warnings.count(QStringLiteral("\"index<_recordCount\"")) > 0);
+    QVERIFY(warnings.count(u"\"index<_recordCount\""_s) > 0);
 }
 
 void TestQtRecords::recordOfNoBytesIsReturnedWithAWarning()
@@ -116,9 +117,9 @@ void TestQtRecords::recordOfNoBytesIsReturnedWithAWarning()
     QVERIFY(PalmWriter().addRecord("").addRecord("x").write(_path));
     QtPalmDatabase database;
     QCOMPARE(database.load(_path), 0);
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(QStringLiteral(
-                             "^ASSERT: \"result->size!=0\" in qtpalmdb.cpp \\(\\d+\\)$")));
+    QTest::ignoreMessage(
+        QtWarningMsg,
+        QRegularExpression(u"^ASSERT: \"result->size!=0\" in qtpalmdb.cpp \\(\\d+\\)$"_s));
     const RecordPointer record(database.getRecords()->getData(0));
     QVERIFY(record);
     QVERIFY(record->data);
@@ -132,9 +133,7 @@ void TestQtRecords::damagedOffsetsAreReadFailures_data()
     QTest::addColumn<unsigned short>("index");
     QTest::addColumn<QString>("message");
     const auto message = [](qint64 size, qint64 read) {
-        return QStringLiteral("Cannot read record,bytes to read %1, bytes read %2")
-            .arg(size)
-            .arg(read);
+        return u"Cannot read record,bytes to read %1, bytes read %2"_s.arg(size).arg(read);
     };
     // The file: list up to 94, "aaaa" up to 98, "bbbb" up to 102.
     const unsigned short first = 0;
@@ -185,7 +184,7 @@ void TestQtRecords::recordBeyondTheLargestSizeIsAReadFailure()
     QVERIFY(QFile::resize(_path, 78 + 8 + size));
     QtPalmDatabase database;
     QCOMPARE(database.load(_path), 0);
-    const QString message = QStringLiteral("Cannot read record,bytes to read %1, bytes read 0");
+    const QString message = u"Cannot read record,bytes to read %1, bytes read 0"_s;
     if (!isRead)
         QTest::ignoreMessage(QtWarningMsg, qPrintable(message.arg(size)));
     const RecordPointer record(database.getRecords()->getData(0));
@@ -202,12 +201,10 @@ void TestQtRecords::recordListCutShort()
     const WarningCapture warnings;
     QVERIFY(!RecordPointer(database.getRecords()->getData(0)));
     QVERIFY(!RecordPointer(database.getRecords()->getData(1)));
-    QCOMPARE(warnings.messages(), QStringList({QStringLiteral("Cannot read record meta data"),
-                                               QStringLiteral("bytes to read 8, bytes read 3"),
-                                               QStringLiteral("Cannot read Record Meta data"),
-                                               QStringLiteral("Cannot read record meta data"),
-                                               QStringLiteral("bytes to read 8, bytes read 3"),
-                                               QStringLiteral("Cannot get record meta data")}));
+    QCOMPARE(warnings.messages(),
+             QStringList({u"Cannot read record meta data"_s, u"bytes to read 8, bytes read 3"_s,
+                          u"Cannot read Record Meta data"_s, u"Cannot read record meta data"_s,
+                          u"bytes to read 8, bytes read 3"_s, u"Cannot get record meta data"_s}));
 }
 
 // As when a card is pulled out: reads fail and nothing else happens.
@@ -223,7 +220,7 @@ void TestQtRecords::fileThatShrinksFailsFromThenOn()
     QVERIFY(QFile::resize(_path, 0));
     const WarningCapture warnings;
     QVERIFY(!RecordPointer(database.getRecords()->getData(1)));
-    QCOMPARE(warnings.count(QStringLiteral("Cannot get record meta data")), 1);
+    QCOMPARE(warnings.count(u"Cannot get record meta data"_s), 1);
 }
 
 void TestQtRecords::unboundListWarnsAndFails()
@@ -242,7 +239,7 @@ void TestQtRecords::metaDataNeedsATarget()
     QVERIFY(PalmWriter().addRecord("aaaa").write(_path));
     QtPalmDatabase database;
     QCOMPARE(database.load(_path), 0);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("\"data!=NULL\"")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"\"data!=NULL\""_s));
     QVERIFY(!database.getRecords()->getRecordMetaData(nullptr, 0));
 }
 

@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 namespace
@@ -174,7 +176,7 @@ void TestSearchReference::randomDictionaries()
 {
     QFETCH(int, disorder);
     const QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("a.PDB"));
+    const QString path = directory.filePath(u"a.PDB"_s);
     QRandomGenerator generator(static_cast<quint32>(disorder) + 1);
     for (int run = 0; run < 60 && !QTest::currentTestFailed(); ++run) {
         const Sample sample(generator, static_cast<Disorder>(disorder));

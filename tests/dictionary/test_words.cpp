@@ -12,6 +12,8 @@
 #include <cstdlib>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 namespace
@@ -69,7 +71,7 @@ private:
     }
 
     QTemporaryDir _directory;
-    QString _path = _directory.filePath(QStringLiteral("a.PDB"));
+    QString _path = _directory.filePath(u"a.PDB"_s);
     DictionaryWriter _writer;
     QtDictionary _dictionary;
 };
@@ -84,7 +86,7 @@ void TestWords::initTestCase()
 
 void TestWords::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
     QVERIFY(open(_writer));
 }
 
@@ -142,7 +144,7 @@ void TestWords::samePointersAreEqual()
     QCOMPARE(_dictionary.wordNCompare(nullptr, nullptr, 3), 0);
     const WarningCapture warnings;
     QVERIFY(_dictionary.wordCompare(nullptr, "a") < 0);
-    QCOMPARE(warnings.count(QStringLiteral("\"buffer!=NULL\" in qtdictionary.cpp")), 1);
+    QCOMPARE(warnings.count(u"\"buffer!=NULL\" in qtdictionary.cpp"_s), 1);
 }
 
 void TestWords::comparisonOfAClosedDictionaryWarns()
@@ -151,7 +153,7 @@ void TestWords::comparisonOfAClosedDictionaryWarns()
     const WarningCapture warnings;
     QCOMPARE(closed.wordCompare("a", "A"), 0);
     QCOMPARE(closed.wordNCompare("ab", "AC", 1), 0);
-    QCOMPARE(warnings.count(QStringLiteral("ASSERT: \"isOpen()\" in qtdictionary.cpp (")), 2);
+    QCOMPARE(warnings.count(u"ASSERT: \"isOpen()\" in qtdictionary.cpp ("_s), 2);
 }
 
 void TestWords::toUpperFoldsInPlace()
@@ -161,7 +163,7 @@ void TestWords::toUpperFoldsInPlace()
     _dictionary.toUpper(text);
     QCOMPARE(text, "GR\xDC\xDF"
                    "E, \xC9T\xC9 \xF7 \xFF!");
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("\"buffer!=NULL\"")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"\"buffer!=NULL\""_s));
     _dictionary.toUpper(nullptr);
 }
 
@@ -286,12 +288,12 @@ void TestWords::wordAtAWrongPositionWarns()
     QVERIFY(!_dictionary.getDescription(position, buffer, &size));
     QCOMPARE(size, 0U);
     QCOMPARE(buffer, "?");
-    QCOMPARE(warnings.count(QStringLiteral(
-                 "ASSERT: \"position.compoundPosition.wordNumber<getTotalWordCount(position."
-                 "compoundPosition.recordNumber)\" in qtdictionary.cpp (")),
-             3);
-    QCOMPARE(warnings.count(QStringLiteral("ASSERT: \"position.compoundPosition.recordNumber<"
-                                           "getWordRecordCount()\" in qtdictionary.cpp (")),
+    QCOMPARE(
+        warnings.count(u"ASSERT: \"position.compoundPosition.wordNumber<getTotalWordCount(position."
+                       "compoundPosition.recordNumber)\" in qtdictionary.cpp ("_s),
+        3);
+    QCOMPARE(warnings.count(u"ASSERT: \"position.compoundPosition.recordNumber<"
+                            "getWordRecordCount()\" in qtdictionary.cpp ("_s),
              isRecordWrong ? 3 : 0);
 }
 
@@ -331,7 +333,7 @@ void TestWords::articleOfAMissingRecord()
     QVERIFY(!_dictionary.getDescription(CursorPosition::at(0, 0), buffer, &size));
     QCOMPARE(size, 0U);
     QCOMPARE(buffer, "?");
-    QVERIFY(warnings.count(QStringLiteral("Decompressed record is null")) > 0);
+    QVERIFY(warnings.count(u"Decompressed record is null"_s) > 0);
 }
 
 void TestWords::randomWordsAreThoseOfTheDictionary()

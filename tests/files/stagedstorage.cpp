@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -22,11 +24,11 @@ StagedStorage::StagedStorage()
     : _rootsBefore(StorageInfo::roots())
 {
     StorageRoots roots;
-    roots.mountInfo = path(QStringLiteral("mountinfo"));
-    roots.sysfs = path(QStringLiteral("sys"));
+    roots.mountInfo = path(u"mountinfo"_s);
+    roots.sysfs = path(u"sys"_s);
     writeMountTable();
     StorageInfo::setRoots(roots);
-    qputenv("QPEDIR", path(QStringLiteral("qpe")).toUtf8());
+    qputenv("QPEDIR", path(u"qpe"_s).toUtf8());
 }
 
 StagedStorage::~StagedStorage()
@@ -42,7 +44,7 @@ QString StagedStorage::path(const QString& relative) const
 
 QString StagedStorage::internalDirectory() const
 {
-    const QString directory = path(QStringLiteral("qpe/teskel"));
+    const QString directory = path(u"qpe/teskel"_s);
     QDir().mkpath(directory);
     return directory;
 }
@@ -59,12 +61,12 @@ QString StagedStorage::addFixedDisk(const QString& name)
 
 QString StagedStorage::mount(const QString& name, bool removable)
 {
-    const QString device = path(QStringLiteral("sys/class/block/sd") + name);
+    const QString device = path(u"sys/class/block/sd"_s + name);
     QDir().mkpath(device);
-    writeFile(device + QStringLiteral("/removable"), removable ? "1\n" : "0\n");
+    writeFile(device + u"/removable"_s, removable ? "1\n" : "0\n");
     _mounted.append(name);
     writeMountTable();
-    const QString directory = path(name + QStringLiteral("/QtPalmtop/teskel"));
+    const QString directory = path(name + u"/QtPalmtop/teskel"_s);
     QDir().mkpath(directory);
     return directory;
 }
@@ -80,10 +82,10 @@ void StagedStorage::writeMountTable()
     QByteArray table;
     for (qsizetype number = 0; number < _mounted.size(); ++number) {
         const QString& name = _mounted.at(number);
-        const QString line = QStringLiteral("%1 1 8:%1 / %2 rw - vfat /dev/sd%3 rw\n");
+        const QString line = u"%1 1 8:%1 / %2 rw - vfat /dev/sd%3 rw\n"_s;
         table += line.arg(QString::number(number + 20), path(name), name).toUtf8();
     }
-    writeFile(path(QStringLiteral("mountinfo")), table);
+    writeFile(path(u"mountinfo"_s), table);
 }
 
 QString StagedStorage::addFile(const QString& directory, const QString& name)

@@ -9,7 +9,10 @@
 #include <QTest>
 
 #include <memory>
+
 #include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -76,7 +79,7 @@ private:
 
 void FileLoaderTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
     _storage = std::make_unique<StagedStorage>();
 }
 
@@ -97,10 +100,10 @@ void FileLoaderTest::displayNameEndsAtTheFirstDot_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("name");
-    QTest::newRow("plain") << QStringLiteral("/a.b/EngGer.PDB") << QStringLiteral("EngGer");
-    QTest::newRow("two dots") << QStringLiteral("/a/en2de.old.PDB") << QStringLiteral("en2de");
-    QTest::newRow("blanks") << QStringLiteral("/a/my words .PDB") << QStringLiteral("my words ");
-    QTest::newRow("no dot") << QStringLiteral("/a/words") << QStringLiteral("words");
+    QTest::newRow("plain") << u"/a.b/EngGer.PDB"_s << u"EngGer"_s;
+    QTest::newRow("two dots") << u"/a/en2de.old.PDB"_s << u"en2de"_s;
+    QTest::newRow("blanks") << u"/a/my words .PDB"_s << u"my words "_s;
+    QTest::newRow("no dot") << u"/a/words"_s << u"words"_s;
 }
 
 void FileLoaderTest::displayNameEndsAtTheFirstDot()
@@ -123,24 +126,21 @@ void FileLoaderTest::unsetQpedirCountsAsEmpty()
     qunsetenv("QPEDIR");
     const QList<teskel::DictionaryDirectory> directories = teskel::dictionaryDirectories(false);
     QCOMPARE(directories.size(), 1);
-    QCOMPARE(directories.first().path, QStringLiteral("/teskel"));
+    QCOMPARE(directories.first().path, u"/teskel"_s);
     QVERIFY(teskel::dictionaryDirectories(true).isEmpty());
 }
 
 void FileLoaderTest::removableOnlyLeavesInternalStorageOut()
 {
-    StagedStorage::addFile(_storage->internalDirectory(), QStringLiteral("a.PDB"));
-    const QString card =
-        StagedStorage::addFile(_storage->addCard(QStringLiteral("a")), QStringLiteral("b.PDB"));
+    StagedStorage::addFile(_storage->internalDirectory(), u"a.PDB"_s);
+    const QString card = StagedStorage::addFile(_storage->addCard(u"a"_s), u"b.PDB"_s);
     QCOMPARE(paths(discover(true)), QStringList{card});
 }
 
 void FileLoaderTest::internalFilesComeBeforeThoseOfTheCards()
 {
-    const QString card =
-        StagedStorage::addFile(_storage->addCard(QStringLiteral("a")), QStringLiteral("a.PDB"));
-    const QString internal =
-        StagedStorage::addFile(_storage->internalDirectory(), QStringLiteral("z.PDB"));
+    const QString card = StagedStorage::addFile(_storage->addCard(u"a"_s), u"a.PDB"_s);
+    const QString internal = StagedStorage::addFile(_storage->internalDirectory(), u"z.PDB"_s);
     const QList<QTeskelFileInfo> files = discover();
     QCOMPARE(paths(files), (QStringList{internal, card}));
     QVERIFY(!files.at(0)._removable);
@@ -149,30 +149,30 @@ void FileLoaderTest::internalFilesComeBeforeThoseOfTheCards()
 
 void FileLoaderTest::cardsComeInTheOrderOfThePlatform()
 {
-    StagedStorage::addFile(_storage->addCard(QStringLiteral("z")), QStringLiteral("z.PDB"));
-    StagedStorage::addFile(_storage->addCard(QStringLiteral("a")), QStringLiteral("a.PDB"));
-    QCOMPARE(names(discover()), (QStringList{QStringLiteral("z.PDB"), QStringLiteral("a.PDB")}));
+    StagedStorage::addFile(_storage->addCard(u"z"_s), u"z.PDB"_s);
+    StagedStorage::addFile(_storage->addCard(u"a"_s), u"a.PDB"_s);
+    QCOMPARE(names(discover()), (QStringList{u"z.PDB"_s, u"a.PDB"_s}));
 }
 
 void FileLoaderTest::fixedDisksArePassedOver()
 {
-    StagedStorage::addFile(_storage->addFixedDisk(QStringLiteral("a")), QStringLiteral("a.PDB"));
+    StagedStorage::addFile(_storage->addFixedDisk(u"a"_s), u"a.PDB"_s);
     QVERIFY(discover().isEmpty());
 }
 
 void FileLoaderTest::cardWithoutTheDirectoryGivesNothing()
 {
-    QVERIFY(QDir(_storage->addCard(QStringLiteral("a"))).removeRecursively());
+    QVERIFY(QDir(_storage->addCard(u"a"_s)).removeRecursively());
     QVERIFY(discover().isEmpty());
 }
 
 void FileLoaderTest::sameNameInTwoPlacesIsListedTwice()
 {
-    const QString name = QStringLiteral("Eng2Ger.PDB");
+    const QString name = u"Eng2Ger.PDB"_s;
     const QStringList places{
         StagedStorage::addFile(_storage->internalDirectory(), name),
-        StagedStorage::addFile(_storage->addCard(QStringLiteral("a")), name),
-        StagedStorage::addFile(_storage->addCard(QStringLiteral("b")), name),
+        StagedStorage::addFile(_storage->addCard(u"a"_s), name),
+        StagedStorage::addFile(_storage->addCard(u"b"_s), name),
     };
     const QList<QTeskelFileInfo> files = discover();
     QCOMPARE(paths(files), places);
@@ -183,9 +183,9 @@ void FileLoaderTest::sameNameInTwoPlacesIsListedTwice()
 
 void FileLoaderTest::linkCountsOnACardOnly()
 {
-    const QString target = StagedStorage::addFile(_storage->path(QString()), QStringLiteral("t"));
-    const QString link = QStringLiteral("/link.PDB");
-    const QString card = _storage->addCard(QStringLiteral("a"));
+    const QString target = StagedStorage::addFile(_storage->path(QString()), u"t"_s);
+    const QString link = u"/link.PDB"_s;
+    const QString card = _storage->addCard(u"a"_s);
     QVERIFY(QFile::link(target, _storage->internalDirectory() + link));
     QVERIFY(QFile::link(target, card + link));
     const QList<QTeskelFileInfo> files = discover();
@@ -195,17 +195,17 @@ void FileLoaderTest::linkCountsOnACardOnly()
 
 void FileLoaderTest::danglingLinksAreNotListed()
 {
-    const QString card = _storage->addCard(QStringLiteral("a"));
-    QVERIFY(QFile::link(QStringLiteral("/nowhere/at all"), card + QStringLiteral("/link.PDB")));
-    QVERIFY(QFile::link(card + QStringLiteral("/loop.PDB"), card + QStringLiteral("/loop.PDB")));
+    const QString card = _storage->addCard(u"a"_s);
+    QVERIFY(QFile::link(u"/nowhere/at all"_s, card + u"/link.PDB"_s));
+    QVERIFY(QFile::link(card + u"/loop.PDB"_s, card + u"/loop.PDB"_s));
     QVERIFY(discover().isEmpty());
 }
 
 void FileLoaderTest::directoryOfThatNameIsListedLikeAFile()
 {
-    const QString directory = _storage->internalDirectory() + QStringLiteral("/x.PDB");
+    const QString directory = _storage->internalDirectory() + u"/x.PDB"_s;
     QVERIFY(QDir().mkdir(directory));
-    StagedStorage::addFile(directory, QStringLiteral("inner.PDB"));
+    StagedStorage::addFile(directory, u"inner.PDB"_s);
     QCOMPARE(paths(discover()), QStringList{directory});
 }
 
@@ -213,14 +213,13 @@ void FileLoaderTest::caseIsIgnoredInSorting()
 {
     for (const char* name : {"b.PDB", "A.PDB", "c.PDB", "B2.PDB"})
         StagedStorage::addFile(_storage->internalDirectory(), QString::fromUtf8(name));
-    QCOMPARE(names(discover()), (QStringList{QStringLiteral("A.PDB"), QStringLiteral("b.PDB"),
-                                             QStringLiteral("B2.PDB"), QStringLiteral("c.PDB")}));
+    QCOMPARE(names(discover()), (QStringList{u"A.PDB"_s, u"b.PDB"_s, u"B2.PDB"_s, u"c.PDB"_s}));
 }
 
 void FileLoaderTest::lowerCaseExtensionIsFound()
 {
-    StagedStorage::addFile(_storage->internalDirectory(), QStringLiteral("a.pdb"));
-    QCOMPARE(names(discover()), QStringList{QStringLiteral("a.pdb")});
+    StagedStorage::addFile(_storage->internalDirectory(), u"a.pdb"_s);
+    QCOMPARE(names(discover()), QStringList{u"a.pdb"_s});
 }
 
 void FileLoaderTest::otherFilesAreNotListed()
@@ -228,32 +227,31 @@ void FileLoaderTest::otherFilesAreNotListed()
     const QString directory = _storage->internalDirectory();
     for (const char* name : {"a.PDB.bak", "aPDB", ".hidden.PDB", ".PDB", "a.PDC", "b.prc"})
         StagedStorage::addFile(directory, QString::fromUtf8(name));
-    const QString pipe = directory + QStringLiteral("/pipe.PDB");
+    const QString pipe = directory + u"/pipe.PDB"_s;
     QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
     QVERIFY(discover().isEmpty());
 }
 
 void FileLoaderTest::pathsAreAbsoluteAndLinksInThemKept()
 {
-    StagedStorage::addFile(_storage->internalDirectory(), QStringLiteral("a.PDB"));
-    const QString link = _storage->path(QStringLiteral("link"));
-    QVERIFY(QFile::link(_storage->path(QStringLiteral("qpe")), link));
-    qputenv("QPEDIR", (link + QStringLiteral("/../link")).toUtf8());
-    QCOMPARE(paths(discover()), QStringList{link + QStringLiteral("/teskel/a.PDB")});
+    StagedStorage::addFile(_storage->internalDirectory(), u"a.PDB"_s);
+    const QString link = _storage->path(u"link"_s);
+    QVERIFY(QFile::link(_storage->path(u"qpe"_s), link));
+    qputenv("QPEDIR", (link + u"/../link"_s).toUtf8());
+    QCOMPARE(paths(discover()), QStringList{link + u"/teskel/a.PDB"_s});
 
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(_storage->path(QString())));
     qputenv("QPEDIR", "qpe");
     const QList<QTeskelFileInfo> files = discover();
     QVERIFY(QDir::setCurrent(before));
-    QCOMPARE(paths(files), QStringList{_storage->path(QStringLiteral("qpe/teskel/a.PDB"))});
+    QCOMPARE(paths(files), QStringList{_storage->path(u"qpe/teskel/a.PDB"_s)});
 }
 
 void FileLoaderTest::hostileNamesAreListedAsTheyAre()
 {
-    const QStringList hostile{QStringLiteral("\n.PDB"), QStringLiteral("%n %1 %s.PDB"),
-                              QStringLiteral("<b>x&y.PDB"), QStringLiteral("[a]*?.PDB"),
-                              QStringLiteral("жук.PDB")};
+    const QStringList hostile{u"\n.PDB"_s, u"%n %1 %s.PDB"_s, u"<b>x&y.PDB"_s, u"[a]*?.PDB"_s,
+                              u"жук.PDB"_s};
     for (const QString& name : hostile)
         StagedStorage::addFile(_storage->internalDirectory(), name);
     const QList<QTeskelFileInfo> files = discover();
@@ -264,7 +262,7 @@ void FileLoaderTest::hostileNamesAreListedAsTheyAre()
 
 void FileLoaderTest::eachCallStartsAnew()
 {
-    StagedStorage::addFile(_storage->internalDirectory(), QStringLiteral("a.PDB"));
+    StagedStorage::addFile(_storage->internalDirectory(), u"a.PDB"_s);
     FileLoader loader;
     loader.append(_storage->internalDirectory(), true);
     QCOMPARE(loader.getFileList(false).size(), 1);
@@ -275,7 +273,7 @@ void FileLoaderTest::eachCallStartsAnew()
 
 void FileLoaderTest::returnedListDoesNotChange()
 {
-    StagedStorage::addFile(_storage->internalDirectory(), QStringLiteral("a.PDB"));
+    StagedStorage::addFile(_storage->internalDirectory(), u"a.PDB"_s);
     FileLoader loader;
     const QList<QTeskelFileInfo> files = loader.getFileList(false);
     loader.append(_storage->internalDirectory(), false);
@@ -284,17 +282,17 @@ void FileLoaderTest::returnedListDoesNotChange()
 
 void FileLoaderTest::cardThatIsGoneIsNotListed()
 {
-    StagedStorage::addFile(_storage->addCard(QStringLiteral("a")), QStringLiteral("a.PDB"));
+    StagedStorage::addFile(_storage->addCard(u"a"_s), u"a.PDB"_s);
     QCOMPARE(discover().size(), 1);
-    _storage->unmount(QStringLiteral("a"));
+    _storage->unmount(u"a"_s);
     QVERIFY(discover().isEmpty());
 }
 
 void FileLoaderTest::unreadableDirectoryGivesNothing()
 {
     // A plain file in its place cannot be listed, not even by root.
-    QVERIFY(QDir().mkpath(_storage->path(QStringLiteral("qpe"))));
-    StagedStorage::addFile(_storage->path(QStringLiteral("qpe")), QStringLiteral("teskel"));
+    QVERIFY(QDir().mkpath(_storage->path(u"qpe"_s)));
+    StagedStorage::addFile(_storage->path(u"qpe"_s), u"teskel"_s);
     QVERIFY(discover().isEmpty());
 }
 

@@ -10,6 +10,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -56,7 +58,7 @@ private:
 
 void QTeskelFileMenuTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
     _storage = std::make_unique<StagedStorage>();
     _staged.clear();
 }
@@ -70,19 +72,19 @@ void QTeskelFileMenuTest::cleanup()
 void QTeskelFileMenuTest::stage()
 {
     const QString internal = _storage->internalDirectory();
-    const QString card = _storage->addCard(QStringLiteral("card"));
-    _staged = {StagedStorage::addFile(internal, QStringLiteral("Eng2Ger.PDB")),
-               StagedStorage::addFile(internal, QStringLiteral("fi2de.old.PDB")),
-               StagedStorage::addFile(internal, QStringLiteral("Ger2Eng.PDB")),
-               StagedStorage::addFile(card, QStringLiteral("Eng2Ger.PDB")),
-               StagedStorage::addFile(card, QStringLiteral("Fr2Eng.PDB"))};
+    const QString card = _storage->addCard(u"card"_s);
+    _staged = {StagedStorage::addFile(internal, u"Eng2Ger.PDB"_s),
+               StagedStorage::addFile(internal, u"fi2de.old.PDB"_s),
+               StagedStorage::addFile(internal, u"Ger2Eng.PDB"_s),
+               StagedStorage::addFile(card, u"Eng2Ger.PDB"_s),
+               StagedStorage::addFile(card, u"Fr2Eng.PDB"_s)};
 }
 
 void QTeskelFileMenuTest::emptyDiscoveryGivesAnEmptyMenu()
 {
     const QTeskelFileMenu menu(nullptr, "files");
     QVERIFY(menu.isEmpty());
-    QCOMPARE(menu.objectName(), QStringLiteral("files"));
+    QCOMPARE(menu.objectName(), u"files"_s);
     QCOMPARE(menu.findFileName(QString()), QString());
 }
 
@@ -97,17 +99,16 @@ void QTeskelFileMenuTest::entriesStandInTheOrderOfDiscovery()
         QCOMPARE(entries.at(id)->data().toInt(), id);
         QVERIFY(!entries.at(id)->isSeparator());
     }
-    QCOMPARE(texts, (QStringList{QStringLiteral("Eng2Ger"), QStringLiteral("fi2de"),
-                                 QStringLiteral("Ger2Eng"), QStringLiteral("Eng2Ger"),
-                                 QStringLiteral("Fr2Eng")}));
+    QCOMPARE(texts,
+             (QStringList{u"Eng2Ger"_s, u"fi2de"_s, u"Ger2Eng"_s, u"Eng2Ger"_s, u"Fr2Eng"_s}));
 }
 
 void QTeskelFileMenuTest::iconsTellCardsFromInternalStorage()
 {
     stage();
     const QTeskelFileMenu menu(nullptr);
-    const QImage hard = picture(Resource::loadIcon(QStringLiteral("teskel-hard")));
-    const QImage floppy = picture(Resource::loadIcon(QStringLiteral("teskel-floppy")));
+    const QImage hard = picture(Resource::loadIcon(u"teskel-hard"_s));
+    const QImage floppy = picture(Resource::loadIcon(u"teskel-floppy"_s));
     QVERIFY(!hard.isNull());
     QVERIFY(hard != floppy);
     const auto entries = menu.actions();
@@ -148,20 +149,20 @@ void QTeskelFileMenuTest::cardsThatComeLaterDoNotChangeTheMenu()
 {
     stage();
     const QTeskelFileMenu menu(nullptr);
-    StagedStorage::addFile(_storage->addCard(QStringLiteral("late")), QStringLiteral("a2b.PDB"));
-    _storage->unmount(QStringLiteral("card"));
+    StagedStorage::addFile(_storage->addCard(u"late"_s), u"a2b.PDB"_s);
+    _storage->unmount(u"card"_s);
     QCOMPARE(menu.actions().size(), 5);
-    QVERIFY(menu.findFileName(QStringLiteral("a2b")).isEmpty());
-    QCOMPARE(menu.findFileName(QStringLiteral("Fr2Eng")), _staged.at(4));
+    QVERIFY(menu.findFileName(u"a2b"_s).isEmpty());
+    QCOMPARE(menu.findFileName(u"Fr2Eng"_s), _staged.at(4));
 }
 
 void QTeskelFileMenuTest::ampersandIsShownAndControlCharactersAreNot()
 {
     const QString path =
         StagedStorage::addFile(_storage->internalDirectory(),
-                               u"R&D && co\tx\ny\u007F\u0085\u2028\u2029\u202E\u2066z.PDB"_qs);
+                               u"R&D && co\tx\ny\u007F\u0085\u2028\u2029\u202E\u2066z.PDB"_s);
     QTeskelFileMenu menu(nullptr);
-    QCOMPARE(menu.actions().first()->text(), u"R&&D &&&& co x y      z"_qs);
+    QCOMPARE(menu.actions().first()->text(), u"R&&D &&&& co x y      z"_s);
     const QSignalSpy selected(&menu, &QTeskelFileMenu::fileSelected);
     menu.actions().first()->trigger();
     QCOMPARE(sent(selected, 0).path(), path);
@@ -170,20 +171,19 @@ void QTeskelFileMenuTest::ampersandIsShownAndControlCharactersAreNot()
 void QTeskelFileMenuTest::reverseNameIsThatOfTheRule()
 {
     const QTeskelFileMenu menu(nullptr);
-    QCOMPARE(menu.findReverseDictionary(QStringLiteral("Eng2GerGold")),
-             QStringLiteral("Ger2EngGold"));
-    QCOMPARE(menu.findReverseDictionary(QStringLiteral("EngGer")), QString());
+    QCOMPARE(menu.findReverseDictionary(u"Eng2GerGold"_s), u"Ger2EngGold"_s);
+    QCOMPARE(menu.findReverseDictionary(u"EngGer"_s), QString());
 }
 
 void QTeskelFileMenuTest::fileNameIsFoundByItsDisplayName()
 {
     stage();
     const QTeskelFileMenu menu(nullptr);
-    QCOMPARE(menu.findFileName(QStringLiteral("Ger2Eng")), _staged.at(2));
-    QCOMPARE(menu.findFileName(QStringLiteral("fi2de")), _staged.at(1));
-    QVERIFY(menu.findFileName(QStringLiteral("ger2eng")).isEmpty());
-    QVERIFY(menu.findFileName(QStringLiteral("Ger2Eng.PDB")).isEmpty());
-    QVERIFY(menu.findFileName(QStringLiteral("Ger2")).isEmpty());
+    QCOMPARE(menu.findFileName(u"Ger2Eng"_s), _staged.at(2));
+    QCOMPARE(menu.findFileName(u"fi2de"_s), _staged.at(1));
+    QVERIFY(menu.findFileName(u"ger2eng"_s).isEmpty());
+    QVERIFY(menu.findFileName(u"Ger2Eng.PDB"_s).isEmpty());
+    QVERIFY(menu.findFileName(u"Ger2"_s).isEmpty());
     QVERIFY(menu.findFileName(QString()).isEmpty());
 }
 
@@ -191,16 +191,15 @@ void QTeskelFileMenuTest::internalFileIsFoundBeforeTheOneOnACard()
 {
     stage();
     const QTeskelFileMenu menu(nullptr);
-    QCOMPARE(menu.findFileName(QStringLiteral("Eng2Ger")), _staged.at(0));
+    QCOMPARE(menu.findFileName(u"Eng2Ger"_s), _staged.at(0));
     QVERIFY(_staged.at(0).startsWith(_storage->internalDirectory()));
 }
 
 void QTeskelFileMenuTest::hostileNameIsFoundAndReportedAsItIs()
 {
-    const QString path =
-        StagedStorage::addFile(_storage->internalDirectory(), QStringLiteral("<b>x&y.PDB"));
+    const QString path = StagedStorage::addFile(_storage->internalDirectory(), u"<b>x&y.PDB"_s);
     QTeskelFileMenu menu(nullptr);
-    QCOMPARE(menu.findFileName(QStringLiteral("<b>x&y")), path);
+    QCOMPARE(menu.findFileName(u"<b>x&y"_s), path);
     const QSignalSpy selected(&menu, &QTeskelFileMenu::fileSelected);
     menu.actions().first()->trigger();
     QCOMPARE(sent(selected, 0).path(), path);

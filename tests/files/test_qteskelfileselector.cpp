@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// The selector panel as a user of it sees it.
 class QTeskelFileSelectorTest : public QObject
 {
@@ -57,7 +59,7 @@ private:
 
 void QTeskelFileSelectorTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
     _storage = std::make_unique<StagedStorage>();
     for (const char* name : {"b.PDB", "A.PDB", "c.PDB"})
         StagedStorage::addFile(_storage->internalDirectory(), QString::fromUtf8(name));
@@ -69,8 +71,7 @@ void QTeskelFileSelectorTest::init()
     _log.clear();
     connect(_panel.get(), &QTeskelFileSelector::fileSelected, this,
             [this](const QString& path) { _log.append(path); });
-    connect(_panel.get(), &QTeskelFileSelector::closeMe, this,
-            [this] { _log.append(QStringLiteral("close")); });
+    connect(_panel.get(), &QTeskelFileSelector::closeMe, this, [this] { _log.append(u"close"_s); });
 }
 
 void QTeskelFileSelectorTest::cleanup()
@@ -91,20 +92,20 @@ QString QTeskelFileSelectorTest::file(const char* name) const
 
 void QTeskelFileSelectorTest::panelHasMenuCloseButtonAndList()
 {
-    QCOMPARE(_panel->objectName(), QStringLiteral("selector"));
+    QCOMPARE(_panel->objectName(), u"selector"_s);
     QCOMPARE(_panel->layout()->contentsMargins(), QMargins());
     QCOMPARE(_panel->layout()->spacing(), 0);
     const auto* bar = _panel->findChild<QPEMenuBar*>();
     QVERIFY(bar != nullptr);
     QCOMPARE(bar->actions().size(), 1);
-    QCOMPARE(bar->actions().first()->text(), QStringLiteral("View"));
+    QCOMPARE(bar->actions().first()->text(), u"View"_s);
     QVERIFY(bar->actions().first()->menu() == _panel->menu());
     const auto* button = _panel->findChild<QToolButton*>();
     QCOMPARE(button->size(), QSize(18, 20));
     QVERIFY(button->autoRaise());
     QVERIFY(!button->icon().isNull());
-    QCOMPARE(button->toolTip(), QStringLiteral("Close the Dictionary Selector"));
-    QCOMPARE(_panel->view()->objectName(), QStringLiteral("fileview"));
+    QCOMPARE(button->toolTip(), u"Close the Dictionary Selector"_s);
+    QCOMPARE(_panel->view()->objectName(), u"fileview"_s);
     QCOMPARE(QPEApplication::stylusOperation(_panel->view()->viewport()),
              QPEApplication::RightOnHold);
 }
@@ -112,7 +113,7 @@ void QTeskelFileSelectorTest::panelHasMenuCloseButtonAndList()
 void QTeskelFileSelectorTest::leftClickReportsThePathThenAsksToBeClosed()
 {
     QTest::mouseClick(_panel->view()->viewport(), Qt::LeftButton, {}, rowPosition(1));
-    QCOMPARE(_log, (QStringList{file("b.PDB"), QStringLiteral("close")}));
+    QCOMPARE(_log, (QStringList{file("b.PDB"), u"close"_s}));
 }
 
 void QTeskelFileSelectorTest::rightClickDoesNotChoose()
@@ -156,7 +157,7 @@ void QTeskelFileSelectorTest::spaceAndReturnChoose()
     QFETCH(const int, key);
     _panel->view()->setCurrentItem(_panel->view()->topLevelItem(2));
     QTest::keyClick(_panel->view(), static_cast<Qt::Key>(key));
-    QCOMPARE(_log, (QStringList{file("c.PDB"), QStringLiteral("close")}));
+    QCOMPARE(_log, (QStringList{file("c.PDB"), u"close"_s}));
 }
 
 void QTeskelFileSelectorTest::keysWithoutACurrentItemDoNothing()
@@ -170,7 +171,7 @@ void QTeskelFileSelectorTest::keysWithoutACurrentItemDoNothing()
 void QTeskelFileSelectorTest::letterDoesNotMoveTheSelection()
 {
     _panel->view()->setCurrentItem(_panel->view()->topLevelItem(0));
-    QTest::keyClicks(_panel->view(), QStringLiteral("c"));
+    QTest::keyClicks(_panel->view(), u"c"_s);
     QCOMPARE(_panel->selected(), file("A.PDB"));
     QVERIFY(_log.isEmpty());
 }
@@ -199,7 +200,7 @@ void QTeskelFileSelectorTest::removableMediaMovesTheMarkAndEmptiesTheList()
 void QTeskelFileSelectorTest::closeButtonAsksToBeClosed()
 {
     QTest::mouseClick(_panel->findChild<QToolButton*>(), Qt::LeftButton);
-    QCOMPARE(_log, QStringList{QStringLiteral("close")});
+    QCOMPARE(_log, QStringList{u"close"_s});
 }
 
 void QTeskelFileSelectorTest::closeButtonStandsInTheUpperOuterCorner()
@@ -226,7 +227,7 @@ void QTeskelFileSelectorTest::keysReachTheMenuAndThenTheCloseButton()
     QTest::keyClick(QApplication::focusWidget(), forward);
     QCOMPARE(QApplication::focusWidget(), _panel->findChild<QToolButton*>());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    QCOMPARE(_log, QStringList{QStringLiteral("close")});
+    QCOMPARE(_log, QStringList{u"close"_s});
     QCOMPARE(QApplication::focusWidget(), _panel->view());
 }
 

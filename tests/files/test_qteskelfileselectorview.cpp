@@ -15,6 +15,8 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -82,7 +84,7 @@ private:
 
 void QTeskelFileSelectorViewTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
     _storage = std::make_unique<StagedStorage>();
     for (const char* name : {"b.PDB", "A.PDB", "c.old.PDB"})
         StagedStorage::addFile(_storage->internalDirectory(), QString::fromUtf8(name));
@@ -110,10 +112,10 @@ QPoint QTeskelFileSelectorViewTest::rowPosition(int row) const
 void QTeskelFileSelectorViewTest::startsEmptyWithOneHiddenColumn()
 {
     const QTeskelFileSelectorView view(nullptr, "fileview");
-    QCOMPARE(view.objectName(), QStringLiteral("fileview"));
+    QCOMPARE(view.objectName(), u"fileview"_s);
     QCOMPARE(view.topLevelItemCount(), 0);
     QCOMPARE(view.columnCount(), 1);
-    QCOMPARE(view.headerItem()->text(0), QStringLiteral("Name"));
+    QCOMPARE(view.headerItem()->text(0), u"Name"_s);
     QVERIFY(view.isHeaderHidden());
     QVERIFY(view.allColumnsShowFocus());
     QCOMPARE(view.fileCount(), 0);
@@ -122,37 +124,36 @@ void QTeskelFileSelectorViewTest::startsEmptyWithOneHiddenColumn()
 
 void QTeskelFileSelectorViewTest::appendAddsEveryEntrySortedByName()
 {
-    StagedStorage::addFile(_storage->addCard(QStringLiteral("card")), QStringLiteral("aa.PDB"));
-    _view->append(_storage->path(QStringLiteral("card/QtPalmtop/teskel")));
-    QCOMPARE(texts(*_view), (QStringList{QStringLiteral("A"), QStringLiteral("aa"),
-                                         QStringLiteral("b"), QStringLiteral("c")}));
+    StagedStorage::addFile(_storage->addCard(u"card"_s), u"aa.PDB"_s);
+    _view->append(_storage->path(u"card/QtPalmtop/teskel"_s));
+    QCOMPARE(texts(*_view), (QStringList{u"A"_s, u"aa"_s, u"b"_s, u"c"_s}));
     const auto* item = dynamic_cast<DictionaryListItem*>(_view->topLevelItem(3));
     QVERIFY(item != nullptr);
-    QCOMPARE(item->url(), _storage->internalDirectory() + QStringLiteral("/c.old.PDB"));
+    QCOMPARE(item->url(), _storage->internalDirectory() + u"/c.old.PDB"_s);
     QCOMPARE(_view->fileCount(), 0);
 }
 
 void QTeskelFileSelectorViewTest::appendOfAMissingDirectoryAddsNothing()
 {
-    _view->append(QStringLiteral("/nowhere/at all"));
+    _view->append(u"/nowhere/at all"_s);
     QCOMPARE(_view->topLevelItemCount(), 3);
 }
 
 void QTeskelFileSelectorViewTest::linksAreNotFiltered()
 {
-    QVERIFY(QFile::link(_storage->internalDirectory() + QStringLiteral("/b.PDB"),
-                        _storage->internalDirectory() + QStringLiteral("/link.PDB")));
+    QVERIFY(QFile::link(_storage->internalDirectory() + u"/b.PDB"_s,
+                        _storage->internalDirectory() + u"/link.PDB"_s));
     _view->reread();
     _view->append(_storage->internalDirectory());
-    QCOMPARE(texts(*_view).last(), QStringLiteral("link"));
+    QCOMPARE(texts(*_view).last(), u"link"_s);
 }
 
 void QTeskelFileSelectorViewTest::hostileNameIsShownAsItIs()
 {
-    StagedStorage::addFile(_storage->internalDirectory(), QStringLiteral("<b>x&y.PDB"));
+    StagedStorage::addFile(_storage->internalDirectory(), u"<b>x&y.PDB"_s);
     _view->reread();
     _view->append(_storage->internalDirectory());
-    QCOMPARE(texts(*_view).first(), QStringLiteral("<b>x&y"));
+    QCOMPARE(texts(*_view).first(), u"<b>x&y"_s);
 }
 
 void QTeskelFileSelectorViewTest::rereadEmptiesTheList()
@@ -227,11 +228,11 @@ void QTeskelFileSelectorViewTest::lettersTravelToTheParent_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("text");
-    QTest::newRow("letter") << static_cast<int>(Qt::Key_C) << QStringLiteral("c");
-    QTest::newRow("exclamation mark") << static_cast<int>(Qt::Key_Exclam) << QStringLiteral("!");
-    QTest::newRow("asterisk") << static_cast<int>(Qt::Key_Asterisk) << QStringLiteral("*");
-    QTest::newRow("umlaut") << static_cast<int>(Qt::Key_Adiaeresis) << QStringLiteral("ä");
-    QTest::newRow("without a code") << 0 << QStringLiteral("ж");
+    QTest::newRow("letter") << static_cast<int>(Qt::Key_C) << u"c"_s;
+    QTest::newRow("exclamation mark") << static_cast<int>(Qt::Key_Exclam) << u"!"_s;
+    QTest::newRow("asterisk") << static_cast<int>(Qt::Key_Asterisk) << u"*"_s;
+    QTest::newRow("umlaut") << static_cast<int>(Qt::Key_Adiaeresis) << u"ä"_s;
+    QTest::newRow("without a code") << 0 << u"ж"_s;
 }
 
 void QTeskelFileSelectorViewTest::lettersTravelToTheParent()
@@ -248,7 +249,7 @@ void QTeskelFileSelectorViewTest::lettersTravelToTheParent()
 void QTeskelFileSelectorViewTest::searchingByLettersDoesNothing()
 {
     _view->setCurrentItem(_view->topLevelItem(0));
-    _view->keyboardSearch(QStringLiteral("c"));
+    _view->keyboardSearch(u"c"_s);
     QVERIFY(_view->currentItem() == _view->topLevelItem(0));
 }
 

@@ -5,6 +5,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -43,10 +45,10 @@ private slots:
 void QTeskelSelectorMenuTest::startsWithAllFiles()
 {
     const QTeskelSelectorMenu menu(nullptr, "filter");
-    QCOMPARE(menu.objectName(), QStringLiteral("filter"));
+    QCOMPARE(menu.objectName(), u"filter"_s);
     QCOMPARE(menu.actions().size(), 2);
-    QCOMPARE(menu.actions().at(0)->text(), QStringLiteral("All files"));
-    QCOMPARE(menu.actions().at(1)->text(), QStringLiteral("Removable media files"));
+    QCOMPARE(menu.actions().at(0)->text(), u"All files"_s);
+    QCOMPARE(menu.actions().at(1)->text(), u"Removable media files"_s);
     QCOMPARE(static_cast<int>(MediaFilter::AllFiles), 0);
     QCOMPARE(static_cast<int>(MediaFilter::RemovableMedia), 1);
     QCOMPARE(menu.getMediaFilter(), MediaFilter::AllFiles);

@@ -12,6 +12,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 /// The selector with an owner that keeps it filled, as the demonstration program runs it.
 class SelectorDemoTest : public QObject
 {
@@ -38,8 +40,8 @@ private:
 void SelectorDemoTest::init()
 {
     _storage = std::make_unique<StagedStorage>();
-    StagedStorage::addFile(_storage->internalDirectory(), QStringLiteral("Eng2Ger.PDB"));
-    StagedStorage::addFile(_storage->addCard(QStringLiteral("a")), QStringLiteral("Fr2Eng.PDB"));
+    StagedStorage::addFile(_storage->internalDirectory(), u"Eng2Ger.PDB"_s);
+    StagedStorage::addFile(_storage->addCard(u"a"_s), u"Fr2Eng.PDB"_s);
     _selector = std::make_unique<QTeskelFileSelector>(nullptr, "selector");
     _owner = std::make_unique<SelectorOwner>(_selector.get());
 }
@@ -62,25 +64,25 @@ QStringList SelectorDemoTest::shown() const
 
 void SelectorDemoTest::listIsFilledAtStart()
 {
-    QCOMPARE(shown(), (QStringList{QStringLiteral("Eng2Ger"), QStringLiteral("Fr2Eng")}));
+    QCOMPARE(shown(), (QStringList{u"Eng2Ger"_s, u"Fr2Eng"_s}));
 }
 
 void SelectorDemoTest::filterShowsTheCardsAlone()
 {
     _selector->menu()->actions().at(1)->trigger();
-    QCOMPARE(shown(), QStringList{QStringLiteral("Fr2Eng")});
+    QCOMPARE(shown(), QStringList{u"Fr2Eng"_s});
     _selector->menu()->actions().at(0)->trigger();
     QCOMPARE(shown().size(), 2);
 }
 
 void SelectorDemoTest::cardComesAndGoes()
 {
-    StagedStorage::addFile(_storage->addCard(QStringLiteral("b")), QStringLiteral("It2Eng.PDB"));
+    StagedStorage::addFile(_storage->addCard(u"b"_s), u"It2Eng.PDB"_s);
     QVERIFY(QCopChannel::send("QPE/Card", "mtabChanged()"));
     QTRY_COMPARE(shown().size(), 3);
-    _storage->unmount(QStringLiteral("a"));
+    _storage->unmount(u"a"_s);
     QVERIFY(QCopChannel::send("QPE/Card", "mtabChanged()"));
-    QTRY_COMPARE(shown(), (QStringList{QStringLiteral("Eng2Ger"), QStringLiteral("It2Eng")}));
+    QTRY_COMPARE(shown(), (QStringList{u"Eng2Ger"_s, u"It2Eng"_s}));
 }
 
 void SelectorDemoTest::appearance_data()
@@ -101,8 +103,8 @@ void SelectorDemoTest::appearance()
     QFETCH(const bool, dark);
     if (dark)
         QApplication::setPalette(QPalette(QColor(0x35, 0x35, 0x35)));
-    const QString longName = QStringLiteral("A rather long name of a dictionary on a small screen");
-    StagedStorage::addFile(_storage->internalDirectory(), longName + QStringLiteral(".PDB"));
+    const QString longName = u"A rather long name of a dictionary on a small screen"_s;
+    StagedStorage::addFile(_storage->internalDirectory(), longName + u".PDB"_s);
     _selector->menu()->actions().at(0)->trigger();
     _selector->view()->setCurrentItem(_selector->view()->topLevelItem(1));
     _selector->resize(size);
@@ -112,8 +114,7 @@ void SelectorDemoTest::appearance()
     if (qEnvironmentVariableIsSet("TESKEL_PICTURES")) {
         const QDir pictures(qEnvironmentVariable("TESKEL_PICTURES"));
         const QString tag = QString::fromUtf8(QTest::currentDataTag());
-        QVERIFY(
-            _selector->grab().save(pictures.filePath(QStringLiteral("selector %1.png").arg(tag))));
+        QVERIFY(_selector->grab().save(pictures.filePath(u"selector %1.png"_s.arg(tag))));
     }
     const QRect row = _selector->view()->visualItemRect(_selector->view()->topLevelItem(0));
     QTRY_VERIFY(row.width() >= _selector->view()->viewport()->width());

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QProcess>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel::test
 {
 
@@ -19,8 +21,7 @@ ProgramResult resultOf(QProcess& process)
 
 bool LexiconProgram::buildSmallLexicon() const
 {
-    return run({QStringLiteral("build"), QStringLiteral(TEST_DATA "/small.tsv"),
-                QStringLiteral("-o"), path("small.PDB")})
+    return run({u"build"_s, QStringLiteral(TEST_DATA "/small.tsv"), u"-o"_s, path("small.PDB")})
                .code == 0;
 }
 
@@ -38,7 +39,7 @@ ProgramResult LexiconProgram::runShell(const QString& script) const
 {
     QProcess process;
     process.setWorkingDirectory(directory());
-    process.start(QStringLiteral("sh"), {QStringLiteral("-c"), script});
+    process.start(u"sh"_s, {u"-c"_s, script});
     return resultOf(process);
 }
 

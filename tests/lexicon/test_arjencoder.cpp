@@ -12,6 +12,8 @@
 
 #include <zlib.h>
 
+using namespace Qt::StringLiterals;
+
 using teskel::ArjEncoder;
 using teskel::ArjMember;
 
@@ -180,20 +182,16 @@ void TestArjEncoder::arjAndSevenZipUnpackIt()
 {
     QFETCH(int, method);
     QFETCH(QByteArray, block);
-    const QString arj = QStandardPaths::findExecutable(QStringLiteral("arj"));
-    const QString sevenZip = QStandardPaths::findExecutable(QStringLiteral("7zz"));
+    const QString arj = QStandardPaths::findExecutable(u"arj"_s);
+    const QString sevenZip = QStandardPaths::findExecutable(u"7zz"_s);
     QVERIFY2(!arj.isEmpty() && !sevenZip.isEmpty(), "needs the Debian packages arj and 7zip");
     const QTemporaryDir directory;
-    QVERIFY(teskel::test::writeFile(directory.filePath(QStringLiteral("a.arj")),
-                                    archiveOf(packed(block, method))));
-    QCOMPARE(run(sevenZip, {QStringLiteral("t"), QStringLiteral("a.arj")}, directory.path()), 0);
-    QCOMPARE(run(arj, {QStringLiteral("t"), QStringLiteral("-y"), QStringLiteral("a.arj")},
-                 directory.path()),
-             0);
-    QCOMPARE(run(arj, {QStringLiteral("e"), QStringLiteral("-y"), QStringLiteral("a.arj")},
-                 directory.path()),
-             0);
-    QFile unpacked(directory.filePath(QStringLiteral("r")));
+    QVERIFY(
+        teskel::test::writeFile(directory.filePath(u"a.arj"_s), archiveOf(packed(block, method))));
+    QCOMPARE(run(sevenZip, {u"t"_s, u"a.arj"_s}, directory.path()), 0);
+    QCOMPARE(run(arj, {u"t"_s, u"-y"_s, u"a.arj"_s}, directory.path()), 0);
+    QCOMPARE(run(arj, {u"e"_s, u"-y"_s, u"a.arj"_s}, directory.path()), 0);
+    QFile unpacked(directory.filePath(u"r"_s));
     QVERIFY(unpacked.open(QIODevice::ReadOnly));
     QVERIFY(unpacked.readAll() == block);
 }

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include "lexicon/entries/entryintake.h"
 #include "lexicon/sources/dictdindex.h"
 #include "lexicon/sources/dictdsource.h"
 #include "lexicon/sources/dictzipreader.h"
-#include "lexicon/entries/entryintake.h"
 #include "tests/support/palmwriter.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace teskel;
 using teskel::test::writeFile;
@@ -45,21 +47,19 @@ private:
 void TestDictdSource::stage(const QTemporaryDir& directory, const QString& packer)
 {
     const QString data = QStringLiteral(TEST_DATA "/sample");
-    QVERIFY(QFile::copy(data + QStringLiteral(".index"),
-                        directory.filePath(QStringLiteral("s.index"))));
-    QVERIFY(
-        QFile::copy(data + QStringLiteral(".dict"), directory.filePath(QStringLiteral("s.dict"))));
+    QVERIFY(QFile::copy(data + u".index"_s, directory.filePath(u"s.index"_s)));
+    QVERIFY(QFile::copy(data + u".dict"_s, directory.filePath(u"s.dict"_s)));
     if (packer.isEmpty())
         return;
     QProcess process;
     process.setWorkingDirectory(directory.path());
-    process.start(packer, {QStringLiteral("s.dict")});
+    process.start(packer, {u"s.dict"_s});
     QVERIFY2(process.waitForFinished() && process.exitCode() == 0,
-             qPrintable(packer + QStringLiteral(" is needed for this test")));
-    const QString gzipped = directory.filePath(QStringLiteral("s.dict.gz"));
+             qPrintable(packer + u" is needed for this test"_s));
+    const QString gzipped = directory.filePath(u"s.dict.gz"_s);
     if (QFile::exists(gzipped))
-        QVERIFY(QFile::rename(gzipped, directory.filePath(QStringLiteral("s.dict.dz"))));
-    QVERIFY(QFile::exists(directory.filePath(QStringLiteral("s.dict.dz"))));
+        QVERIFY(QFile::rename(gzipped, directory.filePath(u"s.dict.dz"_s)));
+    QVERIFY(QFile::exists(directory.filePath(u"s.dict.dz"_s)));
 }
 
 TestDictdSource::Pairs TestDictdSource::readAll(const std::string& index, std::string& error)
@@ -107,17 +107,17 @@ void TestDictdSource::readsPlainArticles()
 void TestDictdSource::readsArticlesPackedByDictzip()
 {
     const QTemporaryDir directory;
-    stage(directory, QStringLiteral("dictzip"));
+    stage(directory, u"dictzip"_s);
     std::string error;
-    QCOMPARE(readAll(stdPath(directory, QStringLiteral("s.index")), error), sample);
+    QCOMPARE(readAll(stdPath(directory, u"s.index"_s), error), sample);
 }
 
 void TestDictdSource::readsArticlesPackedByGzip()
 {
     const QTemporaryDir directory;
-    stage(directory, QStringLiteral("gzip"));
+    stage(directory, u"gzip"_s);
     std::string error;
-    QCOMPARE(readAll(stdPath(directory, QStringLiteral("s.index")), error), sample);
+    QCOMPARE(readAll(stdPath(directory, u"s.index"_s), error), sample);
 }
 
 void TestDictdSource::readsAcrossChunks()
@@ -126,13 +126,13 @@ void TestDictdSource::readsAcrossChunks()
     QByteArray content;
     for (int i = 0; content.size() < 300000; ++i)
         content += QByteArray::number(i * i) + ' ';
-    QVERIFY(writeFile(directory.filePath(QStringLiteral("big")), content));
+    QVERIFY(writeFile(directory.filePath(u"big"_s), content));
     QProcess dictzip;
-    dictzip.start(QStringLiteral("dictzip"), {directory.filePath(QStringLiteral("big"))});
+    dictzip.start(u"dictzip"_s, {directory.filePath(u"big"_s)});
     QVERIFY(dictzip.waitForFinished() && dictzip.exitCode() == 0);
     DictzipReader reader;
     std::string error;
-    QVERIFY(reader.open(stdPath(directory, QStringLiteral("big.dz")), error));
+    QVERIFY(reader.open(stdPath(directory, u"big.dz"_s), error));
     std::string piece;
     // In both directions, from single bytes to pieces of several chunks.
     for (const qsizetype size : {1, 1000, 70000, 250000}) {
@@ -179,9 +179,9 @@ void TestDictdSource::refusesDamagedIndexes()
     QFETCH(QByteArray, index);
     QFETCH(QByteArray, reason);
     const QTemporaryDir directory;
-    QVERIFY(writeFile(directory.filePath(QStringLiteral("s.index")), index));
-    QVERIFY(writeFile(directory.filePath(QStringLiteral("s.dict")), "Haus\n"));
-    const std::string path = stdPath(directory, QStringLiteral("s.index"));
+    QVERIFY(writeFile(directory.filePath(u"s.index"_s), index));
+    QVERIFY(writeFile(directory.filePath(u"s.dict"_s), "Haus\n"));
+    const std::string path = stdPath(directory, u"s.index"_s);
     std::string error;
     QVERIFY(readAll(path, error).isEmpty());
     QVERIFY2(error.starts_with(path + ", " + reason.toStdString()), error.c_str());
@@ -190,10 +190,10 @@ void TestDictdSource::refusesDamagedIndexes()
 void TestDictdSource::refusesMissingArticles()
 {
     const QTemporaryDir directory;
-    QVERIFY(writeFile(directory.filePath(QStringLiteral("s.index")), "house\tA\tB\n"));
+    QVERIFY(writeFile(directory.filePath(u"s.index"_s), "house\tA\tB\n"));
     std::string error;
-    QVERIFY(readAll(stdPath(directory, QStringLiteral("s.index")), error).isEmpty());
-    const std::string base = stdPath(directory, QStringLiteral("s.dict"));
+    QVERIFY(readAll(stdPath(directory, u"s.index"_s), error).isEmpty());
+    const std::string base = stdPath(directory, u"s.dict"_s);
     QCOMPARE(error, "cannot find " + base + ".dz or " + base + " beside the index");
 }
 
@@ -201,9 +201,9 @@ void TestDictdSource::refusesTruncatedArticles_data()
 {
     QTest::addColumn<QString>("packer");
     QTest::addColumn<QString>("file");
-    QTest::newRow("plain") << QString() << QStringLiteral("s.dict");
-    QTest::newRow("dictzip") << QStringLiteral("dictzip") << QStringLiteral("s.dict.dz");
-    QTest::newRow("gzip") << QStringLiteral("gzip") << QStringLiteral("s.dict.dz");
+    QTest::newRow("plain") << QString() << u"s.dict"_s;
+    QTest::newRow("dictzip") << u"dictzip"_s << u"s.dict.dz"_s;
+    QTest::newRow("gzip") << u"gzip"_s << u"s.dict.dz"_s;
 }
 
 void TestDictdSource::refusesTruncatedArticles()
@@ -215,19 +215,18 @@ void TestDictdSource::refusesTruncatedArticles()
     QFile articles(directory.filePath(file));
     QVERIFY(articles.resize(articles.size() * 2 / 3));
     std::string error;
-    QVERIFY(readAll(stdPath(directory, QStringLiteral("s.index")), error).isEmpty());
+    QVERIFY(readAll(stdPath(directory, u"s.index"_s), error).isEmpty());
     QVERIFY2(error.find("is damaged") != std::string::npos, error.c_str());
 }
 
 void TestDictdSource::refusesArticlesThatAreNotPacked()
 {
     const QTemporaryDir directory;
-    QVERIFY(writeFile(directory.filePath(QStringLiteral("s.index")), "house\tA\tB\n"));
-    QVERIFY(writeFile(directory.filePath(QStringLiteral("s.dict.dz")), "Haus, not packed"));
+    QVERIFY(writeFile(directory.filePath(u"s.index"_s), "house\tA\tB\n"));
+    QVERIFY(writeFile(directory.filePath(u"s.dict.dz"_s), "Haus, not packed"));
     std::string error;
-    QVERIFY(readAll(stdPath(directory, QStringLiteral("s.index")), error).isEmpty());
-    QCOMPARE(error,
-             stdPath(directory, QStringLiteral("s.dict.dz")) + " is not packed by dictzip or gzip");
+    QVERIFY(readAll(stdPath(directory, u"s.index"_s), error).isEmpty());
+    QCOMPARE(error, stdPath(directory, u"s.dict.dz"_s) + " is not packed by dictzip or gzip");
 }
 
 QTEST_GUILESS_MAIN(TestDictdSource)

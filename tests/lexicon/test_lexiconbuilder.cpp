@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel;
 using teskel::test::writeFile;
 
@@ -38,7 +40,7 @@ private slots:
 private:
     /// Builds from TSV; the result is "out.PDB" in the directory.
     bool buildTsv(const QByteArray& tsv, BuildOptions options = {});
-    QString output() const { return _directory->filePath(QStringLiteral("out.PDB")); }
+    QString output() const { return _directory->filePath(u"out.PDB"_s); }
     QByteArray outputBytes() const;
     static QByteArray articleOf(QtDictionary& dictionary, const char* word);
 
@@ -50,7 +52,7 @@ private:
 bool TestLexiconBuilder::buildTsv(const QByteArray& tsv, BuildOptions options)
 {
     _directory = std::make_unique<QTemporaryDir>();
-    const QString source = _directory->filePath(QStringLiteral("in.tsv"));
+    const QString source = _directory->filePath(u"in.tsv"_s);
     if (!writeFile(source, tsv))
         return false;
     options.source = source.toStdString();
@@ -147,7 +149,7 @@ void TestLexiconBuilder::outputNameDoesNotMatter()
     BuildOptions options;
     options.output = "other.PDB";
     QVERIFY(buildTsv(manyWords(), options));
-    QFile other(_directory->filePath(QStringLiteral("other.PDB")));
+    QFile other(_directory->filePath(u"other.PDB"_s));
     QVERIFY(other.open(QIODevice::ReadOnly));
     QVERIFY(other.readAll() == first);
 }
@@ -300,7 +302,7 @@ void TestLexiconBuilder::failureLeavesNothingBehind()
     QVERIFY(!buildTsv("house\tHaus\n", options));
     QVERIFY2(_error.ends_with("out.PDB: No such file or directory"), _error.c_str());
     QCOMPARE(QDir(_directory->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             QStringList{QStringLiteral("in.tsv")});
+             QStringList{u"in.tsv"_s});
 }
 
 QTEST_APPLESS_MAIN(TestLexiconBuilder)

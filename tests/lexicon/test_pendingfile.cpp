@@ -8,6 +8,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using teskel::PendingFile;
 using teskel::test::writeFile;
 
@@ -43,10 +45,10 @@ void TestPendingFile::standsBesideItsTargetUntilCommitted()
     const QTemporaryDir directory;
     PendingFile file(pathIn(directory, "a.PDB"));
     QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
-    QVERIFY(!filesIn(directory).contains(QStringLiteral("a.PDB")));
+    QVERIFY(!filesIn(directory).contains(u"a.PDB"_s));
     std::string error;
     QVERIFY(file.commit(error));
-    QCOMPARE(filesIn(directory), QStringList{QStringLiteral("a.PDB")});
+    QCOMPARE(filesIn(directory), QStringList{u"a.PDB"_s});
 }
 
 void TestPendingFile::leavesNothingWhenNotCommitted()
@@ -63,7 +65,7 @@ void TestPendingFile::leavesNothingWhenNotCommitted()
 void TestPendingFile::replacesTheTarget()
 {
     const QTemporaryDir directory;
-    const QString target = directory.filePath(QStringLiteral("a.PDB"));
+    const QString target = directory.filePath(u"a.PDB"_s);
     QVERIFY(writeFile(target, "old"));
     PendingFile file(target.toStdString());
     QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
@@ -77,7 +79,7 @@ void TestPendingFile::replacesTheTarget()
 void TestPendingFile::saysWhyItCannotBeCommitted()
 {
     const QTemporaryDir directory;
-    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("a.PDB")));
+    QVERIFY(QDir(directory.path()).mkdir(u"a.PDB"_s));
     const std::string target = pathIn(directory, "a.PDB");
     std::string error;
     {

@@ -10,6 +10,8 @@
 
 #include <csignal>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 /// Building, seen from outside: summaries, sources, and what failed or interrupted builds leave.
@@ -99,8 +101,8 @@ void TestProgramBuild::buildReadsStandardInput()
 void TestProgramBuild::buildReadsDictdIndexes()
 {
     QCOMPARE(_program
-                 .run({QStringLiteral("build"), QStringLiteral(TEST_DATA "/sample.index"),
-                       QStringLiteral("-o"), _program.path("dictd.PDB")})
+                 .run({u"build"_s, QStringLiteral(TEST_DATA "/sample.index"), u"-o"_s,
+                       _program.path("dictd.PDB")})
                  .code,
              0);
     const ProgramResult result = _program.run(words({"find", "dictd.PDB", "house", "TOWER"}));
@@ -179,12 +181,9 @@ void TestProgramBuild::fileNamesMayHoldAnything()
 {
     QVERIFY(QDir(_program.directory()).mkdir(QString::fromUtf8("für „日本“")));
     const QString name = QString::fromUtf8("für „日本“/Wörter 1.PDB");
-    QCOMPARE(_program
-                 .run({QStringLiteral("build"), QStringLiteral(TEST_DATA "/small.tsv"),
-                       QStringLiteral("-o"), name})
-                 .code,
+    QCOMPARE(_program.run({u"build"_s, QStringLiteral(TEST_DATA "/small.tsv"), u"-o"_s, name}).code,
              0);
-    QCOMPARE(_program.run({QStringLiteral("find"), name, QString::fromUtf8("ähnlich")}).out,
+    QCOMPARE(_program.run({u"find"_s, name, QString::fromUtf8("ähnlich")}).out,
              QByteArray("ähnlich\nsimilar\n\n"));
 }
 

@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 /// What the commands that write files do on a disk that takes no more.
@@ -53,11 +55,11 @@ void TestProgramDisk::addCommands() const
     QTest::addColumn<QString>("command"); // without its target
     QTest::addColumn<qint64>("left");     // bytes that can still be written
     for (const qint64 left : {0, 4096, 16384}) {
-        QTest::addRow("build, %lld left", left) << QStringLiteral("build large.tsv") << left;
-        QTest::addRow("export, %lld left", left) << QStringLiteral("export large.PDB") << left;
+        QTest::addRow("build, %lld left", left) << u"build large.tsv"_s << left;
+        QTest::addRow("export, %lld left", left) << u"export large.PDB"_s << left;
     }
-    QTest::newRow("build less than a buffer") << QStringLiteral("build tiny.tsv") << qint64(0);
-    QTest::newRow("export less than a buffer") << QStringLiteral("export tiny.PDB") << qint64(0);
+    QTest::newRow("build less than a buffer") << u"build tiny.tsv"_s << qint64(0);
+    QTest::newRow("export less than a buffer") << u"export tiny.PDB"_s << qint64(0);
 }
 
 void TestProgramDisk::fullDiskKeepsTheOldFile_data()
@@ -72,15 +74,13 @@ void TestProgramDisk::fullDiskKeepsTheOldFile()
         QSKIP("this machine lets its users mount nothing, not even where they alone see it");
     QFETCH(QString, command);
     QFETCH(qint64, left);
-    const QString target = disk.path(QStringLiteral("target"));
+    const QString target = disk.path(u"target"_s);
     QVERIFY(writeFile(target, "old"));
     QVERIFY(disk.fill(left));
-    const ProgramResult result =
-        _program.run(command.split(u' ') + QStringList{QStringLiteral("-o"), target});
+    const ProgramResult result = _program.run(command.split(u' ') + QStringList{u"-o"_s, target});
     QCOMPARE(result.code, 3);
-    QCOMPARE(
-        QString::fromUtf8(result.err),
-        QStringLiteral("teskel-lexicon: cannot write %1: No space left on device\n").arg(target));
+    QCOMPARE(QString::fromUtf8(result.err),
+             u"teskel-lexicon: cannot write %1: No space left on device\n"_s.arg(target));
     QFile file(target);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("old"));
@@ -106,15 +106,15 @@ void TestProgramDisk::limitedFileSizeKeepsTheOldFile()
     QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write target: File too large\n"));
     QCOMPARE(_program.bytesOf("target"), QByteArray("old"));
     QVERIFY(QDir(_program.directory())
-                .entryList({QStringLiteral("target.*")}, QDir::Files | QDir::Hidden)
+                .entryList({u"target.*"_s}, QDir::Files | QDir::Hidden)
                 .isEmpty());
 }
 
 void TestProgramDisk::whatIsNoFileIsNotReplaced_data()
 {
     QTest::addColumn<QString>("command");
-    QTest::newRow("build") << QStringLiteral("build tiny.tsv");
-    QTest::newRow("export") << QStringLiteral("export tiny.PDB");
+    QTest::newRow("build") << u"build tiny.tsv"_s;
+    QTest::newRow("export") << u"export tiny.PDB"_s;
 }
 
 /// As "-o /dev/null", which root could replace for everybody.
@@ -124,8 +124,8 @@ void TestProgramDisk::whatIsNoFileIsNotReplaced()
     const QString pipe = _program.path("pipe");
     QFile::remove(pipe);
     QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    const ProgramResult result = _program.run(
-        command.split(u' ') + QStringList{QStringLiteral("-o"), QStringLiteral("pipe")});
+    const ProgramResult result =
+        _program.run(command.split(u' ') + QStringList{u"-o"_s, u"pipe"_s});
     QCOMPARE(result.code, 3);
     QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write pipe: it is no regular file\n"));
     struct stat status = {};

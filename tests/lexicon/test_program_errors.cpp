@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 /// Help, and what all commands say of wrong command lines and files.
@@ -95,8 +97,7 @@ void TestProgramErrors::unreadableFilesEndWithThree_data()
     QTest::newRow("build from no index") << words({"build", "missing.index", "-o", "x.PDB"});
     QTest::newRow("build from an unknown kind") << words({"build", "small.PDB", "-o", "x.PDB"});
     QTest::newRow("build into a directory")
-        << QStringList{QStringLiteral("build"), QStringLiteral(TEST_DATA "/small.tsv"),
-                       QStringLiteral("-o"), QStringLiteral(".")};
+        << QStringList{u"build"_s, QStringLiteral(TEST_DATA "/small.tsv"), u"-o"_s, u"."_s};
 }
 
 void TestProgramErrors::unreadableFilesEndWithThree()

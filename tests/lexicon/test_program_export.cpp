@@ -7,6 +7,8 @@
 #include <QJsonObject>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 /// The commands that look at a lexicon as a whole: export, info and verify.
@@ -56,7 +58,7 @@ void TestProgramExport::exportAndBuildGiveTheSameFile()
     const ProgramResult exported = _program.run(words({"export", "first.PDB"}));
     QCOMPARE(exported.code, 0);
     // The description travels along; the other options are asked for again.
-    if (options.contains(QStringLiteral("--description")))
+    if (options.contains(u"--description"_s))
         options.clear();
     QCOMPARE(_program.run(words({"build", "-", "-o", "second.PDB"}) + options, exported.out).code,
              0);
@@ -99,10 +101,10 @@ void TestProgramExport::infoPrintsJson()
     const ProgramResult result = _program.run(words({"info", "small.PDB", "--json"}));
     QCOMPARE(result.code, 0);
     const QJsonObject facts = QJsonDocument::fromJson(result.out).object();
-    QCOMPARE(facts[QStringLiteral("headwords")].toInt(), 7);
-    QCOMPARE(facts[QStringLiteral("wordRecords")].toInt(), 1);
-    QCOMPARE(facts[QStringLiteral("name")].toString(), QStringLiteral("small"));
-    QCOMPARE(facts[QStringLiteral("fileBytes")].toInt(), _program.bytesOf("small.PDB").size());
+    QCOMPARE(facts[u"headwords"_s].toInt(), 7);
+    QCOMPARE(facts[u"wordRecords"_s].toInt(), 1);
+    QCOMPARE(facts[u"name"_s].toString(), u"small"_s);
+    QCOMPARE(facts[u"fileBytes"_s].toInt(), _program.bytesOf("small.PDB").size());
 }
 
 void TestProgramExport::verifyTellsValidFromInvalid()

@@ -6,6 +6,8 @@
 #include <QJsonObject>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace teskel::test;
 
 /// The commands that show words: find and list.
@@ -86,13 +88,13 @@ void TestProgramFind::findPrintsJson()
     const QJsonArray found = QJsonDocument::fromJson(result.out).array();
     QCOMPARE(found.size(), 2);
     const QJsonObject house = found[0].toObject();
-    QCOMPARE(house[QStringLiteral("word")].toString(), QStringLiteral("house"));
-    const QJsonArray entries = house[QStringLiteral("entries")].toArray();
+    QCOMPARE(house[u"word"_s].toString(), u"house"_s);
+    const QJsonArray entries = house[u"entries"_s].toArray();
     QCOMPARE(entries.size(), 2);
-    QCOMPARE(entries[1].toObject()[QStringLiteral("headword")].toString(), QStringLiteral("House"));
-    QCOMPARE(entries[1].toObject()[QStringLiteral("article")].toString(),
+    QCOMPARE(entries[1].toObject()[u"headword"_s].toString(), u"House"_s);
+    QCOMPARE(entries[1].toObject()[u"article"_s].toString(),
              QString::fromUtf8("Repräsentantenhaus"));
-    QVERIFY(found[1].toObject()[QStringLiteral("entries")].toArray().isEmpty());
+    QVERIFY(found[1].toObject()[u"entries"_s].toArray().isEmpty());
     QCOMPARE(_program.run(words({"find", "small.PDB", "--json", "-"})).out, QByteArray("[]\n"));
 }
 

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "dictionary/qtdictionary.h"
+#include "lexicon/entries/entryintake.h"
 #include "lexicon/file/articleof.h"
 #include "lexicon/sources/dictdsource.h"
-#include "lexicon/entries/entryintake.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <unordered_map>
+
+using namespace Qt::StringLiterals;
 
 /// The dictionaries that people will read: what the FreeDict packages of Debian become.
 class TestReal : public QObject
@@ -68,9 +70,9 @@ void TestReal::addLexicons()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("source");
     const QString sources = EXTRACT_STEP > 1 ? QStringLiteral(REAL_LEXICONS "/freedict-%1.index")
-                                             : QStringLiteral("/usr/share/dictd/freedict-%1.index");
-    QTest::newRow("Eng2Ger") << lexicon("Eng2Ger.PDB") << sources.arg(QStringLiteral("eng-deu"));
-    QTest::newRow("Ger2Eng") << lexicon("Ger2Eng.PDB") << sources.arg(QStringLiteral("deu-eng"));
+                                             : u"/usr/share/dictd/freedict-%1.index"_s;
+    QTest::newRow("Eng2Ger") << lexicon("Eng2Ger.PDB") << sources.arg(u"eng-deu"_s);
+    QTest::newRow("Ger2Eng") << lexicon("Ger2Eng.PDB") << sources.arg(u"deu-eng"_s);
 }
 
 void TestReal::verifyPasses_data()
@@ -81,7 +83,7 @@ void TestReal::verifyPasses_data()
 void TestReal::verifyPasses()
 {
     QFETCH(QString, file);
-    QCOMPARE(run({QStringLiteral("verify"), file}), 0);
+    QCOMPARE(run({u"verify"_s, file}), 0);
 }
 
 void TestReal::exportAndBuildGiveTheSameFile_data()
@@ -93,11 +95,10 @@ void TestReal::exportAndBuildGiveTheSameFile()
 {
     QFETCH(QString, file);
     const QTemporaryDir directory;
-    const QString tsv = directory.filePath(QStringLiteral("a.tsv"));
-    const QString again = directory.filePath(QStringLiteral("again.PDB"));
-    QCOMPARE(run({QStringLiteral("export"), file, QStringLiteral("-o"), tsv}), 0);
-    QCOMPARE(run({QStringLiteral("build"), tsv, QStringLiteral("-o"), again, QStringLiteral("-q")}),
-             0);
+    const QString tsv = directory.filePath(u"a.tsv"_s);
+    const QString again = directory.filePath(u"again.PDB"_s);
+    QCOMPARE(run({u"export"_s, file, u"-o"_s, tsv}), 0);
+    QCOMPARE(run({u"build"_s, tsv, u"-o"_s, again, u"-q"_s}), 0);
     QFile first(file);
     QFile second(again);
     QVERIFY(first.open(QIODevice::ReadOnly) && second.open(QIODevice::ReadOnly));

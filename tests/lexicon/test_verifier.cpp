@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using teskel::LexiconVerifier;
 using namespace teskel::test;
 
@@ -100,11 +102,11 @@ QByteArray withDescription(const QByteArray& text)
 
 QStringList TestVerifier::findingsOf(const QByteArray& bytes)
 {
-    const QString path = _directory.filePath(QStringLiteral("a.PDB"));
+    const QString path = _directory.filePath(u"a.PDB"_s);
     LexiconVerifier verifier;
     std::string error;
     if (!writeFile(path, bytes) || !verifier.run(path.toStdString(), error))
-        return {QStringLiteral("cannot be read")};
+        return {u"cannot be read"_s};
     QStringList findings;
     for (const std::string& finding : verifier.findings())
         findings += QString::fromStdString(finding);
@@ -116,7 +118,7 @@ void TestVerifier::soundFileIsValid()
     QCOMPARE(findingsOf(soundBytes()), QStringList());
     LexiconVerifier verifier;
     std::string error;
-    QVERIFY(verifier.run(_directory.filePath(QStringLiteral("a.PDB")).toStdString(), error));
+    QVERIFY(verifier.run(_directory.filePath(u"a.PDB"_s).toStdString(), error));
     QCOMPARE(verifier.headwords(), uint64_t{4});
     QCOMPARE(verifier.wordRecords(), uint64_t{2});
 }
@@ -170,8 +172,7 @@ void TestVerifier::damage_data()
     row("descending offsets", sound().container().claimOffset(3, 140).build(),
         {"offsets: record 3 begins at 140, before the end of what stands in front of it"});
     row("offset behind the file", sound().container().claimOffset(6, 9999).build(),
-        {qPrintable(QStringLiteral("offsets: record 6 begins at 9999, the file ends at %1")
-                        .arg(good.size()))});
+        {qPrintable(u"offsets: record 6 begins at 9999, the file ends at %1"_s.arg(good.size()))});
     row("no bytes in the index", withEmptyRecords({0}), {"offsets: record 0 has no bytes"});
     row("no bytes in the description", withEmptyRecords({1, 2, 3}),
         {"offsets: record 2 has no bytes"});
@@ -179,8 +180,7 @@ void TestVerifier::damage_data()
     row("no bytes in the last word records", withEmptyRecords({5, 6}),
         {"offsets: record 5 has no bytes", "offsets: record 6 has no bytes"});
     row("record that is not read behind the file", sound().container().claimOffset(3, 9999).build(),
-        {qPrintable(QStringLiteral("offsets: record 3 begins at 9999, the file ends at %1")
-                        .arg(good.size()))});
+        {qPrintable(u"offsets: record 3 begins at 9999, the file ends at %1"_s.arg(good.size()))});
     row("cut in the last record", good.left(good.size() - 3),
         {"unpack: record 6 does not unpack: its bytes do not match their checksum"});
     row("flipped bit in a word record",
@@ -252,7 +252,7 @@ void TestVerifier::damage()
 // The file has all the bytes, though they take no room on the disk.
 void TestVerifier::giantRecordIsDamage()
 {
-    const QString path = _directory.filePath(QStringLiteral("a.PDB"));
+    const QString path = _directory.filePath(u"a.PDB"_s);
     const QByteArray good = soundBytes();
     QVERIFY(writeFile(path, good));
     QVERIFY(QFile::resize(path, offsetOf(good, 6) + (qint64{64} << 20) + 1));

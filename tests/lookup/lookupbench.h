@@ -6,12 +6,13 @@
 #include "lookup/teskelmainwidget.h"
 #include "settings/preferences.h"
 #include "tests/lookup/lexicons.h"
-#include "widgets/qteskelcombobox.h"
 #include "widgets/article/qteskeledit.h"
+#include "widgets/qteskelcombobox.h"
 
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
+
 #include <memory>
 #include <optional>
 

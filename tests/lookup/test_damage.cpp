@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QTextTable>
+
 #include <functional>
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "lookup/lexicontext.h"
-#include "lookup/lexicontext.h"
 
 #include <QTest>
 

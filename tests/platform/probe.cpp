@@ -7,7 +7,10 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QTimer>
+
 #include <cstdio>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -26,28 +29,28 @@ class Window : public QWidget
 
 public:
     explicit Window(const QStringList& modes)
-        : _refuse(modes.contains(QStringLiteral("--refuse")))
-        , _box(modes.contains(QStringLiteral("--box")))
+        : _refuse(modes.contains(u"--refuse"_s))
+        , _box(modes.contains(u"--box"_s))
     {
     }
 
 public slots:
     void setDocument(const QString& path)
     {
-        report(QStringLiteral("document ") + path);
+        report(u"document "_s + path);
         if (_box)
-            QMessageBox::critical(this, QStringLiteral("Teskel"), path);
+            QMessageBox::critical(this, u"Teskel"_s, path);
     }
 
 protected:
     void showEvent(QShowEvent* event) override
     {
         QWidget::showEvent(event);
-        report(QStringLiteral("shown"));
+        report(u"shown"_s);
     }
     void closeEvent(QCloseEvent* event) override
     {
-        report(_refuse ? QStringLiteral("refused") : QStringLiteral("closed"));
+        report(_refuse ? u"refused"_s : u"closed"_s);
         event->setAccepted(!_refuse);
         _refuse = false;
     }
@@ -61,37 +64,37 @@ int main(int argc, char** argv)
 {
     QPEApplication application(argc, argv);
     const QStringList modes = QPEApplication::arguments();
-    report(QStringLiteral("root ") + qEnvironmentVariable("QPEDIR"));
+    report(u"root "_s + qEnvironmentVariable("QPEDIR"));
     Window window(modes);
 
-    if (modes.contains(QStringLiteral("--early")))
-        application.openDocument(QStringLiteral("/early.PDB"));
-    if (modes.contains(QStringLiteral("--box-first"))) {
-        QTimer::singleShot(0, &window, [] { report(QStringLiteral("box")); });
-        QMessageBox::critical(&window, QStringLiteral("Teskel"), QStringLiteral("text"));
-        report(QStringLiteral("box gone"));
+    if (modes.contains(u"--early"_s))
+        application.openDocument(u"/early.PDB"_s);
+    if (modes.contains(u"--box-first"_s)) {
+        QTimer::singleShot(0, &window, [] { report(u"box"_s); });
+        QMessageBox::critical(&window, u"Teskel"_s, u"text"_s);
+        report(u"box gone"_s);
     }
     QWidget plain;
-    application.showMainWidget(modes.contains(QStringLiteral("--no-documents")) ? &plain : &window);
-    QTimer::singleShot(0, &window, [] { report(QStringLiteral("running")); });
+    application.showMainWidget(modes.contains(u"--no-documents"_s) ? &plain : &window);
+    QTimer::singleShot(0, &window, [] { report(u"running"_s); });
 
     QDialog dialog(&window);
-    if (modes.contains(QStringLiteral("--dialog"))) {
+    if (modes.contains(u"--dialog"_s)) {
         QTimer::singleShot(0, &window, [&dialog] {
-            QTimer::singleShot(0, &dialog, [] { report(QStringLiteral("dialog")); });
-            report(QStringLiteral("dialog result %1").arg(QPEApplication::execDialog(&dialog)));
+            QTimer::singleShot(0, &dialog, [] { report(u"dialog"_s); });
+            report(u"dialog result %1"_s.arg(QPEApplication::execDialog(&dialog)));
         });
     }
     QMenu menu(&window);
-    menu.addAction(QStringLiteral("entry"));
-    if (modes.contains(QStringLiteral("--menu"))) {
+    menu.addAction(u"entry"_s);
+    if (modes.contains(u"--menu"_s)) {
         QTimer::singleShot(0, &window, [&menu] {
-            QTimer::singleShot(0, &menu, [] { report(QStringLiteral("menu")); });
+            QTimer::singleShot(0, &menu, [] { report(u"menu"_s); });
             menu.exec(QPoint(0, 0));
         });
     }
     const int result = QPEApplication::exec();
-    report(QStringLiteral("end"));
+    report(u"end"_s);
     return result;
 }
 

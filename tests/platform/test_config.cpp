@@ -5,8 +5,11 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <sys/stat.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 class ConfigTest : public QObject
 {
@@ -63,10 +66,10 @@ private:
 
 void ConfigTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
     _directory = std::make_unique<QTemporaryDir>();
-    qputenv("HOME", path(u"home"_qs).toUtf8());
-    qputenv("XDG_CONFIG_HOME", path(u"xdg"_qs).toUtf8());
+    qputenv("HOME", path(u"home"_s).toUtf8());
+    qputenv("XDG_CONFIG_HOME", path(u"xdg"_s).toUtf8());
 }
 
 void ConfigTest::store(const QString& name, const QByteArray& text) const
@@ -85,15 +88,15 @@ QByteArray ConfigTest::stored(const QString& name) const
 
 void ConfigTest::missingFileGivesDefaults()
 {
-    Config config(path(u"none.conf"_qs), Config::File);
-    config.setGroup(u"ViewPreferences"_qs);
-    QVERIFY(!config.hasKey(u"FontName"_qs));
-    QCOMPARE(config.readEntry(u"FontName"_qs, u"helvetica"_qs), u"helvetica"_qs);
-    QVERIFY(config.readEntry(u"FontName"_qs).isNull());
-    QCOMPARE(config.readNumEntry(u"FontSize"_qs), -1);
-    QCOMPARE(config.readNumEntry(u"FontSize"_qs, 12), 12);
-    QVERIFY(config.readBoolEntry(u"Flag"_qs, true));
-    QVERIFY(!config.readBoolEntry(u"Flag"_qs));
+    Config config(path(u"none.conf"_s), Config::File);
+    config.setGroup(u"ViewPreferences"_s);
+    QVERIFY(!config.hasKey(u"FontName"_s));
+    QCOMPARE(config.readEntry(u"FontName"_s, u"helvetica"_s), u"helvetica"_s);
+    QVERIFY(config.readEntry(u"FontName"_s).isNull());
+    QCOMPARE(config.readNumEntry(u"FontSize"_s), -1);
+    QCOMPARE(config.readNumEntry(u"FontSize"_s, 12), 12);
+    QVERIFY(config.readBoolEntry(u"Flag"_s, true));
+    QVERIFY(!config.readBoolEntry(u"Flag"_s));
 }
 
 void ConfigTest::numbers_data()
@@ -113,66 +116,66 @@ void ConfigTest::numbers_data()
 void ConfigTest::numbers()
 {
     QFETCH(QByteArray, value);
-    store(u"a.conf"_qs, "[g]\nn = " + value + '\n');
-    Config config(path(u"a.conf"_qs), Config::File);
-    config.setGroup(u"g"_qs);
-    QTEST(config.readNumEntry(u"n"_qs, 77), "number");
-    QTEST(config.readBoolEntry(u"n"_qs, true), "flag");
+    store(u"a.conf"_s, "[g]\nn = " + value + '\n');
+    Config config(path(u"a.conf"_s), Config::File);
+    config.setGroup(u"g"_s);
+    QTEST(config.readNumEntry(u"n"_s, 77), "number");
+    QTEST(config.readBoolEntry(u"n"_s, true), "flag");
 }
 
 void ConfigTest::writesSortedGroupsAndKeys()
 {
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"ViewPreferences"_qs);
-        config.writeEntry(u"PanelView"_qs, 1);
-        config.writeEntry(u"FontName"_qs, u"Größe"_qs);
-        config.setGroup(u"MRU List"_qs);
-        config.writeEntry(u"List0"_qs, u"word"_qs);
-        config.writeEntry(u"Flag"_qs, true);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"ViewPreferences"_s);
+        config.writeEntry(u"PanelView"_s, 1);
+        config.writeEntry(u"FontName"_s, u"Größe"_s);
+        config.setGroup(u"MRU List"_s);
+        config.writeEntry(u"List0"_s, u"word"_s);
+        config.writeEntry(u"Flag"_s, true);
     }
-    QCOMPARE(stored(u"a.conf"_qs), QByteArray("[MRU List]\nFlag = 1\nList0 = word\n"
-                                              "[ViewPreferences]\nFontName = Gr\xC3\xB6\xC3\x9F"
-                                              "e\nPanelView = 1\n"));
+    QCOMPARE(stored(u"a.conf"_s), QByteArray("[MRU List]\nFlag = 1\nList0 = word\n"
+                                             "[ViewPreferences]\nFontName = Gr\xC3\xB6\xC3\x9F"
+                                             "e\nPanelView = 1\n"));
 }
 
 void ConfigTest::parsing_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("value"); // of the key "k" in the group "g"
-    QTest::newRow("plain") << QByteArray("[g]\nk = v\n") << u"v"_qs;
-    QTest::newRow("no blanks") << QByteArray("[g]\nk=v") << u"v"_qs;
-    QTest::newRow("many blanks") << QByteArray("  [x]\n") << u"(none)"_qs;
-    QTest::newRow("indented") << QByteArray("[x]\n  [g]  \n\t k \t=  v \n") << u"v"_qs;
-    QTest::newRow("empty lines") << QByteArray("[g]\n\n\nk = v\n") << u"v"_qs;
-    QTest::newRow("carriage returns") << QByteArray("[g]\r\nk = v\r\n") << u"v"_qs;
-    QTest::newRow("second equals sign") << QByteArray("[g]\nk = a = b\n") << u"a = b"_qs;
-    QTest::newRow("key met again") << QByteArray("[g]\nk = a\nk = v\n") << u"v"_qs;
-    QTest::newRow("group met again") << QByteArray("[g]\nk = a\n[h]\n[g]\nk = v\n") << u"v"_qs;
-    QTest::newRow("bad line") << QByteArray("[g]\nk = w\nbad\nk = v\n") << u"v"_qs;
-    QTest::newRow("comment") << QByteArray("# head\n[g]\n# comment\nk = v\n; end\n") << u"v"_qs;
-    QTest::newRow("key in a comment") << QByteArray("[g]\nk = v\n#k = w\n;k = w\n") << u"v"_qs;
-    QTest::newRow("key in front of the groups") << QByteArray("k = w\n[h]\n[g]\nk=v") << u"v"_qs;
-    QTest::newRow("key of no group") << QByteArray("k = w\n[g]\n") << u"(none)"_qs;
-    QTest::newRow("unclosed group") << QByteArray("[g\nk = v\n") << u"(none)"_qs;
-    QTest::newRow("unclosed group in a group") << QByteArray("[g]\nk = v\n[h\nk = w\n") << u"v"_qs;
-    QTest::newRow("unclosed group in front") << QByteArray("[h\n[g]\nk = v\n") << u"v"_qs;
-    QTest::newRow("lone bracket") << QByteArray("[\n[g]\nk = v\n") << u"v"_qs;
-    QTest::newRow("comment behind a group") << QByteArray("[g]\n[h] # x\nk = w\n") << u"(none)"_qs;
-    QTest::newRow("byte-order mark") << QByteArray("\xEF\xBB\xBF[g]\nk = v\n") << u"v"_qs;
+    QTest::newRow("plain") << QByteArray("[g]\nk = v\n") << u"v"_s;
+    QTest::newRow("no blanks") << QByteArray("[g]\nk=v") << u"v"_s;
+    QTest::newRow("many blanks") << QByteArray("  [x]\n") << u"(none)"_s;
+    QTest::newRow("indented") << QByteArray("[x]\n  [g]  \n\t k \t=  v \n") << u"v"_s;
+    QTest::newRow("empty lines") << QByteArray("[g]\n\n\nk = v\n") << u"v"_s;
+    QTest::newRow("carriage returns") << QByteArray("[g]\r\nk = v\r\n") << u"v"_s;
+    QTest::newRow("second equals sign") << QByteArray("[g]\nk = a = b\n") << u"a = b"_s;
+    QTest::newRow("key met again") << QByteArray("[g]\nk = a\nk = v\n") << u"v"_s;
+    QTest::newRow("group met again") << QByteArray("[g]\nk = a\n[h]\n[g]\nk = v\n") << u"v"_s;
+    QTest::newRow("bad line") << QByteArray("[g]\nk = w\nbad\nk = v\n") << u"v"_s;
+    QTest::newRow("comment") << QByteArray("# head\n[g]\n# comment\nk = v\n; end\n") << u"v"_s;
+    QTest::newRow("key in a comment") << QByteArray("[g]\nk = v\n#k = w\n;k = w\n") << u"v"_s;
+    QTest::newRow("key in front of the groups") << QByteArray("k = w\n[h]\n[g]\nk=v") << u"v"_s;
+    QTest::newRow("key of no group") << QByteArray("k = w\n[g]\n") << u"(none)"_s;
+    QTest::newRow("unclosed group") << QByteArray("[g\nk = v\n") << u"(none)"_s;
+    QTest::newRow("unclosed group in a group") << QByteArray("[g]\nk = v\n[h\nk = w\n") << u"v"_s;
+    QTest::newRow("unclosed group in front") << QByteArray("[h\n[g]\nk = v\n") << u"v"_s;
+    QTest::newRow("lone bracket") << QByteArray("[\n[g]\nk = v\n") << u"v"_s;
+    QTest::newRow("comment behind a group") << QByteArray("[g]\n[h] # x\nk = w\n") << u"(none)"_s;
+    QTest::newRow("byte-order mark") << QByteArray("\xEF\xBB\xBF[g]\nk = v\n") << u"v"_s;
     QTest::newRow("bytes that are no UTF-8")
-        << QByteArray("\xFF\xFE\n[\xE4]\n\xE4 = \xE4\n[g]\n\xE4\nk = v\n") << u"v"_qs;
-    QTest::newRow("no UTF-8 in the value") << QByteArray("[g]\nk = a\xE4z\n") << u"a\uFFFDz"_qs;
-    QTest::newRow("equals sign in a group") << QByteArray("[a=b]\nk = w\n[g]\nk = v\n") << u"v"_qs;
+        << QByteArray("\xFF\xFE\n[\xE4]\n\xE4 = \xE4\n[g]\n\xE4\nk = v\n") << u"v"_s;
+    QTest::newRow("no UTF-8 in the value") << QByteArray("[g]\nk = a\xE4z\n") << u"a\uFFFDz"_s;
+    QTest::newRow("equals sign in a group") << QByteArray("[a=b]\nk = w\n[g]\nk = v\n") << u"v"_s;
 }
 
 void ConfigTest::parsing()
 {
     QFETCH(QByteArray, text);
-    store(u"a.conf"_qs, text);
-    Config config(path(u"a.conf"_qs), Config::File);
-    config.setGroup(u"g"_qs);
-    QTEST(config.readEntry(u"k"_qs, u"(none)"_qs), "value");
+    store(u"a.conf"_s, text);
+    Config config(path(u"a.conf"_s), Config::File);
+    config.setGroup(u"g"_s);
+    QTEST(config.readEntry(u"k"_s, u"(none)"_s), "value");
 }
 
 void ConfigTest::linesOfOtherFormsStay_data()
@@ -219,17 +222,17 @@ void ConfigTest::linesOfOtherFormsStay_data()
 void ConfigTest::linesOfOtherFormsStay()
 {
     QFETCH(QByteArray, text);
-    store(u"a.conf"_qs, text);
+    store(u"a.conf"_s, text);
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"g"_qs);
-        config.writeEntry(u"k"_qs, u"new"_qs);
-        QCOMPARE(config.readEntry(u"k"_qs), u"new"_qs);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"g"_s);
+        config.writeEntry(u"k"_s, u"new"_s);
+        QCOMPARE(config.readEntry(u"k"_s), u"new"_s);
     }
-    QTEST(stored(u"a.conf"_qs), "written");
-    Config config(path(u"a.conf"_qs), Config::File);
-    config.setGroup(u"g"_qs);
-    QCOMPARE(config.readEntry(u"k"_qs), u"new"_qs);
+    QTEST(stored(u"a.conf"_s), "written");
+    Config config(path(u"a.conf"_s), Config::File);
+    config.setGroup(u"g"_s);
+    QCOMPARE(config.readEntry(u"k"_s), u"new"_s);
 }
 
 void ConfigTest::newGroupsGoWhereTheySort_data()
@@ -252,12 +255,12 @@ void ConfigTest::newGroupsGoWhereTheySort_data()
 void ConfigTest::newGroupsGoWhereTheySort()
 {
     QFETCH(QByteArray, text);
-    store(u"a.conf"_qs, text);
+    store(u"a.conf"_s, text);
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"g"_qs);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"g"_s);
     }
-    QTEST(stored(u"a.conf"_qs), "written");
+    QTEST(stored(u"a.conf"_s), "written");
 }
 
 void ConfigTest::newKeysGoWhereTheySort_data()
@@ -278,53 +281,53 @@ void ConfigTest::newKeysGoWhereTheySort_data()
 void ConfigTest::newKeysGoWhereTheySort()
 {
     QFETCH(QByteArray, text);
-    store(u"a.conf"_qs, text);
+    store(u"a.conf"_s, text);
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"g"_qs);
-        config.writeEntry(u"k"_qs, u"v"_qs);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"g"_s);
+        config.writeEntry(u"k"_s, u"v"_s);
     }
-    QTEST(stored(u"a.conf"_qs), "written");
+    QTEST(stored(u"a.conf"_s), "written");
 }
 
 void ConfigTest::removingLeavesWhatIsNoKey()
 {
-    store(u"a.conf"_qs, "# head\n[a]\n# of k\nk = 1\nbad\nl = 2\n[b]\n;k = 3\nk = 4\n");
+    store(u"a.conf"_s, "# head\n[a]\n# of k\nk = 1\nbad\nl = 2\n[b]\n;k = 3\nk = 4\n");
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"a"_qs);
-        config.removeEntry(u"k"_qs);
-        config.setGroup(u"b"_qs);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"a"_s);
+        config.removeEntry(u"k"_s);
+        config.setGroup(u"b"_s);
         config.clearGroup();
     }
-    QCOMPARE(stored(u"a.conf"_qs), QByteArray("# head\n[a]\n# of k\nbad\nl = 2\n[b]\n;k = 3\n"));
+    QCOMPARE(stored(u"a.conf"_s), QByteArray("# head\n[a]\n# of k\nbad\nl = 2\n[b]\n;k = 3\n"));
 }
 
 void ConfigTest::keyMetAgainIsRemovedEverywhere()
 {
-    store(u"a.conf"_qs, "[a]\nk = 1\nk = 2\n[b]\nk = 3\n[a]\nk = 4\n");
+    store(u"a.conf"_s, "[a]\nk = 1\nk = 2\n[b]\nk = 3\n[a]\nk = 4\n");
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"a"_qs);
-        config.removeEntry(u"k"_qs);
-        QVERIFY(!config.hasKey(u"k"_qs));
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"a"_s);
+        config.removeEntry(u"k"_s);
+        QVERIFY(!config.hasKey(u"k"_s));
     }
-    QCOMPARE(stored(u"a.conf"_qs), QByteArray("[a]\n[b]\nk = 3\n[a]\n"));
+    QCOMPARE(stored(u"a.conf"_s), QByteArray("[a]\n[b]\nk = 3\n[a]\n"));
 }
 
 /// As an editor of another system leaves it.
 void ConfigTest::settingsOfAnEditedFileAreRead()
 {
-    store(u"a.conf"_qs,
+    store(u"a.conf"_s,
           "\xEF\xBB\xBF; my settings\r\n[ViewPreferences]\r\n# was 1\r\nPanelView=0\r\n"
           "whatever\r\n\r\n[MRU List]\r\nList0=word\r\n[/a/Eng2Ger.PDB]\r\nFontSize=9");
-    Config config(path(u"a.conf"_qs), Config::File);
-    config.setGroup(u"ViewPreferences"_qs);
-    QCOMPARE(config.readNumEntry(u"PanelView"_qs, 1), 0);
-    config.setGroup(u"MRU List"_qs);
-    QCOMPARE(config.readEntry(u"List0"_qs), u"word"_qs);
-    config.setGroup(u"/a/Eng2Ger.PDB"_qs);
-    QCOMPARE(config.readNumEntry(u"FontSize"_qs), 9);
+    Config config(path(u"a.conf"_s), Config::File);
+    config.setGroup(u"ViewPreferences"_s);
+    QCOMPARE(config.readNumEntry(u"PanelView"_s, 1), 0);
+    config.setGroup(u"MRU List"_s);
+    QCOMPARE(config.readEntry(u"List0"_s), u"word"_s);
+    config.setGroup(u"/a/Eng2Ger.PDB"_s);
+    QCOMPARE(config.readNumEntry(u"FontSize"_s), 9);
 }
 
 void ConfigTest::hostileTextsComeBack_data()
@@ -334,26 +337,26 @@ void ConfigTest::hostileTextsComeBack_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("expected");
     QTest::newRow("line feed in the value")
-        << u"g"_qs << u"k"_qs << u"a\n[evil]\nk = b"_qs << u"a [evil] k = b"_qs;
-    QTest::newRow("only line feeds") << u"g"_qs << u"k"_qs << u"\n\n"_qs << QString();
-    QTest::newRow("outer blanks") << u"g"_qs << u"k"_qs << u"  a  "_qs << u"a"_qs;
-    QTest::newRow("brackets as value") << u"g"_qs << u"k"_qs << u"[x]"_qs << u"[x]"_qs;
-    QTest::newRow("line feed in the group") << u"g\nk = x\n[h]"_qs << u"k"_qs << u"v"_qs << u"v"_qs;
-    QTest::newRow("brackets in the group") << u"a]b[c]"_qs << u"k"_qs << u"v"_qs << u"v"_qs;
-    QTest::newRow("blanks around the group") << u"  g  "_qs << u"k"_qs << u"v"_qs << u"v"_qs;
-    QTest::newRow("key like a group") << u"g"_qs << u"[k"_qs << u"v]"_qs << u"v]"_qs;
-    QTest::newRow("equals sign in the key") << u"g"_qs << u"a=b"_qs << u"v"_qs << u"v"_qs;
-    QTest::newRow("line feed in the key") << u"g"_qs << u"a\n[h]"_qs << u"v"_qs << u"v"_qs;
-    QTest::newRow("key like a comment") << u"g"_qs << u"#k"_qs << u"v"_qs << u"v"_qs;
-    QTest::newRow("key like another comment") << u"g"_qs << u" ;k"_qs << u"v"_qs << u"v"_qs;
-    QTest::newRow("byte-order mark in the key") << u"g"_qs << u"\uFEFFk"_qs << u"v"_qs << u"v"_qs;
+        << u"g"_s << u"k"_s << u"a\n[evil]\nk = b"_s << u"a [evil] k = b"_s;
+    QTest::newRow("only line feeds") << u"g"_s << u"k"_s << u"\n\n"_s << QString();
+    QTest::newRow("outer blanks") << u"g"_s << u"k"_s << u"  a  "_s << u"a"_s;
+    QTest::newRow("brackets as value") << u"g"_s << u"k"_s << u"[x]"_s << u"[x]"_s;
+    QTest::newRow("line feed in the group") << u"g\nk = x\n[h]"_s << u"k"_s << u"v"_s << u"v"_s;
+    QTest::newRow("brackets in the group") << u"a]b[c]"_s << u"k"_s << u"v"_s << u"v"_s;
+    QTest::newRow("blanks around the group") << u"  g  "_s << u"k"_s << u"v"_s << u"v"_s;
+    QTest::newRow("key like a group") << u"g"_s << u"[k"_s << u"v]"_s << u"v]"_s;
+    QTest::newRow("equals sign in the key") << u"g"_s << u"a=b"_s << u"v"_s << u"v"_s;
+    QTest::newRow("line feed in the key") << u"g"_s << u"a\n[h]"_s << u"v"_s << u"v"_s;
+    QTest::newRow("key like a comment") << u"g"_s << u"#k"_s << u"v"_s << u"v"_s;
+    QTest::newRow("key like another comment") << u"g"_s << u" ;k"_s << u"v"_s << u"v"_s;
+    QTest::newRow("byte-order mark in the key") << u"g"_s << u"\uFEFFk"_s << u"v"_s << u"v"_s;
     QTest::newRow("byte-order mark in the group")
-        << u"\uFEFFg"_qs << u"k"_qs << u"\uFEFFv"_qs << u"\uFEFFv"_qs;
-    QTest::newRow("empty key") << u"g"_qs << QString() << u"v"_qs << u"v"_qs;
-    QTest::newRow("carriage return") << u"g"_qs << u"k"_qs << u"a\rb"_qs << u"a\rb"_qs;
-    QTest::newRow("NUL") << u"g"_qs << u"k"_qs << QString(u"a\0b"_qs) << QString(u"a\0b"_qs);
+        << u"\uFEFFg"_s << u"k"_s << u"\uFEFFv"_s << u"\uFEFFv"_s;
+    QTest::newRow("empty key") << u"g"_s << QString() << u"v"_s << u"v"_s;
+    QTest::newRow("carriage return") << u"g"_s << u"k"_s << u"a\rb"_s << u"a\rb"_s;
+    QTest::newRow("NUL") << u"g"_s << u"k"_s << QString(u"a\0b"_s) << QString(u"a\0b"_s);
     QTest::newRow("line separator")
-        << u"g"_qs << u"k"_qs << u"a\u2028b\u2029c"_qs << u"a\u2028b\u2029c"_qs;
+        << u"g"_s << u"k"_s << u"a\u2028b\u2029c"_s << u"a\u2028b\u2029c"_s;
 }
 
 void ConfigTest::hostileTextsComeBack()
@@ -362,12 +365,12 @@ void ConfigTest::hostileTextsComeBack()
     QFETCH(QString, key);
     QFETCH(QString, value);
     {
-        Config config(path(u"a.conf"_qs), Config::File);
+        Config config(path(u"a.conf"_s), Config::File);
         config.setGroup(group);
         config.writeEntry(key, value);
         QTEST(config.readEntry(key), "expected");
     }
-    Config config(path(u"a.conf"_qs), Config::File);
+    Config config(path(u"a.conf"_s), Config::File);
     config.setGroup(group);
     QVERIFY(config.hasKey(key));
     QTEST(config.readEntry(key), "expected");
@@ -376,111 +379,111 @@ void ConfigTest::hostileTextsComeBack()
 void ConfigTest::hostileTextsLeaveOtherGroupsAlone()
 {
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"ViewPreferences"_qs);
-        config.writeEntry(u"PanelView"_qs, 1);
-        config.setGroup(u"A\n[ViewPreferences]\nPanelView = 9\nend"_qs);
-        config.writeEntry(u"FontSize"_qs, 3);
-        config.setGroup(u"MRU List"_qs);
-        config.writeEntry(u"List0"_qs, u"w\n[ViewPreferences]\nPanelView = 9\nend"_qs);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"ViewPreferences"_s);
+        config.writeEntry(u"PanelView"_s, 1);
+        config.setGroup(u"A\n[ViewPreferences]\nPanelView = 9\nend"_s);
+        config.writeEntry(u"FontSize"_s, 3);
+        config.setGroup(u"MRU List"_s);
+        config.writeEntry(u"List0"_s, u"w\n[ViewPreferences]\nPanelView = 9\nend"_s);
     }
-    Config config(path(u"a.conf"_qs), Config::File);
-    config.setGroup(u"ViewPreferences"_qs);
-    QCOMPARE(config.readNumEntry(u"PanelView"_qs), 1);
+    Config config(path(u"a.conf"_s), Config::File);
+    config.setGroup(u"ViewPreferences"_s);
+    QCOMPARE(config.readNumEntry(u"PanelView"_s), 1);
 }
 
 void ConfigTest::settingAMissingGroupCreatesIt()
 {
-    store(u"a.conf"_qs, "[b]\nk = v\n");
+    store(u"a.conf"_s, "[b]\nk = v\n");
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"a"_qs);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"a"_s);
     }
-    QCOMPARE(stored(u"a.conf"_qs), QByteArray("[a]\n[b]\nk = v\n"));
+    QCOMPARE(stored(u"a.conf"_s), QByteArray("[a]\n[b]\nk = v\n"));
 }
 
 void ConfigTest::settingAPresentGroupWritesNothing()
 {
-    store(u"a.conf"_qs, "[b]\n  k=v");
+    store(u"a.conf"_s, "[b]\n  k=v");
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"b"_qs);
-        QCOMPARE(config.readEntry(u"k"_qs), u"v"_qs);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"b"_s);
+        QCOMPARE(config.readEntry(u"k"_s), u"v"_s);
     }
-    QCOMPARE(stored(u"a.conf"_qs), QByteArray("[b]\n  k=v"));
+    QCOMPARE(stored(u"a.conf"_s), QByteArray("[b]\n  k=v"));
 }
 
 void ConfigTest::writingAnEqualValueWritesNothing()
 {
-    store(u"a.conf"_qs, "[b]\n  k=5");
+    store(u"a.conf"_s, "[b]\n  k=5");
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"b"_qs);
-        config.writeEntry(u"k"_qs, 5);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"b"_s);
+        config.writeEntry(u"k"_s, 5);
     }
-    QCOMPARE(stored(u"a.conf"_qs), QByteArray("[b]\n  k=5"));
+    QCOMPARE(stored(u"a.conf"_s), QByteArray("[b]\n  k=5"));
 }
 
 void ConfigTest::emptyGroupIsAnOrdinaryOne()
 {
     {
-        Config config(path(u"a.conf"_qs), Config::File);
+        Config config(path(u"a.conf"_s), Config::File);
         config.setGroup(QString());
-        config.writeEntry(u"FontSize"_qs, 14);
-        config.setGroup(u"General"_qs);
-        config.writeEntry(u"FontSize"_qs, 10);
+        config.writeEntry(u"FontSize"_s, 14);
+        config.setGroup(u"General"_s);
+        config.writeEntry(u"FontSize"_s, 10);
     }
-    QCOMPARE(stored(u"a.conf"_qs), QByteArray("[]\nFontSize = 14\n[General]\nFontSize = 10\n"));
-    Config config(path(u"a.conf"_qs), Config::File);
-    config.setGroup(u""_qs);
-    QCOMPARE(config.readNumEntry(u"FontSize"_qs), 14);
+    QCOMPARE(stored(u"a.conf"_s), QByteArray("[]\nFontSize = 14\n[General]\nFontSize = 10\n"));
+    Config config(path(u"a.conf"_s), Config::File);
+    config.setGroup(u""_s);
+    QCOMPARE(config.readNumEntry(u"FontSize"_s), 14);
 }
 
 void ConfigTest::pathsAreGroupNames()
 {
-    const QString dictionary = u"/media/card/Q [2], 100% \\x/Eng2Ger.PDB"_qs;
+    const QString dictionary = u"/media/card/Q [2], 100% \\x/Eng2Ger.PDB"_s;
     {
-        Config config(path(u"a.conf"_qs), Config::File);
+        Config config(path(u"a.conf"_s), Config::File);
         config.setGroup(dictionary);
-        config.writeEntry(u"FontName"_qs, u"Nimbus Sans [urw]"_qs);
+        config.writeEntry(u"FontName"_s, u"Nimbus Sans [urw]"_s);
     }
-    Config config(path(u"a.conf"_qs), Config::File);
+    Config config(path(u"a.conf"_s), Config::File);
     config.setGroup(dictionary);
-    QCOMPARE(config.readEntry(u"FontName"_qs), u"Nimbus Sans [urw]"_qs);
+    QCOMPARE(config.readEntry(u"FontName"_s), u"Nimbus Sans [urw]"_s);
 }
 
 void ConfigTest::removeAndClear()
 {
-    store(u"a.conf"_qs, "[a]\nk = 1\nl = 2\n[b]\nk = 3\n");
+    store(u"a.conf"_s, "[a]\nk = 1\nl = 2\n[b]\nk = 3\n");
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"a"_qs);
-        config.removeEntry(u"k"_qs);
-        config.setGroup(u"b"_qs);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"a"_s);
+        config.removeEntry(u"k"_s);
+        config.setGroup(u"b"_s);
         config.clearGroup();
     }
-    QCOMPARE(stored(u"a.conf"_qs), QByteArray("[a]\nl = 2\n[b]\n"));
+    QCOMPARE(stored(u"a.conf"_s), QByteArray("[a]\nl = 2\n[b]\n"));
 }
 
 void ConfigTest::withoutAGroupNothingIsStored()
 {
-    Config config(path(u"a.conf"_qs), Config::File);
+    Config config(path(u"a.conf"_s), Config::File);
     QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(u"Config: no group is selected in .*a.conf"_qs));
-    config.writeEntry(u"k"_qs, 1);
-    QVERIFY(!config.hasKey(u"k"_qs));
-    QCOMPARE(config.readNumEntry(u"k"_qs, 4), 4);
+                         QRegularExpression(u"Config: no group is selected in .*a.conf"_s));
+    config.writeEntry(u"k"_s, 1);
+    QVERIFY(!config.hasKey(u"k"_s));
+    QCOMPARE(config.readNumEntry(u"k"_s, 4), 4);
     QVERIFY(config.write());
-    QVERIFY(!QFile::exists(path(u"a.conf"_qs)));
+    QVERIFY(!QFile::exists(path(u"a.conf"_s)));
 }
 
 void ConfigTest::userDomain_data()
 {
     QTest::addColumn<QString>("configHome");
     QTest::addColumn<QString>("file");
-    QTest::newRow("named directory") << u"%1/xdg"_qs << u"xdg/teskel/Teskel.conf"_qs;
-    QTest::newRow("unset") << QString() << u"home/.config/teskel/Teskel.conf"_qs;
-    QTest::newRow("relative is ignored") << u"xdg"_qs << u"home/.config/teskel/Teskel.conf"_qs;
+    QTest::newRow("named directory") << u"%1/xdg"_s << u"xdg/teskel/Teskel.conf"_s;
+    QTest::newRow("unset") << QString() << u"home/.config/teskel/Teskel.conf"_s;
+    QTest::newRow("relative is ignored") << u"xdg"_s << u"home/.config/teskel/Teskel.conf"_s;
 }
 
 void ConfigTest::userDomain()
@@ -489,11 +492,11 @@ void ConfigTest::userDomain()
     if (configHome.isEmpty())
         qunsetenv("XDG_CONFIG_HOME");
     else
-        qputenv("XDG_CONFIG_HOME", configHome.replace(u"%1"_qs, _directory->path()).toUtf8());
+        qputenv("XDG_CONFIG_HOME", configHome.replace(u"%1"_s, _directory->path()).toUtf8());
     {
-        Config config(u"Teskel"_qs);
-        config.setGroup(u"g"_qs);
-        config.writeEntry(u"k"_qs, 1);
+        Config config(u"Teskel"_s);
+        config.setGroup(u"g"_s);
+        config.writeEntry(u"k"_s, 1);
     }
     QFETCH(QString, file);
     QCOMPARE(stored(file), QByteArray("[g]\nk = 1\n"));
@@ -501,67 +504,67 @@ void ConfigTest::userDomain()
 
 void ConfigTest::newDirectoryIsPrivate()
 {
-    Config config(u"Teskel"_qs, Config::User);
-    config.setGroup(u"g"_qs);
+    Config config(u"Teskel"_s, Config::User);
+    config.setGroup(u"g"_s);
     QVERIFY(config.write());
     const auto others = QFileDevice::ReadGroup | QFileDevice::WriteGroup | QFileDevice::ExeGroup |
                         QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
-    QCOMPARE(QFileInfo(path(u"xdg/teskel"_qs)).permissions() & others, QFileDevice::Permissions());
+    QCOMPARE(QFileInfo(path(u"xdg/teskel"_s)).permissions() & others, QFileDevice::Permissions());
 }
 
 void ConfigTest::handheldSettingsAreTakenOverOnce()
 {
     const QByteArray old("[g]\nk = old\n");
-    store(u"home/Settings/Teskel.conf"_qs, old);
+    store(u"home/Settings/Teskel.conf"_s, old);
     {
-        Config config(u"Teskel"_qs);
-        config.setGroup(u"g"_qs);
-        QCOMPARE(config.readEntry(u"k"_qs), u"old"_qs);
+        Config config(u"Teskel"_s);
+        config.setGroup(u"g"_s);
+        QCOMPARE(config.readEntry(u"k"_s), u"old"_s);
     }
-    QCOMPARE(stored(u"xdg/teskel/Teskel.conf"_qs), old);
-    store(u"home/Settings/Teskel.conf"_qs, "[g]\nk = newer\n");
-    Config config(u"Teskel"_qs);
-    config.setGroup(u"g"_qs);
-    QCOMPARE(config.readEntry(u"k"_qs), u"old"_qs);
-    QCOMPARE(stored(u"home/Settings/Teskel.conf"_qs), QByteArray("[g]\nk = newer\n"));
+    QCOMPARE(stored(u"xdg/teskel/Teskel.conf"_s), old);
+    store(u"home/Settings/Teskel.conf"_s, "[g]\nk = newer\n");
+    Config config(u"Teskel"_s);
+    config.setGroup(u"g"_s);
+    QCOMPARE(config.readEntry(u"k"_s), u"old"_s);
+    QCOMPARE(stored(u"home/Settings/Teskel.conf"_s), QByteArray("[g]\nk = newer\n"));
 }
 
 void ConfigTest::handheldSettingsDoNotReplacePresentOnes()
 {
-    store(u"home/Settings/Teskel.conf"_qs, "[g]\nk = old\n");
-    store(u"xdg/teskel/Teskel.conf"_qs, "");
-    Config config(u"Teskel"_qs);
-    config.setGroup(u"g"_qs);
-    QVERIFY(!config.hasKey(u"k"_qs));
+    store(u"home/Settings/Teskel.conf"_s, "[g]\nk = old\n");
+    store(u"xdg/teskel/Teskel.conf"_s, "");
+    Config config(u"Teskel"_s);
+    config.setGroup(u"g"_s);
+    QVERIFY(!config.hasKey(u"k"_s));
 }
 
 void ConfigTest::replacementFollowsALink()
 {
-    store(u"real.conf"_qs, "[g]\nk = 1\n");
-    QVERIFY(QFile::link(path(u"real.conf"_qs), path(u"link.conf"_qs)));
+    store(u"real.conf"_s, "[g]\nk = 1\n");
+    QVERIFY(QFile::link(path(u"real.conf"_s), path(u"link.conf"_s)));
     {
-        Config config(path(u"link.conf"_qs), Config::File);
-        config.setGroup(u"g"_qs);
-        config.writeEntry(u"k"_qs, 2);
+        Config config(path(u"link.conf"_s), Config::File);
+        config.setGroup(u"g"_s);
+        config.writeEntry(u"k"_s, 2);
     }
-    QVERIFY(QFileInfo(path(u"link.conf"_qs)).isSymLink());
-    QCOMPARE(stored(u"real.conf"_qs), QByteArray("[g]\nk = 2\n"));
+    QVERIFY(QFileInfo(path(u"link.conf"_s)).isSymLink());
+    QCOMPARE(stored(u"real.conf"_s), QByteArray("[g]\nk = 2\n"));
 }
 
 void ConfigTest::failedReplacementWarnsOnce()
 {
     // A file in the place of the directory stops root as well.
-    store(u"xdg/teskel"_qs, "not a directory");
+    store(u"xdg/teskel"_s, "not a directory");
     QTest::ignoreMessage(
         QtWarningMsg,
-        QRegularExpression(u"The settings cannot be written to .*/teskel/Teskel.conf"_qs));
+        QRegularExpression(u"The settings cannot be written to .*/teskel/Teskel.conf"_s));
     for (int i = 0; i < 3; ++i) {
-        Config config(u"Teskel"_qs);
-        config.setGroup(u"g"_qs);
-        config.writeEntry(u"k"_qs, i);
+        Config config(u"Teskel"_s);
+        config.setGroup(u"g"_s);
+        config.writeEntry(u"k"_s, i);
         QVERIFY(!config.write());
     }
-    QCOMPARE(stored(u"xdg/teskel"_qs), QByteArray("not a directory"));
+    QCOMPARE(stored(u"xdg/teskel"_s), QByteArray("not a directory"));
 }
 
 void ConfigTest::garbageGivesDefaults_data()
@@ -582,45 +585,45 @@ void ConfigTest::garbageGivesDefaults_data()
 void ConfigTest::garbageGivesDefaults()
 {
     QFETCH(QByteArray, text);
-    store(u"a.conf"_qs, text);
+    store(u"a.conf"_s, text);
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"g"_qs);
-        QCOMPARE(config.readEntry(u"k"_qs, u"default"_qs), u"default"_qs);
-        config.writeEntry(u"k"_qs, u"kept"_qs);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"g"_s);
+        QCOMPARE(config.readEntry(u"k"_s, u"default"_s), u"default"_s);
+        config.writeEntry(u"k"_s, u"kept"_s);
     }
-    Config config(path(u"a.conf"_qs), Config::File);
-    config.setGroup(u"g"_qs);
-    QCOMPARE(config.readEntry(u"k"_qs), u"kept"_qs);
+    Config config(path(u"a.conf"_s), Config::File);
+    config.setGroup(u"g"_s);
+    QCOMPARE(config.readEntry(u"k"_s), u"kept"_s);
 }
 
 void ConfigTest::oversizedFileIsNotReplaced()
 {
     const QByteArray text = "[g]\nk = v\n" + QByteArray(2'097'152, '\n');
-    store(u"a.conf"_qs, text);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/a.conf"_qs));
-    Config config(path(u"a.conf"_qs), Config::File);
-    config.setGroup(u"g"_qs);
-    QCOMPARE(config.readEntry(u"k"_qs, u"default"_qs), u"default"_qs);
-    config.writeEntry(u"k"_qs, u"lost"_qs);
+    store(u"a.conf"_s, text);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/a.conf"_s));
+    Config config(path(u"a.conf"_s), Config::File);
+    config.setGroup(u"g"_s);
+    QCOMPARE(config.readEntry(u"k"_s, u"default"_s), u"default"_s);
+    config.writeEntry(u"k"_s, u"lost"_s);
     QVERIFY(!config.write());
-    QCOMPARE(stored(u"a.conf"_qs), text);
+    QCOMPARE(stored(u"a.conf"_s), text);
 }
 
 void ConfigTest::fileThatGrowsTooLargeToBeReadIsNotWritten()
 {
     const QByteArray text = "[g]\nk = v\n#" + QByteArray(1'048'560, 'x') + '\n';
-    store(u"a.conf"_qs, text);
+    store(u"a.conf"_s, text);
     QTest::ignoreMessage(
         QtWarningMsg,
-        QRegularExpression(u"cannot be written to .*/a.conf: they would be too large"_qs));
-    Config config(path(u"a.conf"_qs), Config::File);
-    config.setGroup(u"g"_qs);
-    QCOMPARE(config.readEntry(u"k"_qs), u"v"_qs);
-    config.writeEntry(u"k"_qs, u"longer"_qs);
+        QRegularExpression(u"cannot be written to .*/a.conf: they would be too large"_s));
+    Config config(path(u"a.conf"_s), Config::File);
+    config.setGroup(u"g"_s);
+    QCOMPARE(config.readEntry(u"k"_s), u"v"_s);
+    config.writeEntry(u"k"_s, u"longer"_s);
     QVERIFY(!config.write());
-    QCOMPARE(stored(u"a.conf"_qs), text);
-    config.writeEntry(u"k"_qs, u"w"_qs);
+    QCOMPARE(stored(u"a.conf"_s), text);
+    config.writeEntry(u"k"_s, u"w"_s);
     QVERIFY(config.write());
 }
 
@@ -629,8 +632,8 @@ void ConfigTest::fileThatCannotBeReadIsNotReplaced()
 {
     constexpr uid_t other = 65'534;
     const QByteArray text("[g]\nk = v\n");
-    store(u"a.conf"_qs, text);
-    const QByteArray file = path(u"a.conf"_qs).toUtf8();
+    store(u"a.conf"_s, text);
+    const QByteArray file = path(u"a.conf"_s).toUtf8();
     QCOMPARE(::chmod(file.constData(), 0200), 0);
     QCOMPARE(::chmod(_directory->path().toUtf8().constData(), 0777), 0);
     const uid_t own = ::geteuid();
@@ -638,27 +641,27 @@ void ConfigTest::fileThatCannotBeReadIsNotReplaced()
         QCOMPARE(::chown(file.constData(), other, other), 0);
         QCOMPARE(::seteuid(other), 0);
     }
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/a.conf"_qs));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/a.conf"_s));
     {
-        Config config(path(u"a.conf"_qs), Config::File);
-        config.setGroup(u"g"_qs);
-        QCOMPARE(config.readEntry(u"k"_qs, u"default"_qs), u"default"_qs);
-        config.writeEntry(u"k"_qs, u"lost"_qs);
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"g"_s);
+        QCOMPARE(config.readEntry(u"k"_s, u"default"_s), u"default"_s);
+        config.writeEntry(u"k"_s, u"lost"_s);
     }
     QCOMPARE(::seteuid(own), 0);
     QCOMPARE(::chmod(file.constData(), 0600), 0);
-    QCOMPARE(stored(u"a.conf"_qs), text);
+    QCOMPARE(stored(u"a.conf"_s), text);
 }
 
 void ConfigTest::pipeInPlaceOfTheFileIsLeftAlone()
 {
-    const QByteArray pipe = path(u"pipe.conf"_qs).toUtf8();
+    const QByteArray pipe = path(u"pipe.conf"_s).toUtf8();
     QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/pipe.conf"_qs));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/pipe.conf"_s));
     {
-        Config config(path(u"pipe.conf"_qs), Config::File);
-        QVERIFY(!config.hasKey(u"k"_qs));
-        config.setGroup(u"g"_qs);
+        Config config(path(u"pipe.conf"_s), Config::File);
+        QVERIFY(!config.hasKey(u"k"_s));
+        config.setGroup(u"g"_s);
     }
     struct stat status = {};
     QCOMPARE(::stat(pipe.constData(), &status), 0);

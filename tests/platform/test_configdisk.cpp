@@ -13,6 +13,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 using teskel::test::FileSizeLimit;
 using teskel::test::FullDisk;
 using teskel::test::writeFile;
@@ -56,7 +58,7 @@ private:
 
 void ConfigDiskTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
     syncFails = false;
 }
 
@@ -74,7 +76,7 @@ QByteArray ConfigDiskTest::stored(const QString& path)
 bool ConfigDiskTest::change(const QString& path)
 {
     Config config(path, Config::File);
-    config.setGroup(u"/cards/Eng2Ger.PDB"_qs);
+    config.setGroup(u"/cards/Eng2Ger.PDB"_s);
     return config.write();
 }
 
@@ -95,16 +97,16 @@ void ConfigDiskTest::fullDiskKeepsTheOldSettings()
         QSKIP("this machine lets its users mount nothing, not even where they alone see it");
     QFETCH(qsizetype, words);
     QFETCH(qint64, left);
-    const QString path = disk.path(u"Teskel.conf"_qs);
+    const QString path = disk.path(u"Teskel.conf"_s);
     QVERIFY(writeFile(path, settings(words)));
     QVERIFY(disk.fill(left));
     QTest::ignoreMessage(
         QtWarningMsg,
-        QRegularExpression(u"^The settings cannot be written to .*/Teskel.conf: No space left"_qs));
+        QRegularExpression(u"^The settings cannot be written to .*/Teskel.conf: No space left"_s));
     QVERIFY(!change(path));
     QCOMPARE(stored(path), settings(words));
     QCOMPARE(QDir(disk.path({})).entryList(QDir::Files | QDir::Hidden),
-             QStringList({u"filling"_qs, u"Teskel.conf"_qs}));
+             QStringList({u"filling"_s, u"Teskel.conf"_s}));
 }
 
 void ConfigDiskTest::limitedFileSizeKeepsTheOldSettings_data()
@@ -122,11 +124,11 @@ void ConfigDiskTest::limitedFileSizeKeepsTheOldSettings()
     QFETCH(qsizetype, words);
     QFETCH(int, limit);
     const QTemporaryDir directory;
-    const QString path = directory.filePath(u"Teskel.conf"_qs);
+    const QString path = directory.filePath(u"Teskel.conf"_s);
     QVERIFY(writeFile(path, settings(words)));
     const QString reason = QRegularExpression::escape(QString::fromLocal8Bit(strerror(EFBIG)));
     QTest::ignoreMessage(
-        QtWarningMsg, QRegularExpression(u"^The settings cannot be written to .*/Teskel.conf: "_qs +
+        QtWarningMsg, QRegularExpression(u"^The settings cannot be written to .*/Teskel.conf: "_s +
                                          reason + u'$'));
     std::optional<FileSizeLimit> limited(static_cast<rlim_t>(limit));
     const bool isWritten = change(path);
@@ -134,7 +136,7 @@ void ConfigDiskTest::limitedFileSizeKeepsTheOldSettings()
     QVERIFY(!isWritten);
     QCOMPARE(stored(path), settings(words));
     QCOMPARE(QDir(directory.path()).entryList(QDir::Files | QDir::Hidden),
-             QStringList({u"Teskel.conf"_qs}));
+             QStringList({u"Teskel.conf"_s}));
     QVERIFY(change(path));
 }
 
@@ -142,17 +144,17 @@ void ConfigDiskTest::limitedFileSizeKeepsTheOldSettings()
 void ConfigDiskTest::failedSynchronisationKeepsTheOldSettings()
 {
     const QTemporaryDir directory;
-    const QString path = directory.filePath(u"Teskel.conf"_qs);
+    const QString path = directory.filePath(u"Teskel.conf"_s);
     QVERIFY(writeFile(path, settings(100)));
     const QString reason = QRegularExpression::escape(QString::fromLocal8Bit(strerror(EIO)));
     QTest::ignoreMessage(
-        QtWarningMsg, QRegularExpression(u"^The settings cannot be written to .*/Teskel.conf: "_qs +
+        QtWarningMsg, QRegularExpression(u"^The settings cannot be written to .*/Teskel.conf: "_s +
                                          reason + u'$'));
     syncFails = true;
     QVERIFY(!change(path));
     QCOMPARE(stored(path), settings(100));
     QCOMPARE(QDir(directory.path()).entryList(QDir::Files | QDir::Hidden),
-             QStringList({u"Teskel.conf"_qs}));
+             QStringList({u"Teskel.conf"_s}));
 }
 
 void ConfigDiskTest::settingsAreWrittenWhenThereIsRoomAgain()
@@ -160,16 +162,16 @@ void ConfigDiskTest::settingsAreWrittenWhenThereIsRoomAgain()
     const FullDisk disk;
     if (!disk.isMounted())
         QSKIP("this machine lets its users mount nothing, not even where they alone see it");
-    const QString path = disk.path(u"Teskel.conf"_qs);
+    const QString path = disk.path(u"Teskel.conf"_s);
     QVERIFY(writeFile(path, settings(100)));
     QVERIFY(disk.fill());
     Config config(path, Config::File);
-    config.setGroup(u"g"_qs);
-    config.writeEntry(u"k"_qs, 2);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to"_qs));
+    config.setGroup(u"g"_s);
+    config.writeEntry(u"k"_s, 2);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to"_s));
     QVERIFY(!config.write());
     QVERIFY(!config.write()); // and does not complain again
-    QVERIFY(QFile::remove(disk.path(u"filling"_qs)));
+    QVERIFY(QFile::remove(disk.path(u"filling"_s)));
     QVERIFY(config.write());
     QCOMPARE(stored(path), settings(100).replace("k = 1", "k = 2"));
 }

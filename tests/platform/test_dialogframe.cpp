@@ -11,7 +11,10 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QtTest>
+
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 class DialogFrameTest : public QObject
 {
@@ -56,7 +59,7 @@ QDialogButtonBox* boxOf(const QDialog& dialog)
 
 void DialogFrameTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
 }
 
 void DialogFrameTest::keysEndTheDialog_data()
@@ -74,7 +77,7 @@ void DialogFrameTest::keysEndTheDialog()
     QDialog dialog;
     QVBoxLayout layout(&dialog);
     auto* list = new QListWidget;
-    list->addItems({u"one"_qs, u"two"_qs});
+    list->addItems({u"one"_s, u"two"_s});
     layout.addWidget(list);
     const int result = run(dialog, [&dialog, key] {
         QWidget* focus = dialog.focusWidget();
@@ -227,7 +230,7 @@ void DialogFrameTest::secondRunAddsNothing()
 
 void DialogFrameTest::dialogWithButtonsKeepsThem()
 {
-    QMessageBox box(QMessageBox::Information, u"Teskel"_qs, u"text"_qs, QMessageBox::Ok);
+    QMessageBox box(QMessageBox::Information, u"Teskel"_s, u"text"_s, QMessageBox::Ok);
     run(box, [&box] {
         QCOMPARE(box.findChildren<QDialogButtonBox*>().size(), 1);
         QCOMPARE(box.buttons().size(), 1);
@@ -243,7 +246,7 @@ void DialogFrameTest::returnInATextFieldBreaksTheLine()
     layout->addWidget(edit);
     run(dialog, [&dialog, edit] {
         QTest::keyClick(edit, Qt::Key_Return);
-        QCOMPARE(edit->toPlainText(), u"\n"_qs);
+        QCOMPARE(edit->toPlainText(), u"\n"_s);
         dialog.reject();
     });
 }

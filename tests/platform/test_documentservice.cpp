@@ -7,15 +7,19 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <csignal>
+
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
-const QString service = QStringLiteral("org.teskel.Teskel");
+const QString service = u"org.teskel.Teskel"_s;
 
 // A session bus of the test's own.
 class Bus
@@ -24,15 +28,14 @@ public:
     /// @param data directory whose dbus-1/services the bus may start programs from
     bool start(const QString& data = QString())
     {
-        const QString program = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
+        const QString program = QStandardPaths::findExecutable(u"dbus-daemon"_s);
         if (program.isEmpty())
             return false;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("XDG_DATA_HOME"), data);
-        environment.insert(QStringLiteral("XDG_DATA_DIRS"), QStringLiteral("/nowhere"));
+        environment.insert(u"XDG_DATA_HOME"_s, data);
+        environment.insert(u"XDG_DATA_DIRS"_s, u"/nowhere"_s);
         _process.setProcessEnvironment(environment);
-        _process.start(program, {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                                 QStringLiteral("--print-address=1")});
+        _process.start(program, {u"--session"_s, u"--nofork"_s, u"--print-address=1"_s});
         if (!_process.waitForReadyRead(10'000))
             return false;
         _address = QString::fromLatin1(_process.readLine()).trimmed();
@@ -40,7 +43,7 @@ public:
     }
     ~Bus()
     {
-        QDBusConnection::disconnectFromBus(QStringLiteral("test"));
+        QDBusConnection::disconnectFromBus(u"test"_s);
         _process.terminate();
         _process.waitForFinished();
     }
@@ -51,7 +54,7 @@ public:
     QString address() const { return _address; }
     QDBusConnection connection() const
     {
-        return QDBusConnection::connectToBus(_address, QStringLiteral("test"));
+        return QDBusConnection::connectToBus(_address, u"test"_s);
     }
 
 private:
@@ -62,7 +65,7 @@ private:
 QProcessEnvironment environmentWith(const QString& address)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address);
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, address);
     return environment;
 }
 
@@ -74,9 +77,8 @@ bool waitForOwner(const QDBusConnection& bus)
 
 QDBusMessage call(const QDBusConnection& bus, const QString& method, const QVariantList& arguments)
 {
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(service, QStringLiteral("/org/teskel/Teskel"),
-                                       QStringLiteral("org.freedesktop.Application"), method);
+    QDBusMessage message = QDBusMessage::createMethodCall(service, u"/org/teskel/Teskel"_s,
+                                                          u"org.freedesktop.Application"_s, method);
     message.setArguments(arguments);
     return bus.call(message);
 }
@@ -85,14 +87,14 @@ QDBusMessage call(const QDBusConnection& bus, const QString& method, const QVari
 bool installService(const QString& data, const QString& log)
 {
     QFile installed(QStringLiteral(TESKEL_SERVICE_FILE));
-    QFile service(data + u"/dbus-1/services/org.teskel.Teskel.service"_qs);
-    if (!installed.open(QIODevice::ReadOnly) || !QDir(data).mkpath(u"dbus-1/services"_qs) ||
+    QFile service(data + u"/dbus-1/services/org.teskel.Teskel.service"_s);
+    if (!installed.open(QIODevice::ReadOnly) || !QDir(data).mkpath(u"dbus-1/services"_s) ||
         !service.open(QIODevice::WriteOnly))
         return false;
     const QString command =
-        u"Exec=/bin/sh -c 'exec \"%1\" >\"%2\"'"_qs.arg(QStringLiteral(TESKEL_PROBE), log);
+        u"Exec=/bin/sh -c 'exec \"%1\" >\"%2\"'"_s.arg(QStringLiteral(TESKEL_PROBE), log);
     const QString text =
-        QString::fromUtf8(installed.readAll()).replace(QRegularExpression(u"Exec=.*"_qs), command);
+        QString::fromUtf8(installed.readAll()).replace(QRegularExpression(u"Exec=.*"_s), command);
     return service.write(text.toUtf8()) > 0;
 }
 
@@ -126,15 +128,15 @@ void DocumentServiceTest::openReachesTheMainWidget_data()
 {
     QTest::addColumn<QStringList>("uris");
     QTest::addColumn<QStringList>("documents");
-    QTest::newRow("one file") << QStringList{u"file:///tmp/Eng2Ger.PDB"_qs}
-                              << QStringList{u"document /tmp/Eng2Ger.PDB"_qs};
-    QTest::newRow("blank and umlaut") << QStringList{u"file:///tmp/my%20card/%C3%A4.PDB"_qs}
-                                      << QStringList{u"document /tmp/my card/ä.PDB"_qs};
-    QTest::newRow("several") << QStringList{u"file:///a.PDB"_qs, u"file:///b.PDB"_qs}
-                             << QStringList{u"document /a.PDB"_qs, u"document /b.PDB"_qs};
-    QTest::newRow("not local") << QStringList{u"http://host.example/a.PDB"_qs, u"nonsense"_qs,
-                                              QString(), u"file:///b.PDB"_qs}
-                               << QStringList{u"document /b.PDB"_qs};
+    QTest::newRow("one file") << QStringList{u"file:///tmp/Eng2Ger.PDB"_s}
+                              << QStringList{u"document /tmp/Eng2Ger.PDB"_s};
+    QTest::newRow("blank and umlaut") << QStringList{u"file:///tmp/my%20card/%C3%A4.PDB"_s}
+                                      << QStringList{u"document /tmp/my card/ä.PDB"_s};
+    QTest::newRow("several") << QStringList{u"file:///a.PDB"_s, u"file:///b.PDB"_s}
+                             << QStringList{u"document /a.PDB"_s, u"document /b.PDB"_s};
+    QTest::newRow("not local") << QStringList{u"http://host.example/a.PDB"_s, u"nonsense"_s,
+                                              QString(), u"file:///b.PDB"_s}
+                               << QStringList{u"document /b.PDB"_s};
     QTest::newRow("none") << QStringList() << QStringList();
 }
 
@@ -145,10 +147,10 @@ void DocumentServiceTest::openReachesTheMainWidget()
         QSKIP("no dbus-daemon");
     Probe probe({}, environmentWith(bus.address()));
     QVERIFY(waitForOwner(bus.connection()));
-    QVERIFY(probe.waitFor(u"running"_qs));
+    QVERIFY(probe.waitFor(u"running"_s));
     const qsizetype before = probe.log().size();
     QFETCH(QStringList, uris);
-    const QDBusMessage reply = call(bus.connection(), u"Open"_qs, {uris, QVariantMap()});
+    const QDBusMessage reply = call(bus.connection(), u"Open"_s, {uris, QVariantMap()});
     QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
     QFETCH(QStringList, documents);
     for (const QString& document : documents)
@@ -161,22 +163,21 @@ void DocumentServiceTest::requestsDuringAMessageBoxWait()
     Bus bus;
     if (!bus.start())
         QSKIP("no dbus-daemon");
-    Probe probe({u"--box"_qs}, environmentWith(bus.address()));
+    Probe probe({u"--box"_s}, environmentWith(bus.address()));
     QVERIFY(waitForOwner(bus.connection()));
-    QVERIFY(probe.waitFor(u"running"_qs));
-    for (const QString& uri : {u"file:///a.PDB"_qs, u"file:///b.PDB"_qs}) {
+    QVERIFY(probe.waitFor(u"running"_s));
+    for (const QString& uri : {u"file:///a.PDB"_s, u"file:///b.PDB"_s}) {
         QDBusMessage message = QDBusMessage::createMethodCall(
-            service, u"/org/teskel/Teskel"_qs, u"org.freedesktop.Application"_qs, u"Open"_qs);
+            service, u"/org/teskel/Teskel"_s, u"org.freedesktop.Application"_s, u"Open"_s);
         message.setArguments({QStringList{uri}, QVariantMap()});
         bus.connection().asyncCall(message);
     }
-    QVERIFY(probe.waitFor(u"document /a.PDB"_qs));
+    QVERIFY(probe.waitFor(u"document /a.PDB"_s));
     // The second call has arrived once this one is answered.
-    QCOMPARE(
-        call(bus.connection(), u"ActivateAction"_qs, {u"none"_qs, QVariantList(), QVariantMap()})
-            .type(),
-        QDBusMessage::ReplyMessage);
-    QVERIFY(!probe.log().contains(u"document /b.PDB"_qs));
+    QCOMPARE(call(bus.connection(), u"ActivateAction"_s, {u"none"_s, QVariantList(), QVariantMap()})
+                 .type(),
+             QDBusMessage::ReplyMessage);
+    QVERIFY(!probe.log().contains(u"document /b.PDB"_s));
 }
 
 void DocumentServiceTest::messageBoxDoesNotHoldUpTheAnswer()
@@ -184,12 +185,12 @@ void DocumentServiceTest::messageBoxDoesNotHoldUpTheAnswer()
     Bus bus;
     if (!bus.start())
         QSKIP("no dbus-daemon");
-    Probe probe({u"--box"_qs}, environmentWith(bus.address()));
+    Probe probe({u"--box"_s}, environmentWith(bus.address()));
     QVERIFY(waitForOwner(bus.connection()));
     const QDBusMessage reply =
-        call(bus.connection(), u"Open"_qs, {QStringList{u"file:///a.PDB"_qs}, QVariantMap()});
+        call(bus.connection(), u"Open"_s, {QStringList{u"file:///a.PDB"_s}, QVariantMap()});
     QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
-    QVERIFY(probe.waitFor(u"document /a.PDB"_qs));
+    QVERIFY(probe.waitFor(u"document /a.PDB"_s));
 }
 
 void DocumentServiceTest::activateIsAnswered()
@@ -199,8 +200,8 @@ void DocumentServiceTest::activateIsAnswered()
         QSKIP("no dbus-daemon");
     Probe probe({}, environmentWith(bus.address()));
     QVERIFY(waitForOwner(bus.connection()));
-    const QVariantMap token{{u"activation-token"_qs, u"token"_qs}};
-    QCOMPARE(call(bus.connection(), u"Activate"_qs, {token}).type(), QDBusMessage::ReplyMessage);
+    const QVariantMap token{{u"activation-token"_s, u"token"_s}};
+    QCOMPARE(call(bus.connection(), u"Activate"_s, {token}).type(), QDBusMessage::ReplyMessage);
 }
 
 void DocumentServiceTest::firstProgramKeepsTheName()
@@ -213,16 +214,16 @@ void DocumentServiceTest::firstProgramKeepsTheName()
     const QString owner = bus.connection().interface()->serviceOwner(service).value();
     {
         Probe second({}, environmentWith(bus.address()));
-        QVERIFY(second.waitFor(u"running"_qs));
+        QVERIFY(second.waitFor(u"running"_s));
         // It has asked for the name once it is listed with its own object.
         QVERIFY(QTest::qWaitFor(
             [&bus] {
                 return bus.connection().interface()->registeredServiceNames().value().size() >= 5;
             },
             10'000));
-        call(bus.connection(), u"Open"_qs, {QStringList{u"file:///a.PDB"_qs}, QVariantMap()});
-        QVERIFY(first.waitFor(u"document /a.PDB"_qs));
-        QVERIFY(!second.log().contains(u"document /a.PDB"_qs));
+        call(bus.connection(), u"Open"_s, {QStringList{u"file:///a.PDB"_s}, QVariantMap()});
+        QVERIFY(first.waitFor(u"document /a.PDB"_s));
+        QVERIFY(!second.log().contains(u"document /a.PDB"_s));
         QCOMPARE(bus.connection().interface()->serviceOwner(service).value(), owner);
     }
     QCOMPARE(bus.connection().interface()->serviceOwner(service).value(), owner);
@@ -233,8 +234,8 @@ void DocumentServiceTest::programWithoutDocumentsLeavesTheNameToOthers()
     Bus bus;
     if (!bus.start())
         QSKIP("no dbus-daemon");
-    Probe plain({u"--no-documents"_qs}, environmentWith(bus.address()));
-    QVERIFY(plain.waitFor(u"running"_qs));
+    Probe plain({u"--no-documents"_s}, environmentWith(bus.address()));
+    QVERIFY(plain.waitFor(u"running"_s));
     Probe reader({}, environmentWith(bus.address()));
     QVERIFY(waitForOwner(bus.connection()));
     QCOMPARE(bus.connection().interface()->servicePid(service).value(),
@@ -245,19 +246,19 @@ void DocumentServiceTest::withoutABusTheProgramRuns_data()
 {
     QTest::addColumn<QString>("address");
     QTest::newRow("none announced") << QString();
-    QTest::newRow("nobody there") << u"unix:path=/nowhere/bus"_qs;
-    QTest::newRow("nonsense") << u"what is this"_qs;
+    QTest::newRow("nobody there") << u"unix:path=/nowhere/bus"_s;
+    QTest::newRow("nonsense") << u"what is this"_s;
 }
 
 void DocumentServiceTest::withoutABusTheProgramRuns()
 {
     QFETCH(QString, address);
-    Probe probe({u"--early"_qs}, environmentWith(address));
-    QVERIFY(probe.waitFor(u"running"_qs));
+    Probe probe({u"--early"_s}, environmentWith(address));
+    QVERIFY(probe.waitFor(u"running"_s));
     QCOMPARE(::kill(static_cast<pid_t>(probe.processId()), SIGTERM), 0);
     QVERIFY(probe.waitForEnd());
-    QCOMPARE(probe.log().mid(1), QStringList({u"document /early.PDB"_qs, u"shown"_qs, u"running"_qs,
-                                              u"closed"_qs, u"end"_qs}));
+    QCOMPARE(probe.log().mid(1), QStringList({u"document /early.PDB"_s, u"shown"_s, u"running"_s,
+                                              u"closed"_s, u"end"_s}));
 }
 
 void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow_data()
@@ -265,22 +266,20 @@ void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow_data(
     QTest::addColumn<QString>("method");
     QTest::addColumn<QVariantList>("arguments");
     QTest::addColumn<QStringList>("log");
-    const QStringList files{u"file:///tmp/Eng2Ger.PDB"_qs, u"file:///tmp/a%20b.PDB"_qs};
-    QTest::newRow("Open") << u"Open"_qs << QVariantList{files.mid(0, 1), QVariantMap()}
-                          << QStringList{u"document /tmp/Eng2Ger.PDB"_qs, u"shown"_qs,
-                                         u"running"_qs};
-    QTest::newRow("Open two") << u"Open"_qs << QVariantList{files, QVariantMap()}
-                              << QStringList{u"document /tmp/Eng2Ger.PDB"_qs,
-                                             u"document /tmp/a b.PDB"_qs, u"shown"_qs,
-                                             u"running"_qs};
-    QTest::newRow("Activate") << u"Activate"_qs << QVariantList{QVariantMap()}
-                              << QStringList{u"shown"_qs, u"running"_qs};
+    const QStringList files{u"file:///tmp/Eng2Ger.PDB"_s, u"file:///tmp/a%20b.PDB"_s};
+    QTest::newRow("Open") << u"Open"_s << QVariantList{files.mid(0, 1), QVariantMap()}
+                          << QStringList{u"document /tmp/Eng2Ger.PDB"_s, u"shown"_s, u"running"_s};
+    QTest::newRow("Open two") << u"Open"_s << QVariantList{files, QVariantMap()}
+                              << QStringList{u"document /tmp/Eng2Ger.PDB"_s,
+                                             u"document /tmp/a b.PDB"_s, u"shown"_s, u"running"_s};
+    QTest::newRow("Activate") << u"Activate"_s << QVariantList{QVariantMap()}
+                              << QStringList{u"shown"_s, u"running"_s};
 }
 
 void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow()
 {
     const QTemporaryDir data;
-    const QString logFile = data.filePath(u"log"_qs);
+    const QString logFile = data.filePath(u"log"_s);
     QVERIFY(installService(data.path(), logFile));
     Bus bus;
     if (!bus.start(data.path()))
@@ -297,7 +296,7 @@ void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow()
                    ? QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts).mid(1)
                    : QStringList();
     };
-    QTRY_VERIFY_WITH_TIMEOUT(log().contains(u"running"_qs), 10'000);
+    QTRY_VERIFY_WITH_TIMEOUT(log().contains(u"running"_s), 10'000);
     QTEST(log(), "log");
     QCOMPARE(::kill(static_cast<pid_t>(id), SIGTERM), 0);
     QTRY_VERIFY_WITH_TIMEOUT(!bus.connection().interface()->isServiceRegistered(service).value(),
@@ -313,15 +312,15 @@ void DocumentServiceTest::inheritedMarkOfABusDoesNotHoldUpTheWindow()
     Probe first({}, environmentWith(bus.address()));
     QVERIFY(waitForOwner(bus.connection()));
     QProcessEnvironment environment = environmentWith(bus.address());
-    environment.insert(u"DBUS_STARTER_ADDRESS"_qs, bus.address());
-    environment.insert(u"DBUS_STARTER_BUS_TYPE"_qs, u"session"_qs);
-    Probe second({u"--early"_qs}, environment);
-    QVERIFY(second.waitFor(u"running"_qs));
+    environment.insert(u"DBUS_STARTER_ADDRESS"_s, bus.address());
+    environment.insert(u"DBUS_STARTER_BUS_TYPE"_s, u"session"_s);
+    Probe second({u"--early"_s}, environment);
+    QVERIFY(second.waitFor(u"running"_s));
     QCOMPARE(second.log().mid(1),
-             QStringList({u"document /early.PDB"_qs, u"shown"_qs, u"running"_qs}));
+             QStringList({u"document /early.PDB"_s, u"shown"_s, u"running"_s}));
     // Still the one that gets the requests.
-    call(bus.connection(), u"Open"_qs, {QStringList{u"file:///a.PDB"_qs}, QVariantMap()});
-    QVERIFY(first.waitFor(u"document /a.PDB"_qs));
+    call(bus.connection(), u"Open"_s, {QStringList{u"file:///a.PDB"_s}, QVariantMap()});
+    QVERIFY(first.waitFor(u"document /a.PDB"_s));
 }
 
 void DocumentServiceTest::busOfTheMarkMayBeGone_data()
@@ -333,12 +332,11 @@ void DocumentServiceTest::busOfTheMarkMayBeGone()
 {
     QFETCH(QString, address);
     QProcessEnvironment environment = environmentWith(address);
-    environment.insert(u"DBUS_STARTER_ADDRESS"_qs, address);
-    environment.insert(u"DBUS_STARTER_BUS_TYPE"_qs, u"session"_qs);
-    Probe probe({u"--early"_qs}, environment);
-    QVERIFY(probe.waitFor(u"running"_qs));
-    QCOMPARE(probe.log().mid(1),
-             QStringList({u"document /early.PDB"_qs, u"shown"_qs, u"running"_qs}));
+    environment.insert(u"DBUS_STARTER_ADDRESS"_s, address);
+    environment.insert(u"DBUS_STARTER_BUS_TYPE"_s, u"session"_s);
+    Probe probe({u"--early"_s}, environment);
+    QVERIFY(probe.waitFor(u"running"_s));
+    QCOMPARE(probe.log().mid(1), QStringList({u"document /early.PDB"_s, u"shown"_s, u"running"_s}));
 }
 
 void DocumentServiceTest::silentBusDoesNotHoldUpTheWindow_data()
@@ -352,7 +350,7 @@ void DocumentServiceTest::silentBusDoesNotHoldUpTheWindow()
 {
     QFETCH(const bool, marked);
     const QTemporaryDir directory;
-    const QByteArray path = directory.filePath(u"bus"_qs).toUtf8();
+    const QByteArray path = directory.filePath(u"bus"_s).toUtf8();
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
     qstrncpy(address.sun_path, path.constData(), sizeof address.sun_path);
@@ -360,19 +358,19 @@ void DocumentServiceTest::silentBusDoesNotHoldUpTheWindow()
     QCOMPARE(::bind(listener, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     QCOMPARE(::listen(listener, 4), 0);
 
-    const QString silent = u"unix:path="_qs + QString::fromUtf8(path);
+    const QString silent = u"unix:path="_s + QString::fromUtf8(path);
     QProcessEnvironment environment = environmentWith(silent);
     if (marked) {
-        environment.insert(u"DBUS_STARTER_ADDRESS"_qs, silent);
-        environment.insert(u"DBUS_STARTER_BUS_TYPE"_qs, u"session"_qs);
+        environment.insert(u"DBUS_STARTER_ADDRESS"_s, silent);
+        environment.insert(u"DBUS_STARTER_BUS_TYPE"_s, u"session"_s);
     }
     // The bus library itself would give up after 25 seconds.
     constexpr int beforeThat = 20'000;
     Probe probe({}, environment);
-    QVERIFY(probe.waitFor(u"running"_qs, beforeThat));
+    QVERIFY(probe.waitFor(u"running"_s, beforeThat));
     // The event loop answers while the connection hangs.
     QCOMPARE(::kill(static_cast<pid_t>(probe.processId()), SIGTERM), 0);
-    QVERIFY(probe.waitFor(u"end"_qs, beforeThat));
+    QVERIFY(probe.waitFor(u"end"_s, beforeThat));
     QVERIFY(probe.waitForEnd(beforeThat));
     QCOMPARE(probe.exitCode(), 0);
     ::close(listener);
@@ -385,12 +383,12 @@ void DocumentServiceTest::vanishingBusDoesNotEndTheProgram()
         QSKIP("no dbus-daemon");
     Probe probe({}, environmentWith(bus->address()));
     QVERIFY(waitForOwner(bus->connection()));
-    QVERIFY(probe.waitFor(u"running"_qs));
+    QVERIFY(probe.waitFor(u"running"_s));
     bus.reset();
     QVERIFY(!probe.waitForEnd(300));
     QCOMPARE(::kill(static_cast<pid_t>(probe.processId()), SIGTERM), 0);
     QVERIFY(probe.waitForEnd());
-    QCOMPARE(probe.log().constLast(), u"end"_qs);
+    QCOMPARE(probe.log().constLast(), u"end"_s);
 }
 
 QTEST_GUILESS_MAIN(DocumentServiceTest)

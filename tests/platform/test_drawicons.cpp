@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 /// The program that draws the icons, seen from outside.
 class DrawIconsTest : public QObject
 {
@@ -21,7 +23,7 @@ int DrawIconsTest::run(const QTemporaryDir& directory, const QString& limits, QB
 {
     QProcess process;
     process.setWorkingDirectory(directory.path());
-    process.start(u"sh"_qs, {u"-c"_qs, limits + u"exec " TESKEL_DRAWICONS " pics hicolor"_qs});
+    process.start(u"sh"_s, {u"-c"_s, limits + u"exec " TESKEL_DRAWICONS " pics hicolor"_s});
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
         return -1;
     errors = process.readAllStandardError();
@@ -34,7 +36,7 @@ void DrawIconsTest::drawsEveryIconThatIsThere()
     QByteArray errors;
     QCOMPARE(run(directory, {}, errors), 0);
     const QDir there(QStringLiteral(TESKEL_PICS));
-    const QDir drawn(directory.filePath(u"pics"_qs));
+    const QDir drawn(directory.filePath(u"pics"_s));
     const QStringList sizes = there.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     QVERIFY(!sizes.isEmpty());
     QCOMPARE(drawn.entryList(QDir::Dirs | QDir::NoDotAndDotDot), sizes);
@@ -49,7 +51,7 @@ void DrawIconsTest::fullDiskIsAnError()
 {
     const QTemporaryDir directory;
     QByteArray errors;
-    QCOMPARE(run(directory, u"trap '' XFSZ; ulimit -f 0; "_qs, errors), 3);
+    QCOMPARE(run(directory, u"trap '' XFSZ; ulimit -f 0; "_s, errors), 3);
     QVERIFY2(errors.contains("pics/24/copy.png cannot be written\n"), errors.constData());
 }
 

@@ -6,6 +6,8 @@
 #include <QWindow>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -72,21 +74,21 @@ void KeyRepeatFilterTest::repeats_data()
 {
     QTest::addColumn<QString>("sent");
     QTest::addColumn<QString>("received");
-    QTest::newRow("no repeat") << u"+d-d"_qs << u"+d-d"_qs;
-    QTest::newRow("presses only") << u"+d+d*+d*-d"_qs << u"+d-d*+d*-d*+d*-d"_qs;
-    QTest::newRow("pairs stay as they are") << u"+d-d*+d*-d*+d*-d"_qs << u"+d-d*+d*-d*+d*-d"_qs;
-    QTest::newRow("second key takes over") << u"+d+d*+x+x*-x-d"_qs << u"+d-d*+d*+x-x*+x*-x-d"_qs;
-    QTest::newRow("Shift goes down") << u"+d+d*+s+d*-d-s"_qs << u"+d-d*+d*+s-d*+d*-d-s"_qs;
-    QTest::newRow("Shift goes up") << u"+s+d+d*-s+d*-d"_qs << u"+s+d-d*+d*-s-d*+d*-d"_qs;
-    QTest::newRow("another key is tapped") << u"+d+d*+x-x+d*-d"_qs << u"+d-d*+d*+x-x-d*+d*-d"_qs;
+    QTest::newRow("no repeat") << u"+d-d"_s << u"+d-d"_s;
+    QTest::newRow("presses only") << u"+d+d*+d*-d"_s << u"+d-d*+d*-d*+d*-d"_s;
+    QTest::newRow("pairs stay as they are") << u"+d-d*+d*-d*+d*-d"_s << u"+d-d*+d*-d*+d*-d"_s;
+    QTest::newRow("second key takes over") << u"+d+d*+x+x*-x-d"_s << u"+d-d*+d*+x-x*+x*-x-d"_s;
+    QTest::newRow("Shift goes down") << u"+d+d*+s+d*-d-s"_s << u"+d-d*+d*+s-d*+d*-d-s"_s;
+    QTest::newRow("Shift goes up") << u"+s+d+d*-s+d*-d"_s << u"+s+d-d*+d*-s-d*+d*-d"_s;
+    QTest::newRow("another key is tapped") << u"+d+d*+x-x+d*-d"_s << u"+d-d*+d*+x-x-d*+d*-d"_s;
     QTest::newRow("pairs while Shift is tapped")
-        << u"+d-d*+d*+s-d*+d*-s-d*+d*-d"_qs << u"+d-d*+d*+s-d*+d*-s-d*+d*-d"_qs;
+        << u"+d-d*+d*+s-d*+d*-s-d*+d*-d"_s << u"+d-d*+d*+s-d*+d*-s-d*+d*-d"_s;
     QTest::newRow("Shift changes what the held key means")
-        << u"+1+1*+s+!*-!-s"_qs << u"+1-1*+1*+s-!*+!*-!-s"_qs;
+        << u"+1+1*+s+!*-!-s"_s << u"+1-1*+1*+s-!*+!*-!-s"_s;
     QTest::newRow("Shift changes what the released key means")
-        << u"+s+!+!*-s-1+1-1+!*"_qs << u"+s+!-!*+!*-s-1+1-1+!*"_qs;
-    QTest::newRow("repeat whose press went elsewhere") << u"+d*+d*-d"_qs << u"+d*-d*+d*-d"_qs;
-    QTest::newRow("two full presses") << u"+d-d+d-d"_qs << u"+d-d+d-d"_qs;
+        << u"+s+!+!*-s-1+1-1+!*"_s << u"+s+!-!*+!*-s-1+1-1+!*"_s;
+    QTest::newRow("repeat whose press went elsewhere") << u"+d*+d*-d"_s << u"+d*-d*+d*-d"_s;
+    QTest::newRow("two full presses") << u"+d-d+d-d"_s << u"+d-d+d-d"_s;
 }
 
 void KeyRepeatFilterTest::repeats()

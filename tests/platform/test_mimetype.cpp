@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 class MimeTypeTest : public QObject
 {
     Q_OBJECT
@@ -20,9 +22,9 @@ private:
 void MimeTypeTest::initTestCase()
 {
     // Beside the types that Qt knows there are only ours.
-    const QString packages = _directory.filePath(u"mime/packages"_qs);
+    const QString packages = _directory.filePath(u"mime/packages"_s);
     QVERIFY(QDir().mkpath(packages));
-    QVERIFY(QFile::copy(QStringLiteral(TESKEL_MIME_TYPES), packages + u"/teskel.xml"_qs));
+    QVERIFY(QFile::copy(QStringLiteral(TESKEL_MIME_TYPES), packages + u"/teskel.xml"_s));
     qputenv("XDG_DATA_HOME", _directory.path().toUtf8());
     qputenv("XDG_DATA_DIRS", "/nowhere");
 }
@@ -32,9 +34,9 @@ void MimeTypeTest::lexiconIsKnown_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("creator");
     QTest::addColumn<bool>("lexicon");
-    QTest::newRow("lexicon") << u"Eng2Ger.PDB"_qs << QByteArray("TSKL") << true;
-    QTest::newRow("without an extension") << u"Eng2Ger"_qs << QByteArray("TSKL") << true;
-    QTest::newRow("another database") << u"memos"_qs << QByteArray("memo") << false;
+    QTest::newRow("lexicon") << u"Eng2Ger.PDB"_s << QByteArray("TSKL") << true;
+    QTest::newRow("without an extension") << u"Eng2Ger"_s << QByteArray("TSKL") << true;
+    QTest::newRow("another database") << u"memos"_s << QByteArray("memo") << false;
 }
 
 void MimeTypeTest::lexiconIsKnown()
@@ -49,7 +51,7 @@ void MimeTypeTest::lexiconIsKnown()
     const QMimeDatabase database;
     const QMimeType type = database.mimeTypeForFile(file.fileName());
     QFETCH(bool, lexicon);
-    QCOMPARE(type.name() == u"application/x-teskel-lexicon"_qs, lexicon);
+    QCOMPARE(type.name() == u"application/x-teskel-lexicon"_s, lexicon);
 }
 
 QTEST_GUILESS_MAIN(MimeTypeTest)

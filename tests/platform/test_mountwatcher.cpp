@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "platform/storage/mountwatcher.h"
 #include "platform/qcopchannel.h"
+#include "platform/storage/mountwatcher.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <sched.h>
 #include <sys/mount.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -19,7 +22,7 @@ bool enterOwnMountTable()
     if (::unshare(CLONE_NEWNS) != 0) {
         if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
             return false;
-        QFile file(QStringLiteral("/proc/self/uid_map"));
+        QFile file(u"/proc/self/uid_map"_s);
         if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
             return false;
         file.write(map);
@@ -53,7 +56,7 @@ void MountWatcherTest::eachMountAndEachUnmountSendsOneMessage()
     const QByteArray point = _directory.path().toUtf8();
     QCopChannel channel("QPE/Card");
     QSignalSpy received(&channel, &QCopChannel::received);
-    const teskel::MountWatcher watcher(QStringLiteral("/proc/self/mountinfo"));
+    const teskel::MountWatcher watcher(u"/proc/self/mountinfo"_s);
 
     for (int count = 1; count <= 6; ++count) {
         if (count % 2 == 1)
@@ -75,7 +78,7 @@ void MountWatcherTest::severalStepsOfOneChangeAreOneMessage()
     const QByteArray point = _directory.path().toUtf8();
     QCopChannel channel("QPE/Card");
     QSignalSpy received(&channel, &QCopChannel::received);
-    const teskel::MountWatcher watcher(QStringLiteral("/proc/self/mountinfo"));
+    const teskel::MountWatcher watcher(u"/proc/self/mountinfo"_s);
     QCOMPARE(::mount("card", point.constData(), "tmpfs", 0, nullptr), 0);
     QCOMPARE(::mount("card", point.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr), 0);
     QCOMPARE(::umount2(point.constData(), MNT_DETACH), 0);
@@ -91,7 +94,7 @@ void MountWatcherTest::endlessMountingIsReportedMeanwhile()
     const QByteArray point = _directory.path().toUtf8();
     QCopChannel channel("QPE/Card");
     QSignalSpy received(&channel, &QCopChannel::received);
-    const teskel::MountWatcher watcher(QStringLiteral("/proc/self/mountinfo"));
+    const teskel::MountWatcher watcher(u"/proc/self/mountinfo"_s);
     bool mounted = false;
     QTimer changes;
     connect(&changes, &QTimer::timeout, this, [&] {
@@ -112,17 +115,17 @@ void MountWatcherTest::endlessMountingIsReportedMeanwhile()
 
 void MountWatcherTest::withoutATableThereAreNoMessages()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
     QCopChannel channel("QPE/Card");
     QSignalSpy received(&channel, &QCopChannel::received);
-    const teskel::MountWatcher watcher(QStringLiteral("/nowhere/mountinfo"));
+    const teskel::MountWatcher watcher(u"/nowhere/mountinfo"_s);
     QVERIFY(!received.wait(400));
 }
 
 void MountWatcherTest::ordinaryFileIsNoEndlessSource()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
-    QFile file(_directory.filePath(QStringLiteral("mountinfo")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+    QFile file(_directory.filePath(u"mountinfo"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("1 2 8:16 / /card rw - vfat /dev/sdb rw\n");
     file.close();

@@ -4,8 +4,11 @@
 
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <csignal>
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 class MainWidget : public QWidget
 {
@@ -55,7 +58,7 @@ private:
 
 void QPEApplicationTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
 }
 
 void QPEApplicationTest::mainWidgetIsShownMaximised()
@@ -71,20 +74,20 @@ void QPEApplicationTest::displayNameStaysEmpty()
 {
     // Unset, it follows the program's name; set, the windowing system would add it to captions.
     const QString name = QCoreApplication::applicationName();
-    QCoreApplication::setApplicationName(u"another"_qs);
-    QCOMPARE(QGuiApplication::applicationDisplayName(), u"another"_qs);
+    QCoreApplication::setApplicationName(u"another"_s);
+    QCOMPARE(QGuiApplication::applicationDisplayName(), u"another"_s);
     QCoreApplication::setApplicationName(name);
-    QCOMPARE(name, u"teskel"_qs);
+    QCOMPARE(name, u"teskel"_s);
     QVERIFY(!QApplication::windowIcon().isNull());
 }
 
 void QPEApplicationTest::earlyDocumentsComeBeforeTheWindow()
 {
-    application()->openDocument(u"/a.PDB"_qs);
-    application()->openDocument(u"/b ä.PDB"_qs);
+    application()->openDocument(u"/a.PDB"_s);
+    application()->openDocument(u"/b ä.PDB"_s);
     MainWidget widget;
     application()->showMainWidget(&widget);
-    QCOMPARE(widget.documents, QStringList({u"/a.PDB"_qs, u"/b ä.PDB"_qs}));
+    QCOMPARE(widget.documents, QStringList({u"/a.PDB"_s, u"/b ä.PDB"_s}));
     QCOMPARE(widget.visibleThen, QList<bool>({false, false}));
 }
 
@@ -92,8 +95,8 @@ void QPEApplicationTest::laterDocumentsComeAtOnce()
 {
     MainWidget widget;
     application()->showMainWidget(&widget);
-    application()->openDocument(u"/a.PDB"_qs);
-    QCOMPARE(widget.documents, QStringList({u"/a.PDB"_qs}));
+    application()->openDocument(u"/a.PDB"_s);
+    QCOMPARE(widget.documents, QStringList({u"/a.PDB"_s}));
     QCOMPARE(widget.visibleThen, QList<bool>({true}));
 }
 
@@ -102,21 +105,21 @@ void QPEApplicationTest::documentDuringADocumentWaitsItsTurn()
     MainWidget widget;
     QStringList finished;
     widget.onDocument = [this, &finished](const QString& path) {
-        if (path == u"/a.PDB"_qs)
-            application()->openDocument(u"/b.PDB"_qs);
+        if (path == u"/a.PDB"_s)
+            application()->openDocument(u"/b.PDB"_s);
         finished.append(path);
     };
     application()->showMainWidget(&widget);
-    application()->openDocument(u"/a.PDB"_qs);
-    QCOMPARE(finished, QStringList({u"/a.PDB"_qs, u"/b.PDB"_qs}));
+    application()->openDocument(u"/a.PDB"_s);
+    QCOMPARE(finished, QStringList({u"/a.PDB"_s, u"/b.PDB"_s}));
 }
 
 void QPEApplicationTest::widgetWithoutTheSlotIsLeftAlone()
 {
     QWidget widget;
-    application()->openDocument(u"/a.PDB"_qs);
+    application()->openDocument(u"/a.PDB"_s);
     application()->showMainWidget(&widget);
-    application()->openDocument(u"/b.PDB"_qs);
+    application()->openDocument(u"/b.PDB"_s);
 }
 
 void QPEApplicationTest::documentAfterTheWidgetIsGoneIsKept()
@@ -126,10 +129,10 @@ void QPEApplicationTest::documentAfterTheWidgetIsGoneIsKept()
         application()->showMainWidget(&widget);
     }
     QVERIFY(application()->mainWidget() == nullptr);
-    application()->openDocument(u"/a.PDB"_qs);
+    application()->openDocument(u"/a.PDB"_s);
     MainWidget next;
     application()->showMainWidget(&next);
-    QCOMPARE(next.documents, QStringList({u"/a.PDB"_qs}));
+    QCOMPARE(next.documents, QStringList({u"/a.PDB"_s}));
 }
 
 void QPEApplicationTest::minimisedWindowComesBack()
@@ -137,7 +140,7 @@ void QPEApplicationTest::minimisedWindowComesBack()
     MainWidget widget;
     application()->showMainWidget(&widget);
     widget.setWindowState(widget.windowState() | Qt::WindowMinimized);
-    application()->openDocument(u"/a.PDB"_qs);
+    application()->openDocument(u"/a.PDB"_s);
     QVERIFY(!widget.isMinimized());
 }
 
@@ -159,10 +162,10 @@ void QPEApplicationTest::rootDirectory_data()
     QTest::addColumn<QString>("qpedir"); // "(unset)" for none
     QTest::addColumn<QString>("data");
     QTest::addColumn<QString>("root");
-    QTest::newRow("given") << u"/opt/Qtopia"_qs << u"/data"_qs << u"/opt/Qtopia"_qs;
-    QTest::newRow("empty stays empty") << QString() << u"/data"_qs << QString();
-    QTest::newRow("data home") << u"(unset)"_qs << u"/data"_qs << u"/data"_qs;
-    QTest::newRow("no data home") << u"(unset)"_qs << u"(unset)"_qs << u"/home/me/.local/share"_qs;
+    QTest::newRow("given") << u"/opt/Qtopia"_s << u"/data"_s << u"/opt/Qtopia"_s;
+    QTest::newRow("empty stays empty") << QString() << u"/data"_s << QString();
+    QTest::newRow("data home") << u"(unset)"_s << u"/data"_s << u"/data"_s;
+    QTest::newRow("no data home") << u"(unset)"_s << u"(unset)"_s << u"/home/me/.local/share"_s;
 }
 
 void QPEApplicationTest::rootDirectory()
@@ -171,16 +174,16 @@ void QPEApplicationTest::rootDirectory()
     QFETCH(QString, data);
     QFETCH(QString, root);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"HOME"_qs, u"/home/me"_qs);
-    environment.remove(u"QPEDIR"_qs);
-    environment.remove(u"XDG_DATA_HOME"_qs);
-    if (qpedir != u"(unset)"_qs)
-        environment.insert(u"QPEDIR"_qs, qpedir);
-    if (data != u"(unset)"_qs)
-        environment.insert(u"XDG_DATA_HOME"_qs, data);
+    environment.insert(u"HOME"_s, u"/home/me"_s);
+    environment.remove(u"QPEDIR"_s);
+    environment.remove(u"XDG_DATA_HOME"_s);
+    if (qpedir != u"(unset)"_s)
+        environment.insert(u"QPEDIR"_s, qpedir);
+    if (data != u"(unset)"_s)
+        environment.insert(u"XDG_DATA_HOME"_s, data);
     Probe probe({}, environment);
-    QVERIFY(probe.waitFor(u"running"_qs));
-    QCOMPARE(probe.log().constFirst(), u"root "_qs + root);
+    QVERIFY(probe.waitFor(u"running"_s));
+    QCOMPARE(probe.log().constFirst(), u"root "_s + root);
 }
 
 void QPEApplicationTest::signalClosesTheWindow_data()
@@ -189,17 +192,16 @@ void QPEApplicationTest::signalClosesTheWindow_data()
     QTest::addColumn<QString>("mode");
     QTest::addColumn<QString>("when");
     QTest::addColumn<QStringList>("expected");
-    const QStringList plain{u"closed"_qs, u"end"_qs};
-    QTest::newRow("SIGTERM") << SIGTERM << QString() << u"running"_qs << plain;
-    QTest::newRow("SIGINT") << SIGINT << QString() << u"running"_qs << plain;
-    QTest::newRow("SIGHUP") << SIGHUP << QString() << u"running"_qs << plain;
-    QTest::newRow("during a dialog")
-        << SIGTERM << u"--dialog"_qs << u"dialog"_qs
-        << QStringList({u"closed"_qs, u"dialog result 0"_qs, u"end"_qs});
-    QTest::newRow("during a menu") << SIGTERM << u"--menu"_qs << u"menu"_qs << plain;
+    const QStringList plain{u"closed"_s, u"end"_s};
+    QTest::newRow("SIGTERM") << SIGTERM << QString() << u"running"_s << plain;
+    QTest::newRow("SIGINT") << SIGINT << QString() << u"running"_s << plain;
+    QTest::newRow("SIGHUP") << SIGHUP << QString() << u"running"_s << plain;
+    QTest::newRow("during a dialog") << SIGTERM << u"--dialog"_s << u"dialog"_s
+                                     << QStringList({u"closed"_s, u"dialog result 0"_s, u"end"_s});
+    QTest::newRow("during a menu") << SIGTERM << u"--menu"_s << u"menu"_s << plain;
     QTest::newRow("during a box before the window")
-        << SIGTERM << u"--box-first"_qs << u"box"_qs
-        << QStringList({u"box gone"_qs, u"shown"_qs, u"running"_qs, u"closed"_qs, u"end"_qs});
+        << SIGTERM << u"--box-first"_s << u"box"_s
+        << QStringList({u"box gone"_s, u"shown"_s, u"running"_s, u"closed"_s, u"end"_s});
 }
 
 void QPEApplicationTest::signalClosesTheWindow()
@@ -222,14 +224,14 @@ void QPEApplicationTest::signalClosesTheWindow()
 
 void QPEApplicationTest::windowMayRefuse()
 {
-    Probe probe({u"--refuse"_qs});
-    QVERIFY(probe.waitFor(u"running"_qs));
+    Probe probe({u"--refuse"_s});
+    QVERIFY(probe.waitFor(u"running"_s));
     const auto id = static_cast<pid_t>(probe.processId());
     QCOMPARE(::kill(id, SIGTERM), 0);
-    QVERIFY(probe.waitFor(u"refused"_qs));
+    QVERIFY(probe.waitFor(u"refused"_s));
     QCOMPARE(::kill(id, SIGTERM), 0);
     QVERIFY(probe.waitForEnd());
-    QCOMPARE(probe.log().mid(probe.log().size() - 2), QStringList({u"closed"_qs, u"end"_qs}));
+    QCOMPARE(probe.log().mid(probe.log().size() - 2), QStringList({u"closed"_s, u"end"_s}));
 }
 
 void QPEApplicationTest::ignoredHangupStaysIgnored()
@@ -237,7 +239,7 @@ void QPEApplicationTest::ignoredHangupStaysIgnored()
     auto* const old = std::signal(SIGHUP, SIG_IGN);
     Probe probe({});
     std::signal(SIGHUP, old);
-    QVERIFY(probe.waitFor(u"running"_qs));
+    QVERIFY(probe.waitFor(u"running"_s));
     const auto id = static_cast<pid_t>(probe.processId());
     QCOMPARE(::kill(id, SIGHUP), 0);
     QVERIFY(!probe.waitForEnd(300));
@@ -247,10 +249,9 @@ void QPEApplicationTest::ignoredHangupStaysIgnored()
 
 void QPEApplicationTest::earlyDocumentOfARealProgram()
 {
-    Probe probe({u"--early"_qs});
-    QVERIFY(probe.waitFor(u"running"_qs));
-    QCOMPARE(probe.log().mid(1),
-             QStringList({u"document /early.PDB"_qs, u"shown"_qs, u"running"_qs}));
+    Probe probe({u"--early"_s});
+    QVERIFY(probe.waitFor(u"running"_s));
+    QCOMPARE(probe.log().mid(1), QStringList({u"document /early.PDB"_s, u"shown"_s, u"running"_s}));
 }
 
 int main(int argc, char** argv)

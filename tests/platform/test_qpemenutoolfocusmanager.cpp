@@ -14,6 +14,8 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -28,15 +30,15 @@ public:
         , _other(new QLineEdit)
     {
         _toolBar->addWidget(_menuBar);
-        for (const QString& title : {u"Lexicon"_qs, u"Edit"_qs}) {
+        for (const QString& title : {u"Lexicon"_s, u"Edit"_s}) {
             QMenu* menu = _menuBar->addMenu(title);
-            menu->addAction(title + u" 1"_qs);
-            menu->addAction(title + u" 2"_qs);
+            menu->addAction(title + u" 1"_s);
+            menu->addAction(title + u" 2"_s);
         }
-        for (const QString& text : {u"Open"_qs, u"Hidden"_qs, u"Off"_qs, u"Cross"_qs})
+        for (const QString& text : {u"Open"_s, u"Hidden"_s, u"Off"_s, u"Cross"_s})
             _actions[text] = _toolBar->addAction(text);
-        _actions[u"Hidden"_qs]->setVisible(false);
-        _actions[u"Off"_qs]->setEnabled(false);
+        _actions[u"Hidden"_s]->setVisible(false);
+        _actions[u"Off"_s]->setEnabled(false);
         addToolBar(_toolBar);
         auto* centre = new QWidget;
         auto* layout = new QVBoxLayout(centre);
@@ -69,15 +71,15 @@ public:
 QString place(const Window& window)
 {
     if (const auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
-        return u"menu "_qs + popup->title();
+        return u"menu "_s + popup->title();
     // The offscreen platform leaves no window active once a menu has closed.
     QWidget* focus = window.focusWidget();
     if (focus == window._menuBar)
         return window._menuBar->activeAction() != nullptr ? window._menuBar->activeAction()->text()
-                                                          : u"bar"_qs;
+                                                          : u"bar"_s;
     if (const auto* button = qobject_cast<QToolButton*>(focus))
         return button->text();
-    return focus == window._entry ? u"entry"_qs : u"elsewhere"_qs;
+    return focus == window._entry ? u"entry"_s : u"elsewhere"_s;
 }
 
 void key(Qt::Key which)
@@ -130,7 +132,7 @@ void QPEMenuToolFocusManagerTest::init()
 {
     // Which of Left and Right leads on depends on it, and a command line may turn it round.
     QApplication::setLayoutDirection(Qt::LeftToRight);
-    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_qs));
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
 }
 
 void QPEMenuToolFocusManagerTest::keysStartAndEnd_data()
@@ -144,12 +146,12 @@ void QPEMenuToolFocusManagerTest::keysStartAndEnd()
 {
     QFETCH(Qt::Key, start);
     const Window window;
-    QCOMPARE(place(window), u"entry"_qs);
+    QCOMPARE(place(window), u"entry"_s);
     key(start);
-    QCOMPARE(place(window), u"Lexicon"_qs);
+    QCOMPARE(place(window), u"Lexicon"_s);
     QVERIFY(manager()->isActive());
     key(start);
-    QCOMPARE(place(window), u"entry"_qs);
+    QCOMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
     QVERIFY(window._menuBar->activeAction() == nullptr);
 }
@@ -169,7 +171,7 @@ void QPEMenuToolFocusManagerTest::otherKeysDoNotStart()
     QFETCH(Qt::KeyboardModifier, modifier);
     const Window window;
     QTest::keyClick(window._entry, which, modifier);
-    QCOMPARE(place(window), u"entry"_qs);
+    QCOMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
 }
 
@@ -182,14 +184,13 @@ void QPEMenuToolFocusManagerTest::ringRunsBothWays()
         forward.append(place(window));
         key(Qt::Key_Right);
     }
-    QCOMPARE(forward,
-             QStringList({u"Lexicon"_qs, u"Edit"_qs, u"Open"_qs, u"Cross"_qs, u"Lexicon"_qs}));
+    QCOMPARE(forward, QStringList({u"Lexicon"_s, u"Edit"_s, u"Open"_s, u"Cross"_s, u"Lexicon"_s}));
     QStringList back;
     for (int i = 0; i < 5; ++i) {
         back.append(place(window));
         key(Qt::Key_Left);
     }
-    QCOMPARE(back, QStringList({u"Edit"_qs, u"Lexicon"_qs, u"Cross"_qs, u"Open"_qs, u"Edit"_qs}));
+    QCOMPARE(back, QStringList({u"Edit"_s, u"Lexicon"_s, u"Cross"_s, u"Open"_s, u"Edit"_s}));
     key(Qt::Key_Escape);
 }
 
@@ -203,8 +204,7 @@ void QPEMenuToolFocusManagerTest::ringFollowsRightToLeft()
         forward.append(place(window));
         key(Qt::Key_Left);
     }
-    QCOMPARE(forward,
-             QStringList({u"Lexicon"_qs, u"Edit"_qs, u"Open"_qs, u"Cross"_qs, u"Lexicon"_qs}));
+    QCOMPARE(forward, QStringList({u"Lexicon"_s, u"Edit"_s, u"Open"_s, u"Cross"_s, u"Lexicon"_s}));
     key(Qt::Key_Escape);
 }
 
@@ -213,10 +213,10 @@ void QPEMenuToolFocusManagerTest::upAndDownAreEatenOnButtons()
     const Window window;
     key(Qt::Key_F10);
     key(Qt::Key_Left);
-    QCOMPARE(place(window), u"Cross"_qs);
+    QCOMPARE(place(window), u"Cross"_s);
     key(Qt::Key_Up);
     key(Qt::Key_Down);
-    QCOMPARE(place(window), u"Cross"_qs);
+    QCOMPARE(place(window), u"Cross"_s);
     QVERIFY(manager()->isActive());
     key(Qt::Key_Escape);
 }
@@ -232,13 +232,13 @@ void QPEMenuToolFocusManagerTest::escapeGivesTheFocusBack()
 {
     QFETCH(int, steps);
     const Window window;
-    window._entry->setText(u"house"_qs);
+    window._entry->setText(u"house"_s);
     window._entry->setCursorPosition(2);
     key(Qt::Key_F10);
     for (int i = 0; i < steps; ++i)
         key(Qt::Key_Right);
     key(Qt::Key_Escape);
-    QCOMPARE(place(window), u"entry"_qs);
+    QCOMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
     QCOMPARE(window._entry->cursorPosition(), 2);
     QVERIFY(!window._entry->hasSelectedText());
@@ -258,7 +258,7 @@ void QPEMenuToolFocusManagerTest::buttonIsPressedAfterTheFocusIsBack()
     Window window;
     QString placeThen;
     int triggered = 0;
-    connect(window._actions[u"Cross"_qs], &QAction::triggered, this, [&] {
+    connect(window._actions[u"Cross"_s], &QAction::triggered, this, [&] {
         ++triggered;
         placeThen = place(window);
     });
@@ -266,7 +266,7 @@ void QPEMenuToolFocusManagerTest::buttonIsPressedAfterTheFocusIsBack()
     key(Qt::Key_Left);
     key(which);
     QCOMPARE(triggered, 1);
-    QCOMPARE(placeThen, u"entry"_qs);
+    QCOMPARE(placeThen, u"entry"_s);
     QVERIFY(!manager()->isActive());
     QCOMPARE(window._entry->text(), QString());
 }
@@ -274,15 +274,15 @@ void QPEMenuToolFocusManagerTest::buttonIsPressedAfterTheFocusIsBack()
 void QPEMenuToolFocusManagerTest::heldKeyPressesOnce()
 {
     const Window window;
-    QSignalSpy triggered(window._actions[u"Cross"_qs], &QAction::triggered);
+    QSignalSpy triggered(window._actions[u"Cross"_s], &QAction::triggered);
     key(Qt::Key_F10);
     key(Qt::Key_Left);
-    QWidget* button = window.button(u"Cross"_qs);
+    QWidget* button = window.button(u"Cross"_s);
     QTest::keyPress(button, Qt::Key_Space);
     for (int i = 0; i < 3; ++i) {
-        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, u" "_qs, true);
+        QKeyEvent release(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, u" "_s, true);
         QCoreApplication::sendEvent(QApplication::focusWidget(), &release);
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, u" "_qs, true);
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, u" "_s, true);
         QCoreApplication::sendEvent(QApplication::focusWidget(), &press);
     }
     QCOMPARE(triggered.count(), 0);
@@ -308,11 +308,11 @@ void QPEMenuToolFocusManagerTest::menuEntryIsChosen()
     key(Qt::Key_F10);
     key(Qt::Key_Right);
     key(open);
-    QCOMPARE(place(window), u"menu Edit"_qs);
+    QCOMPARE(place(window), u"menu Edit"_s);
     key(Qt::Key_Down);
     key(choose);
     QCOMPARE(triggered.count(), 1);
-    QTRY_COMPARE(place(window), u"entry"_qs);
+    QTRY_COMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
     QVERIFY(window._menuBar->activeAction() == nullptr);
 }
@@ -322,9 +322,9 @@ void QPEMenuToolFocusManagerTest::escapeInAMenuEnds()
     const Window window;
     key(Qt::Key_F10);
     key(Qt::Key_Down);
-    QCOMPARE(place(window), u"menu Lexicon"_qs);
+    QCOMPARE(place(window), u"menu Lexicon"_s);
     key(Qt::Key_Escape);
-    QTRY_COMPARE(place(window), u"entry"_qs);
+    QTRY_COMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
     QVERIFY(window._menuBar->activeAction() == nullptr);
 }
@@ -335,13 +335,13 @@ void QPEMenuToolFocusManagerTest::leftAndRightWalkThroughOpenMenus()
     key(Qt::Key_F10);
     key(Qt::Key_Down);
     key(Qt::Key_Right);
-    QCOMPARE(place(window), u"menu Edit"_qs);
+    QCOMPARE(place(window), u"menu Edit"_s);
     QCoreApplication::processEvents();
     QVERIFY(manager()->isActive());
     key(Qt::Key_Left);
-    QCOMPARE(place(window), u"menu Lexicon"_qs);
+    QCOMPARE(place(window), u"menu Lexicon"_s);
     key(Qt::Key_F10);
-    QTRY_COMPARE(place(window), u"entry"_qs);
+    QTRY_COMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
 }
 
@@ -359,26 +359,26 @@ void QPEMenuToolFocusManagerTest::chosenEntryMayRunADialog()
     });
     key(Qt::Key_F10);
     key(Qt::Key_Down);
-    QCOMPARE(place(window), u"menu Lexicon"_qs);
+    QCOMPARE(place(window), u"menu Lexicon"_s);
     key(Qt::Key_Return);
     QVERIFY(ran);
-    QTRY_COMPARE(place(window), u"entry"_qs);
+    QTRY_COMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
 }
 
 void QPEMenuToolFocusManagerTest::popupButtonOpensItsMenu()
 {
     Window window;
-    QMenu menu(u"Files"_qs);
-    menu.addAction(u"Eng2Ger"_qs);
-    auto* button = qobject_cast<QToolButton*>(window.button(u"Open"_qs));
+    QMenu menu(u"Files"_s);
+    menu.addAction(u"Eng2Ger"_s);
+    auto* button = qobject_cast<QToolButton*>(window.button(u"Open"_s));
     button->setMenu(&menu);
     button->setPopupMode(QToolButton::InstantPopup);
     QSignalSpy triggered(&menu, &QMenu::triggered);
     key(Qt::Key_F10);
     key(Qt::Key_Right);
     key(Qt::Key_Right);
-    QCOMPARE(place(window), u"Open"_qs);
+    QCOMPARE(place(window), u"Open"_s);
     QTimer::singleShot(0, &menu, [&menu] {
         QCOMPARE(QApplication::activePopupWidget(), &menu);
         QTest::keyClick(&menu, Qt::Key_Down);
@@ -386,7 +386,7 @@ void QPEMenuToolFocusManagerTest::popupButtonOpensItsMenu()
     });
     key(Qt::Key_Space);
     QTRY_COMPARE(triggered.count(), 1);
-    QCOMPARE(place(window), u"entry"_qs);
+    QCOMPARE(place(window), u"entry"_s);
 }
 
 void QPEMenuToolFocusManagerTest::otherFocusEndsTheWalk()
@@ -404,17 +404,17 @@ void QPEMenuToolFocusManagerTest::membersComeAndGo()
     Window window;
     manager()->removeWidget(window._toolBar);
     key(Qt::Key_F10);
-    QCOMPARE(place(window), u"entry"_qs);
-    manager()->addWidget(window.button(u"Cross"_qs));
-    manager()->addWidget(window.button(u"Cross"_qs));
+    QCOMPARE(place(window), u"entry"_s);
+    manager()->addWidget(window.button(u"Cross"_s));
+    manager()->addWidget(window.button(u"Cross"_s));
     key(Qt::Key_F10);
-    QCOMPARE(place(window), u"Cross"_qs);
+    QCOMPARE(place(window), u"Cross"_s);
     key(Qt::Key_Right);
-    QCOMPARE(place(window), u"Cross"_qs);
-    delete window._actions.take(u"Cross"_qs);
+    QCOMPARE(place(window), u"Cross"_s);
+    delete window._actions.take(u"Cross"_s);
     key(Qt::Key_F10);
     key(Qt::Key_F10);
-    QCOMPARE(place(window), u"entry"_qs);
+    QCOMPARE(place(window), u"entry"_s);
 }
 
 void QPEMenuToolFocusManagerTest::membersOfOtherWindowsAreLeftAlone()
@@ -455,7 +455,7 @@ void QPEMenuToolFocusManagerTest::nothingFocusedBeforehand()
     window._entry->clearFocus();
     QVERIFY(QApplication::focusWidget() == nullptr);
     QTest::keyClick(const_cast<Window*>(&window), Qt::Key_F10);
-    QCOMPARE(place(window), u"Lexicon"_qs);
+    QCOMPARE(place(window), u"Lexicon"_s);
     key(Qt::Key_Escape);
     QVERIFY(!manager()->isActive());
     QVERIFY(QApplication::focusWidget() == nullptr);
@@ -465,7 +465,7 @@ void QPEMenuToolFocusManagerTest::overflowingButtonsAreReached()
 {
     Window window;
     window.resize(window._menuBar->sizeHint().width() + 60, 200);
-    auto* more = window._toolBar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_qs);
+    auto* more = window._toolBar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
     QTRY_VERIFY(more->isVisible());
     key(Qt::Key_F10);
     key(Qt::Key_Left);

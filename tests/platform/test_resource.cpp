@@ -6,7 +6,10 @@
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <cmath>
+
+using namespace Qt::StringLiterals;
 
 class ResourceTest : public QObject
 {
@@ -30,18 +33,18 @@ private slots:
 namespace
 {
 
-const QStringList names{u"teskel"_qs,
-                        u"teskel-custom-word"_qs,
-                        u"teskel-open"_qs,
-                        u"teskel-crosslookup"_qs,
-                        u"teskel-toggleview"_qs,
-                        u"teskel-preferences"_qs,
-                        u"teskel-floppy"_qs,
-                        u"teskel-hard"_qs,
-                        u"teskel-clear"_qs,
-                        u"copy"_qs,
-                        u"paste"_qs,
-                        u"close"_qs};
+const QStringList names{u"teskel"_s,
+                        u"teskel-custom-word"_s,
+                        u"teskel-open"_s,
+                        u"teskel-crosslookup"_s,
+                        u"teskel-toggleview"_s,
+                        u"teskel-preferences"_s,
+                        u"teskel-floppy"_s,
+                        u"teskel-hard"_s,
+                        u"teskel-clear"_s,
+                        u"copy"_s,
+                        u"paste"_s,
+                        u"close"_s};
 
 double luminance(const QColor& colour)
 {
@@ -98,7 +101,7 @@ QColor colourOf(const QPixmap& pixmap)
 
 void ResourceTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
     qunsetenv("QPEDIR");
 }
 
@@ -130,7 +133,7 @@ void ResourceTest::everyIconStandsOut()
         for (const QColor& background : {QColor(Qt::white), QColor(0x20, 0x20, 0x20)}) {
             const double share = shareThatStandsOut(picture, background);
             QVERIFY2(share > 0.10,
-                     qPrintable(u"%1 px on %2: %3"_qs.arg(size).arg(background.name()).arg(share)));
+                     qPrintable(u"%1 px on %2: %3"_s.arg(size).arg(background.name()).arg(share)));
         }
     }
 }
@@ -155,7 +158,7 @@ void ResourceTest::iconIsSharp()
         QCOMPARE(pixmap.size(), QSize(pixels, pixels));
         QCOMPARE(pixmap.devicePixelRatio(), ratio);
         // Not scaled from another size, but the one that was drawn for it.
-        const QImage drawn(u":/pics/%1-%2.png"_qs.arg(name).arg(pixels));
+        const QImage drawn(u":/pics/%1-%2.png"_s.arg(name).arg(pixels));
         QVERIFY(!drawn.isNull());
         // As it is painted: the way back to straight colours rounds by the processor's own
         // approximation of a reciprocal, and those differ.
@@ -169,46 +172,46 @@ void ResourceTest::iconIsSharp()
 
 void ResourceTest::missingPictureIsNull()
 {
-    QVERIFY(Resource::loadPixmap(u"no-such-picture"_qs).isNull());
-    QVERIFY(Resource::loadIcon(u"no-such-picture"_qs).isNull());
+    QVERIFY(Resource::loadPixmap(u"no-such-picture"_s).isNull());
+    QVERIFY(Resource::loadIcon(u"no-such-picture"_s).isNull());
     QVERIFY(Resource::loadPixmap(QString()).isNull());
 }
 
 void ResourceTest::installedPictures()
 {
     const QTemporaryDir root;
-    QVERIFY(QDir(root.path()).mkdir(u"pics"_qs));
+    QVERIFY(QDir(root.path()).mkdir(u"pics"_s));
     qputenv("QPEDIR", root.path().toUtf8());
-    QVERIFY(Resource::loadPixmap(u"own"_qs).isNull());
-    savePicture(root.filePath(u"pics/own.bmp"_qs), Qt::red, "BMP");
-    QCOMPARE(colourOf(Resource::loadPixmap(u"own"_qs)), QColor(Qt::red));
-    savePicture(root.filePath(u"pics/own.xpm"_qs), Qt::green, "XPM");
-    QCOMPARE(colourOf(Resource::loadPixmap(u"own"_qs)), QColor(Qt::green));
-    savePicture(root.filePath(u"pics/own.png"_qs), Qt::blue, "PNG");
-    QCOMPARE(colourOf(Resource::loadPixmap(u"own"_qs)), QColor(Qt::blue));
-    QVERIFY(!Resource::loadIcon(u"own"_qs).isNull());
+    QVERIFY(Resource::loadPixmap(u"own"_s).isNull());
+    savePicture(root.filePath(u"pics/own.bmp"_s), Qt::red, "BMP");
+    QCOMPARE(colourOf(Resource::loadPixmap(u"own"_s)), QColor(Qt::red));
+    savePicture(root.filePath(u"pics/own.xpm"_s), Qt::green, "XPM");
+    QCOMPARE(colourOf(Resource::loadPixmap(u"own"_s)), QColor(Qt::green));
+    savePicture(root.filePath(u"pics/own.png"_s), Qt::blue, "PNG");
+    QCOMPARE(colourOf(Resource::loadPixmap(u"own"_s)), QColor(Qt::blue));
+    QVERIFY(!Resource::loadIcon(u"own"_s).isNull());
 }
 
 void ResourceTest::compiledInComesFirst()
 {
     const QTemporaryDir root;
-    QVERIFY(QDir(root.path()).mkdir(u"pics"_qs));
+    QVERIFY(QDir(root.path()).mkdir(u"pics"_s));
     qputenv("QPEDIR", root.path().toUtf8());
-    savePicture(root.filePath(u"pics/copy.png"_qs), Qt::red, "PNG");
-    QCOMPARE(Resource::loadPixmap(u"copy"_qs).deviceIndependentSize(), QSizeF(24, 24));
+    savePicture(root.filePath(u"pics/copy.png"_s), Qt::red, "PNG");
+    QCOMPARE(Resource::loadPixmap(u"copy"_s).deviceIndependentSize(), QSizeF(24, 24));
 }
 
 void ResourceTest::damagedPictureIsNull()
 {
     const QTemporaryDir root;
-    QVERIFY(QDir(root.path()).mkdir(u"pics"_qs));
+    QVERIFY(QDir(root.path()).mkdir(u"pics"_s));
     qputenv("QPEDIR", root.path().toUtf8());
-    QFile file(root.filePath(u"pics/broken.png"_qs));
+    QFile file(root.filePath(u"pics/broken.png"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("\x89PNG and nothing more");
     file.close();
-    QVERIFY(Resource::loadPixmap(u"broken"_qs).isNull());
-    QVERIFY(Resource::loadIcon(u"broken"_qs).isNull());
+    QVERIFY(Resource::loadPixmap(u"broken"_s).isNull());
+    QVERIFY(Resource::loadIcon(u"broken"_s).isNull());
 }
 
 void ResourceTest::familiesAreThoseOfTheSystem()

@@ -6,6 +6,8 @@
 #include <QTreeWidget>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -16,18 +18,18 @@ public:
     QStringList log;
 
 protected:
-    void mousePressEvent(QMouseEvent* event) override { note(u"press"_qs, event); }
-    void mouseReleaseEvent(QMouseEvent* event) override { note(u"release"_qs, event); }
-    void mouseMoveEvent(QMouseEvent* event) override { note(u"move"_qs, event); }
+    void mousePressEvent(QMouseEvent* event) override { note(u"press"_s, event); }
+    void mouseReleaseEvent(QMouseEvent* event) override { note(u"release"_s, event); }
+    void mouseMoveEvent(QMouseEvent* event) override { note(u"move"_s, event); }
 
 private:
     void note(const QString& what, const QMouseEvent* event)
     {
-        const QString button = event->button() == Qt::LeftButton    ? u" left"_qs
-                               : event->button() == Qt::RightButton ? u" right"_qs
+        const QString button = event->button() == Qt::LeftButton    ? u" left"_s
+                               : event->button() == Qt::RightButton ? u" right"_s
                                                                     : QString();
         const QString place =
-            rect().contains(event->position().toPoint()) ? QString() : u" outside"_qs;
+            rect().contains(event->position().toPoint()) ? QString() : u" outside"_s;
         log.append(what + button + place);
     }
 };
@@ -61,7 +63,7 @@ private slots:
 
 void StylusHoldFilterTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
 }
 
 void StylusHoldFilterTest::heldPenIsTheRightButton()
@@ -75,8 +77,8 @@ void StylusHoldFilterTest::heldPenIsTheRightButton()
     QTRY_COMPARE(pad.log.size(), 2);
     QVERIFY2(timer.elapsed() >= 495, qPrintable(QString::number(timer.elapsed())));
     QTest::mouseRelease(&pad, Qt::LeftButton, {}, QPoint(52, 50));
-    QCOMPARE(pad.log, QStringList({u"press left"_qs, u"press right"_qs, u"release right"_qs,
-                                   u"release left outside"_qs}));
+    QCOMPARE(pad.log, QStringList({u"press left"_s, u"press right"_s, u"release right"_s,
+                                   u"release left outside"_s}));
 }
 
 void StylusHoldFilterTest::shortTapIsTheLeftButton()
@@ -86,7 +88,7 @@ void StylusHoldFilterTest::shortTapIsTheLeftButton()
     QPEApplication::setStylusOperation(&pad, QPEApplication::RightOnHold);
     QTest::mouseClick(&pad, Qt::LeftButton, {}, QPoint(50, 50));
     QVERIFY(!QTest::qWaitFor([&pad] { return pad.log.size() > 2; }, 700));
-    QCOMPARE(pad.log, QStringList({u"press left"_qs, u"release left"_qs}));
+    QCOMPARE(pad.log, QStringList({u"press left"_s, u"release left"_s}));
 }
 
 void StylusHoldFilterTest::movingAwayIsADrag_data()
@@ -108,10 +110,10 @@ void StylusHoldFilterTest::movingAwayIsADrag()
     QPEApplication::setStylusOperation(&pad, QPEApplication::RightOnHold);
     QTest::mousePress(&pad, Qt::LeftButton, {}, QPoint(50, 50));
     drag(&pad, to);
-    const bool right = QTest::qWaitFor([&pad] { return pad.log.contains(u"press right"_qs); }, 700);
+    const bool right = QTest::qWaitFor([&pad] { return pad.log.contains(u"press right"_s); }, 700);
     QCOMPARE(right, held);
     QTest::mouseRelease(&pad, Qt::LeftButton, {}, to);
-    QCOMPARE(pad.log.contains(u"release left"_qs), !held);
+    QCOMPARE(pad.log.contains(u"release left"_s), !held);
 }
 
 void StylusHoldFilterTest::dragAfterTheHoldIsSwallowed()
@@ -123,8 +125,8 @@ void StylusHoldFilterTest::dragAfterTheHoldIsSwallowed()
     QTRY_COMPARE(pad.log.size(), 2);
     drag(&pad, QPoint(80, 80));
     QTest::mouseRelease(&pad, Qt::LeftButton, {}, QPoint(80, 80));
-    QVERIFY(!pad.log.contains(u"move"_qs));
-    QVERIFY(pad.log.contains(u"release right"_qs));
+    QVERIFY(!pad.log.contains(u"move"_s));
+    QVERIFY(pad.log.contains(u"release right"_s));
 }
 
 void StylusHoldFilterTest::rightButtonStaysItself()
@@ -135,7 +137,7 @@ void StylusHoldFilterTest::rightButtonStaysItself()
     QTest::mousePress(&pad, Qt::RightButton, {}, QPoint(50, 50));
     QVERIFY(!QTest::qWaitFor([&pad] { return pad.log.size() > 1; }, 700));
     QTest::mouseRelease(&pad, Qt::RightButton, {}, QPoint(50, 50));
-    QCOMPARE(pad.log, QStringList({u"press right"_qs, u"release right"_qs}));
+    QCOMPARE(pad.log, QStringList({u"press right"_s, u"release right"_s}));
 }
 
 void StylusHoldFilterTest::modeCanBeTakenBack()
@@ -166,7 +168,7 @@ void StylusHoldFilterTest::heldPenDoesNotClickAnItem()
 {
     QTreeWidget tree;
     tree.resize(200, 200);
-    auto* item = new QTreeWidgetItem(&tree, {u"Eng2Ger"_qs});
+    auto* item = new QTreeWidgetItem(&tree, {u"Eng2Ger"_s});
     tree.show();
     QPEApplication::setStylusOperation(tree.viewport(), QPEApplication::RightOnHold);
     QSignalSpy pressed(&tree, &QTreeWidget::itemPressed);

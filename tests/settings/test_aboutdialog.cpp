@@ -7,6 +7,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 /// The About dialog's controls and texts.
 class AboutDialogTest : public QObject
 {
@@ -24,7 +26,7 @@ private slots:
 
 void AboutDialogTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
 }
 
 void AboutDialogTest::dialogHasItsNameAndCaption()
@@ -32,11 +34,11 @@ void AboutDialogTest::dialogHasItsNameAndCaption()
     const AboutDialog dialog;
     QCOMPARE(dialog.metaObject()->className(), "AboutDialog");
     QCOMPARE(dialog.metaObject()->superClass()->className(), "AboutBaseDialog");
-    QCOMPARE(dialog.objectName(), QStringLiteral("AboutBaseDialog"));
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("About"));
+    QCOMPARE(dialog.objectName(), u"AboutBaseDialog"_s);
+    QCOMPARE(dialog.windowTitle(), u"About"_s);
     QWidget parent;
     const AboutDialog named(&parent, "About", true);
-    QCOMPARE(named.objectName(), QStringLiteral("About"));
+    QCOMPARE(named.objectName(), u"About"_s);
     QVERIFY(named.isModal());
 }
 
@@ -47,13 +49,11 @@ void AboutDialogTest::controlsStandInCreationOrder()
     const auto frames = dialog.findChildren<QFrame*>();
     for (const QFrame* frame : frames) {
         const QString name = frame->objectName();
-        if (!name.isEmpty() && !name.startsWith(QStringLiteral("qt_")))
+        if (!name.isEmpty() && !name.startsWith(u"qt_"_s))
             names.append(name);
     }
-    QCOMPARE(names, (QStringList{QStringLiteral("PixmapLabel1"), QStringLiteral("TextLabel3"),
-                                 QStringLiteral("TextLabel2"), QStringLiteral("Line1"),
-                                 QStringLiteral("TextLabel5"), QStringLiteral("Line1_2"),
-                                 QStringLiteral("TextLabel4"), QStringLiteral("TextLabel1")}));
+    QCOMPARE(names, (QStringList{u"PixmapLabel1"_s, u"TextLabel3"_s, u"TextLabel2"_s, u"Line1"_s,
+                                 u"TextLabel5"_s, u"Line1_2"_s, u"TextLabel4"_s, u"TextLabel1"_s}));
 }
 
 void AboutDialogTest::textsNameProductCopyrightAndAddresses()
@@ -62,20 +62,18 @@ void AboutDialogTest::textsNameProductCopyrightAndAddresses()
     const auto text = [&dialog](const QString& name) {
         return dialog.findChild<QLabel*>(name)->text();
     };
-    QCOMPARE(text(QStringLiteral("TextLabel1")),
-             QStringLiteral("Teskel %1").arg(QStringLiteral(TESKEL_VERSION)));
-    QCOMPARE(text(QStringLiteral("TextLabel5")),
-             QStringLiteral("Copyright (C) 2026 the Teskel authors"));
-    QCOMPARE(text(QStringLiteral("TextLabel3")), QStringLiteral(TESKEL_WEB_ADDRESS));
-    QCOMPARE(text(QStringLiteral("TextLabel4")), QStringLiteral(TESKEL_SUPPORT_ADDRESS));
-    QVERIFY(text(QStringLiteral("TextLabel2")).contains(QStringLiteral("dictionaries")));
-    QVERIFY(text(QStringLiteral("TextLabel2")).contains(QStringLiteral("Linux")));
+    QCOMPARE(text(u"TextLabel1"_s), u"Teskel %1"_s.arg(QStringLiteral(TESKEL_VERSION)));
+    QCOMPARE(text(u"TextLabel5"_s), u"Copyright (C) 2026 the Teskel authors"_s);
+    QCOMPARE(text(u"TextLabel3"_s), QStringLiteral(TESKEL_WEB_ADDRESS));
+    QCOMPARE(text(u"TextLabel4"_s), QStringLiteral(TESKEL_SUPPORT_ADDRESS));
+    QVERIFY(text(u"TextLabel2"_s).contains(u"dictionaries"_s));
+    QVERIFY(text(u"TextLabel2"_s).contains(u"Linux"_s));
 }
 
 void AboutDialogTest::pictureIs29By30AndColoured()
 {
     const AboutDialog dialog;
-    const auto* label = dialog.findChild<QLabel*>(QStringLiteral("PixmapLabel1"));
+    const auto* label = dialog.findChild<QLabel*>(u"PixmapLabel1"_s);
     QVERIFY(label->hasScaledContents());
     const QImage picture = label->pixmap(Qt::ReturnByValue).toImage();
     QCOMPARE(picture.size(), QSize(29, 30));
@@ -86,7 +84,7 @@ void AboutDialogTest::pictureIs29By30AndColoured()
 void AboutDialogTest::nameIsBoldAlsoAfterTheApplicationFontChanges()
 {
     const AboutDialog dialog;
-    auto* name = dialog.findChild<QLabel*>(QStringLiteral("TextLabel1"));
+    auto* name = dialog.findChild<QLabel*>(u"TextLabel1"_s);
     QCOMPARE(name->font().weight(), static_cast<int>(QFont::Bold));
     name->setFont(QFont());
     const QFont before = QApplication::font();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "settings/aboutdialog.h"
-#include "widgets/dialogpage.h"
 #include "settings/preferencesdialog.h"
 #include "settings/wordeditordialog.h"
+#include "widgets/dialogpage.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -17,6 +17,8 @@
 
 #include <functional>
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -34,7 +36,7 @@ std::unique_ptr<QDialog> makePreferences(int page)
 {
     auto dialog = std::make_unique<PreferencesDialog>();
     dialog->setCurrentFont(QApplication::font());
-    dialog->findChild<QTabWidget*>(QStringLiteral("TabWidget3"))->setCurrentIndex(page);
+    dialog->findChild<QTabWidget*>(u"TabWidget3"_s)->setCurrentIndex(page);
     return dialog;
 }
 
@@ -149,7 +151,7 @@ void AppearanceTest::contentsStayTogetherOnALargeScreen()
     dialog->resize(1920, 1080);
     dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
-    const auto* tabs = dialog->findChild<QTabWidget*>(QStringLiteral("TabWidget3"));
+    const auto* tabs = dialog->findChild<QTabWidget*>(u"TabWidget3"_s);
     QVERIFY(tabs->width() <= teskel::comfortableWidth(dialog.get()));
     QCOMPARE(tabs->geometry().center().x() / 10, dialog->rect().center().x() / 10);
 }

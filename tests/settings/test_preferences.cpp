@@ -11,6 +11,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -70,7 +72,7 @@ private slots:
     void unwritableFileIsOneWarning();
 
 private:
-    QString fileName() const { return _home->filePath(QStringLiteral("teskel/Teskel.conf")); }
+    QString fileName() const { return _home->filePath(u"teskel/Teskel.conf"_s); }
     void stage(const QByteArray& content);
     QString stored(const QString& group, const QString& key) const;
 
@@ -79,7 +81,7 @@ private:
 
 void PreferencesTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
     _home = std::make_unique<QTemporaryDir>();
     QVERIFY(_home->isValid());
     qputenv("XDG_CONFIG_HOME", _home->path().toUtf8());
@@ -103,7 +105,7 @@ QString PreferencesTest::stored(const QString& group, const QString& key) const
 {
     Config config(fileName(), Config::File);
     config.setGroup(group);
-    return config.readEntry(key, QStringLiteral("(missing)"));
+    return config.readEntry(key, u"(missing)"_s);
 }
 
 void PreferencesTest::firstStartHasTheDefaults()
@@ -124,22 +126,15 @@ void PreferencesTest::fileIsWrittenWhenTheRecordDies()
     { // the defaults of a first start
         const PreferencesData preferences;
     }
-    const QString group = QStringLiteral("ViewPreferences");
+    const QString group = u"ViewPreferences"_s;
     const QList<std::pair<QString, QString>> expected{
-        {QStringLiteral("PanelView"), QStringLiteral("1")},
-        {QStringLiteral("UserHandType"), QStringLiteral("0")},
-        {QStringLiteral("FontSize"), QStringLiteral("12")},
-        {QStringLiteral("FontName"), QStringLiteral("helvetica")},
-        {QStringLiteral("ViewType"), QStringLiteral("1")},
-        {QStringLiteral("FindType"), QStringLiteral("0")},
-        {QStringLiteral("LastOpenFile"), QString()},
-        {QStringLiteral("ComboPosition"), QStringLiteral("0")},
-        {QStringLiteral("MenuPosition"), QStringLiteral("0")},
+        {u"PanelView"_s, u"1"_s},        {u"UserHandType"_s, u"0"_s},  {u"FontSize"_s, u"12"_s},
+        {u"FontName"_s, u"helvetica"_s}, {u"ViewType"_s, u"1"_s},      {u"FindType"_s, u"0"_s},
+        {u"LastOpenFile"_s, QString()},  {u"ComboPosition"_s, u"0"_s}, {u"MenuPosition"_s, u"0"_s},
     };
     for (const auto& [key, value] : expected)
         QCOMPARE(stored(group, key), value);
-    QCOMPARE(stored(QStringLiteral("MRU List"), QStringLiteral("List0")),
-             QStringLiteral("(missing)"));
+    QCOMPARE(stored(u"MRU List"_s, u"List0"_s), u"(missing)"_s);
 }
 
 void PreferencesTest::settersDoNotWriteTheFile()
@@ -147,17 +142,15 @@ void PreferencesTest::settersDoNotWriteTheFile()
     stage("[ViewPreferences]\nPanelView = 1\n");
     PreferencesData preferences;
     preferences.setLayout(PreferencesData::Horizontal);
-    preferences.setLastOpenFile(QStringLiteral("/a.PDB"));
-    preferences.addToMRUList(QStringLiteral("word"));
-    QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("PanelView")),
-             QStringLiteral("1"));
-    QCOMPARE(stored(QStringLiteral("MRU List"), QStringLiteral("List0")),
-             QStringLiteral("(missing)"));
+    preferences.setLastOpenFile(u"/a.PDB"_s);
+    preferences.addToMRUList(u"word"_s);
+    QCOMPARE(stored(u"ViewPreferences"_s, u"PanelView"_s), u"1"_s);
+    QCOMPARE(stored(u"MRU List"_s, u"List0"_s), u"(missing)"_s);
 }
 
 void PreferencesTest::everySettingSurvivesARestart()
 {
-    const QString path = QStringLiteral("/media/my card/ж/a=b [x].PDB");
+    const QString path = u"/media/my card/ж/a=b [x].PDB"_s;
     {
         PreferencesData preferences;
         preferences.setLayout(PreferencesData::Horizontal);
@@ -167,7 +160,7 @@ void PreferencesTest::everySettingSurvivesARestart()
         preferences.setComboPosition(PreferencesData::Bottom);
         preferences.setMenuPosition(PreferencesData::Bottom);
         preferences.setLastOpenFile(path);
-        add(preferences, {QStringLiteral("one"), QStringLiteral("two")});
+        add(preferences, {u"one"_s, u"two"_s});
     }
     const PreferencesData preferences;
     QCOMPARE(preferences.getLayout(), PreferencesData::Horizontal);
@@ -191,7 +184,7 @@ void PreferencesTest::everyKeyLoadsIntoItsOwnField()
     QCOMPARE(static_cast<int>(preferences.getFindType()), 13);
     QCOMPARE(static_cast<int>(preferences.getComboPosition()), 14);
     QCOMPARE(static_cast<int>(preferences.getMenuPosition()), 15);
-    QCOMPARE(preferences.getLastOpenFile(), QStringLiteral("/x.PDB"));
+    QCOMPARE(preferences.getLastOpenFile(), u"/x.PDB"_s);
 }
 
 void PreferencesTest::numbersWithoutANameAreKept()
@@ -202,8 +195,7 @@ void PreferencesTest::numbersWithoutANameAreKept()
         QCOMPARE(static_cast<int>(preferences.getLayout()), 7);
         QVERIFY(preferences.getLayout() != PreferencesData::Vertical);
     }
-    QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("PanelView")),
-             QStringLiteral("7"));
+    QCOMPARE(stored(u"ViewPreferences"_s, u"PanelView"_s), u"7"_s);
 }
 
 void PreferencesTest::emptyWordsLeaveNoGap()
@@ -230,19 +222,19 @@ void PreferencesTest::newWordsGoToTheEndUntilSixAreHeldThenToTheFront()
 {
     PreferencesData preferences;
     for (int number = 1; number <= 6; ++number)
-        preferences.addToMRUList(QStringLiteral("w%1").arg(number));
+        preferences.addToMRUList(u"w%1"_s.arg(number));
     QCOMPARE(words(preferences), (QByteArrayList{"w1", "w2", "w3", "w4", "w5", "w6"}));
-    preferences.addToMRUList(QStringLiteral("w7"));
+    preferences.addToMRUList(u"w7"_s);
     const QByteArrayList full{"w7", "w1", "w2", "w3", "w4", "w5"};
     QCOMPARE(words(preferences), full);
-    preferences.addToMRUList(QStringLiteral("w3"));
+    preferences.addToMRUList(u"w3"_s);
     QCOMPARE(words(preferences), full);
 }
 
 void PreferencesTest::wordInAnotherCaseIsNew()
 {
     PreferencesData preferences;
-    add(preferences, {QStringLiteral("Haus"), QStringLiteral("haus"), QStringLiteral("Haus")});
+    add(preferences, {u"Haus"_s, u"haus"_s, u"Haus"_s});
     QCOMPARE(words(preferences), (QByteArrayList{"Haus", "haus"}));
 }
 
@@ -250,12 +242,12 @@ void PreferencesTest::wordEndsAtTheFirstCharacterOutsideLatin1_data()
 {
     QTest::addColumn<QString>("word");
     QTest::addColumn<QByteArray>("held");
-    QTest::newRow("latin 1") << QStringLiteral("\u00c4rger\u00ff") << QByteArray("\xc4rger\xff");
-    QTest::newRow("first beyond") << QStringLiteral("a\u0100b") << QByteArray("a");
-    QTest::newRow("euro") << QStringLiteral("5 \u20ac") << QByteArray("5 ");
-    QTest::newRow("surrogates") << QStringLiteral("x\U0001f600y") << QByteArray("x");
-    QTest::newRow("nothing left") << QStringLiteral("жук") << QByteArray("");
-    QTest::newRow("zero") << QStringLiteral("a\0b") << QByteArray("a");
+    QTest::newRow("latin 1") << u"\u00c4rger\u00ff"_s << QByteArray("\xc4rger\xff");
+    QTest::newRow("first beyond") << u"a\u0100b"_s << QByteArray("a");
+    QTest::newRow("euro") << u"5 \u20ac"_s << QByteArray("5 ");
+    QTest::newRow("surrogates") << u"x\U0001f600y"_s << QByteArray("x");
+    QTest::newRow("nothing left") << u"жук"_s << QByteArray("");
+    QTest::newRow("zero") << u"a\0b"_s << QByteArray("a");
 }
 
 void PreferencesTest::wordEndsAtTheFirstCharacterOutsideLatin1()
@@ -272,7 +264,7 @@ void PreferencesTest::latin1WordsSurviveARestart()
     const QByteArrayList held{"\xc4rger", "caf\xe9"};
     {
         PreferencesData preferences;
-        add(preferences, {QStringLiteral("Ärger"), QStringLiteral("café")});
+        add(preferences, {u"Ärger"_s, u"café"_s});
     }
     QCOMPARE(words(PreferencesData()), held);
 }
@@ -281,7 +273,7 @@ void PreferencesTest::loadReplacesTheWords()
 {
     stage("[MRU List]\nList0 = alpha\n");
     PreferencesData preferences;
-    preferences.addToMRUList(QStringLiteral("beta"));
+    preferences.addToMRUList(u"beta"_s);
     preferences.load();
     QCOMPARE(words(preferences), QByteArrayList{"alpha"});
 }
@@ -290,24 +282,24 @@ void PreferencesTest::savedWordsLeaveKeysBeyondThemAlone()
 {
     stage("[MRU List]\nList0 = alpha\nList3 = beta\n");
     PreferencesData().save();
-    const QString group = QStringLiteral("MRU List");
-    QCOMPARE(stored(group, QStringLiteral("List0")), QStringLiteral("alpha"));
-    QCOMPARE(stored(group, QStringLiteral("List1")), QStringLiteral("beta"));
-    QCOMPARE(stored(group, QStringLiteral("List2")), QStringLiteral("(missing)"));
-    QCOMPARE(stored(group, QStringLiteral("List3")), QStringLiteral("beta"));
+    const QString group = u"MRU List"_s;
+    QCOMPARE(stored(group, u"List0"_s), u"alpha"_s);
+    QCOMPARE(stored(group, u"List1"_s), u"beta"_s);
+    QCOMPARE(stored(group, u"List2"_s), u"(missing)"_s);
+    QCOMPARE(stored(group, u"List3"_s), u"beta"_s);
 }
 
 void PreferencesTest::dictionaryWithoutAGroupGetsTheDefaultFont()
 {
     PreferencesData preferences;
-    preferences.setDefaultFont(QFont(QStringLiteral("courier"), 17));
-    const QFont font = preferences.getFont(QStringLiteral("/nowhere/Eng2Ger.PDB"));
+    preferences.setDefaultFont(QFont(u"courier"_s, 17));
+    const QFont font = preferences.getFont(u"/nowhere/Eng2Ger.PDB"_s);
     QCOMPARE(font.pointSize(), 17);
-    QCOMPARE(font.family(), QStringLiteral("courier"));
+    QCOMPARE(font.family(), u"courier"_s);
     preferences.save();
-    const QString group = QStringLiteral("ViewPreferences");
-    QCOMPARE(stored(group, QStringLiteral("FontSize")), QStringLiteral("17"));
-    QCOMPARE(stored(group, QStringLiteral("FontName")), QStringLiteral("courier"));
+    const QString group = u"ViewPreferences"_s;
+    QCOMPARE(stored(group, u"FontSize"_s), u"17"_s);
+    QCOMPARE(stored(group, u"FontName"_s), u"courier"_s);
 }
 
 void PreferencesTest::fetchedFontBecomesTheGlobalOne()
@@ -315,37 +307,34 @@ void PreferencesTest::fetchedFontBecomesTheGlobalOne()
     stage("[/a.PDB]\nFontName = times\nFontSize = 9\n[ViewPreferences]\nFontSize = 20\n");
     {
         PreferencesData preferences;
-        const QFont font = preferences.getFont(QStringLiteral("/a.PDB"));
+        const QFont font = preferences.getFont(u"/a.PDB"_s);
         QCOMPARE(font.pointSize(), 9);
-        QCOMPARE(font.family(), QStringLiteral("times"));
+        QCOMPARE(font.family(), u"times"_s);
     }
-    const QString group = QStringLiteral("ViewPreferences");
-    QCOMPARE(stored(group, QStringLiteral("FontSize")), QStringLiteral("9"));
-    QCOMPARE(stored(group, QStringLiteral("FontName")), QStringLiteral("times"));
+    const QString group = u"ViewPreferences"_s;
+    QCOMPARE(stored(group, u"FontSize"_s), u"9"_s);
+    QCOMPARE(stored(group, u"FontName"_s), u"times"_s);
 }
 
 void PreferencesTest::fetchedFontKeepsTheWeightOfTheDefaultFont()
 {
     stage("[/a.PDB]\nFontSize = 9\n");
     PreferencesData preferences;
-    QFont bold(QStringLiteral("courier"), 17, QFont::Bold, true);
+    QFont bold(u"courier"_s, 17, QFont::Bold, true);
     preferences.setDefaultFont(bold);
     bold.setPointSize(9);
-    QCOMPARE(preferences.getFont(QStringLiteral("/a.PDB")), bold);
+    QCOMPARE(preferences.getFont(u"/a.PDB"_s), bold);
 }
 
 void PreferencesTest::storedFontIsInTheFileAtOnceAndDoesNotBecomeGlobal()
 {
     PreferencesData preferences;
-    preferences.setFont(QFont(QStringLiteral("times"), 21), QStringLiteral("/card one/b.PDB"));
-    QCOMPARE(stored(QStringLiteral("/card one/b.PDB"), QStringLiteral("FontSize")),
-             QStringLiteral("21"));
-    QCOMPARE(stored(QStringLiteral("/card one/b.PDB"), QStringLiteral("FontName")),
-             QStringLiteral("times"));
+    preferences.setFont(QFont(u"times"_s, 21), u"/card one/b.PDB"_s);
+    QCOMPARE(stored(u"/card one/b.PDB"_s, u"FontSize"_s), u"21"_s);
+    QCOMPARE(stored(u"/card one/b.PDB"_s, u"FontName"_s), u"times"_s);
     preferences.save();
-    QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("FontSize")),
-             QStringLiteral("12"));
-    QCOMPARE(preferences.getFont(QStringLiteral("/card one/b.PDB")).pointSize(), 21);
+    QCOMPARE(stored(u"ViewPreferences"_s, u"FontSize"_s), u"12"_s);
+    QCOMPARE(preferences.getFont(u"/card one/b.PDB"_s).pointSize(), 21);
 }
 
 void PreferencesTest::globalFontSurvivesARestart()
@@ -354,50 +343,49 @@ void PreferencesTest::globalFontSurvivesARestart()
     { // No dictionary is opened, so no other font is fetched.
         const PreferencesData preferences;
     }
-    const QString group = QStringLiteral("ViewPreferences");
-    QCOMPARE(stored(group, QStringLiteral("FontName")), QStringLiteral("times"));
-    QCOMPARE(stored(group, QStringLiteral("FontSize")), QStringLiteral("21"));
+    const QString group = u"ViewPreferences"_s;
+    QCOMPARE(stored(group, u"FontName"_s), u"times"_s);
+    QCOMPARE(stored(group, u"FontSize"_s), u"21"_s);
 }
 
 void PreferencesTest::fontCanBeStoredUnderTheEmptyName()
 {
     PreferencesData preferences;
-    preferences.setFont(QFont(QStringLiteral("times"), 21), QString());
-    QCOMPARE(stored(QString(), QStringLiteral("FontSize")), QStringLiteral("21"));
+    preferences.setFont(QFont(u"times"_s, 21), QString());
+    QCOMPARE(stored(QString(), u"FontSize"_s), u"21"_s);
     QCOMPARE(preferences.getFont(QString()).pointSize(), 21);
 }
 
 void PreferencesTest::fontWrittenAfterTheRecordSavedStandsBesideIt()
 {
     PreferencesData preferences;
-    preferences.setLastOpenFile(QStringLiteral("/a.PDB"));
+    preferences.setLastOpenFile(u"/a.PDB"_s);
     preferences.save();
-    preferences.setFont(QFont(QStringLiteral("times"), 21), QStringLiteral("/a.PDB"));
-    QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("LastOpenFile")),
-             QStringLiteral("/a.PDB"));
-    QCOMPARE(stored(QStringLiteral("/a.PDB"), QStringLiteral("FontSize")), QStringLiteral("21"));
+    preferences.setFont(QFont(u"times"_s, 21), u"/a.PDB"_s);
+    QCOMPARE(stored(u"ViewPreferences"_s, u"LastOpenFile"_s), u"/a.PDB"_s);
+    QCOMPARE(stored(u"/a.PDB"_s, u"FontSize"_s), u"21"_s);
 }
 
 void PreferencesTest::fontSetInPixelsIsStoredInPoints()
 {
-    QFont font(QStringLiteral("times"));
+    QFont font(u"times"_s);
     font.setPixelSize(24);
     const int points = QFontInfo(font).pointSize();
     QVERIFY(points > 0);
     PreferencesData preferences;
-    preferences.setFont(font, QStringLiteral("/a.PDB"));
-    QCOMPARE(stored(QStringLiteral("/a.PDB"), QStringLiteral("FontSize")), QString::number(points));
+    preferences.setFont(font, u"/a.PDB"_s);
+    QCOMPARE(stored(u"/a.PDB"_s, u"FontSize"_s), QString::number(points));
     preferences.setDefaultFont(font);
-    QCOMPARE(preferences.getFont(QStringLiteral("/b.PDB")).pointSize(), points);
+    QCOMPARE(preferences.getFont(u"/b.PDB"_s).pointSize(), points);
 }
 
 void PreferencesTest::impossibleFontSizeLeavesTheDefault()
 {
     stage("[/a.PDB]\nFontSize = -3\n[/b.PDB]\nFontSize = big\n[ViewPreferences]\nFontSize = 0\n");
     PreferencesData preferences;
-    preferences.setDefaultFont(QFont(QStringLiteral("courier"), 17));
-    QCOMPARE(preferences.getFont(QStringLiteral("/a.PDB")).pointSize(), 17);
-    QCOMPARE(preferences.getFont(QStringLiteral("/b.PDB")).pointSize(), 17);
+    preferences.setDefaultFont(QFont(u"courier"_s, 17));
+    QCOMPARE(preferences.getFont(u"/a.PDB"_s).pointSize(), 17);
+    QCOMPARE(preferences.getFont(u"/b.PDB"_s).pointSize(), 17);
 }
 
 void PreferencesTest::garbageFileGivesTheDefaults_data()
@@ -428,17 +416,16 @@ void PreferencesTest::unknownGroupsAndKeysStayInTheFile()
 {
     stage("[Other]\nColour = blue\n[ViewPreferences]\nFuture = 3\n");
     PreferencesData().save();
-    QCOMPARE(stored(QStringLiteral("Other"), QStringLiteral("Colour")), QStringLiteral("blue"));
-    QCOMPARE(stored(QStringLiteral("ViewPreferences"), QStringLiteral("Future")),
-             QStringLiteral("3"));
+    QCOMPARE(stored(u"Other"_s, u"Colour"_s), u"blue"_s);
+    QCOMPARE(stored(u"ViewPreferences"_s, u"Future"_s), u"3"_s);
 }
 
 void PreferencesTest::wordWithALineFeedCannotForgeASetting()
 {
     {
         PreferencesData preferences;
-        preferences.addToMRUList(QStringLiteral("word\n[ViewPreferences]\nPanelView = 0"));
-        preferences.addToMRUList(QStringLiteral("next"));
+        preferences.addToMRUList(u"word\n[ViewPreferences]\nPanelView = 0"_s);
+        preferences.addToMRUList(u"next"_s);
     }
     const PreferencesData preferences;
     QCOMPARE(preferences.getLayout(), PreferencesData::Vertical);
@@ -449,11 +436,10 @@ void PreferencesTest::wordWithALineFeedCannotForgeASetting()
 void PreferencesTest::unwritableFileIsOneWarning()
 {
     // A plain file where the directory should be fails for root too.
-    QFile obstacle(_home->filePath(QStringLiteral("teskel")));
+    QFile obstacle(_home->filePath(u"teskel"_s));
     QVERIFY(obstacle.open(QIODevice::WriteOnly));
     const QString message =
-        QStringLiteral("The settings cannot be written to %1: the directory cannot be made")
-            .arg(fileName());
+        u"The settings cannot be written to %1: the directory cannot be made"_s.arg(fileName());
     QTest::ignoreMessage(QtWarningMsg, qPrintable(message));
     PreferencesData preferences;
     preferences.save();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/fontdatabase.h"
-#include "widgets/buttongroupbox.h"
 #include "settings/preferencesdialog.h"
+#include "widgets/buttongroupbox.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -18,6 +18,8 @@
 
 #include <algorithm>
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -80,25 +82,25 @@ private slots:
 
 void PreferencesDialogTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
 }
 
 void PreferencesDialogTest::baseDialogHasItsNameCaptionAndPages()
 {
     const PreferencesBaseDialog dialog;
     QCOMPARE(dialog.metaObject()->className(), "PreferencesBaseDialog");
-    QCOMPARE(dialog.objectName(), QStringLiteral("PreferencesBase"));
-    QCOMPARE(dialog.windowTitle(), QStringLiteral("Preferences"));
+    QCOMPARE(dialog.objectName(), u"PreferencesBase"_s);
+    QCOMPARE(dialog.windowTitle(), u"Preferences"_s);
     const auto* tabs = child<QTabWidget>(dialog, "TabWidget3");
     QVERIFY(tabs != nullptr);
     QCOMPARE(tabs->count(), 2);
-    QCOMPARE(tabs->tabText(0), QStringLiteral("Common"));
-    QCOMPARE(tabs->widget(0)->objectName(), QStringLiteral("tab"));
-    QCOMPARE(tabs->tabText(1), QStringLiteral("Font"));
-    QCOMPARE(tabs->widget(1)->objectName(), QStringLiteral("tab_2"));
-    QCOMPARE(child<QLabel>(dialog, "TextLabel1_2")->text(), QStringLiteral("Font Name"));
+    QCOMPARE(tabs->tabText(0), u"Common"_s);
+    QCOMPARE(tabs->widget(0)->objectName(), u"tab"_s);
+    QCOMPARE(tabs->tabText(1), u"Font"_s);
+    QCOMPARE(tabs->widget(1)->objectName(), u"tab_2"_s);
+    QCOMPARE(child<QLabel>(dialog, "TextLabel1_2")->text(), u"Font Name"_s);
     QVERIFY(tabs->widget(1)->isAncestorOf(child<QListWidget>(dialog, "listboxFonts")));
-    QCOMPARE(child<QGroupBox>(dialog, "groupFont")->title(), QStringLiteral("Font Size"));
+    QCOMPARE(child<QGroupBox>(dialog, "groupFont")->title(), u"Font Size"_s);
 }
 
 void PreferencesDialogTest::modalFlagAndFlagsReachTheDialog()
@@ -106,7 +108,7 @@ void PreferencesDialogTest::modalFlagAndFlagsReachTheDialog()
     QWidget parent;
     const PreferencesDialog dialog(&parent, "Einstellungen", true, Qt::WindowStaysOnTopHint);
     QCOMPARE(dialog.metaObject()->className(), "PreferencesDialog");
-    QCOMPARE(dialog.objectName(), QStringLiteral("Einstellungen"));
+    QCOMPARE(dialog.objectName(), u"Einstellungen"_s);
     QCOMPARE(dialog.parentWidget(), &parent);
     QVERIFY(dialog.isModal());
     QVERIFY(dialog.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
@@ -119,24 +121,18 @@ void PreferencesDialogTest::groupsHaveTheirTitlesAndButtons_data()
     QTest::addColumn<QString>("title");
     QTest::addColumn<QStringList>("names");
     QTest::addColumn<QStringList>("captions");
-    QTest::newRow("word field") << QStringLiteral("panelCombo")
-                                << QStringLiteral("Word Field Position")
-                                << QStringList{QStringLiteral("RadioButton9"),
-                                               QStringLiteral("RadioButton10")}
-                                << QStringList{QStringLiteral("Top"), QStringLiteral("Bottom")};
-    QTest::newRow("hand") << QStringLiteral("panelHanded") << QStringLiteral("Accessibillity")
-                          << QStringList{QStringLiteral("rbLeftHanded"),
-                                         QStringLiteral("rbRightHanded")}
-                          << QStringList{QStringLiteral("Left handed user"),
-                                         QStringLiteral("Right handed user")};
-    QTest::newRow("view") << QStringLiteral("panelView") << QStringLiteral("Panel View")
-                          << QStringList{QStringLiteral("rbHorizontal"),
-                                         QStringLiteral("rbVertical")}
-                          << QStringList{QStringLiteral("Horizontal"), QStringLiteral("Vertical")};
-    QTest::newRow("menu") << QStringLiteral("panelMenu") << QStringLiteral("Menu Position")
-                          << QStringList{QStringLiteral("rbMenuBottom"),
-                                         QStringLiteral("rbMenuTop")}
-                          << QStringList{QStringLiteral("Top"), QStringLiteral("Bottom")};
+    QTest::newRow("word field") << u"panelCombo"_s << u"Word Field Position"_s
+                                << QStringList{u"RadioButton9"_s, u"RadioButton10"_s}
+                                << QStringList{u"Top"_s, u"Bottom"_s};
+    QTest::newRow("hand") << u"panelHanded"_s << u"Accessibillity"_s
+                          << QStringList{u"rbLeftHanded"_s, u"rbRightHanded"_s}
+                          << QStringList{u"Left handed user"_s, u"Right handed user"_s};
+    QTest::newRow("view") << u"panelView"_s << u"Panel View"_s
+                          << QStringList{u"rbHorizontal"_s, u"rbVertical"_s}
+                          << QStringList{u"Horizontal"_s, u"Vertical"_s};
+    QTest::newRow("menu") << u"panelMenu"_s << u"Menu Position"_s
+                          << QStringList{u"rbMenuBottom"_s, u"rbMenuTop"_s}
+                          << QStringList{u"Top"_s, u"Bottom"_s};
 }
 
 void PreferencesDialogTest::groupsHaveTheirTitlesAndButtons()
@@ -167,9 +163,9 @@ void PreferencesDialogTest::menuPositionGoesByNumberNotByObjectName()
     const PreferencesDialog dialog;
     auto* top = child<QRadioButton>(dialog, "rbMenuBottom");
     auto* bottom = child<QRadioButton>(dialog, "rbMenuTop");
-    QCOMPARE(top->text(), QStringLiteral("Top"));
+    QCOMPARE(top->text(), u"Top"_s);
     QCOMPARE(dialog.panelMenu()->id(top), 0);
-    QCOMPARE(bottom->text(), QStringLiteral("Bottom"));
+    QCOMPARE(bottom->text(), u"Bottom"_s);
     QCOMPARE(dialog.panelMenu()->id(bottom), 1);
     dialog.panelMenu()->setButton(1);
     QVERIFY(bottom->isChecked());
@@ -203,11 +199,10 @@ void PreferencesDialogTest::sizeButtonsStandInCreationOrder()
 {
     const PreferencesBaseDialog dialog;
     const auto* group = child<teskel::ButtonGroupBox>(dialog, "groupFont");
-    const QStringList names{QStringLiteral("btnNormal"), QStringLiteral("btnSmall"),
-                            QStringLiteral("btnLarge")};
+    const QStringList names{u"btnNormal"_s, u"btnSmall"_s, u"btnLarge"_s};
     for (int id = 0; id < names.size(); ++id) {
         QCOMPARE(group->button(id)->objectName(), names.at(id));
-        QCOMPARE(group->button(id)->text(), QStringLiteral("A"));
+        QCOMPARE(group->button(id)->text(), u"A"_s);
         QVERIFY(group->button(id)->isCheckable());
     }
     QVERIFY(group->button(3) == nullptr);
@@ -216,9 +211,8 @@ void PreferencesDialogTest::sizeButtonsStandInCreationOrder()
 void PreferencesDialogTest::sizeButtonsCanBeToldApart()
 {
     const PreferencesBaseDialog dialog;
-    const QList<std::pair<const char*, QString>> expected{{"btnSmall", QStringLiteral("Small")},
-                                                          {"btnNormal", QStringLiteral("Normal")},
-                                                          {"btnLarge", QStringLiteral("Large")}};
+    const QList<std::pair<const char*, QString>> expected{
+        {"btnSmall", u"Small"_s}, {"btnNormal", u"Normal"_s}, {"btnLarge", u"Large"_s}};
     for (const auto& [name, meaning] : expected) {
         QCOMPARE(child<QPushButton>(dialog, name)->accessibleName(), meaning);
         QCOMPARE(child<QPushButton>(dialog, name)->toolTip(), meaning);
@@ -232,9 +226,9 @@ void PreferencesDialogTest::sizeButtonsKeepTheirLookWhenTheApplicationFontChange
     auto* large = child<QPushButton>(dialog, "btnLarge");
     auto* small = child<QPushButton>(dialog, "btnSmall");
     const auto check = [&] {
-        QCOMPARE(normal->font().family(), QStringLiteral("adobe-helvetica"));
+        QCOMPARE(normal->font().family(), u"adobe-helvetica"_s);
         QCOMPARE(normal->font().pointSize(), 14);
-        QCOMPARE(large->font().family(), QStringLiteral("adobe-helvetica"));
+        QCOMPARE(large->font().family(), u"adobe-helvetica"_s);
         QCOMPARE(large->font().pointSize(), 18);
         QCOMPARE(small->font().pointSize(), dialog.font().pointSize());
     };
@@ -301,7 +295,7 @@ void PreferencesDialogTest::familyOutsideTheListLeavesNoSelectionAndIsKept()
     auto* list = child<QListWidget>(dialog, "listboxFonts");
     const QFont font = knownFont(40);
     qDeleteAll(list->findItems(QFontInfo(font).family(), Qt::MatchFixedString));
-    list->addItem(QStringLiteral("Another Family"));
+    list->addItem(u"Another Family"_s);
     dialog.setCurrentFont(font);
     QVERIFY(list->selectedItems().isEmpty());
     const QFont chosen = dialog.getSelectedFont();
@@ -314,7 +308,7 @@ void PreferencesDialogTest::unknownFamilyClearsAnEarlierSelection()
     PreferencesDialog dialog;
     auto* list = child<QListWidget>(dialog, "listboxFonts");
     list->clear();
-    list->addItem(QStringLiteral("Another Family"));
+    list->addItem(u"Another Family"_s);
     list->setCurrentRow(0);
     dialog.setCurrentFont(knownFont(12));
     QVERIFY(list->selectedItems().isEmpty());
@@ -325,7 +319,7 @@ void PreferencesDialogTest::familyIsTheOneThatTheSystemUses()
 {
     PreferencesDialog dialog;
     auto* list = child<QListWidget>(dialog, "listboxFonts");
-    const QFont font(QStringLiteral("A Family That No System Has"), 12);
+    const QFont font(u"A Family That No System Has"_s, 12);
     const QString used = QFontInfo(font).family();
     QVERIFY(used != font.family());
     list->clear();
@@ -362,7 +356,7 @@ void PreferencesDialogTest::focusDoesNotChooseAFamily()
     PreferencesDialog dialog;
     auto* list = child<QListWidget>(dialog, "listboxFonts");
     list->clear();
-    list->addItems({QStringLiteral("Another Family"), QStringLiteral("A Third")});
+    list->addItems({u"Another Family"_s, u"A Third"_s});
     const QFont font = knownFont(12);
     dialog.setCurrentFont(font);
     child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
@@ -420,7 +414,7 @@ void PreferencesDialogTest::chosenFamilyStaysChosen()
     PreferencesDialog dialog;
     auto* list = child<QListWidget>(dialog, "listboxFonts");
     list->clear();
-    list->addItems({QStringLiteral("Another Family"), QFontInfo(knownFont(12)).family()});
+    list->addItems({u"Another Family"_s, QFontInfo(knownFont(12)).family()});
     dialog.setCurrentFont(knownFont(12));
     child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
     dialog.resize(240, 320);
@@ -434,7 +428,7 @@ void PreferencesDialogTest::chosenFamilyStaysChosen()
     // Another family can still be chosen.
     QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier,
                       list->visualItemRect(list->item(0)).center());
-    QCOMPARE(dialog.getSelectedFont().family(), QStringLiteral("Another Family"));
+    QCOMPARE(dialog.getSelectedFont().family(), u"Another Family"_s);
 }
 
 void PreferencesDialogTest::clickBelowTheListChoosesNothing()
@@ -442,7 +436,7 @@ void PreferencesDialogTest::clickBelowTheListChoosesNothing()
     PreferencesDialog dialog;
     auto* list = child<QListWidget>(dialog, "listboxFonts");
     list->clear();
-    list->addItems({QStringLiteral("Another Family"), QStringLiteral("A Third")});
+    list->addItems({u"Another Family"_s, u"A Third"_s});
     dialog.setCurrentFont(knownFont(12));
     child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
     dialog.resize(240, 320);
@@ -459,9 +453,9 @@ void PreferencesDialogTest::chosenFamilyIsReturned()
     PreferencesDialog dialog;
     dialog.setCurrentFont(knownFont(12));
     auto* list = child<QListWidget>(dialog, "listboxFonts");
-    list->addItem(QStringLiteral("Another Family"));
+    list->addItem(u"Another Family"_s);
     list->setCurrentRow(list->count() - 1);
-    QCOMPARE(dialog.getSelectedFont().family(), QStringLiteral("Another Family"));
+    QCOMPARE(dialog.getSelectedFont().family(), u"Another Family"_s);
 }
 
 void PreferencesDialogTest::sizesMapToButtonsAndBack_data()
@@ -469,14 +463,14 @@ void PreferencesDialogTest::sizesMapToButtonsAndBack_data()
     QTest::addColumn<int>("size");
     QTest::addColumn<QString>("button");
     QTest::addColumn<int>("returned");
-    QTest::newRow("6") << 6 << QStringLiteral("btnSmall") << 10;
-    QTest::newRow("10") << 10 << QStringLiteral("btnSmall") << 10;
-    QTest::newRow("11") << 11 << QStringLiteral("btnNormal") << 12;
-    QTest::newRow("12") << 12 << QStringLiteral("btnNormal") << 12;
-    QTest::newRow("13") << 13 << QStringLiteral("btnNormal") << 12;
-    QTest::newRow("14") << 14 << QStringLiteral("btnLarge") << 14;
-    QTest::newRow("18") << 18 << QStringLiteral("btnLarge") << 14;
-    QTest::newRow("40") << 40 << QStringLiteral("btnLarge") << 14;
+    QTest::newRow("6") << 6 << u"btnSmall"_s << 10;
+    QTest::newRow("10") << 10 << u"btnSmall"_s << 10;
+    QTest::newRow("11") << 11 << u"btnNormal"_s << 12;
+    QTest::newRow("12") << 12 << u"btnNormal"_s << 12;
+    QTest::newRow("13") << 13 << u"btnNormal"_s << 12;
+    QTest::newRow("14") << 14 << u"btnLarge"_s << 14;
+    QTest::newRow("18") << 18 << u"btnLarge"_s << 14;
+    QTest::newRow("40") << 40 << u"btnLarge"_s << 14;
 }
 
 void PreferencesDialogTest::sizesMapToButtonsAndBack()
@@ -551,11 +545,10 @@ void PreferencesDialogTest::everyControlIsNamedForAssistiveTools()
         QVERIFY2(!seen->text(QAccessible::Name).isEmpty(), qPrintable(button->objectName()));
     }
     auto* list = child<QListWidget>(dialog, "listboxFonts");
-    QCOMPARE(QAccessible::queryAccessibleInterface(list)->text(QAccessible::Name),
-             QStringLiteral("Font Name"));
+    QCOMPARE(QAccessible::queryAccessibleInterface(list)->text(QAccessible::Name), u"Font Name"_s);
     // Two groups have a "Top": the description says of what.
     QCOMPARE(child<QRadioButton>(dialog, "RadioButton9")->accessibleDescription(),
-             QStringLiteral("Word Field Position"));
+             u"Word Field Position"_s);
 }
 
 void PreferencesDialogTest::tabStopsAtControlsOnly()
@@ -576,8 +569,8 @@ void PreferencesDialogTest::tabStopsAtControlsOnly()
     }
     stops.removeLast();
     stops.sort();
-    QCOMPARE(stops, (QStringList{u"RadioButton9"_qs, u"qt_tabwidget_tabbar"_qs, u"rbHorizontal"_qs,
-                                 u"rbLeftHanded"_qs, u"rbMenuBottom"_qs}));
+    QCOMPARE(stops, (QStringList{u"RadioButton9"_s, u"qt_tabwidget_tabbar"_s, u"rbHorizontal"_s,
+                                 u"rbLeftHanded"_s, u"rbMenuBottom"_s}));
 }
 
 QTEST_MAIN(PreferencesDialogTest)

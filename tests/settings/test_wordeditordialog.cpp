@@ -10,6 +10,8 @@
 #include <QTest>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -39,18 +41,18 @@ private slots:
 
 void WordEditorDialogTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
 }
 
 void WordEditorDialogTest::dialogHasItsNameAndCaption()
 {
     const WordEditorBaseDialog base;
     QCOMPARE(base.metaObject()->className(), "WordEditorBaseDialog");
-    QCOMPARE(base.objectName(), QStringLiteral("WordEditorBaseDialog"));
-    QCOMPARE(base.windowTitle(), QStringLiteral("Word Editor"));
+    QCOMPARE(base.objectName(), u"WordEditorBaseDialog"_s);
+    QCOMPARE(base.windowTitle(), u"Word Editor"_s);
     const WordEditorDialog dialog(nullptr, "Editor", true);
     QCOMPARE(dialog.metaObject()->className(), "WordEditorDialog");
-    QCOMPARE(dialog.objectName(), QStringLiteral("Editor"));
+    QCOMPARE(dialog.objectName(), u"Editor"_s);
     QVERIFY(dialog.isModal());
 }
 
@@ -58,21 +60,19 @@ void WordEditorDialogTest::controlsStandInCreationOrder()
 {
     const WordEditorDialog dialog;
     QStringList names;
-    const QStringList wanted{QStringLiteral("TextLabel1"),      QStringLiteral("TextLabel2"),
-                             QStringLiteral("editWord"),        QStringLiteral("btnClear"),
-                             QStringLiteral("editDescription"), QStringLiteral("btnDelete")};
+    const QStringList wanted{u"TextLabel1"_s, u"TextLabel2"_s,      u"editWord"_s,
+                             u"btnClear"_s,   u"editDescription"_s, u"btnDelete"_s};
     const auto widgets = dialog.findChildren<QWidget*>();
     for (const QWidget* widget : widgets) {
         if (wanted.contains(widget->objectName()))
             names.append(widget->objectName());
     }
     QCOMPARE(names, wanted);
-    QCOMPARE(child<QLabel>(dialog, "TextLabel1")->text(), QStringLiteral("Word"));
-    QCOMPARE(child<QLabel>(dialog, "TextLabel2")->text(), QStringLiteral("Description"));
-    QCOMPARE(child<QToolButton>(dialog, "btnClear")->text(), QStringLiteral("..."));
-    QCOMPARE(child<QToolButton>(dialog, "btnClear")->toolTip(),
-             QStringLiteral("Clear current word"));
-    QCOMPARE(child<QPushButton>(dialog, "btnDelete")->text(), QStringLiteral("&Delete"));
+    QCOMPARE(child<QLabel>(dialog, "TextLabel1")->text(), u"Word"_s);
+    QCOMPARE(child<QLabel>(dialog, "TextLabel2")->text(), u"Description"_s);
+    QCOMPARE(child<QToolButton>(dialog, "btnClear")->text(), u"..."_s);
+    QCOMPARE(child<QToolButton>(dialog, "btnClear")->toolTip(), u"Clear current word"_s);
+    QCOMPARE(child<QPushButton>(dialog, "btnDelete")->text(), u"&Delete"_s);
     QCOMPARE(child<QPushButton>(dialog, "btnDelete")->shortcut(),
              QKeySequence(Qt::ALT | Qt::Key_D));
 }
@@ -80,18 +80,17 @@ void WordEditorDialogTest::controlsStandInCreationOrder()
 void WordEditorDialogTest::clearWordLeavesTheDescription()
 {
     WordEditorDialog dialog;
-    child<QLineEdit>(dialog, "editWord")->setText(QStringLiteral("house"));
-    child<QPlainTextEdit>(dialog, "editDescription")->setPlainText(QStringLiteral("Haus"));
+    child<QLineEdit>(dialog, "editWord")->setText(u"house"_s);
+    child<QPlainTextEdit>(dialog, "editDescription")->setPlainText(u"Haus"_s);
     dialog.clearWord();
     QVERIFY(child<QLineEdit>(dialog, "editWord")->text().isEmpty());
-    QCOMPARE(child<QPlainTextEdit>(dialog, "editDescription")->toPlainText(),
-             QStringLiteral("Haus"));
+    QCOMPARE(child<QPlainTextEdit>(dialog, "editDescription")->toPlainText(), u"Haus"_s);
 }
 
 void WordEditorDialogTest::clearButtonClearsTheWord()
 {
     WordEditorDialog dialog;
-    child<QLineEdit>(dialog, "editWord")->setText(QStringLiteral("house"));
+    child<QLineEdit>(dialog, "editWord")->setText(u"house"_s);
     child<QToolButton>(dialog, "btnClear")->click();
     QVERIFY(child<QLineEdit>(dialog, "editWord")->text().isEmpty());
 }
@@ -107,20 +106,19 @@ void WordEditorDialogTest::clearButtonShowsItsPicture()
     };
     const QIcon icon = child<QToolButton>(dialog, "btnClear")->icon();
     QVERIFY(!icon.isNull());
-    QCOMPARE(picture(icon), picture(Resource::loadIcon(QStringLiteral("teskel-clear"))));
+    QCOMPARE(picture(icon), picture(Resource::loadIcon(u"teskel-clear"_s)));
 }
 
 void WordEditorDialogTest::deleteDoesNothing()
 {
     WordEditorDialog dialog;
     dialog.show();
-    child<QLineEdit>(dialog, "editWord")->setText(QStringLiteral("house"));
-    child<QPlainTextEdit>(dialog, "editDescription")->setPlainText(QStringLiteral("Haus"));
+    child<QLineEdit>(dialog, "editWord")->setText(u"house"_s);
+    child<QPlainTextEdit>(dialog, "editDescription")->setPlainText(u"Haus"_s);
     child<QPushButton>(dialog, "btnDelete")->click();
     QVERIFY(dialog.isVisible());
-    QCOMPARE(child<QLineEdit>(dialog, "editWord")->text(), QStringLiteral("house"));
-    QCOMPARE(child<QPlainTextEdit>(dialog, "editDescription")->toPlainText(),
-             QStringLiteral("Haus"));
+    QCOMPARE(child<QLineEdit>(dialog, "editWord")->text(), u"house"_s);
+    QCOMPARE(child<QPlainTextEdit>(dialog, "editDescription")->toPlainText(), u"Haus"_s);
 }
 
 void WordEditorDialogTest::returnInTheWordFieldPressesNothing()

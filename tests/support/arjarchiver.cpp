@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QtEndian>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel::test
 {
 
@@ -24,7 +26,7 @@ qsizetype wordAt(const QByteArray& bytes, qsizetype offset)
 
 bool hasArj()
 {
-    return !QStandardPaths::findExecutable(QStringLiteral("arj")).isEmpty();
+    return !QStandardPaths::findExecutable(u"arj"_s).isEmpty();
 }
 
 QByteArray memberOfArchive(const QByteArray& archive)
@@ -42,29 +44,27 @@ QByteArray memberOfArchive(const QByteArray& archive)
 QByteArray packWithArj(const QByteArray& original, int method, QString& error)
 {
     const QTemporaryDir directory;
-    if (!directory.isValid() || !writeFile(directory.filePath(QStringLiteral("r")), original)) {
-        error = QStringLiteral("no temporary directory");
+    if (!directory.isValid() || !writeFile(directory.filePath(u"r"_s), original)) {
+        error = u"no temporary directory"_s;
         return {};
     }
     QProcess arj;
     arj.setWorkingDirectory(directory.path());
     arj.setProcessChannelMode(QProcess::MergedChannels);
-    arj.start(QStringLiteral("arj"),
-              {QStringLiteral("a"), QStringLiteral("-y"), QStringLiteral("-m%1").arg(method),
-               QStringLiteral("out.arj"), QStringLiteral("r")});
+    arj.start(u"arj"_s, {u"a"_s, u"-y"_s, u"-m%1"_s.arg(method), u"out.arj"_s, u"r"_s});
     arj.closeWriteChannel();
     if (!arj.waitForFinished() || arj.exitStatus() != QProcess::NormalExit || arj.exitCode() != 0) {
         error = QString::fromLocal8Bit(arj.readAll()) + arj.errorString();
         return {};
     }
-    QFile archive(directory.filePath(QStringLiteral("out.arj")));
+    QFile archive(directory.filePath(u"out.arj"_s));
     if (!archive.open(QIODevice::ReadOnly)) {
         error = archive.errorString();
         return {};
     }
     const QByteArray member = memberOfArchive(archive.readAll());
     if (member.isEmpty())
-        error = QStringLiteral("not an archive of the expected shape");
+        error = u"not an archive of the expected shape"_s;
     return member;
 }
 

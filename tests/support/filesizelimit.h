@@ -4,6 +4,7 @@
 #include <QtGlobal>
 
 #include <csignal>
+
 #include <sys/resource.h>
 
 namespace teskel::test

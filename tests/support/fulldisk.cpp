@@ -11,6 +11,8 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel::test
 {
 
@@ -28,9 +30,9 @@ bool unshareMounts()
         return QByteArray::number(number) + ' ' + QByteArray::number(number) + " 1";
     };
     return ::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 &&
-           writeFile(QStringLiteral("/proc/self/setgroups"), "deny") &&
-           writeFile(QStringLiteral("/proc/self/uid_map"), ownNumber(user)) &&
-           writeFile(QStringLiteral("/proc/self/gid_map"), ownNumber(group));
+           writeFile(u"/proc/self/setgroups"_s, "deny") &&
+           writeFile(u"/proc/self/uid_map"_s, ownNumber(user)) &&
+           writeFile(u"/proc/self/gid_map"_s, ownNumber(group));
 }
 
 } // namespace
@@ -63,7 +65,7 @@ bool FullDisk::fill(qint64 left) const
     if (!_isMounted || ::statvfs(QFile::encodeName(_place.path()).constData(), &space) != 0)
         return false;
     const auto free = static_cast<qint64>(space.f_bavail * space.f_bsize);
-    return free >= left && writeFile(path(QStringLiteral("filling")), QByteArray(free - left, 'x'));
+    return free >= left && writeFile(path(u"filling"_s), QByteArray(free - left, 'x'));
 }
 
 } // namespace teskel::test

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "widgets/listbox/qteskellistbox.h"
+
 #include <QMetaMethod>
 #include <QObject>
 #include <QStringList>
-
-#include "widgets/listbox/qteskellistbox.h"
 
 namespace teskel::test
 {

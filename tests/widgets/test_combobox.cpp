@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/qteskelcombobox.h"
 #include "widgets/listbox/qteskellistbox.h"
+#include "widgets/qteskelcombobox.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
@@ -8,6 +8,8 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -38,12 +40,11 @@ struct Combo {
         combo.addItems(items);
         combo.show();
         QObject::connect(&combo, &QTeskelComboBox::textChanged, &combo,
-                         [this](const QString& text) { log << QStringLiteral("text ") + text; });
+                         [this](const QString& text) { log << u"text "_s + text; });
         QObject::connect(&combo, &QComboBox::activated, &combo,
-                         [this](int index) { log << QStringLiteral("activated %1").arg(index); });
-        QObject::connect(&combo, &QComboBox::textActivated, &combo, [this](const QString& text) {
-            log << QStringLiteral("activated ") + text;
-        });
+                         [this](int index) { log << u"activated %1"_s.arg(index); });
+        QObject::connect(&combo, &QComboBox::textActivated, &combo,
+                         [this](const QString& text) { log << u"activated "_s + text; });
         QObject::connect(&combo, &QComboBox::currentIndexChanged, &combo,
                          [this](int index) { indexes << index; });
     }
@@ -72,7 +73,7 @@ class TestComboBox : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void standardProperties();
     void slotAndSignal();
     void navigationKeysGoToTheRedirector_data();
@@ -104,7 +105,7 @@ void TestComboBox::standardProperties()
 {
     QWidget parent;
     QTeskelComboBox combo(nullptr, &parent, "entry");
-    QCOMPARE(combo.objectName(), QStringLiteral("entry"));
+    QCOMPARE(combo.objectName(), u"entry"_s);
     QCOMPARE(combo.parentWidget(), &parent);
     QVERIFY(combo.isEditable());
     QCOMPARE(combo.completer(), nullptr);
@@ -154,7 +155,7 @@ void TestComboBox::ignoredKeysReachTheParentOnlyOnce()
     auto* list = new QWidget(&window);
     auto* combo = new QTeskelComboBox(list, &window);
     QTest::keyPress(combo, Qt::Key_Down);
-    QCOMPARE(window.keys, QStringList{QStringLiteral("+Down")});
+    QCOMPARE(window.keys, QStringList{u"+Down"_s});
 }
 
 void TestComboBox::upMovesTheListAndNotTheCombo()
@@ -168,7 +169,7 @@ void TestComboBox::upMovesTheListAndNotTheCombo()
     QTest::keyClick(&c.combo, Qt::Key_Up);
     QCOMPARE(list.currentItem(), 1);
     QCOMPARE(c.combo.currentIndex(), 1);
-    QCOMPARE(c.combo.currentText(), QStringLiteral("two"));
+    QCOMPARE(c.combo.currentText(), u"two"_s);
     QVERIFY(!c.combo.view()->isVisible());
     QCOMPARE(c.log, QStringList());
 }
@@ -206,7 +207,7 @@ void TestComboBox::keysAfterTheRedirectorDiedDoNothing()
         QCOMPARE(c.combo.lineEdit()->cursorPosition(), 1);
     }
     QCOMPARE(c.combo.currentIndex(), 0);
-    QCOMPARE(c.combo.currentText(), QStringLiteral("one"));
+    QCOMPARE(c.combo.currentText(), u"one"_s);
     QVERIFY(!c.combo.view()->isVisible());
     QCOMPARE(c.log, QStringList());
 }
@@ -215,8 +216,8 @@ void TestComboBox::otherKeysStay()
 {
     KeySink sink;
     Combo c({}, &sink);
-    QTest::keyClicks(&c.combo, QStringLiteral("ab"));
-    QCOMPARE(c.combo.currentText(), QStringLiteral("ab"));
+    QTest::keyClicks(&c.combo, u"ab"_s);
+    QCOMPARE(c.combo.currentText(), u"ab"_s);
     QCOMPARE(sink.keys, QStringList());
 }
 
@@ -237,29 +238,28 @@ void TestComboBox::nothingIsCompleted()
     Combo c(words("household"));
     c.combo.lineEdit()->clear();
     c.log.clear();
-    QTest::keyClicks(&c.combo, QStringLiteral("house"));
-    QCOMPARE(c.combo.currentText(), QStringLiteral("house"));
-    QCOMPARE(c.log.last(), QStringLiteral("text house"));
+    QTest::keyClicks(&c.combo, u"house"_s);
+    QCOMPARE(c.combo.currentText(), u"house"_s);
+    QCOMPARE(c.log.last(), u"text house"_s);
 }
 
 void TestComboBox::typingEmitsTextChanged()
 {
     Combo c;
-    QTest::keyClicks(&c.combo, QStringLiteral("ab"));
-    c.combo.lineEdit()->setText(QStringLiteral("set"));
-    c.combo.lineEdit()->setText(QStringLiteral("set"));
-    QCOMPARE(c.log, (QStringList{QStringLiteral("text a"), QStringLiteral("text ab"),
-                                 QStringLiteral("text set")}));
+    QTest::keyClicks(&c.combo, u"ab"_s);
+    c.combo.lineEdit()->setText(u"set"_s);
+    c.combo.lineEdit()->setText(u"set"_s);
+    QCOMPARE(c.log, (QStringList{u"text a"_s, u"text ab"_s, u"text set"_s}));
 }
 
 void TestComboBox::historyInsertion_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
-    QTest::addRow("empty") << QString() << QStringLiteral("new");
-    QTest::addRow("one") << QStringLiteral("a") << QStringLiteral("new a");
-    QTest::addRow("five") << QStringLiteral("a b c d e") << QStringLiteral("new a b c d e");
-    QTest::addRow("six") << QStringLiteral("a b c d e f") << QStringLiteral("new a b c d e");
+    QTest::addRow("empty") << QString() << u"new"_s;
+    QTest::addRow("one") << u"a"_s << u"new a"_s;
+    QTest::addRow("five") << u"a b c d e"_s << u"new a b c d e"_s;
+    QTest::addRow("six") << u"a b c d e f"_s << u"new a b c d e"_s;
 }
 
 void TestComboBox::historyInsertion()
@@ -267,7 +267,7 @@ void TestComboBox::historyInsertion()
     QFETCH(QString, before);
     QFETCH(QString, after);
     Combo c(before.split(u' ', Qt::SkipEmptyParts));
-    c.combo.insertHistoryItem(QStringLiteral("new"));
+    c.combo.insertHistoryItem(u"new"_s);
     QCOMPARE(c.items(), after);
     QCOMPARE(c.combo.currentIndex(), 0);
     QVERIFY(!c.combo.signalsBlocked() && !c.combo.lineEdit()->signalsBlocked());
@@ -300,14 +300,14 @@ void TestComboBox::historyInsertionLeavesTheEntryAlone()
     Combo c(words("a b c d e f").mid(0, items));
     c.combo.setCurrentIndex(current);
     QLineEdit* edit = c.combo.lineEdit();
-    edit->setText(QStringLiteral("typed"));
+    edit->setText(u"typed"_s);
     edit->setSelection(start, length);
     c.log.clear();
     c.indexes.clear();
-    c.combo.insertHistoryItem(QStringLiteral("new"));
-    QCOMPARE(edit->text(), QStringLiteral("typed"));
+    c.combo.insertHistoryItem(u"new"_s);
+    QCOMPARE(edit->text(), u"typed"_s);
     QCOMPARE(edit->cursorPosition(), start + length);
-    QCOMPARE(edit->selectedText(), length == 0 ? QString() : QStringLiteral("yp"));
+    QCOMPARE(edit->selectedText(), length == 0 ? QString() : u"yp"_s);
     QCOMPARE(c.log, QStringList());
     QCOMPARE(c.indexes, QList<int>());
 }
@@ -315,7 +315,7 @@ void TestComboBox::historyInsertionLeavesTheEntryAlone()
 void TestComboBox::historyInsertionIntoAnEmptyCombo()
 {
     Combo c;
-    c.combo.insertHistoryItem(QStringLiteral("new"));
+    c.combo.insertHistoryItem(u"new"_s);
     QVERIFY(c.combo.currentText().isEmpty());
     QCOMPARE(c.log, QStringList());
 }
@@ -326,18 +326,13 @@ void TestComboBox::returnRules_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("after");
     QTest::addColumn<int>("activated");
-    QTest::addRow("new text") << QStringLiteral("a b") << QStringLiteral("new")
-                              << QStringLiteral("new a b") << 0;
-    QTest::addRow("new text in an empty list")
-        << QString() << QStringLiteral("new") << QStringLiteral("new") << 0;
-    QTest::addRow("new text at six items") << QStringLiteral("a b c d e f") << QStringLiteral("new")
-                                           << QStringLiteral("new a b c d e") << 0;
-    QTest::addRow("known text") << QStringLiteral("a b c") << QStringLiteral("c")
-                                << QStringLiteral("a b c") << 2;
-    QTest::addRow("known text at six items") << QStringLiteral("a b c d e f") << QStringLiteral("f")
-                                             << QStringLiteral("a b c d e f") << 5;
-    QTest::addRow("another case is another text")
-        << QStringLiteral("a b") << QStringLiteral("B") << QStringLiteral("B a b") << 0;
+    QTest::addRow("new text") << u"a b"_s << u"new"_s << u"new a b"_s << 0;
+    QTest::addRow("new text in an empty list") << QString() << u"new"_s << u"new"_s << 0;
+    QTest::addRow("new text at six items")
+        << u"a b c d e f"_s << u"new"_s << u"new a b c d e"_s << 0;
+    QTest::addRow("known text") << u"a b c"_s << u"c"_s << u"a b c"_s << 2;
+    QTest::addRow("known text at six items") << u"a b c d e f"_s << u"f"_s << u"a b c d e f"_s << 5;
+    QTest::addRow("another case is another text") << u"a b"_s << u"B"_s << u"B a b"_s << 0;
 }
 
 void TestComboBox::returnRules()
@@ -353,8 +348,7 @@ void TestComboBox::returnRules()
     QCOMPARE(c.items(), after);
     QCOMPARE(c.combo.currentIndex(), activated);
     QCOMPARE(c.combo.currentText(), typed);
-    QCOMPARE(c.log, (QStringList{QStringLiteral("activated %1").arg(activated),
-                                 QStringLiteral("activated ") + typed}));
+    QCOMPARE(c.log, (QStringList{u"activated %1"_s.arg(activated), u"activated "_s + typed}));
 }
 
 void TestComboBox::returnOnEmptyTextBringsTheCurrentItemBack()
@@ -364,10 +358,10 @@ void TestComboBox::returnOnEmptyTextBringsTheCurrentItemBack()
     c.combo.lineEdit()->clear();
     c.log.clear();
     QTest::keyClick(&c.combo, Qt::Key_Return);
-    QCOMPARE(c.combo.currentText(), QStringLiteral("two"));
-    QCOMPARE(c.combo.lineEdit()->selectedText(), QStringLiteral("two"));
+    QCOMPARE(c.combo.currentText(), u"two"_s);
+    QCOMPARE(c.combo.lineEdit()->selectedText(), u"two"_s);
     QCOMPARE(c.log, QStringList());
-    QCOMPARE(c.items(), QStringLiteral("one two"));
+    QCOMPARE(c.items(), u"one two"_s);
 }
 
 void TestComboBox::returnOnEmptyHistory()
@@ -387,7 +381,7 @@ void TestComboBox::losingFocusChoosesNothing()
     c.combo.activateWindow();
     c.combo.setFocus();
     QTRY_VERIFY(c.combo.hasFocus());
-    c.combo.lineEdit()->setText(QStringLiteral("two"));
+    c.combo.lineEdit()->setText(u"two"_s);
     c.log.clear();
     QSignalSpy finished(c.combo.lineEdit(), &QLineEdit::editingFinished);
     c.combo.clearFocus();
@@ -411,7 +405,7 @@ void TestComboBox::wheelChoosesNothing()
 void TestComboBox::firstItemIsShown()
 {
     Combo c(words("one two"));
-    QCOMPARE(c.combo.currentText(), QStringLiteral("one"));
+    QCOMPARE(c.combo.currentText(), u"one"_s);
 }
 
 QTEST_MAIN(TestComboBox)

@@ -13,6 +13,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 /// Notes what the document asks for.
@@ -71,7 +73,7 @@ class TestEdit : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void isAReadOnlyViewWithItsName();
     void textIsExactlyWhatWasSet_data();
     void textIsExactlyWhatWasSet();
@@ -103,25 +105,25 @@ private Q_SLOTS:
 void TestEdit::isAReadOnlyViewWithItsName()
 {
     QTeskelEdit edit(nullptr, "article");
-    QCOMPARE(edit.objectName(), QStringLiteral("article"));
+    QCOMPARE(edit.objectName(), u"article"_s);
     QVERIFY(edit.isReadOnly());
     QVERIFY(!edit.isUndoRedoEnabled());
     QVERIFY(!edit.hasMarkedText());
     QVERIFY(edit.markedText().isEmpty());
-    edit.setText(QStringLiteral("word"));
-    QTest::keyClicks(&edit, QStringLiteral("x"));
-    QCOMPARE(edit.toPlainText(), QStringLiteral("word"));
+    edit.setText(u"word"_s);
+    QTest::keyClicks(&edit, u"x"_s);
+    QCOMPARE(edit.toPlainText(), u"word"_s);
 }
 
 void TestEdit::textIsExactlyWhatWasSet_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addRow("empty") << QString();
-    QTest::addRow("article") << QStringLiteral("<p><b>house</b></p><p> home</p><p>\nx");
-    QTest::addRow("entities") << QStringLiteral("R&D &lt; &nosuch; &#x41");
-    QTest::addRow("broken markup") << QStringLiteral("a < b <font color=> </p>");
-    QTest::addRow("control characters") << QStringLiteral("a\tb\nc") + QChar(0) + u'd';
-    QTest::addRow("picture") << QStringLiteral("<img src='x.png'>");
+    QTest::addRow("article") << u"<p><b>house</b></p><p> home</p><p>\nx"_s;
+    QTest::addRow("entities") << u"R&D &lt; &nosuch; &#x41"_s;
+    QTest::addRow("broken markup") << u"a < b <font color=> </p>"_s;
+    QTest::addRow("control characters") << u"a\tb\nc"_s + QChar(0) + u'd';
+    QTest::addRow("picture") << u"<img src='x.png'>"_s;
 }
 
 void TestEdit::textIsExactlyWhatWasSet()
@@ -144,31 +146,31 @@ void TestEdit::textIsWhatIsShownAfterOtherChanges()
     QFETCH(Qt::TextFormat, format);
     QTeskelEdit edit;
     edit.setTextFormat(format);
-    edit.setText(QStringLiteral("<b>first</b>"));
+    edit.setText(u"<b>first</b>"_s);
     QTextEdit& base = edit;
     const auto shown = [&] { return format == Qt::PlainText ? base.toPlainText() : base.toHtml(); };
 
-    base.setHtml(QStringLiteral("<i>second</i>"));
+    base.setHtml(u"<i>second</i>"_s);
     QVERIFY(base.toPlainText() == QLatin1String("second"));
     QCOMPARE(edit.text(), shown());
-    edit.setText(QStringLiteral("third"));
-    QCOMPARE(edit.text(), QStringLiteral("third"));
-    base.append(QStringLiteral("fourth"));
-    QCOMPARE(edit.toPlainText(), QStringLiteral("third\nfourth"));
+    edit.setText(u"third"_s);
+    QCOMPARE(edit.text(), u"third"_s);
+    base.append(u"fourth"_s);
+    QCOMPARE(edit.toPlainText(), u"third\nfourth"_s);
     QCOMPARE(edit.text(), shown());
     base.clear();
     QCOMPARE(edit.text(), QString());
-    QTextCursor(edit.document()).insertText(QStringLiteral("fifth"));
+    QTextCursor(edit.document()).insertText(u"fifth"_s);
     QCOMPARE(edit.text(), shown());
     base.setText(QString());
     QCOMPARE(edit.text(), QString());
-    QTextDocument other(QStringLiteral("sixth"));
+    QTextDocument other(u"sixth"_s);
     base.setDocument(&other);
     QCOMPARE(edit.text(), shown());
-    edit.setText(QStringLiteral("seventh"));
-    QCOMPARE(edit.text(), QStringLiteral("seventh"));
+    edit.setText(u"seventh"_s);
+    QCOMPARE(edit.text(), u"seventh"_s);
     // What is shown is what another format reads.
-    base.setPlainText(QStringLiteral("<b>eighth</b>"));
+    base.setPlainText(u"<b>eighth</b>"_s);
     edit.setTextFormat(Qt::AutoText);
     QVERIFY(edit.toPlainText().contains(QLatin1String("eighth")));
     base.setDocument(nullptr);
@@ -177,7 +179,7 @@ void TestEdit::textIsWhatIsShownAfterOtherChanges()
 void TestEdit::textOutlivesWhatChangesNoContents()
 {
     QTeskelEdit edit;
-    const QString text = QStringLiteral("<p>word <img src=x>");
+    const QString text = u"<p>word <img src=x>"_s;
     edit.setText(text);
     edit.resize(100, 100);
     edit.show();
@@ -196,25 +198,25 @@ void TestEdit::textOutlivesWhatChangesNoContents()
 void TestEdit::plainTextIsParsedAsMarkup()
 {
     QTeskelEdit edit;
-    edit.setText(QStringLiteral("two\nlines &amp; more"));
-    QCOMPARE(edit.toPlainText(), QStringLiteral("two lines & more"));
+    edit.setText(u"two\nlines &amp; more"_s);
+    QCOMPARE(edit.toPlainText(), u"two lines & more"_s);
 }
 
 void TestEdit::formatsCanBeChosen()
 {
     QTeskelEdit edit;
     QCOMPARE(edit.textFormat(), Qt::RichText);
-    edit.setText(QStringLiteral("<b>x</b>"));
+    edit.setText(u"<b>x</b>"_s);
     edit.setTextFormat(Qt::PlainText);
-    QCOMPARE(edit.toPlainText(), QStringLiteral("<b>x</b>"));
+    QCOMPARE(edit.toPlainText(), u"<b>x</b>"_s);
     edit.setTextFormat(Qt::AutoText);
-    QCOMPARE(edit.toPlainText(), QStringLiteral("x"));
+    QCOMPARE(edit.toPlainText(), u"x"_s);
 }
 
 void TestEdit::clearSetsTheEmptyText()
 {
     QTeskelEdit edit;
-    edit.setText(QStringLiteral("word"));
+    edit.setText(u"word"_s);
     edit.selectAll();
     edit.clear();
     QVERIFY(edit.text().isEmpty());
@@ -227,7 +229,7 @@ void TestEdit::setTextEndsTheSelectionAndScrollsUp()
     QTeskelEdit edit;
     edit.resize(100, 60);
     edit.show();
-    const QString text = QStringLiteral("<p>line</p>").repeated(50);
+    const QString text = u"<p>line</p>"_s.repeated(50);
     edit.setText(text);
     edit.selectAll();
     edit.verticalScrollBar()->setValue(edit.verticalScrollBar()->maximum());
@@ -241,13 +243,11 @@ void TestEdit::markedTextMapsSeparators_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("marked");
-    QTest::addRow("words") << QStringLiteral("<b>one</b> two") << QStringLiteral("one two");
-    QTest::addRow("paragraphs") << QStringLiteral("<p>one</p><p>two</p>")
-                                << QStringLiteral("one\ntwo");
-    QTest::addRow("line break") << QStringLiteral("one<br>two") << QStringLiteral("one\ntwo");
-    QTest::addRow("no-break space")
-        << QStringLiteral("one&nbsp;two") << QStringLiteral("one\u00A0two");
-    QTest::addRow("rule") << QStringLiteral("one<hr>two") << QStringLiteral("one\n\ntwo");
+    QTest::addRow("words") << u"<b>one</b> two"_s << u"one two"_s;
+    QTest::addRow("paragraphs") << u"<p>one</p><p>two</p>"_s << u"one\ntwo"_s;
+    QTest::addRow("line break") << u"one<br>two"_s << u"one\ntwo"_s;
+    QTest::addRow("no-break space") << u"one&nbsp;two"_s << u"one\u00A0two"_s;
+    QTest::addRow("rule") << u"one<hr>two"_s << u"one\n\ntwo"_s;
 }
 
 void TestEdit::markedTextMapsSeparators()
@@ -267,11 +267,9 @@ void TestEdit::selectionIsCopiedAsPlainTextAlone_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("copied");
-    QTest::addRow("tags") << QStringLiteral("<p><b>one</b> <i>two</i><p>three")
-                          << QStringLiteral("one two\nthree");
-    QTest::addRow("picture") << QStringLiteral("one<img src=x>two") << QStringLiteral("onetwo");
-    QTest::addRow("table") << QStringLiteral("<table><tr><td>one</table>")
-                           << QStringLiteral("\none\n");
+    QTest::addRow("tags") << u"<p><b>one</b> <i>two</i><p>three"_s << u"one two\nthree"_s;
+    QTest::addRow("picture") << u"one<img src=x>two"_s << u"onetwo"_s;
+    QTest::addRow("table") << u"<table><tr><td>one</table>"_s << u"\none\n"_s;
 }
 
 void TestEdit::selectionIsCopiedAsPlainTextAlone()
@@ -284,18 +282,18 @@ void TestEdit::selectionIsCopiedAsPlainTextAlone()
     QApplication::clipboard()->clear();
     edit.copy();
     const QMimeData* const clipboard = QApplication::clipboard()->mimeData();
-    QCOMPARE(clipboard->formats(), QStringList(QStringLiteral("text/plain")));
+    QCOMPARE(clipboard->formats(), QStringList(u"text/plain"_s));
     QCOMPARE(clipboard->text(), copied);
     // The mouse selection and dragging take the same.
     const std::unique_ptr<QMimeData> dragged(edit.createMimeDataFromSelection());
-    QCOMPARE(dragged->formats(), QStringList(QStringLiteral("text/plain")));
+    QCOMPARE(dragged->formats(), QStringList(u"text/plain"_s));
     QCOMPARE(dragged->text(), copied);
 }
 
 void TestEdit::senseNumberIsBoldBlue()
 {
     QTeskelEdit edit;
-    edit.setText(QStringLiteral("<p><b><font color=\"#0000FF\">1.</font></b> house"));
+    edit.setText(u"<p><b><font color=\"#0000FF\">1.</font></b> house"_s);
     QTextCursor cursor(edit.document());
     cursor.setPosition(1);
     QCOMPARE(cursor.charFormat().foreground().color(), QColor(0, 0, 255));
@@ -307,7 +305,7 @@ void TestEdit::senseNumberIsBoldBlue()
 void TestEdit::italicTagsShowItalics()
 {
     QTeskelEdit edit;
-    edit.setText(QStringLiteral("<p>one <i>two</i>"));
+    edit.setText(u"<p>one <i>two</i>"_s);
     QTextCursor cursor(edit.document());
     cursor.setPosition(6);
     QVERIFY(cursor.charFormat().fontItalic());
@@ -316,15 +314,14 @@ void TestEdit::italicTagsShowItalics()
 void TestEdit::pictureFromAFileIsNotLoaded()
 {
     QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("red.png"));
+    const QString path = directory.filePath(u"red.png"_s);
     QImage red(40, 40, QImage::Format_RGB32);
     red.fill(QColor(255, 0, 0));
     QVERIFY(red.save(path));
     for (const QString& source : {path, QUrl::fromLocalFile(path).toString()}) {
         for (const QString& markup :
-             {QStringLiteral("<img src=\"%1\">"),
-              QStringLiteral("<p style=\"background-image:url(%1)\">word word word</p>"),
-              QStringLiteral("<table background=\"%1\"><tr><td>word</td></tr></table>")}) {
+             {u"<img src=\"%1\">"_s, u"<p style=\"background-image:url(%1)\">word word word</p>"_s,
+              u"<table background=\"%1\"><tr><td>word</td></tr></table>"_s}) {
             SpyEdit edit;
             edit.resize(200, 200);
             edit.show();
@@ -342,7 +339,7 @@ void TestEdit::picturesHaveTheirRoomAndAreNotLookedFor()
     SpyEdit edit;
     edit.resize(400, 400);
     edit.show();
-    edit.setText(QStringLiteral("<img src=/no/such.png width=70 height=90><img src=x.png>"));
+    edit.setText(u"<img src=/no/such.png width=70 height=90><img src=x.png>"_s);
     edit.grab();
     QVERIFY(edit.asked.isEmpty());
     QTextCursor cursor(edit.document());
@@ -357,7 +354,7 @@ void TestEdit::picturesHaveTheirRoomAndAreNotLookedFor()
 void TestEdit::styleSheetFromAFileIsNotLoaded()
 {
     QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("red.css"));
+    const QString path = directory.filePath(u"red.css"_s);
     QFile sheet(path);
     QVERIFY(sheet.open(QIODevice::WriteOnly));
     sheet.write("p, b, body { color: #ff0000; background-color: #ff0000 }");
@@ -365,19 +362,17 @@ void TestEdit::styleSheetFromAFileIsNotLoaded()
     SpyEdit edit;
     edit.resize(200, 200);
     edit.show();
-    edit.setText(
-        QStringLiteral("<html><head><link rel=\"stylesheet\" type=\"text/css\" href=\"%1\">"
-                       "</head><body><p>word</p></body></html>")
-            .arg(path));
+    edit.setText(u"<html><head><link rel=\"stylesheet\" type=\"text/css\" href=\"%1\">"
+                 "</head><body><p>word</p></body></html>"_s.arg(path));
     QVERIFY(!edit.asked.isEmpty());
     QVERIFY(!hasColour(edit.grab().toImage(), QColor(255, 0, 0)));
-    QCOMPARE(edit.toPlainText(), QStringLiteral("word"));
+    QCOMPARE(edit.toPlainText(), u"word"_s);
 }
 
 void TestEdit::answersAreEmptyButNotNull()
 {
     QTeskelEdit edit;
-    const QUrl url(QStringLiteral("http://example.org/x"));
+    const QUrl url(u"http://example.org/x"_s);
     const QVariant image = edit.loadResource(QTextDocument::ImageResource, url);
     QVERIFY(image.isValid() && image.value<QImage>().isNull());
     for (const int type :
@@ -394,14 +389,14 @@ void TestEdit::linksAreNotFollowed()
     QTeskelEdit edit;
     edit.resize(200, 100);
     edit.show();
-    const QString text = QStringLiteral("<a href=\"file:///etc/passwd\">link link link</a>");
+    const QString text = u"<a href=\"file:///etc/passwd\">link link link</a>"_s;
     edit.setText(text);
     QVERIFY(!(edit.textInteractionFlags() &
               (Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard)));
     QTest::mouseClick(edit.viewport(), Qt::LeftButton, {},
                       edit.cursorRect().center() + QPoint(10, 0));
     QCOMPARE(edit.text(), text);
-    QCOMPARE(edit.toPlainText(), QStringLiteral("link link link"));
+    QCOMPARE(edit.toPlainText(), u"link link link"_s);
 }
 
 void TestEdit::pageIsLight_data()
@@ -430,7 +425,7 @@ void TestEdit::pageStaysLightWhenThePaletteDarkens()
 {
     QTeskelEdit edit;
     edit.resize(100, 100);
-    edit.setText(QStringLiteral("word"));
+    edit.setText(u"word"_s);
     edit.show();
     const QPalette before = QApplication::palette();
     QApplication::setPalette(darkPalette());
@@ -457,7 +452,7 @@ void TestEdit::fontSurvivesSetText()
     QFont font = edit.font();
     font.setPointSize(25);
     edit.setFont(font);
-    edit.setText(QStringLiteral("<p>word"));
+    edit.setText(u"<p>word"_s);
     QCOMPARE(edit.document()->defaultFont().pointSize(), 25);
 }
 

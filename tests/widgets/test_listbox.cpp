@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 using teskel::test::PlainItem;
 using teskel::test::SignalLog;
 
@@ -59,7 +61,7 @@ class TestListBox : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void declarationOrder();
     void timersHaveTheirNames();
 
@@ -165,11 +167,11 @@ void TestListBox::declarationOrder()
 void TestListBox::timersHaveTheirNames()
 {
     QTeskelListBox list(nullptr, "list");
-    QCOMPARE(list.objectName(), QStringLiteral("list"));
-    QVERIFY(list.findChild<QTimer*>(QStringLiteral("listbox update timer")));
-    auto* visible = list.findChild<QTimer*>(QStringLiteral("listbox visible timer"));
+    QCOMPARE(list.objectName(), u"list"_s);
+    QVERIFY(list.findChild<QTimer*>(u"listbox update timer"_s));
+    auto* visible = list.findChild<QTimer*>(u"listbox visible timer"_s);
     QVERIFY(visible && visible->isSingleShot());
-    list.insertStringList({QStringLiteral("a"), QStringLiteral("b")});
+    list.insertStringList({u"a"_s, u"b"_s});
     list.setCurrentItem(1);
     QVERIFY(visible->isActive());
     QCOMPARE(visible->interval(), 1);
@@ -178,27 +180,27 @@ void TestListBox::timersHaveTheirNames()
 void TestListBox::insertsChangesAndRemoves()
 {
     QTeskelListBox list;
-    list.insertItem(QStringLiteral("b"));
-    list.insertItem(QStringLiteral("a"), 0);
-    list.insertStringList({QStringLiteral("x"), QStringLiteral("y")}, 1);
-    auto* last = new QTeskelListBoxText(&list, QStringLiteral("z"));
-    auto* behind = new QTeskelListBoxText(&list, QStringLiteral("b2"), list.item(3));
+    list.insertItem(u"b"_s);
+    list.insertItem(u"a"_s, 0);
+    list.insertStringList({u"x"_s, u"y"_s}, 1);
+    auto* last = new QTeskelListBoxText(&list, u"z"_s);
+    auto* behind = new QTeskelListBoxText(&list, u"b2"_s, list.item(3));
     QCOMPARE(list.index(behind), 4);
     QCOMPARE(list.index(last), 5);
     QCOMPARE(list.count(), 6);
-    list.changeItem(QStringLiteral("X"), 1);
+    list.changeItem(u"X"_s, 1);
     list.removeItem(2);
     QStringList texts;
     for (int row = 0; row < list.count(); ++row)
         texts << list.text(row);
-    QCOMPARE(texts.join(u' '), QStringLiteral("a X b b2 z"));
-    list.insertItem(new QTeskelListBoxText(QStringLiteral("first")),
+    QCOMPARE(texts.join(u' '), u"a X b b2 z"_s);
+    list.insertItem(new QTeskelListBoxText(u"first"_s),
                     static_cast<const QTeskelListBoxItem*>(nullptr));
-    QCOMPARE(list.text(0), QStringLiteral("first"));
+    QCOMPARE(list.text(0), u"first"_s);
 
     QPixmap picture(8, 8);
     picture.fill(Qt::red);
-    list.insertItem(picture, QStringLiteral("pic"), 0);
+    list.insertItem(picture, u"pic"_s, 0);
     QVERIFY(list.pixmap(0));
     QCOMPARE(list.pixmap(1), nullptr);
     list.changeItem(picture, 1);
@@ -241,7 +243,7 @@ void TestListBox::deletingAnItemTakesItOut()
     List l(3);
     delete l.list.item(1);
     QCOMPARE(l.list.count(), 2);
-    QCOMPARE(l.list.text(1), QStringLiteral("c"));
+    QCOMPARE(l.list.text(1), u"c"_s);
 }
 
 void TestListBox::badIndexesAreIgnored()
@@ -251,7 +253,7 @@ void TestListBox::badIndexesAreIgnored()
         l.list.setCurrentItem(index);
         l.list.setSelected(index, true);
         l.list.removeItem(index);
-        l.list.changeItem(QStringLiteral("x"), index);
+        l.list.changeItem(u"x"_s, index);
         l.list.setTopItem(index);
         l.list.setBottomItem(index);
         QCOMPARE(l.list.item(index), nullptr);
@@ -270,13 +272,13 @@ void TestListBox::badIndexesAreIgnored()
 void TestListBox::sortsAndInsertsSorted()
 {
     QTeskelListBox list;
-    list.insertStringList({QStringLiteral("c"), QStringLiteral("a")});
+    list.insertStringList({u"c"_s, u"a"_s});
     list.sort();
-    list.inSort(QStringLiteral("b"));
-    QCOMPARE(list.text(0) + list.text(1) + list.text(2), QStringLiteral("abc"));
+    list.inSort(u"b"_s);
+    QCOMPARE(list.text(0) + list.text(1) + list.text(2), u"abc"_s);
     list.sort(false);
-    QCOMPARE(list.text(0), QStringLiteral("c"));
-    QCOMPARE(list.findItem(QStringLiteral("B")), list.item(1));
+    QCOMPARE(list.text(0), u"c"_s);
+    QCOMPARE(list.findItem(u"B"_s), list.item(1));
 }
 
 void TestListBox::clearEmitsNothing()
@@ -311,8 +313,8 @@ void TestListBox::itemInsertedByADestructorIsReported()
     auto* inserter = new Inserter;
     inserter->target = &list;
     list.insertItem(inserter);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(
-                                           R"(^ASSERT: "!head" in qteskellistbox\.cpp \(\d+\)$)")));
+    QTest::ignoreMessage(
+        QtWarningMsg, QRegularExpression(uR"(^ASSERT: "!head" in qteskellistbox\.cpp \(\d+\)$)"_s));
     list.clear();
     QCOMPARE(list.count(), 1);
 }
@@ -328,8 +330,8 @@ void TestListBox::itemDeletedByADestructorIsReported()
     deleter->victim = new PlainItem;
     list.insertItem(deleter->victim);
     list.insertItem(deleter);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(
-                                           R"(^ASSERT: "i==0" in qteskellistbox\.cpp \(\d+\)$)")));
+    QTest::ignoreMessage(
+        QtWarningMsg, QRegularExpression(uR"(^ASSERT: "i==0" in qteskellistbox\.cpp \(\d+\)$)"_s));
     list.clear();
     QCOMPARE(list.count(), 0);
 }
@@ -339,10 +341,10 @@ void TestListBox::removingTheCurrentItemMovesOn()
     List l(3);
     l.list.setCurrentItem(1);
     l.list.removeItem(1);
-    QCOMPARE(l.list.currentText(), QStringLiteral("c"));
+    QCOMPARE(l.list.currentText(), u"c"_s);
     QVERIFY(l.list.isSelected(1));
     l.list.removeItem(1);
-    QCOMPARE(l.list.currentText(), QStringLiteral("a"));
+    QCOMPARE(l.list.currentText(), u"a"_s);
 }
 
 void TestListBox::removingTheLastItemReportsNoCurrent()
@@ -358,10 +360,10 @@ void TestListBox::changeItemKeepsTheCurrentRow()
 {
     List l(3);
     l.list.setCurrentItem(1);
-    l.list.changeItem(new PlainItem(QStringLiteral("new")), 1);
+    l.list.changeItem(new PlainItem(u"new"_s), 1);
     QCOMPARE(l.list.count(), 3);
     QCOMPARE(l.list.currentItem(), 1);
-    QCOMPARE(l.list.currentText(), QStringLiteral("new"));
+    QCOMPARE(l.list.currentText(), u"new"_s);
 }
 
 void TestListBox::changedItemMayDisappearMeanwhile()
@@ -374,7 +376,7 @@ void TestListBox::changedItemMayDisappearMeanwhile()
     to.list.changeItem(item, 1);
     QCOMPARE(to.list.count(), 3);
     QCOMPARE(to.list.item(1), item);
-    QCOMPARE(to.list.text(2), QStringLiteral("c"));
+    QCOMPARE(to.list.text(2), u"c"_s);
 }
 
 void TestListBox::setCurrentItemEmitsInOrder()
@@ -394,7 +396,7 @@ void TestListBox::setCurrentItemSelectsBeforeItShows()
 {
     List l;
     l.list.setCurrentItem(2);
-    const auto* const timer = l.list.findChild<QTimer*>(QStringLiteral("listbox visible timer"));
+    const auto* const timer = l.list.findChild<QTimer*>(u"listbox visible timer"_s);
     QTRY_VERIFY(!timer->isActive());
     QStringList running;
     const auto note = [&](const char* name) {
@@ -419,7 +421,7 @@ void TestListBox::itemRemovedWhileAnotherBecomesCurrent()
         &l.list, qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged), &l.list,
         [&] { l.list.removeItem(0); }, Qt::SingleShotConnection);
     l.list.setCurrentItem(2);
-    QCOMPARE(l.list.currentText(), QStringLiteral("c"));
+    QCOMPARE(l.list.currentText(), u"c"_s);
     QCOMPARE(l.log.take(), entries({"selectionChanged(c)", "selectionChanged()", "highlighted(c)",
                                     "highlighted(\"c\")", "highlighted(1)", "currentChanged(c)"}));
 }
@@ -494,7 +496,7 @@ void TestListBox::setSelectedDoesNotStartTheVisibilityTimer()
 {
     List l;
     l.list.setSelected(9, true);
-    QVERIFY(!l.list.findChild<QTimer*>(QStringLiteral("listbox visible timer"))->isActive());
+    QVERIFY(!l.list.findChild<QTimer*>(u"listbox visible timer"_s)->isActive());
 }
 
 void TestListBox::setSelectedInMultiKeepsTheCurrentItem()
@@ -538,7 +540,7 @@ void TestListBox::keyInAnEmptyListIsIgnored()
 {
     List l(0);
     QVERIFY(!l.press(Qt::Key_Down));
-    QVERIFY(!l.press(Qt::Key_A, QStringLiteral("a")));
+    QVERIFY(!l.press(Qt::Key_A, u"a"_s));
     QCOMPARE(l.log.take(), QStringList());
 }
 
@@ -576,12 +578,10 @@ void TestListBox::keys()
     QVERIFY(l.press(key));
     QCOMPARE(l.list.currentItem(), to);
     const QString text(QChar(u'a' + to));
-    QCOMPARE(l.log.take(), (QStringList{QStringLiteral("selectionChanged(%1)").arg(text),
-                                        QStringLiteral("selectionChanged()"),
-                                        QStringLiteral("highlighted(%1)").arg(text),
-                                        QStringLiteral("highlighted(\"%1\")").arg(text),
-                                        QStringLiteral("highlighted(%1)").arg(to),
-                                        QStringLiteral("currentChanged(%1)").arg(text)}));
+    QCOMPARE(l.log.take(),
+             (QStringList{u"selectionChanged(%1)"_s.arg(text), u"selectionChanged()"_s,
+                          u"highlighted(%1)"_s.arg(text), u"highlighted(\"%1\")"_s.arg(text),
+                          u"highlighted(%1)"_s.arg(to), u"currentChanged(%1)"_s.arg(text)}));
 }
 
 void TestListBox::keysAtTheEndsEmitNothing_data()
@@ -634,7 +634,7 @@ void TestListBox::returnEmitsInOrder()
         List l;
         l.list.setCurrentItem(1);
         l.log.take();
-        QVERIFY(l.press(key, QStringLiteral("\r")));
+        QVERIFY(l.press(key, u"\r"_s));
         QCOMPARE(l.log.take(),
                  entries({"selected(1)", "selected(b)", "selected(\"b\")", "returnPressed(b)"}));
     }
@@ -645,9 +645,9 @@ void TestListBox::spaceTogglesInMulti()
     List l;
     l.list.setMultiSelection(true);
     l.list.setCurrentItem(1);
-    l.press(Qt::Key_Space, QStringLiteral(" "));
+    l.press(Qt::Key_Space, u" "_s);
     QVERIFY(l.list.isSelected(1));
-    l.press(Qt::Key_Space, QStringLiteral(" "));
+    l.press(Qt::Key_Space, u" "_s);
     QVERIFY(!l.list.isSelected(1));
 }
 
@@ -663,7 +663,7 @@ void TestListBox::shiftExtendsTheSelection()
     QVERIFY(l.list.isSelected(1) && l.list.isSelected(2) && l.list.isSelected(3));
     l.press(Qt::Key_Down);
     QVERIFY(l.list.isSelected(4) && !l.list.isSelected(3));
-    l.press(Qt::Key_A, QStringLiteral("\x01"), Qt::ControlModifier);
+    l.press(Qt::Key_A, u"\x01"_s, Qt::ControlModifier);
     QVERIFY(l.list.isSelected(0) && l.list.isSelected(9));
 }
 
@@ -681,7 +681,7 @@ void TestListBox::otherKeysAreIgnored()
 {
     List l;
     l.list.setCurrentItem(1);
-    QVERIFY(!l.press(Qt::Key_Escape, QStringLiteral("\x1b")));
+    QVERIFY(!l.press(Qt::Key_Escape, u"\x1b"_s));
     QVERIFY(!l.press(Qt::Key_F5));
     QVERIFY(l.press(Qt::Key_Left));
     QCOMPARE(l.list.currentItem(), 1);
@@ -706,12 +706,11 @@ void TestListBox::leftAndRightMoveBetweenColumns()
 void TestListBox::typeAheadFindsTheFirstBeginning()
 {
     QTeskelListBox list;
-    list.insertStringList(
-        {QStringLiteral("Hound"), QStringLiteral("House"), QStringLiteral("household")});
+    list.insertStringList({u"Hound"_s, u"House"_s, u"household"_s});
     list.setCurrentItem(0);
-    QTest::keyClicks(&list, QStringLiteral("HoUs"));
+    QTest::keyClicks(&list, u"HoUs"_s);
     QCOMPARE(list.currentItem(), 1);
-    QTest::keyClicks(&list, QStringLiteral("x"));
+    QTest::keyClicks(&list, u"x"_s);
     QCOMPARE(list.currentItem(), 1);
 }
 
@@ -719,18 +718,18 @@ void TestListBox::typeAheadStartsAgainAfterHalfASecond()
 {
     List l;
     l.list.setCurrentItem(0);
-    l.press(Qt::Key_C, QStringLiteral("c"));
+    l.press(Qt::Key_C, u"c"_s);
     QCOMPARE(l.list.currentItem(), 2);
-    l.press(Qt::Key_D, QStringLiteral("d"));
+    l.press(Qt::Key_D, u"d"_s);
     QCOMPARE(l.list.currentItem(), 2);
-    auto* timer = l.list.findChild<QTimer*>(QStringLiteral("listbox input timer"));
+    auto* timer = l.list.findChild<QTimer*>(u"listbox input timer"_s);
     QVERIFY(timer->isSingleShot());
     QCOMPARE(timer->interval(), 500);
     QTRY_VERIFY(!timer->isActive());
-    l.press(Qt::Key_D, QStringLiteral("d"));
+    l.press(Qt::Key_D, u"d"_s);
     QCOMPARE(l.list.currentItem(), 3);
     l.list.clearInputString();
-    l.press(Qt::Key_E, QStringLiteral("e"));
+    l.press(Qt::Key_E, u"e"_s);
     QCOMPARE(l.list.currentItem(), 4);
 }
 
@@ -738,24 +737,23 @@ void TestListBox::typeAheadIgnoresControlKeys()
 {
     List l;
     l.list.setCurrentItem(0);
-    QVERIFY(!l.press(Qt::Key_C, QStringLiteral("\x03"), Qt::ControlModifier));
-    QVERIFY(!l.press(Qt::Key_C, QStringLiteral("c"), Qt::AltModifier));
+    QVERIFY(!l.press(Qt::Key_C, u"\x03"_s, Qt::ControlModifier));
+    QVERIFY(!l.press(Qt::Key_C, u"c"_s, Qt::AltModifier));
     QCOMPARE(l.list.currentItem(), 0);
 }
 
 void TestListBox::spaceJoinsATypedAheadText()
 {
     List l(0);
-    l.list.insertStringList({QStringLiteral("newt"), QStringLiteral("newsstand"),
-                             QStringLiteral("new York"), QStringLiteral("New Zealand")});
+    l.list.insertStringList({u"newt"_s, u"newsstand"_s, u"new York"_s, u"New Zealand"_s});
     l.list.setMultiSelection(true);
     l.list.setCurrentItem(0);
-    for (const QChar letter : QStringLiteral("new z"))
+    for (const QChar letter : u"new z"_s)
         l.press(letter == u' ' ? int(Qt::Key_Space) : int(Qt::Key_unknown), QString(letter));
-    QCOMPARE(l.list.currentText(), QStringLiteral("New Zealand"));
+    QCOMPARE(l.list.currentText(), u"New Zealand"_s);
     QCOMPARE(l.list.selectedItem(), nullptr);
     l.list.clearInputString();
-    l.press(Qt::Key_Space, QStringLiteral(" "));
+    l.press(Qt::Key_Space, u" "_s);
     QCOMPARE(l.list.selectedItem(), l.list.item(3));
 }
 
@@ -822,7 +820,7 @@ void TestListBox::topAndBottomItem()
 void TestListBox::horizontalRangeIsZeroWithoutABar()
 {
     List l;
-    l.list.insertItem(new PlainItem(QStringLiteral("wide"), QSize(5000, 20)));
+    l.list.insertItem(new PlainItem(u"wide"_s, QSize(5000, 20)));
     l.list.adjustItems();
     QCOMPARE(l.list.horizontalScrollBar()->maximum(), 0);
     l.list.setHScrollBarMode(QTeskelScrollView::Auto);
@@ -889,7 +887,7 @@ void TestListBox::fittedLayoutComesToRest()
     else
         list.setColumnMode(QTeskelListBox::FitToWidth);
     for (const QSize& size : sizes)
-        list.insertItem(new MeasuredItem(QStringLiteral("x"), size));
+        list.insertItem(new MeasuredItem(u"x"_s, size));
     list.resize(room);
     list.show();
     QVERIFY(QTest::qWaitForWindowExposed(&list));
@@ -926,17 +924,17 @@ void TestListBox::setTextLaysOutOnce()
     QTeskelListBox list;
     QList<CountingItem*> items;
     for (int row = 0; row < 20; ++row) {
-        items << new CountingItem(QStringLiteral("word"));
+        items << new CountingItem(u"word"_s);
         list.insertItem(items.last());
     }
     list.resize(200, 400);
     list.show();
-    auto* update = list.findChild<QTimer*>(QStringLiteral("listbox update timer"));
+    auto* update = list.findChild<QTimer*>(u"listbox update timer"_s);
     QTRY_VERIFY(!update->isActive());
     for (CountingItem* item : items)
         item->asked = 0;
     for (CountingItem* item : items)
-        item->setText(QStringLiteral("other"));
+        item->setText(u"other"_s);
     QCOMPARE(items.first()->asked, 0);
     list.setSelected(3, true);
     list.ensureCurrentVisible();
@@ -950,7 +948,7 @@ void TestListBox::setTextLaysOutOnce()
 void TestListBox::geometryFollowsAChangedFont()
 {
     QTeskelListBox list;
-    list.insertItem(QStringLiteral("a"));
+    list.insertItem(u"a"_s);
     list.show();
     const int before = list.itemHeight();
     QFont font = list.font();
@@ -958,14 +956,13 @@ void TestListBox::geometryFollowsAChangedFont()
     list.setFont(font);
     QVERIFY(list.itemHeight() > before);
     QCOMPARE(list.itemHeight(), QFontMetrics(font).lineSpacing() + 2);
-    QCOMPARE(list.item(0)->width(&list),
-             QFontMetrics(font).horizontalAdvance(QStringLiteral("a")) + 6);
+    QCOMPARE(list.item(0)->width(&list), QFontMetrics(font).horizontalAdvance(u"a"_s) + 6);
 }
 
 void TestListBox::deletingTheListInASlotIsSafe()
 {
     auto* list = new QTeskelListBox;
-    list->insertStringList({QStringLiteral("a"), QStringLiteral("b")});
+    list->insertStringList({u"a"_s, u"b"_s});
     QPointer<QTeskelListBox> alive(list);
     connect(list, qOverload<QTeskelListBoxItem*>(&QTeskelListBox::selectionChanged), this,
             [list] { delete list; });

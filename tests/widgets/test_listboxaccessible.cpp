@@ -7,6 +7,8 @@
 #include <QAccessible>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 struct Event {
@@ -52,7 +54,7 @@ class TestListBoxAccessible : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void initTestCase();
     void cleanupTestCase();
     void listHasItsItemsAsChildren();
@@ -83,17 +85,17 @@ void TestListBoxAccessible::cleanupTestCase()
 void TestListBoxAccessible::listHasItsItemsAsChildren()
 {
     DerivedList list(nullptr, "words");
-    list.setAccessibleName(QStringLiteral("Words"));
-    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    list.setAccessibleName(u"Words"_s);
+    list.insertStringList({u"one"_s, u"two"_s});
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&list);
     QVERIFY(interface);
     QCOMPARE(interface->role(), QAccessible::List);
-    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Words"));
+    QCOMPARE(interface->text(QAccessible::Name), u"Words"_s);
     QCOMPARE(interface->childCount(), 2);
     QAccessibleInterface* second = interface->child(1);
     QCOMPARE(second, interface->child(1));
     QCOMPARE(second->role(), QAccessible::ListItem);
-    QCOMPARE(second->text(QAccessible::Name), QStringLiteral("two"));
+    QCOMPARE(second->text(QAccessible::Name), u"two"_s);
     QCOMPARE(second->parent(), interface);
     QCOMPARE(interface->indexOfChild(second), 1);
     QCOMPARE(interface->child(2), nullptr);
@@ -103,7 +105,7 @@ void TestListBoxAccessible::listHasItsItemsAsChildren()
 void TestListBoxAccessible::itemsTellTheirState()
 {
     QTeskelListBox list;
-    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    list.insertStringList({u"one"_s, u"two"_s});
     list.show();
     list.activateWindow();
     list.setFocus();
@@ -142,7 +144,7 @@ void TestListBoxAccessible::itemsTellTheirPlace()
 void TestListBoxAccessible::itemsCanBePressed()
 {
     QTeskelListBox list;
-    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    list.insertStringList({u"one"_s, u"two"_s});
     QAccessibleInterface* item = QAccessible::queryAccessibleInterface(&list)->child(1);
     QAccessibleActionInterface* action = item->actionInterface();
     QVERIFY(action);
@@ -179,7 +181,7 @@ void TestListBoxAccessible::pressSelectsInEveryMode()
     QFETCH(QString, twice);
     QFETCH(QString, another);
     QTeskelListBox list;
-    list.insertStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")});
+    list.insertStringList({u"one"_s, u"two"_s, u"three"_s});
     list.setSelectionMode(mode);
     const auto act = [&](int row) {
         doAction(list, row, QAccessibleActionInterface::pressAction());
@@ -212,7 +214,7 @@ void TestListBoxAccessible::severalItemsCanBeSelected()
     QFETCH(QTeskelListBox::SelectionMode, mode);
     QFETCH(bool, several);
     QTeskelListBox list;
-    list.insertStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")});
+    list.insertStringList({u"one"_s, u"two"_s, u"three"_s});
     list.setSelectionMode(mode);
     list.item(1)->setSelectable(false);
     const QString toggle = QAccessibleActionInterface::toggleAction();
@@ -227,9 +229,9 @@ void TestListBoxAccessible::severalItemsCanBeSelected()
     QVERIFY(!offersToggle(1));
     for (int row = 0; row < 3; ++row)
         doAction(list, row, toggle);
-    QCOMPARE(marks(list), several ? QStringLiteral("x.x") : QStringLiteral("..."));
+    QCOMPARE(marks(list), several ? u"x.x"_s : u"..."_s);
     doAction(list, 0, toggle);
-    QCOMPARE(marks(list), several ? QStringLiteral("..x") : QStringLiteral("..."));
+    QCOMPARE(marks(list), several ? u"..x"_s : u"..."_s);
 }
 
 void TestListBoxAccessible::pressedItemComesIntoView()
@@ -247,7 +249,7 @@ void TestListBoxAccessible::pressedItemComesIntoView()
 void TestListBoxAccessible::itemMayGoWhileItIsPressed()
 {
     QTeskelListBox list;
-    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    list.insertStringList({u"one"_s, u"two"_s});
     list.setMultiSelection(true);
     connect(&list, &QTeskelListBox::currentChanged, &list, &QTeskelListBox::clear);
     doAction(list, 1, QAccessibleActionInterface::pressAction());
@@ -257,15 +259,14 @@ void TestListBoxAccessible::itemMayGoWhileItIsPressed()
 void TestListBoxAccessible::interfacesGoWithTheirItems()
 {
     auto list = std::make_unique<QTeskelListBox>();
-    list->insertStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("three")});
+    list->insertStringList({u"one"_s, u"two"_s, u"three"_s});
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(list.get());
     QList<QAccessible::Id> ids;
     for (int row = 0; row < 3; ++row)
         ids << QAccessible::uniqueId(interface->child(row));
     list->removeItem(0);
     QCOMPARE(QAccessible::accessibleInterface(ids[0]), nullptr);
-    QCOMPARE(QAccessible::accessibleInterface(ids[1])->text(QAccessible::Name),
-             QStringLiteral("two"));
+    QCOMPARE(QAccessible::accessibleInterface(ids[1])->text(QAccessible::Name), u"two"_s);
     std::unique_ptr<QTeskelListBoxItem> taken(list->item(0));
     list->takeItem(taken.get());
     QCOMPARE(QAccessible::accessibleInterface(ids[1]), nullptr);
@@ -276,11 +277,11 @@ void TestListBoxAccessible::interfacesGoWithTheirItems()
 void TestListBoxAccessible::selectionAndFocusAreReported()
 {
     QTeskelListBox list;
-    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    list.insertStringList({u"one"_s, u"two"_s});
     list.show();
     events.clear();
     list.setCurrentItem(1);
-    const QString two = QStringLiteral("two");
+    const QString two = u"two"_s;
     QCOMPARE(events, (QList<Event>{{QAccessible::ActiveDescendantChanged, two},
                                    {QAccessible::Selection, two}}));
     list.activateWindow();
@@ -288,17 +289,17 @@ void TestListBoxAccessible::selectionAndFocusAreReported()
     QTRY_VERIFY(list.hasFocus());
     events.clear();
     list.setSelected(0, true);
-    const QString one = QStringLiteral("one");
+    const QString one = u"one"_s;
     QCOMPARE(events, (QList<Event>{{QAccessible::Focus, one}, {QAccessible::Selection, one}}));
 }
 
 void TestListBoxAccessible::textChangesAreReported()
 {
     QTeskelListBox list;
-    list.insertStringList({QStringLiteral("one"), QStringLiteral("two")});
+    list.insertStringList({u"one"_s, u"two"_s});
     events.clear();
-    list.item(1)->setText(QStringLiteral("three"));
-    QCOMPARE(events, (QList<Event>{{QAccessible::NameChanged, QStringLiteral("three")}}));
+    list.item(1)->setText(u"three"_s);
+    QCOMPARE(events, (QList<Event>{{QAccessible::NameChanged, u"three"_s}}));
 }
 
 QTEST_MAIN(TestListBoxAccessible)

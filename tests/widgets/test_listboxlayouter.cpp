@@ -25,7 +25,7 @@ class TestListBoxLayouter : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void grid_data();
     void grid();
     void emptyListHasNoCells();

@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using teskel::ListBoxModel;
 using teskel::test::PlainItem;
 
@@ -37,7 +39,7 @@ class TestListBoxModel : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void insertsAtAnyPlace();
     void indexesFollowChanges();
     void foreignItemsHaveNoIndex();
@@ -54,7 +56,7 @@ void TestListBoxModel::insertsAtAnyPlace()
     f.add("c", 99);
     f.add("a", 0);
     f.add("d", -1);
-    QCOMPARE(f.texts(), QStringLiteral("a b c d"));
+    QCOMPARE(f.texts(), u"a b c d"_s);
     QCOMPARE(f.model.item(4), nullptr);
     QCOMPARE(f.model.item(-1), nullptr);
 }
@@ -92,10 +94,10 @@ void TestListBoxModel::sortsStably()
     f.add("a");
     PlainItem* second = f.add("b");
     f.model.sort(true);
-    QCOMPARE(f.texts(), QStringLiteral("a b b"));
+    QCOMPARE(f.texts(), u"a b b"_s);
     QVERIFY(f.model.index(first) < f.model.index(second));
     f.model.sort(false);
-    QCOMPARE(f.texts(), QStringLiteral("b b a"));
+    QCOMPARE(f.texts(), u"b b a"_s);
     QVERIFY(f.model.index(first) < f.model.index(second));
 }
 
@@ -105,8 +107,8 @@ void TestListBoxModel::findsBeginningsInAnyCase()
     f.add("Hound");
     PlainItem* house = f.add("House");
     f.add("household");
-    QCOMPARE(f.model.findPrefix(QStringLiteral("hous")), house);
-    QCOMPARE(f.model.findPrefix(QStringLiteral("x")), nullptr);
+    QCOMPARE(f.model.findPrefix(u"hous"_s), house);
+    QCOMPARE(f.model.findPrefix(u"x"_s), nullptr);
     QCOMPARE(f.model.findPrefix(QString()), nullptr);
 }
 
@@ -116,9 +118,9 @@ void TestListBoxModel::sortedIndexIsBehindEqualTexts()
     f.add("a");
     f.add("b");
     f.add("c");
-    QCOMPARE(f.model.sortedIndex(QStringLiteral("b")), 2);
-    QCOMPARE(f.model.sortedIndex(QStringLiteral("")), 0);
-    QCOMPARE(f.model.sortedIndex(QStringLiteral("z")), 3);
+    QCOMPARE(f.model.sortedIndex(u"b"_s), 2);
+    QCOMPARE(f.model.sortedIndex(u""_s), 0);
+    QCOMPARE(f.model.sortedIndex(u"z"_s), 3);
 }
 
 void TestListBoxModel::knowsWhatWasRemoved()

@@ -7,7 +7,7 @@ class TestListBoxNavigation : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void target_data();
     void target();
 };

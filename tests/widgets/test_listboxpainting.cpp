@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 const QColor Base(10, 20, 30);
@@ -68,7 +70,7 @@ struct List {
         list.setFrameStyle(QFrame::NoFrame);
         list.resize(200, 100);
         for (int row = 0; row < 4; ++row) {
-            items << new SpyItem(QStringLiteral("item"));
+            items << new SpyItem(u"item"_s);
             list.insertItem(items.last());
         }
         list.show();
@@ -83,7 +85,7 @@ class TestListBoxPainting : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void unselectedIsOnBase();
     void selectedFillsTheCell();
     void selectedFillsTheItemWidthInColumns();
@@ -178,7 +180,7 @@ void TestListBoxPainting::focusRectangleIsAroundNoOtherItem()
 void TestListBoxPainting::textIsDrawnAtItsPlace()
 {
     QTeskelListBox list;
-    auto* item = new QTeskelListBoxText(&list, QStringLiteral("Wg"));
+    auto* item = new QTeskelListBoxText(&list, u"Wg"_s);
     const QFontMetrics metrics(list.font());
     QImage painted(100, 50, QImage::Format_ARGB32_Premultiplied);
     QImage expected = painted;
@@ -189,9 +191,8 @@ void TestListBoxPainting::textIsDrawnAtItsPlace()
         if (image == &painted)
             item->paint(&painter);
         else
-            painter.drawText(3,
-                             painter.fontMetrics().ascent() + painter.fontMetrics().leading() / 2,
-                             QStringLiteral("Wg"));
+            painter.drawText(
+                3, painter.fontMetrics().ascent() + painter.fontMetrics().leading() / 2, u"Wg"_s);
     }
     QCOMPARE(painted, expected);
     QCOMPARE(item->height(&list), metrics.lineSpacing() + 2);
@@ -203,7 +204,7 @@ void TestListBoxPainting::pixmapIsDrawn()
     red.fill(Qt::red);
     QTeskelListBox list;
     list.setFrameStyle(QFrame::NoFrame);
-    auto* item = new QTeskelListBoxPixmap(&list, red, QStringLiteral("x"));
+    auto* item = new QTeskelListBoxPixmap(&list, red, u"x"_s);
     auto* bare = new QTeskelListBoxPixmap(&list, red);
     QCOMPARE(bare->width(&list), 36);
     QCOMPARE(bare->height(&list), 40);
@@ -265,7 +266,7 @@ void TestListBoxPainting::changingTheCurrentItemRepaintsBoth()
             if (item->painted > 0)
                 return false;
         }
-        return !l.list.findChild<QTimer*>(QStringLiteral("listbox visible timer"))->isActive();
+        return !l.list.findChild<QTimer*>(u"listbox visible timer"_s)->isActive();
     };
     QTRY_VERIFY(comesToRest());
     if (bySelecting)

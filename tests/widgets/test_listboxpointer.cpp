@@ -9,6 +9,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 using teskel::test::PlainItem;
 using teskel::test::SignalLog;
 
@@ -58,12 +60,9 @@ struct List {
 QStringList choosing(const char* name, int index)
 {
     const QString text = QString::fromLatin1(name);
-    return {QStringLiteral("selectionChanged(%1)").arg(text),
-            QStringLiteral("selectionChanged()"),
-            QStringLiteral("highlighted(%1)").arg(text),
-            QStringLiteral("highlighted(\"%1\")").arg(text),
-            QStringLiteral("highlighted(%1)").arg(index),
-            QStringLiteral("currentChanged(%1)").arg(text)};
+    return {u"selectionChanged(%1)"_s.arg(text), u"selectionChanged()"_s,
+            u"highlighted(%1)"_s.arg(text),      u"highlighted(\"%1\")"_s.arg(text),
+            u"highlighted(%1)"_s.arg(index),     u"currentChanged(%1)"_s.arg(text)};
 }
 } // namespace
 
@@ -71,7 +70,7 @@ class TestListBoxPointer : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void pressSelectsAndReports_data();
     void pressSelectsAndReports();
     void releaseOnTheSameItemIsAClick_data();
@@ -105,10 +104,10 @@ void TestListBoxPointer::pressSelectsAndReports()
     List l;
     l.press(2, button);
     QStringList expected = choosing("c", 2);
-    expected << QStringLiteral("pressed(c)") << QStringLiteral("pressed(c,pos)")
-             << QStringLiteral("mouseButtonPressed(%1,c)").arg(int(button));
+    expected << u"pressed(c)"_s << u"pressed(c,pos)"_s
+             << u"mouseButtonPressed(%1,c)"_s.arg(int(button));
     if (button == Qt::RightButton)
-        expected << QStringLiteral("rightButtonPressed(c,pos)");
+        expected << u"rightButtonPressed(c,pos)"_s;
     QCOMPARE(l.log.take(), expected);
 }
 
@@ -124,10 +123,10 @@ void TestListBoxPointer::releaseOnTheSameItemIsAClick()
     l.press(2, button);
     l.log.take();
     l.release(2, button);
-    QStringList expected{QStringLiteral("clicked(c)"), QStringLiteral("clicked(c,pos)"),
-                         QStringLiteral("mouseButtonClicked(%1,c)").arg(int(button))};
+    QStringList expected{u"clicked(c)"_s, u"clicked(c,pos)"_s,
+                         u"mouseButtonClicked(%1,c)"_s.arg(int(button))};
     if (button == Qt::RightButton)
-        expected << QStringLiteral("rightButtonClicked(c,pos)");
+        expected << u"rightButtonClicked(c,pos)"_s;
     QCOMPARE(l.log.take(), expected);
 }
 
@@ -145,12 +144,10 @@ void TestListBoxPointer::pressOnNothingReportsNothing()
     List l(2);
     l.press(3);
     QCOMPARE(l.log.take(),
-             (QStringList{QStringLiteral("pressed(-)"), QStringLiteral("pressed(-,pos)"),
-                          QStringLiteral("mouseButtonPressed(1,-)")}));
+             (QStringList{u"pressed(-)"_s, u"pressed(-,pos)"_s, u"mouseButtonPressed(1,-)"_s}));
     l.release(3);
     QCOMPARE(l.log.take(),
-             (QStringList{QStringLiteral("clicked(-)"), QStringLiteral("clicked(-,pos)"),
-                          QStringLiteral("mouseButtonClicked(1,-)")}));
+             (QStringList{u"clicked(-)"_s, u"clicked(-,pos)"_s, u"mouseButtonClicked(1,-)"_s}));
     QCOMPARE(l.list.currentItem(), -1);
 }
 
@@ -164,9 +161,8 @@ void TestListBoxPointer::doubleClickEmitsInOrder()
                       Qt::NoModifier);
     QCoreApplication::sendEvent(l.list.viewport(), &twice);
     l.release(1);
-    QCOMPARE(l.log.take(),
-             (QStringList{QStringLiteral("selected(1)"), QStringLiteral("selected(b)"),
-                          QStringLiteral("selected(\"b\")"), QStringLiteral("doubleClicked(b)")}));
+    QCOMPARE(l.log.take(), (QStringList{u"selected(1)"_s, u"selected(b)"_s, u"selected(\"b\")"_s,
+                                        u"doubleClicked(b)"_s}));
 }
 
 void TestListBoxPointer::dragMovesTheCurrentItem()
@@ -186,7 +182,7 @@ void TestListBoxPointer::dragOutsideScrolls()
     List l;
     l.press(3);
     l.drag({20, 130});
-    auto* timer = l.list.findChild<QTimer*>(QStringLiteral("listbox scroll timer"));
+    auto* timer = l.list.findChild<QTimer*>(u"listbox scroll timer"_s);
     QVERIFY(timer->isActive());
     QCOMPARE(timer->interval(), 100);
     QCOMPARE(l.list.currentItem(), 4);
@@ -216,7 +212,7 @@ void TestListBoxPointer::dragEndsWhenTheReleaseIsLost()
     List l;
     l.press(3);
     l.drag({20, 130});
-    auto* timer = l.list.findChild<QTimer*>(QStringLiteral("listbox scroll timer"));
+    auto* timer = l.list.findChild<QTimer*>(u"listbox scroll timer"_s);
     QVERIFY(timer->isActive());
     QDialog dialog;
     QWidget popup(nullptr, Qt::Popup);
@@ -246,8 +242,8 @@ void TestListBoxPointer::moveWithoutTheButtonEndsTheDrag()
     QMouseEvent move(QEvent::MouseMove, position, l.list.viewport()->mapToGlobal(position),
                      Qt::NoButton, Qt::NoButton, Qt::NoModifier);
     QCoreApplication::sendEvent(l.list.viewport(), &move);
-    QCOMPARE(l.log.take(), QStringList{QStringLiteral("onItem(b)")});
-    QVERIFY(!l.list.findChild<QTimer*>(QStringLiteral("listbox scroll timer"))->isActive());
+    QCOMPARE(l.log.take(), QStringList{u"onItem(b)"_s});
+    QVERIFY(!l.list.findChild<QTimer*>(u"listbox scroll timer"_s)->isActive());
     l.drag(List::at(0));
     QCOMPARE(l.list.currentItem(), 4);
     l.release(3);
@@ -277,8 +273,7 @@ void TestListBoxPointer::hoverReportsItemsOnce()
     hover(List::at(1));
     hover(List::at(3));
     hover(List::at(4));
-    QCOMPARE(l.log.take(), (QStringList{QStringLiteral("onItem(a)"), QStringLiteral("onItem(b)"),
-                                        QStringLiteral("onViewport()")}));
+    QCOMPARE(l.log.take(), (QStringList{u"onItem(a)"_s, u"onItem(b)"_s, u"onViewport()"_s}));
     QVERIFY(l.list.viewport()->hasMouseTracking());
 }
 
@@ -290,9 +285,9 @@ void TestListBoxPointer::multiTogglesAndDragsOn()
     l.drag(List::at(1));
     l.drag(List::at(2));
     l.release(2);
-    QCOMPARE(l.marks(), QStringLiteral("xxx.."));
+    QCOMPARE(l.marks(), u"xxx.."_s);
     l.click(1);
-    QCOMPARE(l.marks(), QStringLiteral("x.x.."));
+    QCOMPARE(l.marks(), u"x.x.."_s);
 }
 
 void TestListBoxPointer::extendedSelectsRanges()
@@ -301,11 +296,11 @@ void TestListBoxPointer::extendedSelectsRanges()
     l.list.setSelectionMode(QTeskelListBox::Extended);
     l.click(1);
     l.click(3, Qt::ShiftModifier);
-    QCOMPARE(l.marks(), QStringLiteral(".xxx."));
+    QCOMPARE(l.marks(), u".xxx."_s);
     l.click(2, Qt::ControlModifier);
-    QCOMPARE(l.marks(), QStringLiteral(".x.x."));
+    QCOMPARE(l.marks(), u".x.x."_s);
     l.click(4);
-    QCOMPARE(l.marks(), QStringLiteral("....x"));
+    QCOMPARE(l.marks(), u"....x"_s);
 }
 
 void TestListBoxPointer::removedItemIsNotClicked()

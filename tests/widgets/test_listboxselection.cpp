@@ -7,6 +7,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 using teskel::ListBoxModel;
 using teskel::ListBoxSelection;
 using teskel::test::PlainItem;
@@ -38,7 +40,7 @@ class TestListBoxSelection : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void singleHoldsOneItem();
     void singleSelectMovesTheCurrentItem();
     void selectIsSilentWithoutAChange();
@@ -59,7 +61,7 @@ void TestListBoxSelection::singleHoldsOneItem()
     QVERIFY(change.itemSelected && change.selectionChanged);
     change = f.selection.makeCurrent(&f.items[3]);
     QCOMPARE(change.previous, static_cast<QTeskelListBoxItem*>(&f.items[1]));
-    QCOMPARE(f.marks(), QStringLiteral("...x."));
+    QCOMPARE(f.marks(), u"...x."_s);
 }
 
 void TestListBoxSelection::singleSelectMovesTheCurrentItem()
@@ -69,7 +71,7 @@ void TestListBoxSelection::singleSelectMovesTheCurrentItem()
     const auto change = f.selection.select(&f.items[2], true);
     QVERIFY(change.currentMoved && change.itemSelected && change.selectionChanged);
     QCOMPARE(f.selection.current(), static_cast<QTeskelListBoxItem*>(&f.items[2]));
-    QCOMPARE(f.marks(), QStringLiteral("..x.."));
+    QCOMPARE(f.marks(), u"..x.."_s);
 }
 
 void TestListBoxSelection::selectIsSilentWithoutAChange()
@@ -90,7 +92,7 @@ void TestListBoxSelection::unselectableBecomesCurrentOnly()
     f.items[1].setSelectable(false);
     const auto change = f.selection.makeCurrent(&f.items[1]);
     QVERIFY(!change.itemSelected && change.selectionChanged);
-    QCOMPARE(f.marks(), QStringLiteral("....."));
+    QCOMPARE(f.marks(), u"....."_s);
 }
 
 void TestListBoxSelection::multiKeepsOthers()
@@ -100,7 +102,7 @@ void TestListBoxSelection::multiKeepsOthers()
     const auto change = f.selection.select(&f.items[2], true);
     QVERIFY(!change.itemSelected && !change.currentMoved && change.selectionChanged);
     f.selection.makeCurrent(&f.items[4]);
-    QCOMPARE(f.marks(), QStringLiteral("x.x.."));
+    QCOMPARE(f.marks(), u"x.x.."_s);
 }
 
 void TestListBoxSelection::noSelectionSelectsNothing()
@@ -108,7 +110,7 @@ void TestListBoxSelection::noSelectionSelectsNothing()
     Fixture f(QTeskelListBox::NoSelection);
     QVERIFY(!f.selection.select(&f.items[0], true).selectionChanged);
     f.selection.makeCurrent(&f.items[1]);
-    QCOMPARE(f.marks(), QStringLiteral("....."));
+    QCOMPARE(f.marks(), u"....."_s);
 }
 
 void TestListBoxSelection::rangesCountFromTheAnchor()
@@ -116,9 +118,9 @@ void TestListBoxSelection::rangesCountFromTheAnchor()
     Fixture f(QTeskelListBox::Extended);
     f.selection.selectOnly(&f.items[2]);
     f.selection.selectFromAnchor(&f.items[4], true);
-    QCOMPARE(f.marks(), QStringLiteral("..xxx"));
+    QCOMPARE(f.marks(), u"..xxx"_s);
     f.selection.selectFromAnchor(&f.items[0], true);
-    QCOMPARE(f.marks(), QStringLiteral("xxx.."));
+    QCOMPARE(f.marks(), u"xxx.."_s);
     QVERIFY(!f.selection.selectFromAnchor(&f.items[0], true));
 }
 
@@ -127,10 +129,10 @@ void TestListBoxSelection::allAndInvertSkipUnselectable()
     Fixture f(QTeskelListBox::Multi);
     f.items[1].setSelectable(false);
     QVERIFY(f.selection.selectAll(true));
-    QCOMPARE(f.marks(), QStringLiteral("x.xxx"));
+    QCOMPARE(f.marks(), u"x.xxx"_s);
     f.selection.select(&f.items[0], false);
     f.selection.invert();
-    QCOMPARE(f.marks(), QStringLiteral("x...."));
+    QCOMPARE(f.marks(), u"x...."_s);
     QVERIFY(f.selection.selectAll(false));
     QVERIFY(!f.selection.clear());
 }
@@ -140,7 +142,7 @@ void TestListBoxSelection::allIsForSeveralOnly()
     Fixture f(QTeskelListBox::Single);
     QVERIFY(!f.selection.selectAll(true));
     QVERIFY(!f.selection.invert());
-    QCOMPARE(f.marks(), QStringLiteral("....."));
+    QCOMPARE(f.marks(), u"....."_s);
 }
 
 void TestListBoxSelection::changingTheModeDropsWhatItForbids()
@@ -149,9 +151,9 @@ void TestListBoxSelection::changingTheModeDropsWhatItForbids()
     f.selection.selectAll(true);
     f.selection.makeCurrent(&f.items[2]);
     QVERIFY(f.selection.setMode(QTeskelListBox::Single));
-    QCOMPARE(f.marks(), QStringLiteral("..x.."));
+    QCOMPARE(f.marks(), u"..x.."_s);
     QVERIFY(f.selection.setMode(QTeskelListBox::NoSelection));
-    QCOMPARE(f.marks(), QStringLiteral("....."));
+    QCOMPARE(f.marks(), u"....."_s);
 }
 
 void TestListBoxSelection::forgottenItemIsNotCurrent()
@@ -162,7 +164,7 @@ void TestListBoxSelection::forgottenItemIsNotCurrent()
     f.selection.forget(&f.items[2]);
     QCOMPARE(f.selection.current(), nullptr);
     f.selection.selectFromAnchor(&f.items[0], true);
-    QCOMPARE(f.marks(), QStringLiteral("x...."));
+    QCOMPARE(f.marks(), u"x...."_s);
 }
 
 QTEST_APPLESS_MAIN(TestListBoxSelection)

@@ -5,11 +5,13 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 class TestListBoxTypeAhead : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void collectsInLowerCase();
     void expiresHalfASecondAfterTheLastKey();
     void clearEndsWaiting();
@@ -18,15 +20,15 @@ private Q_SLOTS:
 void TestListBoxTypeAhead::collectsInLowerCase()
 {
     teskel::ListBoxTypeAhead typeAhead;
-    typeAhead.append(QStringLiteral("H"));
-    QCOMPARE(typeAhead.append(QStringLiteral("\u00D6U")), QStringLiteral("h\u00F6u"));
+    typeAhead.append(u"H"_s);
+    QCOMPARE(typeAhead.append(u"\u00D6U"_s), u"h\u00F6u"_s);
 }
 
 void TestListBoxTypeAhead::expiresHalfASecondAfterTheLastKey()
 {
     teskel::ListBoxTypeAhead typeAhead;
     auto* timer = typeAhead.findChild<QTimer*>();
-    typeAhead.append(QStringLiteral("a"));
+    typeAhead.append(u"a"_s);
     QVERIFY(timer->isActive() && timer->isSingleShot());
     QCOMPARE(timer->interval(), 500);
     QSignalSpy expired(&typeAhead, &teskel::ListBoxTypeAhead::expired);
@@ -37,10 +39,10 @@ void TestListBoxTypeAhead::expiresHalfASecondAfterTheLastKey()
 void TestListBoxTypeAhead::clearEndsWaiting()
 {
     teskel::ListBoxTypeAhead typeAhead;
-    typeAhead.append(QStringLiteral("a"));
+    typeAhead.append(u"a"_s);
     typeAhead.clear();
     QVERIFY(!typeAhead.findChild<QTimer*>()->isActive());
-    QCOMPARE(typeAhead.append(QStringLiteral("b")), QStringLiteral("b"));
+    QCOMPARE(typeAhead.append(u"b"_s), u"b"_s);
 }
 
 QTEST_GUILESS_MAIN(TestListBoxTypeAhead)

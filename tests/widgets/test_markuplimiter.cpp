@@ -9,6 +9,8 @@
 
 #include <span>
 
+using namespace Qt::StringLiterals;
+
 using teskel::MarkupLimiter;
 
 namespace
@@ -21,11 +23,7 @@ constexpr qsizetype longestArticle = 32'767;
 class Bare : public QTextEdit
 {
 public:
-    Bare()
-    {
-        document()->setDefaultStyleSheet(
-            QStringLiteral("p { margin-top: 4px; margin-bottom: 4px; }"));
-    }
+    Bare() { document()->setDefaultStyleSheet(u"p { margin-top: 4px; margin-bottom: 4px; }"_s); }
     QVariant loadResource(int type, const QUrl&) override
     {
         return type == QTextDocument::ImageResource ? QVariant(QImage()) : QVariant(QByteArray(""));
@@ -66,10 +64,10 @@ int cellCount(const QTextFrame* frame)
     return count;
 }
 
-QString table(int rows, int columns, const QString& cell = QStringLiteral("x"))
+QString table(int rows, int columns, const QString& cell = u"x"_s)
 {
-    const QString row = QStringLiteral("<tr>") + (QStringLiteral("<td>") + cell).repeated(columns);
-    return QStringLiteral("<table>") + row.repeated(rows) + QStringLiteral("</table>");
+    const QString row = u"<tr>"_s + (u"<td>"_s + cell).repeated(columns);
+    return u"<table>"_s + row.repeated(rows) + u"</table>"_s;
 }
 
 /// A text of up to `length` of the parts.
@@ -196,7 +194,7 @@ class TestMarkupLimiter : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void ordinaryTextIsWithinTheLimits_data();
     void ordinaryTextIsWithinTheLimits();
     void showsWhatTheBareViewShows_data();
@@ -227,31 +225,29 @@ void TestMarkupLimiter::ordinaryTextIsWithinTheLimits_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addRow("empty") << QString();
-    QTest::addRow("article") << QStringLiteral("<p><b>house</b></p><p>"
-                                               "<b><font color=\"#0000FF\">1.</font></b> Haus</p>");
-    QTest::addRow("sloppy") << QStringLiteral("a < b & c <i>unclosed <b>x</i>");
-    QTest::addRow("deep but short") << QStringLiteral("<div>").repeated(100);
-    QTest::addRow("words") << QStringLiteral("vegetable comfortable img table imgs<p>tables");
+    QTest::addRow("article") << u"<p><b>house</b></p><p>"
+                                "<b><font color=\"#0000FF\">1.</font></b> Haus</p>"_s;
+    QTest::addRow("sloppy") << u"a < b & c <i>unclosed <b>x</i>"_s;
+    QTest::addRow("deep but short") << u"<div>"_s.repeated(100);
+    QTest::addRow("words") << u"vegetable comfortable img table imgs<p>tables"_s;
     QTest::addRow("many paragraphs")
-        << QStringLiteral("<p><b><font color=\"#0000FF\">1.</font></b> <i>word</i> R&D<br>x</p>\n")
-               .repeated(2000);
-    QTest::addRow("many open tags in paragraphs")
-        << QStringLiteral("<p>x <- y <b>z <i></p>").repeated(1000);
-    QTest::addRow("many references") << QStringLiteral("R&D &amp; &auml; ").repeated(1000);
-    QTest::addRow("comparisons") << QStringLiteral("if a < b & c > d, x < y f&#252;r z > w");
-    QTest::addRow("placeholders")
-        << QStringLiteral("<&Ouml;l> in <Gef&auml;&szlig;> <&#214;l>").repeated(80);
-    QTest::addRow("table") << QStringLiteral("<table border=\"1\" width=\"100%\">"
-                                             "<tr><td colspan=2>a &amp; b<td>c"
-                                             "<tr><td rowspan=2><b>d</b></table>");
+        << u"<p><b><font color=\"#0000FF\">1.</font></b> <i>word</i> R&D<br>x</p>\n"_s.repeated(
+               2000);
+    QTest::addRow("many open tags in paragraphs") << u"<p>x <- y <b>z <i></p>"_s.repeated(1000);
+    QTest::addRow("many references") << u"R&D &amp; &auml; "_s.repeated(1000);
+    QTest::addRow("comparisons") << u"if a < b & c > d, x < y f&#252;r z > w"_s;
+    QTest::addRow("placeholders") << u"<&Ouml;l> in <Gef&auml;&szlig;> <&#214;l>"_s.repeated(80);
+    QTest::addRow("table") << u"<table border=\"1\" width=\"100%\">"
+                              "<tr><td colspan=2>a &amp; b<td>c"
+                              "<tr><td rowspan=2><b>d</b></table>"_s;
     QTest::addRow("table with references")
-        << QStringLiteral("<table title='R&#38;D'><tr><td title='&auml;'>x</table>");
+        << u"<table title='R&#38;D'><tr><td title='&auml;'>x</table>"_s;
     QTest::addRow("conjugation") << table(40, 8);
     QTest::addRow("coloured table")
-        << QStringLiteral("<table bgcolor=#99999999 style='color:#123456'><tr><td>x</table>");
-    QTest::addRow("style sheet") << QStringLiteral("<style>b { color: red } </style>") +
-                                        QStringLiteral("<p><b>x</b></p>").repeated(500);
-    QTest::addRow("pictures") << QStringLiteral("<img src=x.png width=20 height=20>").repeated(50);
+        << u"<table bgcolor=#99999999 style='color:#123456'><tr><td>x</table>"_s;
+    QTest::addRow("style sheet") << u"<style>b { color: red } </style>"_s +
+                                        u"<p><b>x</b></p>"_s.repeated(500);
+    QTest::addRow("pictures") << u"<img src=x.png width=20 height=20>"_s.repeated(50);
 }
 
 void TestMarkupLimiter::ordinaryTextIsWithinTheLimits()
@@ -287,9 +283,8 @@ void TestMarkupLimiter::showsWhatTheBareViewShows_data()
              "<!--StartFragment--><b>img</b><!--EndFragment--> table",
          })
         QTest::addRow("%s", text) << QString::fromUtf8(text);
-    QTest::addRow("many tags")
-        << QStringLiteral("x <- y <b>a</b>\n<i>b\nc</i></p><p>").repeated(99);
-    QTest::addRow("many references") << QStringLiteral("a & b &amp c &amp; d&").repeated(200);
+    QTest::addRow("many tags") << u"x <- y <b>a</b>\n<i>b\nc</i></p><p>"_s.repeated(99);
+    QTest::addRow("many references") << u"a & b &amp c &amp; d&"_s.repeated(200);
 }
 
 void TestMarkupLimiter::showsWhatTheBareViewShows()
@@ -350,23 +345,19 @@ void TestMarkupLimiter::limitsAreWhereTheyAre_data()
     const auto row = [](const char* name, const QString& unit, int limit) {
         QTest::addRow("%s", name) << unit.repeated(limit) + u'x' << unit.repeated(limit + 1) + u'x';
     };
-    row("elements", QStringLiteral("<b>"), MarkupLimiter::maxDepth);
-    row("tables", QStringLiteral("<table><tr><td>"), MarkupLimiter::maxTableDepth);
-    row("rows", QStringLiteral("<tr><td>x"), MarkupLimiter::maxCells);
-    row("columns", QStringLiteral("<td>x"), MarkupLimiter::maxCells);
-    row("single cells", QStringLiteral("<table><tr><td>x</table>"), MarkupLimiter::maxCells);
-    row("pictures", QStringLiteral("<img src=x.png>"), MarkupLimiter::maxPictures);
+    row("elements", u"<b>"_s, MarkupLimiter::maxDepth);
+    row("tables", u"<table><tr><td>"_s, MarkupLimiter::maxTableDepth);
+    row("rows", u"<tr><td>x"_s, MarkupLimiter::maxCells);
+    row("columns", u"<td>x"_s, MarkupLimiter::maxCells);
+    row("single cells", u"<table><tr><td>x</table>"_s, MarkupLimiter::maxCells);
+    row("pictures", u"<img src=x.png>"_s, MarkupLimiter::maxPictures);
     QTest::addRow("grid") << table(40, 50) << table(40, 51);
     QTest::addRow("mostly empty grid")
-        << QStringLiteral("<table><tr>") + QStringLiteral("<td>").repeated(100) +
-               QStringLiteral("<tr><td>").repeated(19)
-        << QStringLiteral("<table><tr>") + QStringLiteral("<td>").repeated(100) +
-               QStringLiteral("<tr><td>").repeated(20);
+        << u"<table><tr>"_s + u"<td>"_s.repeated(100) + u"<tr><td>"_s.repeated(19)
+        << u"<table><tr>"_s + u"<td>"_s.repeated(100) + u"<tr><td>"_s.repeated(20);
     QTest::addRow("late wide row")
-        << QStringLiteral("<table>") + QStringLiteral("<tr><td>").repeated(19) +
-               QStringLiteral("<tr>") + QStringLiteral("<td>").repeated(100)
-        << QStringLiteral("<table>") + QStringLiteral("<tr><td>").repeated(20) +
-               QStringLiteral("<tr>") + QStringLiteral("<td>").repeated(100);
+        << u"<table>"_s + u"<tr><td>"_s.repeated(19) + u"<tr>"_s + u"<td>"_s.repeated(100)
+        << u"<table>"_s + u"<tr><td>"_s.repeated(20) + u"<tr>"_s + u"<td>"_s.repeated(100);
 }
 
 void TestMarkupLimiter::limitsAreWhereTheyAre()
@@ -388,7 +379,7 @@ void TestMarkupLimiter::nestingBeyondTheLimitIsPlainText_data()
 void TestMarkupLimiter::nestingBeyondTheLimitIsPlainText()
 {
     QFETCH(QString, tag);
-    const QString text = (u'<' + tag + u'>').repeated(1000) + QStringLiteral(" words");
+    const QString text = (u'<' + tag + u'>').repeated(1000) + u" words"_s;
     const Shown view(text);
     QCOMPARE(view.toPlainText(), text);
     QCOMPARE(view.text(), text);
@@ -397,29 +388,27 @@ void TestMarkupLimiter::nestingBeyondTheLimitIsPlainText()
 void TestMarkupLimiter::tricksDoNotHideNesting_data()
 {
     QTest::addColumn<QString>("unit");
-    QTest::addRow("end tag in a comment") << QStringLiteral("<div><!-- </div> -->");
-    QTest::addRow("end tag in a declaration") << QStringLiteral("<div><! </div>");
-    QTest::addRow("end tag in an attribute") << QStringLiteral("<div><b title=\"</div>\">");
-    QTest::addRow("quoted end of the tag") << QStringLiteral("<div><b title=\"></div>\">");
-    QTest::addRow("escaped quote") << QStringLiteral("<div><b title='\\'></div>'>");
-    QTest::addRow("half a quote") << QStringLiteral("<div><b x=a' y='></div>'>");
-    QTest::addRow("end tag in a tag without end") << QStringLiteral("<div><i </div>");
-    QTest::addRow("end tag in a style sheet") << QStringLiteral("<div><style></style><p></b>");
-    QTest::addRow("end tag of another element") << QStringLiteral("<div></b </div>");
-    QTest::addRow("end tag with a longer name") << QStringLiteral("<div></divx>");
-    QTest::addRow("quoted name") << QStringLiteral("<\"div\">");
-    QTest::addRow("blank before the name") << QStringLiteral("< div>");
-    QTest::addRow("upper case") << QStringLiteral("<DIV>");
-    QTest::addRow("slash in an attribute") << QStringLiteral("<a href=x/y>");
-    QTest::addRow("back into an ended element") << QStringLiteral("<div><br></div></br>");
-    QTest::addRow("back over a blank") << QStringLiteral("<div><hr></div> </hr>");
+    QTest::addRow("end tag in a comment") << u"<div><!-- </div> -->"_s;
+    QTest::addRow("end tag in a declaration") << u"<div><! </div>"_s;
+    QTest::addRow("end tag in an attribute") << u"<div><b title=\"</div>\">"_s;
+    QTest::addRow("quoted end of the tag") << u"<div><b title=\"></div>\">"_s;
+    QTest::addRow("escaped quote") << u"<div><b title='\\'></div>'>"_s;
+    QTest::addRow("half a quote") << u"<div><b x=a' y='></div>'>"_s;
+    QTest::addRow("end tag in a tag without end") << u"<div><i </div>"_s;
+    QTest::addRow("end tag in a style sheet") << u"<div><style></style><p></b>"_s;
+    QTest::addRow("end tag of another element") << u"<div></b </div>"_s;
+    QTest::addRow("end tag with a longer name") << u"<div></divx>"_s;
+    QTest::addRow("quoted name") << u"<\"div\">"_s;
+    QTest::addRow("blank before the name") << u"< div>"_s;
+    QTest::addRow("upper case") << u"<DIV>"_s;
+    QTest::addRow("slash in an attribute") << u"<a href=x/y>"_s;
+    QTest::addRow("back into an ended element") << u"<div><br></div></br>"_s;
+    QTest::addRow("back over a blank") << u"<div><hr></div> </hr>"_s;
     QTest::addRow("end tag of an element that a reference names")
-        << QStringLiteral("<&amp;><b></&AMP;><div></b></&amp;>");
-    QTest::addRow("name with a numeric reference") << QStringLiteral("<di&#118;>");
-    QTest::addRow("end of an element that a paragraph had ended")
-        << QStringLiteral("<p><b><p></b><div><div>");
-    QTest::addRow("within a fragment")
-        << QStringLiteral("<b x='<!--StartFragment-->'></b></b><div>");
+        << u"<&amp;><b></&AMP;><div></b></&amp;>"_s;
+    QTest::addRow("name with a numeric reference") << u"<di&#118;>"_s;
+    QTest::addRow("end of an element that a paragraph had ended") << u"<p><b><p></b><div><div>"_s;
+    QTest::addRow("within a fragment") << u"<b x='<!--StartFragment-->'></b></b><div>"_s;
 }
 
 void TestMarkupLimiter::tricksDoNotHideNesting()
@@ -451,28 +440,24 @@ void TestMarkupLimiter::endedElementsDoNotCount()
 void TestMarkupLimiter::tricksDoNotHideTables_data()
 {
     QTest::addColumn<QString>("text");
-    const QString simple = QStringLiteral("<table><tr><td>x</table>");
+    const QString simple = u"<table><tr><td>x</table>"_s;
     // The document puts each into the one before.
-    QTest::addRow("tables between cells")
-        << QStringLiteral("<table><tr><td>a</td>") + simple.repeated(30);
-    QTest::addRow("tables between rows") << QStringLiteral("<table>") + simple.repeated(30);
-    QTest::addRow("tables in a caption")
-        << QStringLiteral("<table><caption>") + simple.repeated(30);
+    QTest::addRow("tables between cells") << u"<table><tr><td>a</td>"_s + simple.repeated(30);
+    QTest::addRow("tables between rows") << u"<table>"_s + simple.repeated(30);
+    QTest::addRow("tables in a caption") << u"<table><caption>"_s + simple.repeated(30);
     // A hidden table ends the one around it.
-    QTest::addRow("hidden table") << QStringLiteral("<table><tr><td>x<title>") + simple;
+    QTest::addRow("hidden table") << u"<table><tr><td>x<title>"_s + simple;
     QTest::addRow("cells without tables")
-        << QStringLiteral("<tr><td><table>").repeated(MarkupLimiter::maxTableDepth + 1);
+        << u"<tr><td><table>"_s.repeated(MarkupLimiter::maxTableDepth + 1);
     for (const char* span :
          {"colspan=2000000000", "ROWSPAN = \"99999\"", "colspan='2001'", "rowspan=+2147483647",
           "rowspan=50 colspan=50", "rowspan=2&#48;00", "rowsp&#97;n=9999", "x='' rowspan=9999",
           "rowspan=1 rowspan=9999", "rowspan\n=\n9999", "\"rowspan\"=\"9999\""})
-        QTest::addRow("%s", span)
-            << QStringLiteral("<table><tr><td %1>x</table>").arg(QString::fromLatin1(span));
-    QTest::addRow("hanging cells")
-        << QStringLiteral("<table>") + QStringLiteral("<tr><td rowspan=50>x").repeated(50);
-    QTest::addRow("named by a reference") << QStringLiteral("<t&#97;ble>") + simple;
-    QTest::addRow("cells moved by a style")
-        << QStringLiteral("<p style='-qt-paragraph-type:empty'>") + simple;
+        QTest::addRow("%s", span) << u"<table><tr><td %1>x</table>"_s.arg(
+            QString::fromLatin1(span));
+    QTest::addRow("hanging cells") << u"<table>"_s + u"<tr><td rowspan=50>x"_s.repeated(50);
+    QTest::addRow("named by a reference") << u"<t&#97;ble>"_s + simple;
+    QTest::addRow("cells moved by a style") << u"<p style='-qt-paragraph-type:empty'>"_s + simple;
 }
 
 void TestMarkupLimiter::tricksDoNotHideTables()
@@ -517,7 +502,7 @@ void TestMarkupLimiter::hugeLengthsArePlainText_data()
           "word<img src=x align=left width=1e300 height=inf>"})
         QTest::addRow("%s", markup) << QString::fromLatin1(markup);
     // Each length is modest; together they are higher or wider than a layout can be.
-    const QString words = QStringLiteral("xxxxxxxx ").repeated(3000);
+    const QString words = u"xxxxxxxx "_s.repeated(3000);
     for (const char* start : {"<span style='font-size:2000px'>", "<p style='line-height:9999px'>",
                               "<p style='line-height:9999%'>", "<p style='line-height:99'>",
                               "<p style='font:italic 2000pt x'>", "<style>p{font-size:2000px}</x>"})
@@ -526,9 +511,9 @@ void TestMarkupLimiter::hugeLengthsArePlainText_data()
                              "<img height=30000><br>", "<table height=30000><tr><td>x</table>"})
         QTest::addRow("many %s", unit) << QString::fromLatin1(unit).repeated(250);
     QTest::addRow("many wide cells")
-        << QStringLiteral("<table cellpadding=9999><tr>") + QStringLiteral("<td>x").repeated(1000);
-    QTest::addRow("many wide elements") << QStringLiteral("<style>div{margin:9999px}</style>") +
-                                               QStringLiteral("<div>x</div>").repeated(1000);
+        << u"<table cellpadding=9999><tr>"_s + u"<td>x"_s.repeated(1000);
+    QTest::addRow("many wide elements")
+        << u"<style>div{margin:9999px}</style>"_s + u"<div>x</div>"_s.repeated(1000);
 }
 
 void TestMarkupLimiter::hugeLengthsArePlainText()
@@ -570,12 +555,11 @@ void TestMarkupLimiter::modestLengthsAreShown_data()
          })
         QTest::addRow("%s", markup) << QString::fromLatin1(markup);
     QTest::addRow("many coloured, bold words in a usual size")
-        << QStringLiteral("<span style='color:rgb(255,255,255); font-weight:600; font-size:12pt;"
-                          " line-height:120%'>word word</span> ")
-               .repeated(300);
+        << u"<span style='color:rgb(255,255,255); font-weight:600; font-size:12pt;"
+           " line-height:120%'>word word</span> "_s.repeated(300);
     QTest::addRow("table in cells of a usual width")
-        << QStringLiteral("<table width=600 cellpadding=5 border=1>") +
-               QStringLiteral("<tr><td width=300>word<td width=300>word").repeated(500);
+        << u"<table width=600 cellpadding=5 border=1>"_s +
+               u"<tr><td width=300>word<td width=300>word"_s.repeated(500);
 }
 
 void TestMarkupLimiter::modestLengthsAreShown()

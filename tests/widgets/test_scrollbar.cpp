@@ -13,7 +13,10 @@
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QTimer>
+
 #include <limits>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -22,8 +25,7 @@ constexpr int usualPageStep = 30;
 
 /// A shown bar of its own style and layout direction, and the places of its controls.
 struct Bar {
-    explicit Bar(const QString& styleName = QStringLiteral("Fusion"),
-                 Qt::Orientation orientation = Qt::Vertical,
+    explicit Bar(const QString& styleName = u"Fusion"_s, Qt::Orientation orientation = Qt::Vertical,
                  Qt::LayoutDirection direction = Qt::LeftToRight)
         : style(QStyleFactory::create(styleName))
         , bar(orientation, &parent, "bar")
@@ -66,14 +68,14 @@ QImage shotOf(QWidget& widget, const QRect& part = QRect(QPoint(0, 0), QSize(-1,
     return widget.grab(part).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-const QStringList Styles{QStringLiteral("Fusion"), QStringLiteral("Windows")};
+const QStringList Styles{u"Fusion"_s, u"Windows"_s};
 } // namespace
 
 class TestScrollBar : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void signalsAreDeclaredInOrder();
     void pressActsOnce_data();
     void pressActsOnce();
@@ -123,17 +125,15 @@ private Q_SLOTS:
 void TestScrollBar::signalsAreDeclaredInOrder()
 {
     const QStringList wanted{
-        QStringLiteral("valueChanged(int)"), QStringLiteral("sliderPressed()"),
-        QStringLiteral("sliderMoved(int)"),  QStringLiteral("sliderReleased()"),
-        QStringLiteral("nextLine()"),        QStringLiteral("prevLine()"),
-        QStringLiteral("nextPage()"),        QStringLiteral("prevPage()"),
+        u"valueChanged(int)"_s, u"sliderPressed()"_s, u"sliderMoved(int)"_s, u"sliderReleased()"_s,
+        u"nextLine()"_s,        u"prevLine()"_s,      u"nextPage()"_s,       u"prevPage()"_s,
     };
     QStringList found =
         teskel::test::methodsOf(QTeskelScrollBar::staticMetaObject, QMetaMethod::Signal, false);
     found.removeIf([&](const QString& name) { return !wanted.contains(name); });
     QCOMPARE(found, wanted);
     QCOMPARE(teskel::test::methodsOf(QTeskelScrollBar::staticMetaObject, QMetaMethod::Slot),
-             QStringList{QStringLiteral("doAutoRepeat()")});
+             QStringList{u"doAutoRepeat()"_s});
 }
 
 void TestScrollBar::pressActsOnce_data()
@@ -250,7 +250,7 @@ void TestScrollBar::heldPressRepeatsAfter500msAndEvery50ms()
 {
     Bar b;
     b.bar.setValue(100);
-    auto* timer = b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"));
+    auto* timer = b.bar.findChild<QTimer*>(u"auto-repeat timer"_s);
     QVERIFY(timer);
     QCOMPARE(timer->timerType(), Qt::PreciseTimer);
     QElapsedTimer clock;
@@ -303,7 +303,7 @@ void TestScrollBar::leavingAnArrowPausesIt()
 void TestScrollBar::releaseStopsRepeating()
 {
     Bar b;
-    auto* timer = b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"));
+    auto* timer = b.bar.findChild<QTimer*>(u"auto-repeat timer"_s);
     const QPoint arrow = b.middleOf(QStyle::SC_ScrollBarAddLine);
     QTest::mousePress(&b.bar, Qt::LeftButton, {}, arrow);
     QVERIFY(timer->isActive());
@@ -317,7 +317,7 @@ void TestScrollBar::releaseStopsRepeating()
 void TestScrollBar::releaseOfAnotherButtonGoesOnRepeating()
 {
     Bar b;
-    const auto* const timer = b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"));
+    const auto* const timer = b.bar.findChild<QTimer*>(u"auto-repeat timer"_s);
     QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
     const QPoint arrow = b.middleOf(QStyle::SC_ScrollBarAddLine);
     QTest::mousePress(&b.bar, Qt::LeftButton, {}, arrow);
@@ -354,7 +354,7 @@ void TestScrollBar::dialogInTheSlotEndsThePress()
     Bar b;
     QDialog window;
     QMenu menu;
-    menu.addAction(QStringLiteral("entry"));
+    menu.addAction(u"entry"_s);
     int actions = 0;
     connect(&b.bar, &QTeskelScrollBar::nextLine, this, [&] {
         if (++actions != (held ? 2 : 1))
@@ -376,7 +376,7 @@ void TestScrollBar::dialogInTheSlotEndsThePress()
         b.bar.doAutoRepeat();
     const int before = actions;
     QCOMPARE(b.bar.value(), before * usualLineStep);
-    QCOMPARE(!b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"))->isActive(), ends);
+    QCOMPARE(!b.bar.findChild<QTimer*>(u"auto-repeat timer"_s)->isActive(), ends);
     b.bar.doAutoRepeat();
     QCOMPARE(actions, ends ? before : before + 1);
     QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
@@ -404,7 +404,7 @@ void TestScrollBar::hidingStopsRepeating()
     Bar b;
     QTest::mousePress(&b.bar, Qt::LeftButton, {}, b.middleOf(QStyle::SC_ScrollBarAddLine));
     b.bar.hide();
-    QVERIFY(!b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"))->isActive());
+    QVERIFY(!b.bar.findChild<QTimer*>(u"auto-repeat timer"_s)->isActive());
 }
 
 void TestScrollBar::hidingEndsADrag_data()
@@ -459,7 +459,7 @@ void TestScrollBar::popupStopsRepeating()
     QCOMPARE(QApplication::activePopupWidget(), &popup);
     b.bar.doAutoRepeat();
     QCOMPARE(next.count(), 1);
-    QVERIFY(!b.bar.findChild<QTimer*>(QStringLiteral("auto-repeat timer"))->isActive());
+    QVERIFY(!b.bar.findChild<QTimer*>(u"auto-repeat timer"_s)->isActive());
 }
 
 void TestScrollBar::barInAPopupRepeats()
@@ -596,7 +596,7 @@ void TestScrollBar::keys()
     QFETCH(int, key);
     QFETCH(int, value);
     QFETCH(bool, taken);
-    Bar b(QStringLiteral("Fusion"), orientation);
+    Bar b(u"Fusion"_s, orientation);
     b.bar.setValue(50);
     QSignalSpy next(&b.bar, &QTeskelScrollBar::nextLine);
     QSignalSpy prev(&b.bar, &QTeskelScrollBar::prevLine);
@@ -609,7 +609,7 @@ void TestScrollBar::keys()
 
 void TestScrollBar::arrowKeysFollowTheLayoutDirection()
 {
-    Bar b(QStringLiteral("Fusion"), Qt::Horizontal, Qt::RightToLeft);
+    Bar b(u"Fusion"_s, Qt::Horizontal, Qt::RightToLeft);
     b.bar.setValue(50);
     QTest::keyClick(&b.bar, Qt::Key_Left);
     QCOMPARE(b.bar.value(), 50 + usualLineStep);
@@ -642,10 +642,8 @@ void TestScrollBar::draggingWithoutTrackingSetsTheValueAtRelease()
     b.bar.setTracking(false);
     QVERIFY(!b.bar.tracking());
     QStringList order;
-    connect(&b.bar, &QTeskelScrollBar::sliderReleased, this,
-            [&] { order << QStringLiteral("released"); });
-    connect(&b.bar, &QTeskelScrollBar::valueChanged, this,
-            [&] { order << QStringLiteral("value"); });
+    connect(&b.bar, &QTeskelScrollBar::sliderReleased, this, [&] { order << u"released"_s; });
+    connect(&b.bar, &QTeskelScrollBar::valueChanged, this, [&] { order << u"value"_s; });
     QSignalSpy moved(&b.bar, &QTeskelScrollBar::sliderMoved);
     const QPoint start = b.bar.sliderRect().center();
     QTest::mousePress(&b.bar, Qt::LeftButton, {}, start);
@@ -654,7 +652,7 @@ void TestScrollBar::draggingWithoutTrackingSetsTheValueAtRelease()
     QCOMPARE(b.bar.value(), 0);
     QTest::mouseRelease(&b.bar, Qt::LeftButton, {}, start + QPoint(0, 40));
     QVERIFY(b.bar.value() > 10);
-    QCOMPARE(order, (QStringList{QStringLiteral("released"), QStringLiteral("value")}));
+    QCOMPARE(order, (QStringList{u"released"_s, u"value"_s}));
 }
 
 void TestScrollBar::middleButtonJumps_data()
@@ -729,7 +727,7 @@ void TestScrollBar::hasNoContextMenu()
 void TestScrollBar::standardNames()
 {
     QTeskelScrollBar bar(Qt::Horizontal, nullptr, "named");
-    QCOMPARE(bar.objectName(), QStringLiteral("named"));
+    QCOMPARE(bar.objectName(), u"named"_s);
     QCOMPARE(bar.orientation(), Qt::Horizontal);
     bar.setMinValue(-5);
     bar.setMaxValue(50);

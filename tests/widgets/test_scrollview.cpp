@@ -8,7 +8,10 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QtTest/qtestspontaneevent.h>
+
 #include <limits>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -64,7 +67,7 @@ class TestScrollView : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void declarationOrder();
     void partsHaveTheirNames();
     void frameIsSunkenStyledPanel();
@@ -107,31 +110,26 @@ private Q_SLOTS:
 void TestScrollView::declarationOrder()
 {
     const auto& meta = QTeskelScrollView::staticMetaObject;
-    QCOMPARE(
-        teskel::test::methodsOf(meta, QMetaMethod::Slot),
-        (QStringList{
-            QStringLiteral("resizeContents(int,int)"), QStringLiteral("scrollBy(int,int)"),
-            QStringLiteral("setContentsPos(int,int)"), QStringLiteral("ensureVisible(int,int)"),
-            QStringLiteral("ensureVisible(int,int,int,int)"), QStringLiteral("center(int,int)"),
-            QStringLiteral("center(int,int,float,float)"), QStringLiteral("updateScrollBars()"),
-            QStringLiteral("setEnabled(bool)"), QStringLiteral("hslide(int)"),
-            QStringLiteral("vslide(int)")}));
+    QCOMPARE(teskel::test::methodsOf(meta, QMetaMethod::Slot),
+             (QStringList{u"resizeContents(int,int)"_s, u"scrollBy(int,int)"_s,
+                          u"setContentsPos(int,int)"_s, u"ensureVisible(int,int)"_s,
+                          u"ensureVisible(int,int,int,int)"_s, u"center(int,int)"_s,
+                          u"center(int,int,float,float)"_s, u"updateScrollBars()"_s,
+                          u"setEnabled(bool)"_s, u"hslide(int)"_s, u"vslide(int)"_s}));
     QCOMPARE(teskel::test::methodsOf(meta, QMetaMethod::Signal),
-             QStringList{QStringLiteral("contentsMoving(int,int)")});
+             QStringList{u"contentsMoving(int,int)"_s});
 }
 
 void TestScrollView::partsHaveTheirNames()
 {
     QTeskelScrollView view(nullptr, "view");
-    QCOMPARE(view.objectName(), QStringLiteral("view"));
-    QCOMPARE(view.horizontalScrollBar(),
-             view.findChild<QTeskelScrollBar*>(QStringLiteral("qt_hbar")));
-    QCOMPARE(view.verticalScrollBar(),
-             view.findChild<QTeskelScrollBar*>(QStringLiteral("qt_vbar")));
-    QCOMPARE(view.viewport()->objectName(), QStringLiteral("qt_viewport"));
+    QCOMPARE(view.objectName(), u"view"_s);
+    QCOMPARE(view.horizontalScrollBar(), view.findChild<QTeskelScrollBar*>(u"qt_hbar"_s));
+    QCOMPARE(view.verticalScrollBar(), view.findChild<QTeskelScrollBar*>(u"qt_vbar"_s));
+    QCOMPARE(view.viewport()->objectName(), u"qt_viewport"_s);
     QCOMPARE(view.clipper(), view.viewport());
     view.enableClipper(true);
-    QCOMPARE(view.clipper()->objectName(), QStringLiteral("qt_clipped_viewport"));
+    QCOMPARE(view.clipper()->objectName(), u"qt_clipped_viewport"_s);
     for (const QTeskelScrollBar* bar : {view.horizontalScrollBar(), view.verticalScrollBar()}) {
         QCOMPARE(bar->lineStep(), 20);
         QCOMPARE(bar->pageStep(), 1);
@@ -523,7 +521,7 @@ void TestScrollView::clipperAfterChildrenWarns()
                          "May only call QScrollView::enableClipper() before adding widgets");
     view.enableClipper(enable);
     QCOMPARE(view.clipper() != view.viewport(), enabled);
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("enableClipper")));
+    QTest::failOnWarning(QRegularExpression(u"enableClipper"_s));
     delete child;
     view.enableClipper(enable);
     QCOMPARE(view.clipper() != view.viewport(), enable);

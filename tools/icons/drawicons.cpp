@@ -9,7 +9,10 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QTextStream>
+
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 using teskel::IconCanvas;
 
@@ -196,15 +199,14 @@ int main(int argc, char** argv)
     bool done = true;
     for (const Drawing& drawing : drawings) {
         for (const int size : {16, 20, 24, 32, 40, 48})
-            done = save(drawing, size,
-                        arguments[1] + QStringLiteral("/%1/%2.png")
-                                           .arg(size)
-                                           .arg(QLatin1String(drawing.name))) &&
-                   done;
+            done =
+                save(drawing, size,
+                     arguments[1] + u"/%1/%2.png"_s.arg(size).arg(QLatin1String(drawing.name))) &&
+                done;
     }
     for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
-        done = save({"teskel", program}, size,
-                    arguments[2] + QStringLiteral("/%1x%1/apps/teskel.png").arg(size)) &&
-               done;
+        done =
+            save({"teskel", program}, size, arguments[2] + u"/%1x%1/apps/teskel.png"_s.arg(size)) &&
+            done;
     return done ? 0 : 3;
 }

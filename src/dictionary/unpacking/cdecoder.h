@@ -2,8 +2,8 @@
 #pragma once
 
 #include "dictionary/unpacking/cbitbuffer.h"
-#include "dictionary/unpacking/memberdecoder.h"
 #include "dictionary/unpacking/huffmandecoder.h"
+#include "dictionary/unpacking/memberdecoder.h"
 
 /// Decodes the packed bytes of one ARJ member and checks them.
 class CDecoder

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/build/lexiconbuilder.h"
 
-#include "lexicon/packing/arjmember.h"
 #include "lexicon/entries/entryintake.h"
 #include "lexicon/entries/entrymerger.h"
-#include "lexicon/sources/lexiconsource.h"
 #include "lexicon/entries/oversizesplitter.h"
 #include "lexicon/file/palmdatabasewriter.h"
 #include "lexicon/file/pendingfile.h"
 #include "lexicon/file/recordplan.h"
 #include "lexicon/file/spotcheck.h"
+#include "lexicon/packing/arjmember.h"
+#include "lexicon/sources/lexiconsource.h"
 
 namespace teskel
 {

@@ -9,6 +9,8 @@
 
 #include <iostream>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel::commands
 {
 
@@ -66,12 +68,12 @@ private:
                     return QString::fromLatin1(latin1.data(),
                                                static_cast<qsizetype>(latin1.size()));
                 };
-                entries.append(QJsonObject{{QStringLiteral("headword"), text(headword)},
-                                           {QStringLiteral("article"), text(article)}});
+                entries.append(
+                    QJsonObject{{u"headword"_s, text(headword)}, {u"article"_s, text(article)}});
                 return true;
             });
-        const QJsonObject result{{QStringLiteral("word"), QString::fromStdString(word)},
-                                 {QStringLiteral("entries"), entries}};
+        const QJsonObject result{{u"word"_s, QString::fromStdString(word)},
+                                 {u"entries"_s, entries}};
         std::cout << (_words++ > 0 ? ",\n" : "\n")
                   << QJsonDocument(result).toJson(QJsonDocument::Compact).toStdString();
         return !entries.isEmpty();

@@ -8,6 +8,8 @@
 
 #include <iostream>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel::commands
 {
 
@@ -32,16 +34,16 @@ void printJson(const std::string& file, const LexiconFacts& facts)
 {
     const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };
     const auto number = [](uint64_t value) { return static_cast<qint64>(value); };
-    const QJsonObject object{{QStringLiteral("file"), text(file)},
-                             {QStringLiteral("name"), text(facts.name)},
-                             {QStringLiteral("description"), text(facts.description)},
-                             {QStringLiteral("headwords"), number(facts.headwords)},
-                             {QStringLiteral("wordRecords"), number(facts.records)},
-                             {QStringLiteral("methods"), text(facts.methods)},
-                             {QStringLiteral("indexBytes"), number(facts.indexBytes)},
-                             {QStringLiteral("packedBytes"), number(facts.packedBytes)},
-                             {QStringLiteral("textBytes"), number(facts.textBytes)},
-                             {QStringLiteral("fileBytes"), number(facts.fileBytes)}};
+    const QJsonObject object{{u"file"_s, text(file)},
+                             {u"name"_s, text(facts.name)},
+                             {u"description"_s, text(facts.description)},
+                             {u"headwords"_s, number(facts.headwords)},
+                             {u"wordRecords"_s, number(facts.records)},
+                             {u"methods"_s, text(facts.methods)},
+                             {u"indexBytes"_s, number(facts.indexBytes)},
+                             {u"packedBytes"_s, number(facts.packedBytes)},
+                             {u"textBytes"_s, number(facts.textBytes)},
+                             {u"fileBytes"_s, number(facts.fileBytes)}};
     std::cout << QJsonDocument(object).toJson().toStdString();
 }
 

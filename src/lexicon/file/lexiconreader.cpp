@@ -2,9 +2,9 @@
 #include "lexicon/file/lexiconreader.h"
 
 #include "dictionary/latin1fold.h"
+#include "lexicon/entries/lexiconentry.h"
 #include "lexicon/file/articleof.h"
 #include "lexicon/text/latin1converter.h"
-#include "lexicon/entries/lexiconentry.h"
 #include "lexicon/text/utf8.h"
 
 #include <QFile>

@@ -5,6 +5,8 @@
 
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -14,7 +16,7 @@ namespace
 // Lets a Wayland compositor believe that the window may come to the front.
 void takeActivationToken(const QVariantMap& platformData)
 {
-    const QString token = platformData.value(QStringLiteral("activation-token")).toString();
+    const QString token = platformData.value(u"activation-token"_s).toString();
     if (!token.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
 }

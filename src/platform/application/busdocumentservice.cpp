@@ -10,8 +10,11 @@
 #include <QFile>
 #include <QThread>
 #include <QTimer>
+
 #include <cstdio>
 #include <cstdlib>
+
+using namespace Qt::StringLiterals;
 
 namespace teskel
 {
@@ -20,7 +23,7 @@ namespace
 {
 
 constexpr uint doNotQueue = 4;
-constexpr unsigned long patience = 1000;    // milliseconds
+constexpr unsigned long patience = 1000;  // milliseconds
 constexpr int patienceForRequests = 5000; // milliseconds
 
 // The bus library cannot be called off, and would wait for a silent bus when the process unwinds.
@@ -32,9 +35,8 @@ void endProcess(int status, void* /*argument*/)
 
 QDBusMessage callOfBus(const QString& method)
 {
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                          QStringLiteral("/org/freedesktop/DBus"),
-                                          QStringLiteral("org.freedesktop.DBus"), method);
+    return QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                          u"org.freedesktop.DBus"_s, method);
 }
 
 // Without this test libdbus would start a bus of its own where it finds a display.
@@ -89,17 +91,16 @@ void BusDocumentService::connected()
     QDBusConnection bus = QDBusConnection::sessionBus();
     new ApplicationAdaptor(this);
     // The object stands before the name, so that the first request finds it.
-    if (!bus.isConnected() || !bus.registerObject(QStringLiteral("/org/teskel/Teskel"), this)) {
+    if (!bus.isConnected() || !bus.registerObject(u"/org/teskel/Teskel"_s, this)) {
         emit ready();
         return;
     }
-    QDBusMessage request = callOfBus(QStringLiteral("RequestName"));
+    QDBusMessage request = callOfBus(u"RequestName"_s);
     request << serviceName() << doNotQueue;
     bus.asyncCall(request);
     // With the name a bus hands out what it held for its owner, and only then answers this. Queued,
     // as a receiver may have asked for the requests to be.
-    const auto* answer =
-        new QDBusPendingCallWatcher(bus.asyncCall(callOfBus(QStringLiteral("GetId"))), this);
+    const auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(callOfBus(u"GetId"_s)), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, &BusDocumentService::ready,
             Qt::QueuedConnection);
 }

@@ -7,6 +7,8 @@
 #include <QLayout>
 #include <QPushButton>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -49,7 +51,7 @@ DialogFrame::DialogFrame(QDialog* dialog)
     , _margin(dialog->contentsMargins().bottom())
     , _reserved(_margin)
 {
-    _buttons->setObjectName(QStringLiteral("dialogFrame"));
+    _buttons->setObjectName(u"dialogFrame"_s);
     _buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     connect(_buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
     connect(_buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);

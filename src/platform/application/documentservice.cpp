@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/application/documentservice.h"
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
 QString DocumentService::serviceName()
 {
-    return QStringLiteral("org.teskel.Teskel");
+    return u"org.teskel.Teskel"_s;
 }
 
 } // namespace teskel

@@ -2,17 +2,16 @@
 #include "platform/application/qpeapplication.h"
 
 #include "platform/application/dialogframe.h"
-#ifdef TESKEL_WITH_BUS
-#include "platform/application/busdocumentservice.h"
-#else
 #include "platform/application/documentservice.h"
-#endif
 #include "platform/application/keyrepeatfilter.h"
-#include "platform/storage/mountwatcher.h"
-#include "platform/resource.h"
-#include "platform/storage/storageinfo.h"
 #include "platform/application/stylusholdfilter.h"
 #include "platform/application/terminationsignals.h"
+#include "platform/resource.h"
+#include "platform/storage/mountwatcher.h"
+#include "platform/storage/storageinfo.h"
+#ifdef TESKEL_WITH_BUS
+#include "platform/application/busdocumentservice.h"
+#endif
 
 #include <QDialog>
 #include <QFile>
@@ -20,7 +19,10 @@
 #include <QScopedValueRollback>
 #include <QStandardPaths>
 #include <QTimer>
+
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -45,9 +47,9 @@ QPEApplication::QPEApplication(int& argc, char** argv)
 {
     setDefaultRoot();
     // The display name stays empty: the windowing system would add it to every caption.
-    setApplicationName(QStringLiteral("teskel"));
+    setApplicationName(u"teskel"_s);
     setDesktopFileName(teskel::DocumentService::serviceName());
-    setWindowIcon(Resource::loadIcon(QStringLiteral("teskel")));
+    setWindowIcon(Resource::loadIcon(u"teskel"_s));
     installEventFilter(new teskel::KeyRepeatFilter(this));
 
     const auto* termination = new teskel::TerminationSignals(this);
@@ -60,6 +62,7 @@ QPEApplication::QPEApplication(int& argc, char** argv)
 #else
     _service = new teskel::DocumentService(this);
 #endif
+
     // Queued: a message about a bad file must not keep the asking program waiting for its answer.
     connect(_service, &teskel::DocumentService::openRequested, this, &QPEApplication::openDocument,
             Qt::QueuedConnection);

@@ -2,9 +2,11 @@
 #include "platform/application/terminationsignals.h"
 
 #include <QSocketNotifier>
+
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+
 #include <sys/socket.h>
 #include <unistd.h>
 

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -27,10 +29,10 @@ QString attribute(const QString& directory, const QString& name)
 QString directoryOfMapping(const QString& sysfs, const QString& name)
 {
     const QDir devices(sysfs + QLatin1String("/class/block"));
-    const QStringList names = devices.entryList({QStringLiteral("dm-*")}, QDir::Dirs);
+    const QStringList names = devices.entryList({u"dm-*"_s}, QDir::Dirs);
     for (const QString& device : names) {
         QString path = devices.filePath(device);
-        if (attribute(path, QStringLiteral("dm/name")) == name)
+        if (attribute(path, u"dm/name"_s) == name)
             return path;
     }
     return {};
@@ -58,16 +60,16 @@ QString directoryOf(const StorageRoots& roots, const QString& source, const QStr
 
 bool isRemovableDisk(const QString& directory)
 {
-    if (attribute(directory, QStringLiteral("removable")) == QLatin1String("1"))
+    if (attribute(directory, u"removable"_s) == QLatin1String("1"))
         return true;
-    static const QRegularExpression hotBus(QStringLiteral("/(usb\\d+|pcmcia[^/]*)/"));
+    static const QRegularExpression hotBus(u"/(usb\\d+|pcmcia[^/]*)/"_s);
     if (hotBus.match(directory).hasMatch())
         return true;
     const QString name = QFileInfo(directory).fileName();
     // The slot of a built-in reader does not count as removable, nor does a soldered chip, which
     // has the type "MMC".
     if (name.startsWith(QLatin1String("mmcblk")))
-        return attribute(directory, QStringLiteral("device/type")) == QLatin1String("SD");
+        return attribute(directory, u"device/type"_s) == QLatin1String("SD");
     return name.startsWith(QLatin1String("mspblk")) || name.startsWith(QLatin1String("msblk"));
 }
 

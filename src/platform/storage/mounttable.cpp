@@ -2,6 +2,7 @@
 #include "platform/storage/mounttable.h"
 
 #include <QHash>
+
 #include <optional>
 #include <utility>
 

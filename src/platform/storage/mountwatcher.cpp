@@ -4,6 +4,7 @@
 #include "platform/qcopchannel.h"
 
 #include <QSocketNotifier>
+
 #include <chrono>
 
 namespace teskel

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/storage/storageinfo.h"
 
+#include "platform/qcopchannel.h"
 #include "platform/storage/blockdevice.h"
 #include "platform/storage/mounttable.h"
-#include "platform/qcopchannel.h"
 
 #include <QFile>
 #include <QHash>

@@ -11,6 +11,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -26,7 +28,7 @@ QWidgetList withExtension(QWidget* widget)
 {
     QWidgetList widgets{widget};
     if (qobject_cast<QMenuBar*>(widget) != nullptr) {
-        if (auto* more = widget->findChild<QToolButton*>(QStringLiteral("qt_menubar_ext_button")))
+        if (auto* more = widget->findChild<QToolButton*>(u"qt_menubar_ext_button"_s))
             widgets.append(more);
     }
     return widgets;
@@ -44,7 +46,7 @@ QWidgetList widgetsOn(QWidget* member)
             widgets.append(withExtension(widget));
     }
     // What does not fit is reached through the bar's own button.
-    if (auto* more = bar->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))
+    if (auto* more = bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s))
         widgets.append(more);
     return widgets;
 }

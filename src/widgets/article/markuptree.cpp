@@ -8,6 +8,8 @@
 #include <string_view>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -222,9 +224,9 @@ void MarkupTree::addMissingTable(Kind kind)
 {
     if (innermost(kind == Kind::Row ? Kind::Table : Kind::Row, _current) != 0)
         return;
-    _current = add({QStringLiteral("table"), _current, 0, Kind::Table});
+    _current = add({u"table"_s, _current, 0, Kind::Table});
     if (kind == Kind::Cell)
-        _current = add({QStringLiteral("tr"), _current, 0, Kind::Row});
+        _current = add({u"tr"_s, _current, 0, Kind::Row});
     _isBehindVoid = Answer::No;
 }
 

@@ -13,6 +13,8 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 /// Below this lightness #FF0000 on the page loses its contrast.
@@ -37,7 +39,7 @@ QTeskelEdit::QTeskelEdit(QWidget* parent, const char* name)
     setReadOnly(true);
     setUndoRedoEnabled(false);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    document()->setDefaultStyleSheet(QStringLiteral("p { margin-top: 4px; margin-bottom: 4px; }"));
+    document()->setDefaultStyleSheet(u"p { margin-top: 4px; margin-bottom: 4px; }"_s);
     document()->documentLayout()->registerHandler(QTextFormat::ImageObject,
                                                   new teskel::PicturePlaceholder(this));
     keepPageLight();

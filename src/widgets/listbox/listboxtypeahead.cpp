@@ -3,6 +3,8 @@
 
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -10,7 +12,7 @@ ListBoxTypeAhead::ListBoxTypeAhead(QObject* parent)
     : QObject(parent)
     , _timer(new QTimer(this))
 {
-    _timer->setObjectName(QStringLiteral("listbox input timer"));
+    _timer->setObjectName(u"listbox input timer"_s);
     _timer->setTimerType(Qt::PreciseTimer);
     _timer->setSingleShot(true);
     connect(_timer, &QTimer::timeout, this, &ListBoxTypeAhead::expired);

@@ -25,7 +25,7 @@ public:
     void clear();
     bool isEmpty() const { return _text.isEmpty(); }
 
-Q_SIGNALS:
+signals:
     /// Half a second passed since the last key.
     void expired();
 

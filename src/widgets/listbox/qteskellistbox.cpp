@@ -11,6 +11,8 @@
 #include <QPointer>
 #include <QSignalBlocker>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr auto unit = "qteskellistbox.cpp";
@@ -27,13 +29,13 @@ QTeskelListBox::QTeskelListBox(QWidget* parent, const char* name, Qt::WindowFlag
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAutoFillBackground(true);
 
-    _state->updateTimer->setObjectName(QStringLiteral("listbox update timer"));
+    _state->updateTimer->setObjectName(u"listbox update timer"_s);
     _state->updateTimer->setSingleShot(true);
     connect(_state->updateTimer, &QTimer::timeout, this, &QTeskelListBox::refreshSlot);
-    _state->visibleTimer->setObjectName(QStringLiteral("listbox visible timer"));
+    _state->visibleTimer->setObjectName(u"listbox visible timer"_s);
     _state->visibleTimer->setSingleShot(true);
     connect(_state->visibleTimer, &QTimer::timeout, this, &QTeskelListBox::ensureCurrentVisible);
-    _state->scrollTimer->setObjectName(QStringLiteral("listbox scroll timer"));
+    _state->scrollTimer->setObjectName(u"listbox scroll timer"_s);
     _state->scrollTimer->setInterval(scrollInterval);
     connect(_state->scrollTimer, &QTimer::timeout, this, &QTeskelListBox::doAutoScroll);
     connect(_state->typeAhead, &teskel::ListBoxTypeAhead::expired, this,

@@ -124,7 +124,7 @@ public:
     QSize sizeHint() const override;
     void setHScrollBarMode(ScrollBarMode mode) override;
 
-public Q_SLOTS:
+public slots:
     /// Scrolls just far enough to show the current item.
     void ensureCurrentVisible();
     virtual void clearSelection();
@@ -139,7 +139,7 @@ public Q_SLOTS:
     /// Lays out at once.
     void adjustItems();
 
-Q_SIGNALS:
+signals:
     void highlighted(int index);
     void selected(int index);
     void highlighted(const QString& text);

@@ -2,8 +2,8 @@
 // Keys, typing and the pointer in QTeskelListBox.
 #include "widgets/listbox/listboxemission.h"
 #include "widgets/listbox/listboxnavigation.h"
-#include "widgets/scrolling/lostrelease.h"
 #include "widgets/listbox/qteskellistbox.h"
+#include "widgets/scrolling/lostrelease.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -307,7 +307,7 @@ void QTeskelListBox::hoverAt(QPoint position)
     pointer.hovered = item;
     pointer.hoversViewport = item == nullptr;
     if (item != nullptr)
-        Q_EMIT onItem(item);
+        emit onItem(item);
     else
-        Q_EMIT onViewport();
+        emit onViewport();
 }

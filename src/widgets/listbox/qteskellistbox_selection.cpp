@@ -149,5 +149,5 @@ void QTeskelListBox::afterSelectionSweep(bool changed)
         return;
     triggerUpdate(false);
     teskel::ListBoxAccessible::announceSelection(this);
-    Q_EMIT selectionChanged();
+    emit selectionChanged();
 }

@@ -13,6 +13,8 @@
 #include <QTimer>
 #include <QWheelEvent>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr int firstRepeatDelay = 500;
@@ -35,7 +37,7 @@ QTeskelScrollBar::QTeskelScrollBar(Qt::Orientation orientation, QWidget* parent,
 {
     setObjectName(QString::fromLatin1(name));
     setContextMenuPolicy(Qt::NoContextMenu);
-    _repeatTimer->setObjectName(QStringLiteral("auto-repeat timer"));
+    _repeatTimer->setObjectName(u"auto-repeat timer"_s);
     _repeatTimer->setTimerType(Qt::PreciseTimer);
     connect(_repeatTimer, &QTimer::timeout, this, &QTeskelScrollBar::doAutoRepeat);
 }
@@ -74,9 +76,9 @@ void QTeskelScrollBar::performAction()
     const QPointer<QTeskelScrollBar> self(this);
     const teskel::DialogWatch watch;
     if (adds)
-        Q_EMIT nextLine();
+        emit nextLine();
     else
-        Q_EMIT prevLine();
+        emit prevLine();
     if (!self)
         return;
     _stepsLine = true;
@@ -220,7 +222,7 @@ void QTeskelScrollBar::wheelEvent(QWheelEvent* event)
         QScrollBar::wheelEvent(event);
     }
     if (value() != before)
-        Q_EMIT valueChanged(value());
+        emit valueChanged(value());
 }
 
 void QTeskelScrollBar::keyPressEvent(QKeyEvent* event)

@@ -38,13 +38,13 @@ public:
     /// The pixel along the bar at which the slider begins.
     int sliderStart() const;
 
-public Q_SLOTS:
+public slots:
     /// Repeats the action of the control that is held, if one is.
     void doAutoRepeat();
 
     // valueChanged(), sliderPressed(), sliderMoved() and sliderReleased() come first, from the
     // base.
-Q_SIGNALS:
+signals:
     /// The add-line arrow or the trough after the slider is pressed; the value has not moved yet.
     void nextLine();
     /// The subtract-line arrow or the trough before the slider is pressed.

@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPointer>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 constexpr int usualLineStep = 20;
@@ -64,7 +66,7 @@ QTeskelScrollView::QTeskelScrollView(QWidget* parent, const char* name, Qt::Wind
     setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     auto* viewport = new QWidget;
     setViewport(viewport);
-    viewport->setObjectName(QStringLiteral("qt_viewport"));
+    viewport->setObjectName(u"qt_viewport"_s);
     setHorizontalScrollBar(_horizontalBar);
     setVerticalScrollBar(_verticalBar);
     for (QTeskelScrollBar* bar : {_horizontalBar, _verticalBar}) {
@@ -297,7 +299,7 @@ void QTeskelScrollView::followBars()
     if (target == _offset)
         return;
     const QPointer<QTeskelScrollView> self(this);
-    Q_EMIT contentsMoving(target.x(), target.y());
+    emit contentsMoving(target.x(), target.y());
     if (!self)
         return;
     // A slot may have scrolled on.

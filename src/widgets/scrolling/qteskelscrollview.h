@@ -88,7 +88,7 @@ public:
     /// Schedules a repaint of a rectangle of the contents.
     void updateContents(const QRect& contents);
 
-public Q_SLOTS:
+public slots:
     virtual void resizeContents(int width, int height);
     void scrollBy(int dx, int dy);
     /// Shows the contents from (x, y) on, as far as the scroll ranges allow.
@@ -112,7 +112,7 @@ public Q_SLOTS:
     /// Moves the contents, and the bar, so that line `y` is the topmost one shown.
     void vslide(int y);
 
-Q_SIGNALS:
+signals:
     /// The contents are about to move to this position.
     void contentsMoving(int x, int y);
 

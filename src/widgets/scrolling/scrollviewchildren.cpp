@@ -3,10 +3,12 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 QTeskelClipperWidget::QTeskelClipperWidget(QWidget* viewport)
     : QWidget(viewport)
 {
-    setObjectName(QStringLiteral("qt_clipped_viewport"));
+    setObjectName(u"qt_clipped_viewport"_s);
 }
 
 namespace teskel
