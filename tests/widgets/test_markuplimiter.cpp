@@ -352,6 +352,16 @@ void TestMarkupLimiter::limitsAreWhereTheyAre_data()
     row("single cells", u"<table><tr><td>x</table>"_s, MarkupLimiter::maxCells);
     row("pictures", u"<img src=x.png>"_s, MarkupLimiter::maxPictures);
     QTest::addRow("grid") << table(40, 50) << table(40, 51);
+    const auto sheet = [](qsizetype size) {
+        return QStringLiteral("<style>") + QString(size, u'x') + QStringLiteral("</style>");
+    };
+    QTest::addRow("style sheet") << sheet(65'520) << sheet(65'521);
+    const QString again = QStringLiteral("<style>") + QString(984, u'x');
+    QTest::addRow("style sheet that is read again") << again + QStringLiteral("</x>").repeated(65)
+                                                    << again + QStringLiteral("</x>").repeated(66);
+    QTest::addRow("elements under a style sheet")
+        << sheet(984) + QStringLiteral("<br>").repeated(10'000)
+        << sheet(984) + QStringLiteral("<br>").repeated(10'001);
     QTest::addRow("mostly empty grid")
         << u"<table><tr>"_s + u"<td>"_s.repeated(100) + u"<tr><td>"_s.repeated(19)
         << u"<table><tr>"_s + u"<td>"_s.repeated(100) + u"<tr><td>"_s.repeated(20);
@@ -423,11 +433,27 @@ void TestMarkupLimiter::tricksDoNotHideNesting()
 void TestMarkupLimiter::endedElementsDoNotCount_data()
 {
     QTest::addColumn<QString>("unit");
-    for (const char* unit :
-         {"<p>",       "<li>",         "<p><b>x</p>",    "<b>x</b>",     "<b><i>x</b>",
-          "<div/>",    "<br>",         "<br></br>",      "<hr/>",        "<dl><dd>x<dd>y</dl>",
-          "<B>x</b >", "<\"b\">x</b>", "<b x='>'>y</b>", "<>",           "< >",
-          "</p>",      "<-></->",      "<R&D></R&D>",    "<!-- <b> -->", "x<i\n>y</i\n>"})
+    for (const char* unit : {"<p>",
+                             "<li>",
+                             "<p><b>x",
+                             "<p><b>x</p>",
+                             "<b>x</b>",
+                             "<b><i>x</b>",
+                             "<div/>",
+                             "<br>",
+                             "<br></br>",
+                             "<hr/>",
+                             "<dl><dd>x<dd>y</dl>",
+                             "<B>x</b >",
+                             "<\"b\">x</b>",
+                             "<b x='>'>y</b>",
+                             "<>",
+                             "< >",
+                             "</p>",
+                             "<-></->",
+                             "<R&D></R&D>",
+                             "<!-- <b> -->",
+                             "x<i\n>y</i\n>"})
         QTest::addRow("%s", unit) << QString::fromLatin1(unit);
 }
 
