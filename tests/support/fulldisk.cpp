@@ -64,7 +64,7 @@ bool FullDisk::fill(qint64 left) const
     struct statvfs space = {};
     if (!_isMounted || ::statvfs(QFile::encodeName(_place.path()).constData(), &space) != 0)
         return false;
-    const auto free = static_cast<qint64>(space.f_bavail * space.f_bsize);
+    const auto free = static_cast<qint64>(space.f_bavail) * static_cast<qint64>(space.f_bsize);
     return free >= left && writeFile(path(u"filling"_s), QByteArray(free - left, 'x'));
 }
 

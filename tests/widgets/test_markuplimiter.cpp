@@ -353,15 +353,14 @@ void TestMarkupLimiter::limitsAreWhereTheyAre_data()
     row("pictures", u"<img src=x.png>"_s, MarkupLimiter::maxPictures);
     QTest::addRow("grid") << table(40, 50) << table(40, 51);
     const auto sheet = [](qsizetype size) {
-        return QStringLiteral("<style>") + QString(size, u'x') + QStringLiteral("</style>");
+        return u"<style>"_s + QString(size, u'x') + u"</style>"_s;
     };
     QTest::addRow("style sheet") << sheet(65'520) << sheet(65'521);
-    const QString again = QStringLiteral("<style>") + QString(984, u'x');
-    QTest::addRow("style sheet that is read again") << again + QStringLiteral("</x>").repeated(65)
-                                                    << again + QStringLiteral("</x>").repeated(66);
+    const QString again = u"<style>"_s + QString(984, u'x');
+    QTest::addRow("style sheet that is read again")
+        << again + u"</x>"_s.repeated(65) << again + u"</x>"_s.repeated(66);
     QTest::addRow("elements under a style sheet")
-        << sheet(984) + QStringLiteral("<br>").repeated(10'000)
-        << sheet(984) + QStringLiteral("<br>").repeated(10'001);
+        << sheet(984) + u"<br>"_s.repeated(10'000) << sheet(984) + u"<br>"_s.repeated(10'001);
     QTest::addRow("mostly empty grid")
         << u"<table><tr>"_s + u"<td>"_s.repeated(100) + u"<tr><td>"_s.repeated(19)
         << u"<table><tr>"_s + u"<td>"_s.repeated(100) + u"<tr><td>"_s.repeated(20);
