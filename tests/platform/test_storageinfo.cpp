@@ -334,8 +334,8 @@ void StorageInfoTest::forbiddenMountPointGivesWayToAnother()
     _staged->letOthersRead();
     // Nothing is forbidden to root.
     const uid_t own = ::geteuid();
-    if (own == 0)
-        QCOMPARE(::seteuid(other), 0);
+    if (own == 0 && ::seteuid(other) != 0)
+        QSKIP("this root may become nobody else");
     const QStringList listed = paths();
     QCOMPARE(::seteuid(own), 0);
     QCOMPARE(::chmod(forbidden.constData(), 0700), 0);
