@@ -582,6 +582,13 @@ void TestMarkupLimiter::modestLengthsAreShown_data()
     QTest::addRow("many coloured, bold words in a usual size")
         << u"<span style='color:rgb(255,255,255); font-weight:600; font-size:12pt;"
            " line-height:120%'>word word</span> "_s.repeated(300);
+    for (const char* start :
+         {"<p style=\"font-family:'Univers 55'\">", "<p style=\"font:12px 'Univers 55'\">",
+          "<p style='font-size:14'>", "<p style='line-height:1.5'>", "<p style='font-size:1.2em'>",
+          "<p style='font-size:48pt;line-height:200%'>", "<p style='font-variant:small-caps 3'>",
+          "<td width=info>", "<td width=nano>"})
+        QTest::addRow("%s words", start)
+            << QString::fromLatin1(start) + u"word word "_s.repeated(3000);
     QTest::addRow("table in cells of a usual width")
         << u"<table width=600 cellpadding=5 border=1>"_s +
                u"<tr><td width=300>word<td width=300>word"_s.repeated(500);

@@ -20,6 +20,9 @@ constexpr qsizetype mostDigits = 9;
 constexpr double sides = 2;
 /// The height of a line in any font that the program itself chooses.
 constexpr double usualLineHeight = 100;
+/// Letters so large, in pixels or points, and lines so high, in lines, do no harm in any article.
+constexpr double usualFont = 60;
+constexpr double usualLine = 10;
 /// The height of a line in a font of one point.
 constexpr double lineHeightOfPoint = 2;
 
@@ -41,11 +44,10 @@ bool isWordForNumber(QStringView text)
     text = text.trimmed();
     if (text.startsWith(u'-') || text.startsWith(u'+'))
         text = text.sliced(1);
-    return text.startsWith(u"inf", Qt::CaseInsensitive) ||
-           text.startsWith(u"nan", Qt::CaseInsensitive);
+    return isOneOf(text, {u"inf", u"infinity", u"nan"});
 }
 
-/// Calls `take` with each number in the text, rounded up, and what follows it.
+/// Calls `take` with each number in the text and what follows it.
 template<typename Take>
 void forEachNumber(QStringView text, Take take)
 {
@@ -54,22 +56,29 @@ void forEachNumber(QStringView text, Take take)
         const qsizetype begin = at;
         while (at < text.size() && isDigit(text.at(at)))
             ++at;
-        return text.sliced(begin, at - begin);
+        return at - begin;
     };
     while (at < text.size()) {
         if (!isDigit(text.at(at))) {
             ++at;
             continue;
         }
-        const QStringView digits = skipDigits();
-        double number = digits.size() > mostDigits ? endless : digits.toDouble();
+        const qsizetype begin = at;
+        const bool isTooLong = skipDigits() > mostDigits;
         if (at < text.size() && text.at(at) == u'.') {
             ++at;
-            skipDigits();
-            number += 1;
+            if (skipDigits() == 0)
+                --at;
         }
+        const double number = isTooLong ? endless : text.sliced(begin, at - begin).toDouble();
         take(number, text.sliced(at));
     }
+}
+
+bool isLength(QStringView unit)
+{
+    return unit.startsWith(u"px", Qt::CaseInsensitive) ||
+           unit.startsWith(u"pt", Qt::CaseInsensitive);
 }
 
 bool isFontHeight(QStringView unit)
@@ -115,9 +124,10 @@ double MarkupLengths::extent(qint64 cells, qint64 elements, qint64 characters) c
         const double all = sum.pixels + sum.fonts * lineHeight;
         return all > 0 ? all * sides * static_cast<double>(count) : 0;
     };
-    // Where no style says how high lines are, they fit.
+    // Where no style makes lines unusually high, they fit.
+    const bool isUsual = _font <= usualFont && _line <= usualLine;
     const double line = std::max(_font * lineHeightOfPoint, _line * lineHeight);
-    const double lines = line > 0 ? line * static_cast<double>(characters) : 0;
+    const double lines = isUsual ? 0 : line * static_cast<double>(characters);
     return pixels(_once, 1) + pixels(_everyCell, cells + 1) + pixels(_everyElement, elements) +
            lines;
 }
@@ -146,8 +156,12 @@ MarkupLengths::Sum MarkupLengths::readStyle(QStringView style)
         if (isOneOf(name, {u"color", u"background", u"background-color", u"font-weight"}) ||
             name.startsWith(u"-qt-"))
             continue;
-        if (name.contains(u"font", Qt::CaseInsensitive) ||
-            name.contains(u"line-height", Qt::CaseInsensitive)) {
+        if (name.contains(u"font", Qt::CaseInsensitive)) {
+            if (isOneOf(name, {u"font", u"font-size"}) || name.contains(u'/'))
+                readFont(value);
+            continue;
+        }
+        if (name.contains(u"line-height", Qt::CaseInsensitive)) {
             readLine(value);
             continue;
         }
@@ -158,12 +172,20 @@ MarkupLengths::Sum MarkupLengths::readStyle(QStringView style)
     return sum;
 }
 
-/// The value of a property that makes lines higher: pixels, points, or a multiple or percentage.
+/// The value of a property that makes letters larger: what is no length says nothing about that.
+void MarkupLengths::readFont(QStringView value)
+{
+    forEachNumber(value, [this](double number, QStringView unit) {
+        if (isLength(unit))
+            _font = std::max(_font, number);
+    });
+}
+
+/// The value of a property that makes lines higher: a length, a multiple or a percentage.
 void MarkupLengths::readLine(QStringView value)
 {
     forEachNumber(value, [this](double number, QStringView unit) {
-        if (unit.startsWith(u"px", Qt::CaseInsensitive) ||
-            unit.startsWith(u"pt", Qt::CaseInsensitive))
+        if (isLength(unit))
             _font = std::max(_font, number);
         else
             _line = std::max(_line, unit.startsWith(u'%') ? number / 100 : number);

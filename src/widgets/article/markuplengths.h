@@ -30,6 +30,7 @@ private:
     };
 
     Sum readStyle(QStringView style);
+    void readFont(QStringView value);
     void readLine(QStringView value);
 
     /// Of lengths that hold for one element, for every cell of a table, for every element.
