@@ -13,6 +13,7 @@
 #include <QResizeEvent>
 
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -169,7 +170,9 @@ void QDictionaryListBox::keyReleaseEvent(QKeyEvent* e)
 void QDictionaryListBox::resizeEvent(QResizeEvent* event)
 {
     const QPointer<QDictionaryListBox> self(this);
-    const bool wasInView = isCurrentInView(event->oldSize().height());
+    // The event does not know it when the list was hidden meanwhile.
+    const int oldHeight = std::exchange(_viewHeight, event->size().height());
+    const bool wasInView = isCurrentInView(oldHeight);
     QTeskelListBox::resizeEvent(event);
     if (self && wasInView)
         ensureCurrentVisible();

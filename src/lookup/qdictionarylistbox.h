@@ -67,4 +67,5 @@ private:
     int rewriteRows(DictionaryIterator& iterator, CursorPosition top, CursorPosition sought);
 
     Dictionary* _dictionary;
+    int _viewHeight = 0; // pixels, at the last resize
 };

@@ -79,6 +79,9 @@ private slots:
     void resizingKeepsTheCurrentRowWhollyInView();
     void resizingLeavesARowThatWasScrolledAway();
     void togglingTheViewKeepsTheCurrentRowWhollyInView();
+    void rearrangingKeepsTheCurrentRowWhollyInView();
+    void rowsOfAnyHeightAreShownWhole_data();
+    void rowsOfAnyHeightAreShownWhole();
 
     void tapShowsTheArticleAndSelectsTheEntrysText();
     void choosingARowStartsNoLookup();
@@ -415,6 +418,50 @@ void TestNavigation::togglingTheViewKeepsTheCurrentRowWhollyInView()
     bench.widget().resetMainLayout();
     QTRY_VERIFY(bench.list().height() < tall);
     QVERIFY(bench.isCurrentWhollyInView());
+}
+
+// The view is hidden meanwhile, as after the preferences.
+void TestNavigation::rearrangingKeepsTheCurrentRowWhollyInView()
+{
+    ShownBench bench;
+    bench.type(u"w000"_s);
+    const int last = bench.list().numItemsVisible() - 2;
+    bench.list().setSelected(last, true);
+    QVERIFY(bench.isCurrentWhollyInView());
+    const int height = bench.list().height();
+    bench.preferences().setLayout(PreferencesData::Horizontal);
+    bench.widget().resetLayout();
+    QTRY_VERIFY(bench.list().height() < height);
+    QTRY_VERIFY(bench.isCurrentWhollyInView());
+    QCOMPARE(bench.list().currentItem(), last);
+}
+
+void TestNavigation::rowsOfAnyHeightAreShownWhole_data()
+{
+    QTest::addColumn<int>("remainder");
+    QTest::newRow("even") << 0;
+    QTest::newRow("odd") << 1;
+}
+
+void TestNavigation::rowsOfAnyHeightAreShownWhole()
+{
+    QFETCH(int, remainder);
+    ShownBench bench(&stacked);
+    QFont font = bench.list().font();
+    for (int size = 8; size < 40 && bench.list().itemHeight() % 2 != remainder; ++size) {
+        font.setPixelSize(size);
+        bench.list().setFont(font);
+    }
+    QCOMPARE(bench.list().itemHeight() % 2, remainder);
+    bench.type(u"w000"_s);
+    for (int row = 1; row < bench.list().count(); ++row) {
+        QTest::keyClick(&bench.entry(), Qt::Key_Down);
+        QTRY_VERIFY2(bench.isCurrentWhollyInView(), qPrintable(bench.typed()));
+    }
+    for (int row = 1; row < bench.list().count(); ++row) {
+        QTest::keyClick(&bench.entry(), Qt::Key_Up);
+        QTRY_VERIFY2(bench.isCurrentWhollyInView(), qPrintable(bench.typed()));
+    }
 }
 
 void TestNavigation::tapShowsTheArticleAndSelectsTheEntrysText()

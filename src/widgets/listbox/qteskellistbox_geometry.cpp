@@ -246,7 +246,8 @@ void QTeskelListBox::ensureCurrentVisible()
     if (current < 0 || !layOutIfNeeded())
         return;
     const QRect cell = _state->layouter.cell(current);
-    const int ymargin = cell.height() / 2;
+    // Rounded up: the last line of a row of odd height must not stay out of sight.
+    const int ymargin = (cell.height() + 1) / 2;
     const int xmargin = numColumns() > 1 ? qMin(cell.width(), visibleWidth()) / 2 : 0;
     ensureVisible(cell.left() + xmargin, cell.top() + ymargin, xmargin, ymargin);
 }
