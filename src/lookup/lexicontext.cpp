@@ -14,11 +14,12 @@ QString composed(const QString& text)
     return text.normalized(QString::NormalizationForm_C);
 }
 
-QString askedWord(const QString& text)
+QStringList askedWords(const QString& text)
 {
     QString word;
     word.reserve(text.size());
     bool followsControl = false;
+    bool hasControl = false;
     for (const QChar character : composed(text)) {
         const bool isControl = character.category() == QChar::Other_Control && !character.isNull();
         if (!isControl)
@@ -26,8 +27,12 @@ QString askedWord(const QString& text)
         else if (!followsControl)
             word += u' ';
         followsControl = isControl;
+        hasControl |= isControl;
     }
-    return word.trimmed();
+    const QString bare = word.trimmed();
+    if (bare.isEmpty())
+        return {};
+    return hasControl || bare == word ? QStringList{bare} : QStringList{word, bare};
 }
 
 qsizetype lexiconLength(const QString& text)

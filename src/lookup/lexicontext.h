@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -14,11 +15,12 @@ namespace teskel
 /// Brings text from a person to the form that lexicons use: one character per accented letter.
 QString composed(const QString& text);
 
-/// The word that a person asks for with `text`, composed.
+/// The words that a person may ask for with `text`, composed, in the order in which to try them.
 ///
-/// Pasted text comes with line ends and tabs: control characters count as a blank, and blanks at
-/// the ends do not count. NUL stays, which no headword has.
-QString askedWord(const QString& text);
+/// As it stands, blanks included, which lead on to further words; then without blanks at its ends.
+/// Pasted text comes with line ends and tabs: control characters count as a blank, and a text that
+/// holds them is tried without blanks at its ends alone. NUL stays, which no headword has.
+QStringList askedWords(const QString& text);
 
 /// How many leading characters of `text` a lexicon can hold: those of Latin-1 except NUL.
 qsizetype lexiconLength(const QString& text);

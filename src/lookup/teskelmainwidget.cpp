@@ -199,18 +199,21 @@ void TeskelMainWidget::find()
     const QString text = _wordEntry->currentText();
     if (!_dictionary.isOpen() || text.isEmpty())
         return;
-    QString asked = teskel::askedWord(text);
-    const auto word = asked.isEmpty() ? std::nullopt : teskel::toLexiconBytes(asked);
-    const CursorPosition position =
-        word ? findWord(word->constData(), false) : CursorPosition::invalid();
-    if (!position.isInvalid()) {
-        setEditText(position);
-        saveMRUList(asked);
-        return;
+    for (QString asked : teskel::askedWords(text)) {
+        const auto word = teskel::toLexiconBytes(asked);
+        if (!word)
+            break;
+        const CursorPosition position = findWord(word->constData(), false);
+        if (!position.isInvalid()) {
+            setEditText(position);
+            saveMRUList(asked);
+            return;
+        }
+        _articleView->clear();
+        if (!findWord(word->constData(), true).isInvalid())
+            return;
     }
     _articleView->clear();
-    if (word)
-        findWord(word->constData(), true);
 }
 
 CursorPosition TeskelMainWidget::findWord(const char* word, bool prefix)
@@ -238,10 +241,13 @@ void TeskelMainWidget::comboActivated(int index)
     const QString item = _wordEntry->text(index);
     TESKEL_ASSERT(item.length() > 0, "item.length()>0", unit);
     const auto pause = pauseTyping(_wordEntry, this);
-    const auto word = teskel::toLexiconBytes(teskel::askedWord(item));
-    // Blanks ask for nothing; an empty item was reported and goes on to be.
-    if (word && (item.isEmpty() || !word->isEmpty()))
-        findWord(word->constData(), false);
+    // An empty item was reported, and goes on to be.
+    const QStringList words = item.isEmpty() ? QStringList{item} : teskel::askedWords(item);
+    for (const QString& asked : words) {
+        const auto word = teskel::toLexiconBytes(asked);
+        if (!word || !findWord(word->constData(), false).isInvalid())
+            break;
+    }
 }
 
 void TeskelMainWidget::listBoxSelectionChanged(QTeskelListBoxItem* item)

@@ -13,8 +13,8 @@ private slots:
     void composesBeforeItBecomesLatin1();
     void refusesWhatNoHeadwordHolds_data();
     void refusesWhatNoHeadwordHolds();
-    void wordIsAskedForWithoutControlCharactersAndOuterBlanks_data();
-    void wordIsAskedForWithoutControlCharactersAndOuterBlanks();
+    void wordsAreAskedForWithoutControlCharactersAndAtLastWithoutOuterBlanks_data();
+    void wordsAreAskedForWithoutControlCharactersAndAtLastWithoutOuterBlanks();
     void stripsOuterPunctuation_data();
     void stripsOuterPunctuation();
 };
@@ -48,34 +48,40 @@ void TestLexiconText::refusesWhatNoHeadwordHolds()
     QCOMPARE(teskel::toLexiconBytes(text).has_value(), length == text.size());
 }
 
-void TestLexiconText::wordIsAskedForWithoutControlCharactersAndOuterBlanks_data()
+void TestLexiconText::wordsAreAskedForWithoutControlCharactersAndAtLastWithoutOuterBlanks_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("empty") << QString() << QString();
-    QTest::newRow("word") << u"house"_s << u"house"_s;
-    QTest::newRow("decomposed") << u"Mu\u0308he"_s << u"M\u00FChe"_s;
-    QTest::newRow("line feed at the end") << u"house\n"_s << u"house"_s;
-    QTest::newRow("line end of another system") << u"house\r\n"_s << u"house"_s;
-    QTest::newRow("tab at the start") << u"\thouse"_s << u"house"_s;
-    QTest::newRow("line feed inside") << u"ice\ncream"_s << u"ice cream"_s;
-    QTest::newRow("line end of another system inside") << u"ice\r\ncream"_s << u"ice cream"_s;
-    QTest::newRow("control characters above ASCII") << u"\u0085ice\u009Fcream"_s << u"ice cream"_s;
-    QTest::newRow("delete") << u"ice\u007Fcream"_s << u"ice cream"_s;
-    QTest::newRow("blanks around") << u"  ice cream "_s << u"ice cream"_s;
-    QTest::newRow("blanks inside stay") << u"ice  cream"_s << u"ice  cream"_s;
-    QTest::newRow("no-break space at the end") << u"house\u00A0"_s << u"house"_s;
-    QTest::newRow("nothing else") << u" \t\n"_s << QString();
-    QTest::newRow("punctuation stays") << u"(house),"_s << u"(house),"_s;
+    QTest::addColumn<QStringList>("expected");
+    QTest::newRow("empty") << QString() << QStringList();
+    QTest::newRow("word") << u"house"_s << QStringList{u"house"_s};
+    QTest::newRow("decomposed") << u"Mu\u0308he"_s << QStringList{u"M\u00FChe"_s};
+    QTest::newRow("line feed at the end") << u"house\n"_s << QStringList{u"house"_s};
+    QTest::newRow("line end of another system") << u"house\r\n"_s << QStringList{u"house"_s};
+    QTest::newRow("tab at the start") << u"\thouse"_s << QStringList{u"house"_s};
+    QTest::newRow("line feed inside") << u"ice\ncream"_s << QStringList{u"ice cream"_s};
+    QTest::newRow("line end of another system inside")
+        << u"ice\r\ncream"_s << QStringList{u"ice cream"_s};
+    QTest::newRow("control characters above ASCII")
+        << u"\u0085ice\u009Fcream"_s << QStringList{u"ice cream"_s};
+    QTest::newRow("delete") << u"ice\u007Fcream"_s << QStringList{u"ice cream"_s};
+    QTest::newRow("blanks around")
+        << u"  ice cream "_s << QStringList{u"  ice cream "_s, u"ice cream"_s};
+    QTest::newRow("blanks alone") << u"  "_s << QStringList();
+    QTest::newRow("blanks inside stay") << u"ice  cream"_s << QStringList{u"ice  cream"_s};
+    QTest::newRow("no-break space at the end")
+        << u"house\u00A0"_s << QStringList{u"house\u00A0"_s, u"house"_s};
+    QTest::newRow("nothing else") << u" \t\n"_s << QStringList();
+    QTest::newRow("punctuation stays") << u"(house),"_s << QStringList{u"(house),"_s};
     // No headword has one, and dropping it would find a word that was not asked for.
-    QTest::newRow("NUL stays") << QString(u"house"_s + QChar(0)) << QString(u"house"_s + QChar(0));
+    QTest::newRow("NUL stays") << QString(u"house"_s + QChar(0))
+                               << QStringList{u"house"_s + QChar(0)};
 }
 
-void TestLexiconText::wordIsAskedForWithoutControlCharactersAndOuterBlanks()
+void TestLexiconText::wordsAreAskedForWithoutControlCharactersAndAtLastWithoutOuterBlanks()
 {
     QFETCH(QString, text);
-    QFETCH(QString, expected);
-    QCOMPARE(teskel::askedWord(text), expected);
+    QFETCH(QStringList, expected);
+    QCOMPARE(teskel::askedWords(text), expected);
 }
 
 void TestLexiconText::stripsOuterPunctuation_data()

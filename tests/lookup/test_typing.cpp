@@ -49,6 +49,7 @@ private slots:
     void emptyTextLooksNothingUp();
     void pastedControlCharactersAndBlanksDoNotHideTheWord_data();
     void pastedControlCharactersAndBlanksDoNotHideTheWord();
+    void blankBehindAWordLeadsOnToLongerOnes();
     void blanksAloneMatchNothing();
     void oneCharacterFillsTheListAndTheArticleOnce();
     void typingBeforeADictionaryOpensDoesNothing();
@@ -201,6 +202,16 @@ void TestTyping::pastedControlCharactersAndBlanksDoNotHideTheWord()
     QVERIFY(bench.article().text().startsWith("<p><b>"_L1 + word + "</b></p>"_L1));
     QCOMPARE(bench.history(), QStringList{word});
     QCOMPARE(bench.storedHistory(), QStringList{word});
+}
+
+void TestTyping::blankBehindAWordLeadsOnToLongerOnes()
+{
+    LookupBench bench;
+    bench.open({{"ice", "Eis"}, {"ice age", "Eiszeit"}, {"ice cream", "Speiseeis"}});
+    bench.type(u"ice "_s);
+    QCOMPARE(bench.currentWord(), u"ice age"_s);
+    QCOMPARE(bench.article().text(), QString());
+    QCOMPARE(bench.history(), QStringList{u"ice"_s}); // from before the blank
 }
 
 void TestTyping::blanksAloneMatchNothing()
