@@ -6,6 +6,7 @@
 #include "tests/support/warningcapture.h"
 
 #include <QBuffer>
+#include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -35,7 +36,9 @@ namespace
 {
 QStringList linesOf(const QString& unit)
 {
-    QFile file(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../../src/dictionary/") + unit);
+    QDirIterator sources(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../../src/dictionary"), {unit},
+                         QDir::Files, QDirIterator::Subdirectories);
+    QFile file(sources.next());
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));

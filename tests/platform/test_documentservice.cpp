@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-const QString service = u"org.teskel.Teskel"_s;
+const QString programName = u"org.teskel.Teskel"_s;
 
 // A session bus of the test's own.
 class Bus
@@ -71,13 +71,13 @@ QProcessEnvironment environmentWith(const QString& address)
 
 bool waitForOwner(const QDBusConnection& bus)
 {
-    return QTest::qWaitFor([&bus] { return bus.interface()->isServiceRegistered(service).value(); },
-                           10'000);
+    return QTest::qWaitFor(
+        [&bus] { return bus.interface()->isServiceRegistered(programName).value(); }, 10'000);
 }
 
 QDBusMessage call(const QDBusConnection& bus, const QString& method, const QVariantList& arguments)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(service, u"/org/teskel/Teskel"_s,
+    QDBusMessage message = QDBusMessage::createMethodCall(programName, u"/org/teskel/Teskel"_s,
                                                           u"org.freedesktop.Application"_s, method);
     message.setArguments(arguments);
     return bus.call(message);
@@ -168,7 +168,7 @@ void DocumentServiceTest::requestsDuringAMessageBoxWait()
     QVERIFY(probe.waitFor(u"running"_s));
     for (const QString& uri : {u"file:///a.PDB"_s, u"file:///b.PDB"_s}) {
         QDBusMessage message = QDBusMessage::createMethodCall(
-            service, u"/org/teskel/Teskel"_s, u"org.freedesktop.Application"_s, u"Open"_s);
+            programName, u"/org/teskel/Teskel"_s, u"org.freedesktop.Application"_s, u"Open"_s);
         message.setArguments({QStringList{uri}, QVariantMap()});
         bus.connection().asyncCall(message);
     }
@@ -211,7 +211,7 @@ void DocumentServiceTest::firstProgramKeepsTheName()
         QSKIP("no dbus-daemon");
     Probe first({}, environmentWith(bus.address()));
     QVERIFY(waitForOwner(bus.connection()));
-    const QString owner = bus.connection().interface()->serviceOwner(service).value();
+    const QString owner = bus.connection().interface()->serviceOwner(programName).value();
     {
         Probe second({}, environmentWith(bus.address()));
         QVERIFY(second.waitFor(u"running"_s));
@@ -224,9 +224,9 @@ void DocumentServiceTest::firstProgramKeepsTheName()
         call(bus.connection(), u"Open"_s, {QStringList{u"file:///a.PDB"_s}, QVariantMap()});
         QVERIFY(first.waitFor(u"document /a.PDB"_s));
         QVERIFY(!second.log().contains(u"document /a.PDB"_s));
-        QCOMPARE(bus.connection().interface()->serviceOwner(service).value(), owner);
+        QCOMPARE(bus.connection().interface()->serviceOwner(programName).value(), owner);
     }
-    QCOMPARE(bus.connection().interface()->serviceOwner(service).value(), owner);
+    QCOMPARE(bus.connection().interface()->serviceOwner(programName).value(), owner);
 }
 
 void DocumentServiceTest::programWithoutDocumentsLeavesTheNameToOthers()
@@ -238,7 +238,7 @@ void DocumentServiceTest::programWithoutDocumentsLeavesTheNameToOthers()
     QVERIFY(plain.waitFor(u"running"_s));
     Probe reader({}, environmentWith(bus.address()));
     QVERIFY(waitForOwner(bus.connection()));
-    QCOMPARE(bus.connection().interface()->servicePid(service).value(),
+    QCOMPARE(bus.connection().interface()->servicePid(programName).value(),
              static_cast<uint>(reader.processId()));
 }
 
@@ -288,7 +288,7 @@ void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow()
     QFETCH(const QVariantList, arguments);
     const QDBusMessage reply = call(bus.connection(), method, arguments);
     QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
-    const uint id = bus.connection().interface()->servicePid(service).value();
+    const uint id = bus.connection().interface()->servicePid(programName).value();
     QVERIFY(id > 1);
     const auto log = [&logFile] {
         QFile file(logFile);
@@ -299,8 +299,8 @@ void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow()
     QTRY_VERIFY_WITH_TIMEOUT(log().contains(u"running"_s), 10'000);
     QTEST(log(), "log");
     QCOMPARE(::kill(static_cast<pid_t>(id), SIGTERM), 0);
-    QTRY_VERIFY_WITH_TIMEOUT(!bus.connection().interface()->isServiceRegistered(service).value(),
-                             10'000);
+    QTRY_VERIFY_WITH_TIMEOUT(
+        !bus.connection().interface()->isServiceRegistered(programName).value(), 10'000);
 }
 
 void DocumentServiceTest::inheritedMarkOfABusDoesNotHoldUpTheWindow()

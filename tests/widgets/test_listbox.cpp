@@ -897,7 +897,7 @@ void TestListBox::fittedLayoutComesToRest()
         return MeasuredItem::measured == before;
     };
     QTRY_VERIFY(comesToRest());
-    QVERIFY2(MeasuredItem::measured < MeasuredItem::TooOften, "the list is laid out for ever");
+    QVERIFY2(MeasuredItem::measured < MeasuredItem::tooOften, "the list is laid out for ever");
     QCOMPARE(QSize(list.numColumns(), list.numRows()), grid);
     QCOMPARE(list.horizontalScrollBar()->isVisible(), rows && bar);
     QCOMPARE(list.verticalScrollBar()->isVisible(), !rows && bar);
