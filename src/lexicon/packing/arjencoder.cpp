@@ -2,29 +2,13 @@
 #include "lexicon/packing/arjencoder.h"
 
 #include "dictionary/unpacking/arjformat.h"
-#include "lexicon/packing/fastestencoder.h"
-#include "lexicon/packing/huffmanencoder.h"
 
 namespace teskel
 {
 
 ArjEncoder::ArjEncoder(int method)
-    : _method(method)
+    : _method(arjMethod(method))
 {
-}
-
-ArjEncoder::Effort ArjEncoder::effortOf(int method)
-{
-    switch (method) {
-    case arj::MostCompressed:
-        return {1024, arj::maxMatch};
-    case arj::Compressed:
-        return {48, 64};
-    case arj::Faster:
-        return {8, 16};
-    default:
-        return {48, 32};
-    }
 }
 
 std::string ArjEncoder::pack(std::string_view data)
@@ -32,10 +16,7 @@ std::string ArjEncoder::pack(std::string_view data)
     tokenize(data);
     std::string packed;
     packed.reserve(data.size() / 2 + 64);
-    if (_method == arj::Fastest)
-        writeFastestStream(_tokens, packed);
-    else
-        writeHuffmanStream(_tokens, packed);
+    _method.writeStream(_tokens, packed);
     return packed;
 }
 
@@ -51,16 +32,13 @@ void ArjEncoder::addMatch(const Match& match)
 
 void ArjEncoder::tokenize(std::string_view data)
 {
-    const Effort effort = effortOf(_method);
-    const unsigned maxDistance =
-        _method == arj::Fastest ? arj::fastMaxDistance : arj::encoderWindow;
     _tokens.clear();
-    _finder.start(data, {arj::threshold, arj::maxMatch, maxDistance, effort.tries});
+    _finder.start(data, {arj::threshold, arj::maxMatch, _method.maxDistance, _method.tries});
     const auto size = static_cast<unsigned>(data.size());
     Match waiting; // found at the byte before `position`, not yet written
     for (unsigned position = 0; position < size;) {
         Match match;
-        if (waiting.length < effort.goodEnough)
+        if (waiting.length < _method.goodEnough)
             match = _finder.find(position, waiting.length);
         _finder.add(position);
         if (waiting.length > 0 && match.length == 0) {

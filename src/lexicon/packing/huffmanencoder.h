@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/packing/arjencoder.h"
+#include "lexicon/packing/arjtoken.h"
+
+#include <string>
+#include <vector>
 
 namespace teskel
 {
