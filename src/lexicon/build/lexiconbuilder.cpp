@@ -9,7 +9,7 @@
 #include "lexicon/file/recordplan.h"
 #include "lexicon/file/spotcheck.h"
 #include "lexicon/packing/arjmember.h"
-#include "lexicon/sources/lexiconsource.h"
+#include "lexicon/sources/sourcetable.h"
 
 namespace teskel
 {
@@ -40,7 +40,7 @@ std::string databaseName(const std::string& description)
 
 bool LexiconBuilder::build(std::string& error)
 {
-    const auto source = LexiconSource::forPath(_options.source, error);
+    const auto source = sourceForPath(_options.source, error);
     if (!source)
         return false;
     EntryArena arena;

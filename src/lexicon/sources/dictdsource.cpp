@@ -33,6 +33,11 @@ bool isShortName(const DictdIndex::Line& line)
 
 } // namespace
 
+bool DictdSource::isNamedBy(std::string_view path)
+{
+    return path.ends_with(indexSuffix);
+}
+
 bool DictdSource::openArticles(DictzipReader& articles, std::string& error) const
 {
     const std::string base = _indexPath.substr(0, _indexPath.size() - indexSuffix.size());

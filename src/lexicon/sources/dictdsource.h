@@ -12,6 +12,9 @@ namespace teskel
 class DictdSource : public LexiconSource
 {
 public:
+    /// Whether a file of that name is the index of such a dictionary.
+    static bool isNamedBy(std::string_view path);
+
     /// `indexPath` ends with ".index"; the articles are in ".dict.dz" or ".dict" beside it.
     explicit DictdSource(std::string indexPath)
         : _indexPath(std::move(indexPath))

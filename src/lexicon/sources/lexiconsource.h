@@ -3,7 +3,6 @@
 
 #include "lexicon/entries/entryintake.h"
 
-#include <memory>
 #include <string>
 
 namespace teskel
@@ -14,10 +13,6 @@ class LexiconSource
 {
 public:
     virtual ~LexiconSource() = default;
-
-    /// The source that `path` names: a dictd ".index", a ".tsv", or "-" for TSV on the standard
-    /// input. Null, with the reason in `error`, when its name is none of these.
-    static std::unique_ptr<LexiconSource> forPath(const std::string& path, std::string& error);
 
     /// Hands all entries to `intake`. On failure returns false and says why in `error`.
     virtual bool read(EntryIntake& intake, std::string& error) = 0;

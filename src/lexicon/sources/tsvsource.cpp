@@ -12,6 +12,11 @@ namespace
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 } // namespace
 
+bool TsvSource::isNamedBy(std::string_view path)
+{
+    return path == "-" || path.ends_with(".tsv");
+}
+
 bool TsvSource::read(EntryIntake& intake, std::string& error)
 {
     std::string text;

@@ -10,6 +10,9 @@ namespace teskel
 class TsvSource : public LexiconSource
 {
 public:
+    /// Whether a file of that name, or "-" for the standard input, is such text.
+    static bool isNamedBy(std::string_view path);
+
     /// `path` is "-" for the standard input.
     explicit TsvSource(std::string path)
         : _path(std::move(path))
