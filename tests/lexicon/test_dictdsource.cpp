@@ -2,7 +2,7 @@
 #include "lexicon/entries/entryintake.h"
 #include "lexicon/sources/dictdindex.h"
 #include "lexicon/sources/dictdsource.h"
-#include "lexicon/sources/dictzipreader.h"
+#include "lexicon/sources/inputfile.h"
 #include "tests/support/palmwriter.h"
 
 #include <QProcess>
@@ -130,7 +130,7 @@ void TestDictdSource::readsAcrossChunks()
     QProcess dictzip;
     dictzip.start(u"dictzip"_s, {directory.filePath(u"big"_s)});
     QVERIFY(dictzip.waitForFinished() && dictzip.exitCode() == 0);
-    DictzipReader reader;
+    InputFile reader;
     std::string error;
     QVERIFY(reader.open(stdPath(directory, u"big.dz"_s), error));
     std::string piece;

@@ -57,7 +57,8 @@ bool isMetadata(std::string_view key)
 
 bool DictdIndex::read(const std::string& path, std::string& error)
 {
-    if (!readWholeFile(path, _text, error))
+    InputFile file;
+    if (!file.open(path, error) || !file.readAll(_text, error))
         return false;
     uint32_t line = 0;
     for (std::string_view rest = _text; !rest.empty();) {

@@ -38,20 +38,25 @@ bool DictdSource::isNamedBy(std::string_view path)
     return path.ends_with(indexSuffix);
 }
 
-bool DictdSource::openArticles(DictzipReader& articles, std::string& error) const
+bool DictdSource::openArticles(InputFile& articles, std::string& error) const
 {
     const std::string base = _indexPath.substr(0, _indexPath.size() - indexSuffix.size());
     for (const char* suffix : {".dict.dz", ".dict"}) {
         const std::string path = base + suffix;
-        if (::access(path.c_str(), F_OK) == 0)
-            return articles.open(path, error);
+        if (::access(path.c_str(), F_OK) != 0)
+            continue;
+        if (!articles.open(path, error))
+            return false;
+        if (articles.isPacked() || !path.ends_with(".dz"))
+            return true;
+        error = path + " is not packed by dictzip or gzip";
+        return false;
     }
     error = "cannot find " + base + ".dict.dz or " + base + ".dict beside the index";
     return false;
 }
 
-bool DictdSource::readDescription(const DictdIndex& index, DictzipReader& articles,
-                                  std::string& error)
+bool DictdSource::readDescription(const DictdIndex& index, InputFile& articles, std::string& error)
 {
     const auto& lines = index.metadata();
     const auto name = std::find_if(lines.begin(), lines.end(), isShortName);
@@ -71,11 +76,11 @@ bool DictdSource::readDescription(const DictdIndex& index, DictzipReader& articl
 bool DictdSource::read(EntryIntake& intake, std::string& error)
 {
     DictdIndex index;
-    DictzipReader articles;
+    InputFile articles;
     if (!index.read(_indexPath, error) || !openArticles(articles, error) ||
         !readDescription(index, articles, error))
         return false;
-    // In the order of the data each chunk is unpacked once.
+    // In the order of the data everything is unpacked once.
     std::vector<const DictdIndex::Line*> lines;
     lines.reserve(index.entries().size());
     for (const DictdIndex::Line& line : index.entries())

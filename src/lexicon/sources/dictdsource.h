@@ -2,7 +2,7 @@
 #pragma once
 
 #include "lexicon/sources/dictdindex.h"
-#include "lexicon/sources/dictzipreader.h"
+#include "lexicon/sources/inputfile.h"
 #include "lexicon/sources/lexiconsource.h"
 
 namespace teskel
@@ -25,8 +25,8 @@ public:
     Latin1Converter::Text textKind() const override { return Latin1Converter::Text::PlainArticle; }
 
 private:
-    bool openArticles(DictzipReader& articles, std::string& error) const;
-    bool readDescription(const DictdIndex& index, DictzipReader& articles, std::string& error);
+    bool openArticles(InputFile& articles, std::string& error) const;
+    bool readDescription(const DictdIndex& index, InputFile& articles, std::string& error);
 
     std::string _indexPath;
 };

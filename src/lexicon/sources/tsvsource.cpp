@@ -19,8 +19,9 @@ bool TsvSource::isNamedBy(std::string_view path)
 
 bool TsvSource::read(EntryIntake& intake, std::string& error)
 {
+    InputFile file;
     std::string text;
-    if (!readWholeFile(_path, text, error))
+    if (!file.open(_path, error) || !file.readAll(text, error))
         return false;
     std::string_view rest = text;
     if (rest.starts_with(byteOrderMark))
