@@ -21,6 +21,8 @@ private slots:
     void standsBesideItsTargetUntilCommitted();
     void leavesNothingWhenNotCommitted();
     void replacesTheTarget();
+    void showsOthersWhatWasFlushed();
+    void saysWhyItCannotBeCreated();
     void saysWhyItCannotBeCommitted();
     void replacesNoPipe();
 };
@@ -44,7 +46,7 @@ void TestPendingFile::standsBesideItsTargetUntilCommitted()
 {
     const QTemporaryDir directory;
     PendingFile file(pathIn(directory, "a.PDB"));
-    QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
+    QVERIFY(file.write("new"));
     QVERIFY(!filesIn(directory).contains(u"a.PDB"_s));
     std::string error;
     QVERIFY(file.commit(error));
@@ -55,8 +57,8 @@ void TestPendingFile::leavesNothingWhenNotCommitted()
 {
     const QTemporaryDir directory;
     {
-        const PendingFile file(pathIn(directory, "a.PDB"));
-        QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
+        PendingFile file(pathIn(directory, "a.PDB"));
+        QVERIFY(file.write("new"));
         QCOMPARE(filesIn(directory).size(), 1);
     }
     QVERIFY(filesIn(directory).isEmpty());
@@ -68,12 +70,41 @@ void TestPendingFile::replacesTheTarget()
     const QString target = directory.filePath(u"a.PDB"_s);
     QVERIFY(writeFile(target, "old"));
     PendingFile file(target.toStdString());
-    QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
+    QVERIFY(file.write("new"));
     std::string error;
     QVERIFY(file.commit(error));
     QFile result(target);
     QVERIFY(result.open(QIODevice::ReadOnly));
     QCOMPARE(result.readAll(), QByteArray("new"));
+}
+
+void TestPendingFile::showsOthersWhatWasFlushed()
+{
+    const QTemporaryDir directory;
+    PendingFile file(pathIn(directory, "a.PDB"));
+    QVERIFY(file.write("first, second"));
+    file.seek(0);
+    QVERIFY(file.write("FIRST"));
+    std::string error;
+    QVERIFY(file.flush(error));
+    QFile pending(QString::fromStdString(file.path()));
+    QVERIFY(pending.open(QIODevice::ReadOnly));
+    QCOMPARE(pending.readAll(), QByteArray("FIRST, second"));
+}
+
+void TestPendingFile::saysWhyItCannotBeCreated()
+{
+    const QTemporaryDir directory;
+    const std::string target = pathIn(directory, "missing/a.PDB");
+    PendingFile file(target);
+    QVERIFY(!file.write("new"));
+    const std::string reason = "cannot write " + target + ": No such file or directory";
+    std::string error;
+    QVERIFY(!file.flush(error));
+    QCOMPARE(error, reason);
+    error.clear();
+    QVERIFY(!file.commit(error));
+    QCOMPARE(error, reason);
 }
 
 void TestPendingFile::saysWhyItCannotBeCommitted()
@@ -84,7 +115,7 @@ void TestPendingFile::saysWhyItCannotBeCommitted()
     std::string error;
     {
         PendingFile file(target);
-        QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
+        QVERIFY(file.write("new"));
         QVERIFY(!file.commit(error));
     }
     QCOMPARE(error, "cannot write " + target + ": Is a directory");
@@ -99,7 +130,7 @@ void TestPendingFile::replacesNoPipe()
     std::string error;
     {
         PendingFile file(target);
-        QVERIFY(writeFile(QString::fromStdString(file.path()), "new"));
+        QVERIFY(file.write("new"));
         QVERIFY(!file.commit(error));
     }
     QCOMPARE(error, "cannot write " + target + ": it is no regular file");

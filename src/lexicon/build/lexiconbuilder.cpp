@@ -73,7 +73,7 @@ bool LexiconBuilder::build(std::string& error)
     _report.headwords = entries.size();
 
     PendingFile file(_options.output);
-    if (!write(file.path(), description, plan, error))
+    if (!write(file, description, plan, error))
         return false;
     SpotCheck check(file.path());
     if (!check.run(entries, error))
@@ -82,12 +82,12 @@ bool LexiconBuilder::build(std::string& error)
     return file.commit(error);
 }
 
-bool LexiconBuilder::write(const std::string& path, const std::string& description,
+bool LexiconBuilder::write(PendingFile& file, const std::string& description,
                            const RecordPlan& plan, std::string& error)
 {
     ArjEncoder encoder(_options.method);
     const auto recordCount = static_cast<uint16_t>(plan.records().size() + limits::firstWordRecord);
-    PalmDatabaseWriter writer(path, databaseName(description), recordCount);
+    PalmDatabaseWriter writer(file, databaseName(description), recordCount);
     writer.add(plan.index());
     writer.add(unusedRecord);
     writer.add(
@@ -101,10 +101,11 @@ bool LexiconBuilder::write(const std::string& path, const std::string& descripti
     }
     _report.records = plan.records().size();
     _report.fileBytes = writer.size();
-    const std::string reason = writer.finish();
-    if (!reason.empty())
-        error = "cannot write " + _options.output + ": " + reason;
-    return reason.empty();
+    if (!writer.finish()) {
+        error = "cannot write " + _options.output + ": the file would grow beyond 4 GiB";
+        return false;
+    }
+    return file.flush(error);
 }
 
 } // namespace teskel

@@ -11,6 +11,7 @@
 namespace teskel
 {
 
+class PendingFile;
 class RecordPlan;
 
 /// What a build is asked for. Paths are in the bytes of the file system.
@@ -45,7 +46,7 @@ public:
     const BuildReport& report() const { return _report; }
 
 private:
-    bool write(const std::string& path, const std::string& description, const RecordPlan& plan,
+    bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,
                std::string& error);
 
     BuildOptions _options;

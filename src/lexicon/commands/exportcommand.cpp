@@ -5,9 +5,7 @@
 #include "lexicon/sources/tsv.h"
 #include "lexicon/text/utf8.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fstream>
+#include <functional>
 #include <iostream>
 
 namespace teskel::commands
@@ -16,16 +14,18 @@ namespace teskel::commands
 namespace
 {
 
-LexiconReader::Status writeEntries(LexiconReader& reader, std::ostream& out, std::string& error)
+/// Takes a line of TSV; false ends the export.
+using Sink = std::function<bool(const std::string&)>;
+
+LexiconReader::Status writeEntries(LexiconReader& reader, const Sink& write, std::string& error)
 {
     // A line without a headword holds the description, so that a build gets the same file.
     if (const std::string description = reader.description(); !description.empty())
-        out << tsv::line({}, description);
+        write(tsv::line({}, description));
     return reader.visitFrom(
         {},
-        [&out](std::string_view headword, std::string_view article) {
-            out << tsv::line(utf8::fromLatin1(headword), utf8::fromLatin1(article));
-            return static_cast<bool>(out);
+        [&write](std::string_view headword, std::string_view article) {
+            return write(tsv::line(utf8::fromLatin1(headword), utf8::fromLatin1(article)));
         },
         error);
 }
@@ -33,17 +33,12 @@ LexiconReader::Status writeEntries(LexiconReader& reader, std::ostream& out, std
 int exportToFile(LexiconReader& reader, const std::string& file, const std::string& output)
 {
     PendingFile pending(output);
-    std::ofstream out(pending.path(), std::ios::binary);
     std::string error;
-    const LexiconReader::Status status = writeEntries(reader, out, error);
+    const auto write = [&pending](const std::string& line) { return pending.write(line); };
+    const LexiconReader::Status status = writeEntries(reader, write, error);
     if (status != LexiconReader::Status::Ok) {
         complain(file + ": " + error);
         return exitCode(status);
-    }
-    out.close();
-    if (!out) {
-        complain("cannot write " + output + ": " + std::strerror(errno));
-        return Failed;
     }
     if (!pending.commit(error)) {
         complain(error);
@@ -62,7 +57,11 @@ int exportTsv(const std::string& file, const std::string& output)
     if (!output.empty() && output != "-")
         return exportToFile(reader, file, output);
     std::string error;
-    const LexiconReader::Status status = writeEntries(reader, std::cout, error);
+    const auto write = [](const std::string& line) {
+        std::cout << line;
+        return static_cast<bool>(std::cout);
+    };
+    const LexiconReader::Status status = writeEntries(reader, write, error);
     if (status != LexiconReader::Status::Ok)
         complain(file + ": " + error);
     return finishOutput(exitCode(status));

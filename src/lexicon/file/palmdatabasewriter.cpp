@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/file/palmdatabasewriter.h"
 
+#include <QByteArray>
+#include <QDataStream>
+
 #include <limits>
 
 namespace teskel
@@ -9,95 +12,77 @@ namespace teskel
 namespace
 {
 
-constexpr size_t nameBytes = 32;
+constexpr qsizetype nameBytes = 32;
 constexpr uint64_t headerBytes = 78;
-constexpr std::string_view type = "DICT";
-constexpr std::string_view creator = "TSKL";
+constexpr char type[] = "DICT";
+constexpr char creator[] = "TSKL";
 
-void putNumber(std::string& out, uint32_t number, unsigned bytes)
+std::string_view viewOf(const QByteArray& bytes)
 {
-    while (bytes-- > 0)
-        out.push_back(static_cast<char>(static_cast<unsigned char>(number >> (8 * bytes))));
+    return {bytes.constData(), static_cast<size_t>(bytes.size())};
 }
 
-std::string header(std::string_view name, uint16_t recordCount)
+QByteArray header(std::string_view name, quint16 recordCount)
 {
-    std::string bytes(name.substr(0, nameBytes - 1));
-    bytes.resize(nameBytes, '\0');
-    putNumber(bytes, 0, 2); // attributes
-    putNumber(bytes, 0, 2); // version
-    putNumber(bytes, 0, 4); // creation date
-    putNumber(bytes, 0, 4); // modification date
-    putNumber(bytes, 0, 4); // last backup date
-    putNumber(bytes, 0, 4); // modification number
-    putNumber(bytes, 0, 4); // application info
-    putNumber(bytes, 0, 4); // sort info
-    bytes += type;
-    bytes += creator;
-    putNumber(bytes, 0, 4); // unique id seed
-    putNumber(bytes, 0, 4); // next record list
-    putNumber(bytes, recordCount, 2);
+    QByteArray bytes =
+        QByteArray(name.data(), static_cast<qsizetype>(name.size())).left(nameBytes - 1);
+    bytes.append(nameBytes - bytes.size(), '\0');
+    QDataStream out(&bytes, QIODevice::Append);
+    out << quint16{0}  // attributes
+        << quint16{0}  // version
+        << quint32{0}  // creation date
+        << quint32{0}  // modification date
+        << quint32{0}  // last backup date
+        << quint32{0}  // modification number
+        << quint32{0}  // application info
+        << quint32{0}; // sort info
+    out.writeRawData(type, 4);
+    out.writeRawData(creator, 4);
+    out << quint32{0} // unique id seed
+        << quint32{0} // next record list
+        << recordCount;
     return bytes;
 }
 
 } // namespace
 
-PalmDatabaseWriter::PalmDatabaseWriter(const std::string& path, std::string_view name,
+PalmDatabaseWriter::PalmDatabaseWriter(PendingFile& file, std::string_view name,
                                        uint16_t recordCount)
-    : _file(QFile::decodeName(path.c_str()))
+    : _file(file)
     , _recordCount(recordCount)
 {
-    // A buffer would only stand between a record and the reason why it cannot be written.
-    if (!_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-        _error = _file.errorString().toStdString();
-    write(header(name, recordCount));
-    write(recordList()); // room for the list; the offsets are known in the end
+    write(viewOf(header(name, recordCount)));
+    write(viewOf(recordList())); // room for the list; the offsets are known in the end
 }
 
 void PalmDatabaseWriter::write(std::string_view bytes)
 {
     _size += bytes.size();
-    // A disk that fills up takes a part of the bytes first, and says why only when asked for the
-    // rest.
-    while (_error.empty() && !bytes.empty()) {
-        const qint64 written = _file.write(bytes.data(), static_cast<qint64>(bytes.size()));
-        if (written > 0)
-            bytes.remove_prefix(static_cast<size_t>(written));
-        else
-            _error = _file.errorString().toStdString();
-    }
+    _file.write(bytes);
 }
 
 void PalmDatabaseWriter::add(std::string_view record)
 {
-    if (_size + record.size() > std::numeric_limits<uint32_t>::max() && _error.empty())
-        _error = "the file would grow beyond 4 GiB";
     _offsets.push_back(static_cast<uint32_t>(_size));
     write(record);
 }
 
-std::string PalmDatabaseWriter::recordList() const
+QByteArray PalmDatabaseWriter::recordList() const
 {
-    std::string list;
-    for (uint32_t i = 0; i < _recordCount; ++i) {
-        putNumber(list, i < _offsets.size() ? _offsets[i] : 0, 4);
-        putNumber(list, 0, 1); // attributes
-        putNumber(list, i, 3); // unique id
+    QByteArray list;
+    QDataStream out(&list, QIODevice::WriteOnly);
+    for (quint32 i = 0; i < _recordCount; ++i) {
+        out << (i < _offsets.size() ? _offsets[i] : 0);
+        out << i; // one byte of attributes, none of them set, and three of the unique id
     }
     return list;
 }
 
-std::string PalmDatabaseWriter::finish()
+bool PalmDatabaseWriter::finish()
 {
-    if (_error.empty() && !_file.seek(static_cast<qint64>(headerBytes)))
-        _error = _file.errorString().toStdString();
-    const uint64_t size = _size;
-    write(recordList());
-    _size = size;
-    _file.close();
-    if (_error.empty() && _file.error() != QFileDevice::NoError)
-        _error = _file.errorString().toStdString();
-    return _error;
+    _file.seek(headerBytes);
+    _file.write(viewOf(recordList()));
+    return _size <= std::numeric_limits<uint32_t>::max();
 }
 
 } // namespace teskel

@@ -4,10 +4,8 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
 #include <cstring>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -52,18 +50,6 @@ void forgetSignals()
     pendingPath[0] = '\0';
 }
 
-bool makeLasting(const std::string& path)
-{
-    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0)
-        return false;
-    const bool done = ::fsync(file) == 0;
-    const int reason = errno;
-    ::close(file);
-    errno = reason;
-    return done;
-}
-
 // A pipe or a device would be gone for everybody. What a rename says of a directory is enough.
 bool isReplaceable(const std::string& path)
 {
@@ -79,23 +65,61 @@ PendingFile::PendingFile(std::string target)
     _path = _target + ".part" + std::to_string(::getpid());
     ::unlink(_path.c_str()); // left by a process that was killed
     watchSignals(_path);
+    _file = std::fopen(_path.c_str(), "wbxe");
+    check(_file != nullptr);
 }
 
 PendingFile::~PendingFile()
 {
+    if (_file)
+        std::fclose(_file);
     if (!_isCommitted)
         ::unlink(_path.c_str());
     forgetSignals();
 }
 
+/// Keeps the reason when something is not done.
+bool PendingFile::check(bool isDone)
+{
+    if (!isDone && _reason == 0)
+        _reason = errno;
+    return isDone;
+}
+
+std::string PendingFile::sentence() const
+{
+    return "cannot write " + _target + ": " + std::strerror(_reason);
+}
+
+bool PendingFile::write(std::string_view bytes)
+{
+    return _reason == 0 && check(std::fwrite(bytes.data(), 1, bytes.size(), _file) == bytes.size());
+}
+
+void PendingFile::seek(uint64_t offset)
+{
+    if (_reason == 0)
+        check(::fseeko(_file, static_cast<off_t>(offset), SEEK_SET) == 0);
+}
+
+bool PendingFile::flush(std::string& error)
+{
+    if (_reason == 0 && check(std::fflush(_file) == 0))
+        return true;
+    error = sentence();
+    return false;
+}
+
 bool PendingFile::commit(std::string& error)
 {
+    if (!flush(error))
+        return false;
     if (!isReplaceable(_target)) {
         error = "cannot write " + _target + ": it is no regular file";
         return false;
     }
-    if (!makeLasting(_path) || std::rename(_path.c_str(), _target.c_str()) != 0) {
-        error = "cannot write " + _target + ": " + std::strerror(errno);
+    if (!check(::fsync(::fileno(_file)) == 0 && std::rename(_path.c_str(), _target.c_str()) == 0)) {
+        error = sentence();
         return false;
     }
     _isCommitted = true;

@@ -1,19 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+#include <cstdio>
 #include <string>
+#include <string_view>
 
 namespace teskel
 {
 
-/// A file that takes its final name only when it is complete.
+/// An output that takes its name only when it is complete: it is written whole or not at all.
 ///
 /// Until then it stands beside its target under a name of its own. It is removed when it is
 /// destroyed without having been committed, and when a signal ends the program. One at a time.
 class PendingFile
 {
 public:
-    /// `target` is the final path, in the bytes of the file system.
+    /// Creates the file. `target` is its final path, in the bytes of the file system.
     explicit PendingFile(std::string target);
     PendingFile(const PendingFile&) = delete;
     PendingFile& operator=(const PendingFile&) = delete;
@@ -21,13 +24,27 @@ public:
 
     const std::string& path() const { return _path; }
 
+    /// Appends bytes. Nothing is written any more once something could not be, the creation of the
+    /// file included; flush() and commit() say why.
+    bool write(std::string_view bytes);
+    /// Goes on writing at `offset`, over what stands there.
+    void seek(uint64_t offset);
+
+    /// Lets others see what was written so far. On failure returns false and says why in `error`.
+    bool flush(std::string& error);
+
     /// Makes the file's bytes last and gives it its name, replacing the file or the link that was
     /// there, but no pipe or device. On failure returns false and says why in `error`.
     bool commit(std::string& error);
 
 private:
+    bool check(bool isDone);
+    std::string sentence() const;
+
     std::string _target;
     std::string _path;
+    std::FILE* _file;
+    int _reason = 0; ///< errno of the first failure
     bool _isCommitted = false;
 };
 

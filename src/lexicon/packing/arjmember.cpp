@@ -3,6 +3,9 @@
 
 #include "dictionary/unpacking/arjformat.h"
 
+#include <QByteArray>
+#include <QDataStream>
+
 #include <zlib.h>
 
 namespace teskel
@@ -12,45 +15,42 @@ namespace
 {
 
 constexpr char memberName[] = "r";
-constexpr unsigned archiverVersion = 11;
-constexpr unsigned minimumVersion = 1;
-constexpr unsigned hostUnix = 2;
-constexpr unsigned binaryFile = 0;
-constexpr uint32_t fixedDate = 0x00210000; // 1 January 1980, 0:00
-constexpr unsigned regularFileMode = 0100644;
+constexpr quint8 archiverVersion = 11;
+constexpr quint8 minimumVersion = 1;
+constexpr quint8 hostUnix = 2;
+constexpr quint8 binaryFile = 0;
+constexpr quint32 fixedDate = 0x00210000; // 1 January 1980, 0:00
+constexpr quint16 regularFileMode = 0100644;
 
-void putNumber(std::string& out, uint32_t number, unsigned bytes)
+quint32 checksum(std::string_view data)
 {
-    for (unsigned i = 0; i < bytes; ++i)
-        out.push_back(static_cast<char>(static_cast<unsigned char>(number >> (8 * i))));
-}
-
-uint32_t checksum(std::string_view data)
-{
-    return static_cast<uint32_t>(
+    return static_cast<quint32>(
         ::crc32(0, reinterpret_cast<const Bytef*>(data.data()), static_cast<uInt>(data.size())));
 }
 
-std::string basicHeader(std::string_view data, size_t packedSize, int method)
+void appendRaw(QDataStream& out, std::string_view bytes)
 {
-    std::string header;
-    putNumber(header, arj::firstHeaderSize, 1);
-    putNumber(header, archiverVersion, 1);
-    putNumber(header, minimumVersion, 1);
-    putNumber(header, hostUnix, 1);
-    putNumber(header, 0, 1); // flags
-    putNumber(header, static_cast<uint32_t>(method), 1);
-    putNumber(header, binaryFile, 1);
-    putNumber(header, 0, 1); // reserved
-    putNumber(header, fixedDate, 4);
-    putNumber(header, static_cast<uint32_t>(packedSize), 4);
-    putNumber(header, static_cast<uint32_t>(data.size()), 4);
-    putNumber(header, checksum(data), 4);
-    putNumber(header, 0, 2); // the name has no directory in front
-    putNumber(header, regularFileMode, 2);
-    putNumber(header, 0, 2); // host data
-    header.append(memberName, sizeof memberName);
-    header.push_back('\0'); // comment
+    out.writeRawData(bytes.data(), static_cast<int>(bytes.size()));
+}
+
+QByteArray basicHeader(std::string_view data, size_t packedSize, int method)
+{
+    QByteArray header;
+    QDataStream out(&header, QIODevice::WriteOnly);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out << quint8{arj::firstHeaderSize};
+    out << archiverVersion << minimumVersion << hostUnix;
+    out << quint8{0}; // flags
+    out << static_cast<quint8>(method) << binaryFile;
+    out << quint8{0}; // reserved
+    out << fixedDate;
+    out << static_cast<quint32>(packedSize) << static_cast<quint32>(data.size());
+    out << checksum(data);
+    out << quint16{0}; // the name has no directory in front
+    out << regularFileMode;
+    out << quint16{0}; // host data
+    appendRaw(out, {memberName, sizeof memberName});
+    out << quint8{0}; // comment
     return header;
 }
 
@@ -59,16 +59,17 @@ std::string basicHeader(std::string_view data, size_t packedSize, int method)
 std::string ArjMember::pack(std::string_view data, ArjEncoder& encoder)
 {
     const std::string packed = encoder.pack(data);
-    const std::string header = basicHeader(data, packed.size(), encoder.method());
-    std::string member;
-    member.reserve(header.size() + packed.size() + 10);
-    putNumber(member, arj::headerId, 2);
-    putNumber(member, static_cast<uint32_t>(header.size()), 2);
-    member += header;
-    putNumber(member, checksum(header), 4);
-    putNumber(member, 0, 2); // no extended header
-    member += packed;
-    return member;
+    const QByteArray basic = basicHeader(data, packed.size(), encoder.method());
+    const std::string_view header(basic.constData(), static_cast<size_t>(basic.size()));
+    QByteArray member;
+    QDataStream out(&member, QIODevice::WriteOnly);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out << arj::headerId << static_cast<quint16>(header.size());
+    appendRaw(out, header);
+    out << checksum(header);
+    out << quint16{0}; // no extended header
+    appendRaw(out, packed);
+    return member.toStdString();
 }
 
 } // namespace teskel
