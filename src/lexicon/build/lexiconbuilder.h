@@ -20,6 +20,7 @@ struct BuildOptions {
     /// look-up; docs/teskel-lexicon.md has the figures.
     static constexpr unsigned defaultRecordSize = 8192;
     static constexpr unsigned smallestRecordSize = 256;
+    static constexpr unsigned largestRecordSize = limits::recordBytes;
     static constexpr int defaultMethod = 1;
 
     std::string source;

@@ -1,13 +1,21 @@
 // SPDX-License-Identifier: MIT
+#include "lexicon/build/lexiconbuilder.h"
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/sources/sourcetable.h"
 
 #include <iostream>
+#include <memory>
+
+#include <CLI/CLI.hpp>
 
 namespace teskel::commands
 {
 
-int build(const BuildOptions& options, bool quiet)
+namespace
+{
+
+int run(const BuildOptions& options, bool quiet)
 {
     LexiconBuilder builder(options);
     std::string error;
@@ -18,6 +26,33 @@ int build(const BuildOptions& options, bool quiet)
     if (!quiet)
         builder.report().print(std::cerr);
     return Done;
+}
+
+} // namespace
+
+Action build(CLI::App& options)
+{
+    struct Request : BuildOptions {
+        bool quiet = false;
+    };
+    const auto request = std::make_shared<Request>();
+    options.add_option("SOURCE", request->source, sourceHelp())->required();
+    options.add_option("-o,--output", request->output, "The lexicon to write, such as Eng2Ger.PDB")
+        ->required();
+    options.add_option("--description", request->description,
+                       "Text shown when the lexicon is opened (default: the source's own)");
+    options
+        .add_option("--method", request->method,
+                    "ARJ method: 1 packs best, 4 unpacks with least work")
+        ->check(CLI::Range(1, 4))
+        ->capture_default_str();
+    options.add_option("--record-size", request->recordSize, "Unpacked bytes of a word record")
+        ->check(CLI::Range(BuildOptions::smallestRecordSize, BuildOptions::largestRecordSize))
+        ->capture_default_str();
+    options.add_flag("--no-numbers{false}", request->numbers,
+                     "Do not number the senses of words that occur several times");
+    options.add_flag("-q,--quiet", request->quiet, "Print no summary");
+    return [request] { return run(*request, request->quiet); };
 }
 
 } // namespace teskel::commands

@@ -1,44 +1,38 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/build/lexiconbuilder.h"
+#include <functional>
+#include <span>
 
-#include <optional>
-#include <string>
-#include <vector>
+namespace CLI
+{
+class App;
+}
 
 /// The commands of the program. Each prints its data on the standard output and everything else on
-/// the standard error, and returns the program's exit code.
+/// the standard error.
 namespace teskel::commands
 {
 
-/// How the program ends.
-enum ExitCode {
-    Done = 0,     ///< done, found, valid
-    Negative = 1, ///< not found, invalid
-    Usage = 2,    ///< the command line is wrong
-    Failed = 3,   ///< input or output failed
+/// What a command does once the command line was read. Returns the program's exit code.
+using Action = std::function<int()>;
+
+/// A command of the program.
+struct Command {
+    const char* name;
+    const char* summary; ///< one line of the program's help
+    /// Adds the command's options to `options`, and returns the action that uses them.
+    Action (*declare)(CLI::App& options);
 };
 
-struct FindOptions {
-    std::string file;
-    std::vector<std::string> words; ///< "-" reads words from the standard input, one a line
-    bool prefix = false;
-    bool json = false;
-};
+/// All commands, in the order of the help.
+std::span<const Command> all();
 
-struct ListOptions {
-    std::string file;
-    std::string from;
-    std::optional<uint64_t> count;
-};
-
-int build(const BuildOptions& options, bool quiet);
-int find(const FindOptions& options);
-int list(const ListOptions& options);
-/// An empty `output` is the standard output.
-int exportTsv(const std::string& file, const std::string& output);
-int info(const std::string& file, bool json);
-int verify(const std::vector<std::string>& files);
+Action build(CLI::App& options);
+Action info(CLI::App& options);
+Action find(CLI::App& options);
+Action list(CLI::App& options);
+Action exportTsv(CLI::App& options);
+Action verify(CLI::App& options);
 
 } // namespace teskel::commands

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commandsupport.h"
 
-#include "lexicon/commands/commands.h"
-
 #include <iostream>
 
 namespace teskel::commands

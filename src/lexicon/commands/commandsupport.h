@@ -8,6 +8,14 @@
 namespace teskel::commands
 {
 
+/// How the program ends.
+enum ExitCode {
+    Done = 0,     ///< done, found, valid
+    Negative = 1, ///< not found, invalid
+    Usage = 2,    ///< the command line is wrong
+    Failed = 3,   ///< input or output failed
+};
+
 /// Prints a sentence about what went wrong.
 void complain(const std::string& sentence);
 

@@ -7,6 +7,9 @@
 
 #include <functional>
 #include <iostream>
+#include <memory>
+
+#include <CLI/CLI.hpp>
 
 namespace teskel::commands
 {
@@ -47,9 +50,8 @@ int exportToFile(LexiconReader& reader, const std::string& file, const std::stri
     return Done;
 }
 
-} // namespace
-
-int exportTsv(const std::string& file, const std::string& output)
+/// An empty `output` is the standard output.
+int run(const std::string& file, const std::string& output)
 {
     LexiconReader reader;
     if (const auto status = openLexicon(reader, file); status != LexiconReader::Status::Ok)
@@ -65,6 +67,21 @@ int exportTsv(const std::string& file, const std::string& output)
     if (status != LexiconReader::Status::Ok)
         complain(file + ": " + error);
     return finishOutput(exitCode(status));
+}
+
+} // namespace
+
+Action exportTsv(CLI::App& options)
+{
+    struct Request {
+        std::string file;
+        std::string output;
+    };
+    const auto request = std::make_shared<Request>();
+    options.add_option("FILE", request->file)->required();
+    options.add_option("-o,--output", request->output,
+                       "File to write instead of the standard output");
+    return [request] { return run(request->file, request->output); };
 }
 
 } // namespace teskel::commands

@@ -8,6 +8,9 @@
 #include <QJsonObject>
 
 #include <iostream>
+#include <memory>
+
+#include <CLI/CLI.hpp>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +19,13 @@ namespace teskel::commands
 
 namespace
 {
+
+struct FindOptions {
+    std::string file;
+    std::vector<std::string> words; ///< "-" reads words from the standard input, one a line
+    bool prefix = false;
+    bool json = false;
+};
 
 /// Prints what is found for one word after the other.
 class Finder
@@ -85,9 +95,7 @@ private:
     bool _allFound = true;
 };
 
-} // namespace
-
-int find(const FindOptions& options)
+int run(const FindOptions& options)
 {
     LexiconReader reader;
     if (const auto status = openLexicon(reader, options.file); status != LexiconReader::Status::Ok)
@@ -104,6 +112,21 @@ int find(const FindOptions& options)
         }
     }
     return finder.finish();
+}
+
+} // namespace
+
+Action find(CLI::App& options)
+{
+    const auto request = std::make_shared<FindOptions>();
+    options.add_option("FILE", request->file)->required();
+    options
+        .add_option("WORD", request->words,
+                    "Words to look up; - reads them from the standard input, one a line")
+        ->required();
+    options.add_flag("--prefix", request->prefix, "Find all headwords that begin with a word");
+    options.add_flag("--json", request->json, "Print a JSON array with an object for each word");
+    return [request] { return run(*request); };
 }
 
 } // namespace teskel::commands

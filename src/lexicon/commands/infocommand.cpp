@@ -7,6 +7,9 @@
 #include <QJsonObject>
 
 #include <iostream>
+#include <memory>
+
+#include <CLI/CLI.hpp>
 
 using namespace Qt::StringLiterals;
 
@@ -47,9 +50,7 @@ void printJson(const std::string& file, const LexiconFacts& facts)
     std::cout << QJsonDocument(object).toJson().toStdString();
 }
 
-} // namespace
-
-int info(const std::string& file, bool json)
+int run(const std::string& file, bool json)
 {
     LexiconReader reader;
     if (const auto status = openLexicon(reader, file); status != LexiconReader::Status::Ok)
@@ -66,6 +67,20 @@ int info(const std::string& file, bool json)
     else
         printText(file, facts);
     return finishOutput(Done);
+}
+
+} // namespace
+
+Action info(CLI::App& options)
+{
+    struct Request {
+        std::string file;
+        bool json = false;
+    };
+    const auto request = std::make_shared<Request>();
+    options.add_option("FILE", request->file)->required();
+    options.add_flag("--json", request->json, "Print a JSON object");
+    return [request] { return run(request->file, request->json); };
 }
 
 } // namespace teskel::commands

@@ -5,11 +5,24 @@
 
 #include <iostream>
 #include <limits>
+#include <memory>
+#include <optional>
+
+#include <CLI/CLI.hpp>
 
 namespace teskel::commands
 {
 
-int list(const ListOptions& options)
+namespace
+{
+
+struct ListOptions {
+    std::string file;
+    std::string from;
+    std::optional<uint64_t> count;
+};
+
+int run(const ListOptions& options)
 {
     LexiconReader reader;
     if (const auto status = openLexicon(reader, options.file); status != LexiconReader::Status::Ok)
@@ -26,6 +39,19 @@ int list(const ListOptions& options)
     if (status != LexiconReader::Status::Ok)
         complain(options.file + ": " + error);
     return finishOutput(exitCode(status));
+}
+
+} // namespace
+
+Action list(CLI::App& options)
+{
+    const auto request = std::make_shared<ListOptions>();
+    options.add_option("FILE", request->file)->required();
+    options.add_option("--from", request->from,
+                       "Begin with the first headword not before this word");
+    options.add_option("--count", request->count, "Print at most so many")
+        ->check(CLI::NonNegativeNumber);
+    return [request] { return run(*request); };
 }
 
 } // namespace teskel::commands

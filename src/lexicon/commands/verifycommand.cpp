@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
+
+#include <CLI/CLI.hpp>
 
 namespace teskel::commands
 {
@@ -29,14 +32,21 @@ int verifyOne(const std::string& file)
     return Done;
 }
 
-} // namespace
-
-int verify(const std::vector<std::string>& files)
+int run(const std::vector<std::string>& files)
 {
     int code = Done;
     for (const std::string& file : files)
         code = std::max(code, verifyOne(file));
     return finishOutput(code);
+}
+
+} // namespace
+
+Action verify(CLI::App& options)
+{
+    const auto files = std::make_shared<std::vector<std::string>>();
+    options.add_option("FILE", *files)->required();
+    return [files] { return run(*files); };
 }
 
 } // namespace teskel::commands
