@@ -27,8 +27,7 @@ std::string shown(char32_t character)
 {
     std::string text;
     if (character >= 0x20 && character != 0x7F && character != utf8::invalid) {
-        utf8::append(text, character);
-        text += ' ';
+        text = utf8::encoded({&character, 1}) + ' ';
     }
     return text + codePoint(character);
 }

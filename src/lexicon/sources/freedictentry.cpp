@@ -44,20 +44,19 @@ std::string joined(std::string_view a, std::string_view b)
 
 std::string FreeDictEntry::normalized(std::string_view text)
 {
-    std::string result;
+    std::u32string result;
     bool blankPending = false;
-    for (size_t position = 0; position < text.size();) {
-        const char32_t character = utf8::next(text, position);
+    for (const char32_t character : utf8::decoded(text)) {
         if (QChar::isSpace(character)) {
             blankPending = !result.empty();
         } else if (QChar::isLetter(character) || QChar::isDigit(character)) {
             if (blankPending)
-                result += ' ';
+                result += U' ';
             blankPending = false;
-            utf8::append(result, QChar::toLower(character));
+            result += QChar::toLower(character);
         }
     }
-    return result;
+    return utf8::encoded(result);
 }
 
 FreeDictEntry FreeDictEntry::parse(std::string_view key, std::string_view text)

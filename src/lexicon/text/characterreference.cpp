@@ -4,6 +4,7 @@
 #include "lexicon/text/charactertables.h"
 
 #include <charconv>
+#include <string>
 
 namespace teskel
 {
@@ -31,14 +32,20 @@ char32_t characterOfNumber(std::string_view digits)
 
 } // namespace
 
-CharacterReference readDigitReference(std::string_view text)
+CharacterReference readDigitReference(std::u32string_view text)
 {
-    const size_t end = text.substr(0, longestReference).find(';');
-    if (end == std::string_view::npos || end < 2)
+    const size_t end = text.substr(0, longestReference).find(U';');
+    if (end == std::u32string_view::npos || end < 2)
         return {};
-    const std::string_view name = text.substr(1, end - 1);
-    const char32_t character =
-        name.front() == '#' ? characterOfNumber(name.substr(1)) : characterOfDigitEntity(name);
+    std::string name;
+    for (const char32_t character : text.substr(1, end - 1)) {
+        if (character > 0x7F)
+            return {};
+        name.push_back(static_cast<char>(character));
+    }
+    const char32_t character = name.front() == '#'
+                                   ? characterOfNumber(std::string_view(name).substr(1))
+                                   : characterOfDigitEntity(name);
     if (character == 0)
         return {};
     return {character, end + 1};

@@ -10,12 +10,12 @@ namespace teskel
 /// A reference to a character in rich text, such as "&#8211;".
 struct CharacterReference {
     char32_t character = 0;
-    std::size_t length = 0; ///< bytes, from "&" to ";"; 0 when there is no such reference
+    std::size_t length = 0; ///< from "&" to ";"; 0 when there is no such reference
 };
 
 /// Reads a reference at the start of `text` when its spelling holds a digit: a number, decimal or
 /// hexadecimal, or a name such as "frac12". The reader takes digits out of articles and would
 /// break it.
-CharacterReference readDigitReference(std::string_view text);
+CharacterReference readDigitReference(std::u32string_view text);
 
 } // namespace teskel

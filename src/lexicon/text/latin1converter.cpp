@@ -42,7 +42,7 @@ std::string escaped(std::string_view text)
 
 void Latin1Converter::convert(std::string_view text, Text kind, std::string& out)
 {
-    const std::string whole = utf8::composed(text);
+    const std::u32string whole = utf8::composed(text);
     if (kind == Text::Headword)
         convertHeadword(whole, out);
     else
@@ -56,12 +56,11 @@ std::string Latin1Converter::converted(std::string_view text, Text kind)
     return result;
 }
 
-void Latin1Converter::convertHeadword(std::string_view text, std::string& out)
+void Latin1Converter::convertHeadword(std::u32string_view text, std::string& out)
 {
     const size_t begin = out.size();
     bool blankPending = false;
-    for (size_t position = 0; position < text.size();) {
-        const char32_t character = utf8::next(text, position);
+    for (const char32_t character : text) {
         if (isBlank(character)) {
             if (character != ' ' && character != '\t' && character != '\n' && character != '\r')
                 count(character, Change::Control, " ");
@@ -77,30 +76,27 @@ void Latin1Converter::convertHeadword(std::string_view text, std::string& out)
         out.pop_back();
 }
 
-void Latin1Converter::convertArticle(std::string_view text, bool isMarkup, std::string& out)
+void Latin1Converter::convertArticle(std::u32string_view text, bool isMarkup, std::string& out)
 {
-    for (size_t position = 0; position < text.size();) {
-        const char byte = text[position];
-        if (byte == '&' && isMarkup) {
+    for (size_t position = 0; position < text.size(); ++position) {
+        const char32_t character = text[position];
+        if (character == U'&' && isMarkup) {
             const CharacterReference reference = readDigitReference(text.substr(position));
             if (reference.length == 0) {
-                out += byte;
-                ++position;
+                out += '&';
             } else {
-                position += reference.length;
+                position += reference.length - 1;
                 if (reference.character == '<' || reference.character == '&')
                     out += escaped(std::string(1, static_cast<char>(reference.character)));
                 else
                     putCharacter(reference.character, true, out);
             }
-        } else if (byte == '&') {
+        } else if (character == U'&') {
             out += "&amp;";
-            ++position;
-        } else if (byte == '<' && !isMarkup) {
+        } else if (character == U'<' && !isMarkup) {
             out += "&lt;";
-            ++position;
         } else {
-            putCharacter(utf8::next(text, position), true, out);
+            putCharacter(character, true, out);
         }
     }
 }

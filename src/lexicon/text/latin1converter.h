@@ -44,8 +44,8 @@ public:
     const Counts& counts() const { return _counts; }
 
 private:
-    void convertHeadword(std::string_view text, std::string& out);
-    void convertArticle(std::string_view text, bool isMarkup, std::string& out);
+    void convertHeadword(std::u32string_view text, std::string& out);
+    void convertArticle(std::u32string_view text, bool isMarkup, std::string& out);
     void putCharacter(char32_t character, bool entitiesAllowed, std::string& out);
     void count(char32_t character, Change change, std::string_view written);
 
