@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QTest>
 
+#include <zlib.h>
+
 class TestCrc32 : public QObject
 {
     Q_OBJECT
@@ -11,7 +13,7 @@ class TestCrc32 : public QObject
 private slots:
     void knownValues_data();
     void knownValues();
-    void agreesWithTheDefinition();
+    void agreesWithZlib();
 };
 
 void TestCrc32::knownValues_data()
@@ -29,19 +31,15 @@ void TestCrc32::knownValues()
     QTEST(teskel::crc32(bytes.constData(), static_cast<std::size_t>(bytes.size())), "crc");
 }
 
-// Bit by bit, for every length around the eight bytes that are taken at a time.
-void TestCrc32::agreesWithTheDefinition()
+// For every length around the eight bytes that are taken at a time.
+void TestCrc32::agreesWithZlib()
 {
     QByteArray bytes;
-    quint32 expected = 0xFFFFFFFF;
     for (int length = 0; length < 70; ++length) {
-        QCOMPARE(teskel::crc32(bytes.constData(), static_cast<std::size_t>(bytes.size())),
-                 ~expected);
-        const auto byte = static_cast<char>(length * 37 + 11);
-        bytes += byte;
-        expected ^= static_cast<quint8>(byte);
-        for (int bit = 0; bit < 8; ++bit)
-            expected = (expected & 1) != 0 ? expected >> 1 ^ 0xEDB88320 : expected >> 1;
+        const auto* data = reinterpret_cast<const Bytef*>(bytes.constData());
+        QCOMPARE(teskel::crc32(data, static_cast<std::size_t>(length)),
+                 static_cast<quint32>(::crc32(0, data, static_cast<uInt>(length))));
+        bytes += static_cast<char>(length * 37 + 11);
     }
 }
 

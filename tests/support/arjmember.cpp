@@ -5,6 +5,8 @@
 
 #include <QtEndian>
 
+#include <zlib.h>
+
 namespace teskel::test
 {
 
@@ -16,18 +18,6 @@ QByteArray littleEndian(Number value)
     QByteArray bytes(sizeof(Number), '\0');
     qToLittleEndian(value, bytes.data());
     return bytes;
-}
-
-// Written bit by bit so that it shares nothing with the code it checks.
-quint32 slowCrc32(const QByteArray& bytes)
-{
-    quint32 crc = 0xFFFFFFFF;
-    for (const char byte : bytes) {
-        crc ^= static_cast<quint8>(byte);
-        for (int bit = 0; bit < 8; ++bit)
-            crc = (crc & 1) != 0 ? crc >> 1 ^ 0xEDB88320 : crc >> 1;
-    }
-    return ~crc;
 }
 } // namespace
 
@@ -64,7 +54,10 @@ QByteArray makeMember(quint8 method, const QByteArray& packed, const QByteArray&
     member.method = method;
     member.compressedSize = static_cast<quint32>(packed.size());
     member.uncompressedSize = static_cast<quint32>(original.size());
-    member.crc = slowCrc32(original);
+    // zlib's, which shares nothing with the code that reads it.
+    member.crc =
+        static_cast<quint32>(::crc32(0, reinterpret_cast<const Bytef*>(original.constData()),
+                                     static_cast<uInt>(original.size())));
     return member.header() + packed;
 }
 
