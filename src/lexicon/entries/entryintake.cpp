@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/entryintake.h"
 
+#include "lexicon/text/characterreference.h"
 #include "lexicon/text/sensenumbers.h"
 #include "lexicon/text/utf8.h"
 
@@ -56,15 +57,7 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
 
 void EntryIntake::shorten(std::string& headword, std::string& article, std::string_view where)
 {
-    std::string whole;
-    for (const char c : headword) {
-        if (c == '<')
-            whole += "&lt;";
-        else if (c == '&')
-            whole += "&amp;";
-        else
-            whole += c;
-    }
+    std::string whole = escapedMarkup(headword);
     sensenumbers::protect(whole, sensenumbers::LineStart::Sequence);
     article.insert(0, whole + "\n");
     const size_t length = headword.size();

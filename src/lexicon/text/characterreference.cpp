@@ -4,7 +4,6 @@
 #include "lexicon/text/charactertables.h"
 
 #include <charconv>
-#include <string>
 
 namespace teskel
 {
@@ -49,6 +48,20 @@ CharacterReference readDigitReference(std::u32string_view text)
     if (character == 0)
         return {};
     return {character, end + 1};
+}
+
+std::string escapedMarkup(std::string_view text)
+{
+    std::string result;
+    for (const char c : text) {
+        if (c == '<')
+            result += "&lt;";
+        else if (c == '&')
+            result += "&amp;";
+        else
+            result += c;
+    }
+    return result;
 }
 
 } // namespace teskel

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace teskel
@@ -17,5 +18,8 @@ struct CharacterReference {
 /// hexadecimal, or a name such as "frac12". The reader takes digits out of articles and would
 /// break it.
 CharacterReference readDigitReference(std::u32string_view text);
+
+/// Plain Latin-1 text as rich text: "<" and "&" are written as references.
+std::string escapedMarkup(std::string_view text);
 
 } // namespace teskel

@@ -23,21 +23,6 @@ bool isBlank(char32_t character)
     return character == ' ' || isControl(character);
 }
 
-/// Escapes what a stand-in must not add to rich text.
-std::string escaped(std::string_view text)
-{
-    std::string result;
-    for (const char c : text) {
-        if (c == '<')
-            result += "&lt;";
-        else if (c == '&')
-            result += "&amp;";
-        else
-            result += c;
-    }
-    return result;
-}
-
 } // namespace
 
 void Latin1Converter::convert(std::string_view text, Text kind, std::string& out)
@@ -87,7 +72,7 @@ void Latin1Converter::convertArticle(std::u32string_view text, bool isMarkup, st
             } else {
                 position += reference.length - 1;
                 if (reference.character == '<' || reference.character == '&')
-                    out += escaped(std::string(1, static_cast<char>(reference.character)));
+                    out += escapedMarkup(std::string(1, static_cast<char>(reference.character)));
                 else
                     putCharacter(reference.character, true, out);
             }
@@ -123,7 +108,7 @@ void Latin1Converter::putCharacter(char32_t character, bool entitiesAllowed, std
         out += unknown;
     } else if (const auto standIn = transliteration(character)) {
         change = Change::Transliterated;
-        out += entitiesAllowed ? escaped(*standIn) : *standIn;
+        out += entitiesAllowed ? escapedMarkup(*standIn) : *standIn;
     } else {
         out += unknown;
     }
