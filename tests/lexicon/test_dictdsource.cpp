@@ -31,6 +31,7 @@ private slots:
     void refusesTruncatedArticles_data();
     void refusesTruncatedArticles();
     void refusesArticlesThatAreNotPacked();
+    void saysThatAWholeInputIsDamaged();
 
 private:
     using Pairs = QList<QPair<QByteArray, QByteArray>>;
@@ -227,6 +228,21 @@ void TestDictdSource::refusesArticlesThatAreNotPacked()
     std::string error;
     QVERIFY(readAll(stdPath(directory, u"s.index"_s), error).isEmpty());
     QCOMPARE(error, stdPath(directory, u"s.dict.dz"_s) + " is not packed by dictzip or gzip");
+}
+
+void TestDictdSource::saysThatAWholeInputIsDamaged()
+{
+    const QTemporaryDir directory;
+    stage(directory, u"gzip"_s);
+    QFile packed(directory.filePath(u"s.dict.dz"_s));
+    QVERIFY(packed.resize(packed.size() * 2 / 3));
+    const std::string path = stdPath(directory, u"s.dict.dz"_s);
+    InputFile file;
+    std::string content;
+    std::string error;
+    QVERIFY(file.open(path, error));
+    QVERIFY(!file.readAll(content, error));
+    QCOMPARE(error, path + " is damaged: it cannot be unpacked");
 }
 
 QTEST_GUILESS_MAIN(TestDictdSource)

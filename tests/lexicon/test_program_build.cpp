@@ -22,6 +22,7 @@ class TestProgramBuild : public QObject
 private slots:
     void initTestCase();
     void buildPrintsItsSummaryOnStandardError();
+    void summaryNamesByteOrderMarksWithinTexts();
     void quietBuildPrintsNothing();
     void buildReadsStandardInput();
     void buildReadsDictdIndexes();
@@ -71,6 +72,14 @@ void TestProgramBuild::buildPrintsItsSummaryOnStandardError()
                                     "1 word records, 28 bytes of text in a file of " +
                                     QByteArray::number(_program.bytesOf("summary.PDB").size()) +
                                     " bytes, 1 words looked up again\n"));
+}
+
+void TestProgramBuild::summaryNamesByteOrderMarksWithinTexts()
+{
+    const ProgramResult result =
+        _program.run(words({"build", "-", "-o", "marks.PDB"}), "a\t\xEF\xBB\xBFx\n");
+    QCOMPARE(result.code, 0);
+    QVERIFY2(result.err.contains("\n  \xEF\xBB\xBF U+FEFF -> \"\" 1\n"), result.err.constData());
 }
 
 void TestProgramBuild::quietBuildPrintsNothing()
