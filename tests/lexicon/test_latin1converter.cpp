@@ -68,6 +68,7 @@ void TestLatin1Converter::converts_data()
         "b",
         "a?b", "a?b", "a?b");
     row("cut character", "a\xC3", "a?", "a?", "a?");
+    row("invalid byte behind a decomposed letter", "o\xCC\x88\xFF", "o?", "o?", "o?");
     row("overlong character", "\xC0\x80", "??", "??", "??");
     row("surrogate", "\xED\xA0\x80", "???", "???", "???");
     row("blanks", "  a \t b\n", "a b", "  a \t b\n", "  a \t b\n");
@@ -90,6 +91,7 @@ void TestLatin1Converter::converts_data()
         "&lt;&amp;");
     row("reference with a digit in its name", "&frac12;&sup2;", "&frac12;&sup2;",
         "&amp;frac12;&amp;sup2;", "\xBD\xB2");
+    row("reference with a letter like a digit", "&#ı60;", "&#i60;", "&amp;#i60;", "&#i60;");
     row("no reference", "R&D &#; &#x; &#999999999;", "R&D &#; &#x; &#999999999;",
         "R&amp;D &amp;#; &amp;#x; &amp;#999999999;", "R&D &#; &#x; &#999999999;");
 }
