@@ -4,16 +4,18 @@
 #include "widgets/scrolling/saturatedsum.h"
 #include "widgets/scrolling/scrollviewchildren.h"
 
+#include <QCoreApplication>
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 constexpr int usualLineStep = 20;
-constexpr int visibleMargin = 50;
 
 QTeskelScrollView::ScrollBarMode modeOf(Qt::ScrollBarPolicy policy)
 {
@@ -58,7 +60,7 @@ QTeskelScrollView::QTeskelScrollView(QWidget* parent, const char* name, Qt::Wind
     : QAbstractScrollArea(parent)
     , _horizontalBar(new QTeskelScrollBar(Qt::Horizontal, this, "qt_hbar"))
     , _verticalBar(new QTeskelScrollBar(Qt::Vertical, this, "qt_vbar"))
-    , _children(std::make_unique<teskel::ScrollViewChildren>())
+    , _children(std::make_unique<teskel::ScrollViewChildren>(this))
 {
     setObjectName(QString::fromLatin1(name));
     if (flags != Qt::WindowFlags())
@@ -67,6 +69,8 @@ QTeskelScrollView::QTeskelScrollView(QWidget* parent, const char* name, Qt::Wind
     auto* viewport = new QWidget;
     setViewport(viewport);
     viewport->setObjectName(u"qt_viewport"_s);
+    connect(_children.get(), &teskel::ScrollViewChildren::firstResized, this,
+            &QTeskelScrollView::followFirstChild);
     setHorizontalScrollBar(_horizontalBar);
     setVerticalScrollBar(_verticalBar);
     for (QTeskelScrollBar* bar : {_horizontalBar, _verticalBar}) {
@@ -80,12 +84,8 @@ QTeskelScrollView::QTeskelScrollView(QWidget* parent, const char* name, Qt::Wind
     connect(_verticalBar, &QScrollBar::valueChanged, this, &QTeskelScrollView::vslide);
 }
 
-QTeskelScrollView::~QTeskelScrollView()
-{
-    // The children die later, with the viewport, and must not report to what is gone by then.
-    while (QWidget* child = _children->first())
-        removeChild(child);
-}
+/// The children die later, with the viewport, and report to nobody then.
+QTeskelScrollView::~QTeskelScrollView() = default;
 
 void QTeskelScrollView::addChild(QWidget* child, int x, int y)
 {
@@ -97,33 +97,20 @@ void QTeskelScrollView::addChild(QWidget* child, int x, int y)
     }
     if (_children->isEmpty() && _resizePolicy == Default)
         _resizePolicy = AutoOne;
-    const bool wasHidden =
-        child->testAttribute(Qt::WA_WState_ExplicitShowHide) && child->isHidden();
-    child->setParent(clipper());
-    _children->place(child, {x, y});
-    child->installEventFilter(this);
-    // While it is destroyed a child is no widget any more; only its address counts.
-    connect(child, &QObject::destroyed, this, [this](QObject* dead) { _children->remove(dead); });
-    child->move(QPoint(x, y) - (_clipper == nullptr ? _offset : QPoint()));
-    child->setVisible(!wasHidden);
+    _children->add(child, {x, y});
     followFirstChild();
 }
 
 void QTeskelScrollView::moveChild(QWidget* child, int x, int y)
 {
-    if (child == nullptr || !_children->contains(child))
-        return;
-    _children->place(child, {x, y});
-    child->move(QPoint(x, y) - (_clipper == nullptr ? _offset : QPoint()));
+    if (child != nullptr && _children->contains(child))
+        _children->move(child, {x, y});
 }
 
 void QTeskelScrollView::removeChild(QWidget* child)
 {
-    if (child == nullptr || !_children->contains(child))
-        return;
-    child->removeEventFilter(this);
-    child->disconnect(this);
-    _children->remove(child);
+    if (child != nullptr && _children->contains(child))
+        _children->remove(child);
 }
 
 int QTeskelScrollView::childX(const QWidget* child) const
@@ -172,35 +159,15 @@ void QTeskelScrollView::setVScrollBarMode(ScrollBarMode mode)
 
 QWidget* QTeskelScrollView::clipper() const
 {
-    return _clipper == nullptr ? viewport() : _clipper;
+    return _children->clipper();
 }
 
 void QTeskelScrollView::enableClipper(bool enable)
 {
-    if (!_children->isEmpty()) {
+    if (_children->isEmpty())
+        _children->enableClipper(enable);
+    else
         qWarning("May only call QScrollView::enableClipper() before adding widgets");
-        return;
-    }
-    if (enable == (_clipper != nullptr))
-        return;
-    if (enable) {
-        _clipper = new QTeskelClipperWidget(viewport());
-        _clipper->setGeometry(QRect(-_offset, _contentsSize));
-        _clipper->show();
-    } else {
-        delete _clipper;
-        _clipper = nullptr;
-    }
-}
-
-void QTeskelScrollView::setMargins(int left, int top, int right, int bottom)
-{
-    setViewportMargins(left, top, right, bottom);
-}
-
-void QTeskelScrollView::updateContents(const QRect& contents)
-{
-    viewport()->update(contents.translated(-_offset));
 }
 
 void QTeskelScrollView::resizeContents(int width, int height)
@@ -216,8 +183,7 @@ void QTeskelScrollView::setContentsSize(QSize size)
     if (newSize == _contentsSize)
         return;
     _contentsSize = newSize;
-    if (_clipper != nullptr)
-        _clipper->resize(newSize);
+    _children->setContentsSize(newSize);
     viewport()->update();
     updateScrollBars();
 }
@@ -250,31 +216,16 @@ void QTeskelScrollView::setContentsPos(int x, int y)
         _verticalBar->setValue(y);
 }
 
-void QTeskelScrollView::ensureVisible(int x, int y)
-{
-    ensureVisible(x, y, visibleMargin, visibleMargin);
-}
-
 void QTeskelScrollView::ensureVisible(int x, int y, int xmargin, int ymargin)
 {
     setContentsPos(revealing(x, xmargin, _offset.x(), visibleWidth(), contentsWidth()),
                    revealing(y, ymargin, _offset.y(), visibleHeight(), contentsHeight()));
 }
 
-void QTeskelScrollView::center(int x, int y)
-{
-    center(x, y, 1.0F, 1.0F);
-}
-
 void QTeskelScrollView::center(int x, int y, float xmargin, float ymargin)
 {
     ensureVisible(x, y, qRound(xmargin * static_cast<float>(visibleWidth()) / 2.0F),
                   qRound(ymargin * static_cast<float>(visibleHeight()) / 2.0F));
-}
-
-void QTeskelScrollView::setEnabled(bool enable)
-{
-    QAbstractScrollArea::setEnabled(enable);
 }
 
 void QTeskelScrollView::hslide(int x)
@@ -308,11 +259,8 @@ void QTeskelScrollView::followBars()
     if (moved.isNull())
         return;
     _offset = offset;
-    if (_clipper != nullptr)
-        _clipper->move(-_offset);
-    else
-        _children->moveAll(_offset);
-    if (_staticBackground || !_children->isEmpty() || _clipper != nullptr)
+    _children->scrollTo(_offset);
+    if (_staticBackground || !_children->isEmpty() || _children->hasClipper())
         viewport()->update();
     else
         viewport()->scroll(moved.x(), moved.y(), viewport()->rect());
@@ -336,9 +284,54 @@ void QTeskelScrollView::resizeEvent(QResizeEvent* event)
     updateScrollBars();
 }
 
-bool QTeskelScrollView::eventFilter(QObject* watched, QEvent* event)
+/// A wheel event of the window system that the viewport leaves unaccepted propagates here, so one
+/// place serves both; one that the program sends to the viewport does not propagate.
+bool QTeskelScrollView::event(QEvent* event)
 {
-    if (event->type() == QEvent::Resize && !_children->isEmpty() && watched == _children->first())
-        followFirstChild();
-    return QAbstractScrollArea::eventFilter(watched, event);
+    if (event->type() != QEvent::Wheel)
+        return QAbstractScrollArea::event(event);
+    wheelEvent(static_cast<QWheelEvent*>(event));
+    return true;
+}
+
+bool QTeskelScrollView::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::Wheel)
+        return QAbstractScrollArea::viewportEvent(event);
+    if (event->spontaneous()) {
+        event->ignore();
+        return false;
+    }
+    auto* wheel = static_cast<QWheelEvent*>(event);
+    offerWheel(wheel, wheel->position());
+    return true;
+}
+
+void QTeskelScrollView::wheelEvent(QWheelEvent* event)
+{
+    offerWheel(event, viewport()->mapFrom(this, event->position()));
+}
+
+/// A wheel that turns mostly sideways moves the contents sideways.
+void QTeskelScrollView::offerWheel(QWheelEvent* event, QPointF position)
+{
+    QWheelEvent offered(position, event->globalPosition(), event->pixelDelta(), event->angleDelta(),
+                        event->buttons(), event->modifiers(), event->phase(), event->inverted(),
+                        event->source());
+    offered.ignore();
+    viewportWheelEvent(&offered);
+    event->setAccepted(offered.isAccepted());
+    if (event->isAccepted())
+        return;
+    const QPoint angle = event->angleDelta();
+    const bool sideways = qAbs(angle.x()) > qAbs(angle.y());
+    QCoreApplication::sendEvent(sideways ? _horizontalBar : _verticalBar, event);
+}
+
+void QTeskelScrollView::passToContents(QMouseEvent* event, ContentsHandler handler)
+{
+    QMouseEvent mapped(event->type(), event->position() + _offset, event->globalPosition(),
+                       event->button(), event->buttons(), event->modifiers());
+    (this->*handler)(&mapped);
+    event->setAccepted(mapped.isAccepted());
 }

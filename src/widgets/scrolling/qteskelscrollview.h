@@ -4,10 +4,10 @@
 #include "widgets/scrolling/qteskelscrollbar.h"
 
 #include <QAbstractScrollArea>
+#include <QMouseEvent>
+#include <QWheelEvent>
 
 #include <memory>
-
-class QTeskelClipperWidget;
 
 namespace teskel
 {
@@ -69,7 +69,10 @@ public:
     bool hasStaticBackground() const { return _staticBackground; }
 
     /// Room between the frame and the viewport.
-    void setMargins(int left, int top, int right, int bottom);
+    void setMargins(int left, int top, int right, int bottom)
+    {
+        setViewportMargins(left, top, right, bottom);
+    }
     int leftMargin() const { return viewportMargins().left(); }
     int topMargin() const { return viewportMargins().top(); }
     int rightMargin() const { return viewportMargins().right(); }
@@ -86,7 +89,10 @@ public:
     QPoint contentsToViewport(QPoint contents) const { return contents - _offset; }
     QPoint viewportToContents(QPoint viewport) const { return viewport + _offset; }
     /// Schedules a repaint of a rectangle of the contents.
-    void updateContents(const QRect& contents);
+    void updateContents(const QRect& contents)
+    {
+        viewport()->update(contents.translated(-_offset));
+    }
 
 public slots:
     virtual void resizeContents(int width, int height);
@@ -94,18 +100,18 @@ public slots:
     /// Shows the contents from (x, y) on, as far as the scroll ranges allow.
     virtual void setContentsPos(int x, int y);
     /// Scrolls just far enough to show (x, y) with 50 pixels around it.
-    void ensureVisible(int x, int y);
+    void ensureVisible(int x, int y) { ensureVisible(x, y, 50, 50); }
     /// As above with margins of one's own; they are cut to half the viewport, and to 0 in a
     /// direction in which the contents fit.
     void ensureVisible(int x, int y, int xmargin, int ymargin);
     /// Shows (x, y) in the middle.
-    void center(int x, int y);
+    void center(int x, int y) { center(x, y, 1.0F, 1.0F); }
     /// Shows (x, y) with margins given as a part of half the viewport: 0 allows the edge, 1 is the
     /// middle.
     void center(int x, int y, float xmargin, float ymargin);
     /// Gives both bars the range and page step that the sizes demand.
     void updateScrollBars();
-    void setEnabled(bool enable);
+    void setEnabled(bool enable) { QAbstractScrollArea::setEnabled(enable); }
     /// Moves the contents, and the bar, so that column `x` is the leftmost one shown, as far as the
     /// scroll range allows.
     void hslide(int x);
@@ -120,22 +126,33 @@ protected:
     /// Paints a rectangle of the contents; the painter counts in contents positions.
     virtual void drawContents(QPainter* painter, const QRect& clip);
     /// Mouse events with positions in the contents; the bases ignore them.
-    virtual void contentsMousePressEvent(QMouseEvent* event);
-    virtual void contentsMouseReleaseEvent(QMouseEvent* event);
-    virtual void contentsMouseDoubleClickEvent(QMouseEvent* event);
-    virtual void contentsMouseMoveEvent(QMouseEvent* event);
+    virtual void contentsMousePressEvent(QMouseEvent* event) { event->ignore(); }
+    virtual void contentsMouseReleaseEvent(QMouseEvent* event) { event->ignore(); }
+    virtual void contentsMouseDoubleClickEvent(QMouseEvent* event) { event->ignore(); }
+    virtual void contentsMouseMoveEvent(QMouseEvent* event) { event->ignore(); }
     /// Offered each wheel event first, with positions in the viewport; the base ignores it.
-    virtual void viewportWheelEvent(QWheelEvent* event);
+    virtual void viewportWheelEvent(QWheelEvent* event) { event->ignore(); }
 
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        passToContents(event, &QTeskelScrollView::contentsMousePressEvent);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override
+    {
+        passToContents(event, &QTeskelScrollView::contentsMouseReleaseEvent);
+    }
+    void mouseDoubleClickEvent(QMouseEvent* event) override
+    {
+        passToContents(event, &QTeskelScrollView::contentsMouseDoubleClickEvent);
+    }
+    void mouseMoveEvent(QMouseEvent* event) override
+    {
+        passToContents(event, &QTeskelScrollView::contentsMouseMoveEvent);
+    }
     void wheelEvent(QWheelEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
 
@@ -151,7 +168,6 @@ private:
 
     QTeskelScrollBar* _horizontalBar;
     QTeskelScrollBar* _verticalBar;
-    QTeskelClipperWidget* _clipper = nullptr;
     std::unique_ptr<teskel::ScrollViewChildren> _children;
     QSize _contentsSize{0, 0};
     QPoint _offset;
