@@ -41,7 +41,7 @@ private slots:
 
 void TestListBoxLayouter::grid_data()
 {
-    using List = QTeskelListBox;
+    using List = teskel::ListBoxLayoutMode;
     QTest::addColumn<Rules>("rules");
     QTest::addColumn<int>("count");
     QTest::addColumn<int>("columns");
@@ -157,7 +157,7 @@ void TestListBoxLayouter::countsPartlyVisibleItems()
 void TestListBoxLayouter::variableWidthFitsMoreColumns()
 {
     const auto width = [](int index) { return index < 2 ? 60 : 20; };
-    Rules rules{.columnMode = QTeskelListBox::FitToWidth};
+    Rules rules{.columnMode = teskel::ListBoxLayoutMode::FitToWidth};
     QCOMPARE(laidOut(rules, 6, {100, 100}, width).columns(), 1);
     rules.variableWidth = true;
     const auto layouter = laidOut(rules, 6, {100, 100}, width);

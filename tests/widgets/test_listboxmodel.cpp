@@ -46,7 +46,9 @@ private slots:
     void sortsStably();
     void findsBeginningsInAnyCase();
     void sortedIndexIsBehindEqualTexts();
-    void knowsWhatWasRemoved();
+    void watchNoticesWhatWasRemoved();
+    void watchOutlivesTheModel();
+    void watchStopsWhenItsItemGoes();
 };
 
 void TestListBoxModel::insertsAtAnyPlace()
@@ -123,16 +125,44 @@ void TestListBoxModel::sortedIndexIsBehindEqualTexts()
     QCOMPARE(f.model.sortedIndex(u"z"_s), 3);
 }
 
-void TestListBoxModel::knowsWhatWasRemoved()
+void TestListBoxModel::watchNoticesWhatWasRemoved()
 {
     Fixture f;
     PlainItem* a = f.add("a");
-    PlainItem* b = f.add("b");
-    const quint64 before = f.model.removals();
-    QVERIFY(f.model.stillHolds(a, before));
+    const auto onA = f.model.watch(a);
+    const auto onB = f.model.watch(f.add("b"));
+    const auto onAll = f.model.watch();
     f.model.take(a);
-    QVERIFY(!f.model.stillHolds(a, before));
-    QVERIFY(f.model.stillHolds(b, before));
+    QVERIFY(!onA.isAlive());
+    QVERIFY(onB.isAlive() && onAll.isAlive());
+}
+
+void TestListBoxModel::watchOutlivesTheModel()
+{
+    PlainItem item;
+    auto model = std::make_unique<ListBoxModel>(nullptr);
+    model->insert(&item, -1);
+    const auto onItem = model->watch(&item);
+    const auto onAll = model->watch();
+    model->take(&item);
+    model.reset();
+    QVERIFY(!onItem.isAlive());
+    QVERIFY(!onAll.isAlive());
+}
+
+void TestListBoxModel::watchStopsWhenItsItemGoes()
+{
+    Fixture f;
+    PlainItem* a = f.add("a");
+    QStringList called;
+    const auto first = [&] { called << u"first"_s; };
+    const auto removing = [&] { f.model.take(a); };
+    const auto last = [&] { called << u"last"_s; };
+    QVERIFY(f.model.watch(a).run(first, last));
+    QCOMPARE(called, (QStringList{u"first"_s, u"last"_s}));
+    called.clear();
+    QVERIFY(!f.model.watch(a).run(first, removing, last));
+    QCOMPARE(called, QStringList{u"first"_s});
 }
 
 QTEST_APPLESS_MAIN(TestListBoxModel)

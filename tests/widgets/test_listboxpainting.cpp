@@ -76,6 +76,19 @@ struct List {
         list.show();
     }
     QImage shot() const { return shotOf(list); }
+    /// Forgets what was painted and tells whether nothing more is.
+    bool comesToRest()
+    {
+        for (SpyItem* item : items)
+            item->painted = 0;
+        for (int round = 0; round < 5; ++round)
+            QCoreApplication::processEvents();
+        for (const SpyItem* item : items) {
+            if (item->painted > 0)
+                return false;
+        }
+        return !list.findChild<QTimer*>(u"listbox visible timer"_s)->isActive();
+    }
     QTeskelListBox list;
     QList<SpyItem*> items;
 };
@@ -98,6 +111,7 @@ private slots:
     void onlyTheExposedRowsArePainted();
     void changingTheCurrentItemRepaintsBoth_data();
     void changingTheCurrentItemRepaintsBoth();
+    void changingAllTextsPaintsOnce();
 };
 
 void TestListBoxPainting::unselectedIsOnBase()
@@ -254,21 +268,7 @@ void TestListBoxPainting::changingTheCurrentItemRepaintsBoth()
     List l;
     l.list.setCurrentItem(0);
     QVERIFY(QTest::qWaitForWindowExposed(&l.list));
-    const auto forget = [&] {
-        for (SpyItem* item : l.items)
-            item->painted = 0;
-    };
-    const auto comesToRest = [&] {
-        forget();
-        for (int round = 0; round < 5; ++round)
-            QCoreApplication::processEvents();
-        for (const SpyItem* item : l.items) {
-            if (item->painted > 0)
-                return false;
-        }
-        return !l.list.findChild<QTimer*>(u"listbox visible timer"_s)->isActive();
-    };
-    QTRY_VERIFY(comesToRest());
+    QTRY_VERIFY(l.comesToRest());
     if (bySelecting)
         l.list.setSelected(3, true);
     else
@@ -277,6 +277,22 @@ void TestListBoxPainting::changingTheCurrentItemRepaintsBoth()
     QTRY_VERIFY(l.items[3]->painted > 0);
     QCOMPARE(l.items[0]->pen, Text);
     QCOMPARE(l.items[3]->pen, HighlightedText);
+}
+
+void TestListBoxPainting::changingAllTextsPaintsOnce()
+{
+    List l;
+    QVERIFY(QTest::qWaitForWindowExposed(&l.list));
+    QTRY_VERIFY(l.comesToRest());
+    for (SpyItem* item : l.items)
+        item->setText(u"other"_s);
+    QTRY_VERIFY(l.items[0]->painted > 0);
+    const auto* update = l.list.findChild<QTimer*>(u"listbox update timer"_s);
+    QTRY_VERIFY(!update->isActive());
+    for (int round = 0; round < 5; ++round)
+        QCoreApplication::processEvents();
+    for (const SpyItem* item : l.items)
+        QCOMPARE(item->painted, 1);
 }
 
 QTEST_MAIN(TestListBoxPainting)

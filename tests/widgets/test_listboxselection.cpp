@@ -56,7 +56,7 @@ private slots:
 
 void TestListBoxSelection::singleHoldsOneItem()
 {
-    Fixture f(QTeskelListBox::Single);
+    Fixture f(ListBoxSelection::Mode::Single);
     auto change = f.selection.makeCurrent(&f.items[1]);
     QVERIFY(change.itemSelected && change.selectionChanged);
     change = f.selection.makeCurrent(&f.items[3]);
@@ -66,7 +66,7 @@ void TestListBoxSelection::singleHoldsOneItem()
 
 void TestListBoxSelection::singleSelectMovesTheCurrentItem()
 {
-    Fixture f(QTeskelListBox::Single);
+    Fixture f(ListBoxSelection::Mode::Single);
     f.selection.makeCurrent(&f.items[1]);
     const auto change = f.selection.select(&f.items[2], true);
     QVERIFY(change.currentMoved && change.itemSelected && change.selectionChanged);
@@ -76,7 +76,7 @@ void TestListBoxSelection::singleSelectMovesTheCurrentItem()
 
 void TestListBoxSelection::selectIsSilentWithoutAChange()
 {
-    Fixture f(QTeskelListBox::Single);
+    Fixture f(ListBoxSelection::Mode::Single);
     f.selection.select(&f.items[2], true);
     const auto change = f.selection.select(&f.items[2], true);
     QVERIFY(!change.currentMoved && !change.itemSelected && !change.selectionChanged);
@@ -87,7 +87,7 @@ void TestListBoxSelection::selectIsSilentWithoutAChange()
 
 void TestListBoxSelection::unselectableBecomesCurrentOnly()
 {
-    Fixture f(QTeskelListBox::Single);
+    Fixture f(ListBoxSelection::Mode::Single);
     f.selection.makeCurrent(&f.items[0]);
     f.items[1].setSelectable(false);
     const auto change = f.selection.makeCurrent(&f.items[1]);
@@ -97,7 +97,7 @@ void TestListBoxSelection::unselectableBecomesCurrentOnly()
 
 void TestListBoxSelection::multiKeepsOthers()
 {
-    Fixture f(QTeskelListBox::Multi);
+    Fixture f(ListBoxSelection::Mode::Multi);
     f.selection.select(&f.items[0], true);
     const auto change = f.selection.select(&f.items[2], true);
     QVERIFY(!change.itemSelected && !change.currentMoved && change.selectionChanged);
@@ -107,7 +107,7 @@ void TestListBoxSelection::multiKeepsOthers()
 
 void TestListBoxSelection::noSelectionSelectsNothing()
 {
-    Fixture f(QTeskelListBox::NoSelection);
+    Fixture f(ListBoxSelection::Mode::NoSelection);
     QVERIFY(!f.selection.select(&f.items[0], true).selectionChanged);
     f.selection.makeCurrent(&f.items[1]);
     QCOMPARE(f.marks(), u"....."_s);
@@ -115,7 +115,7 @@ void TestListBoxSelection::noSelectionSelectsNothing()
 
 void TestListBoxSelection::rangesCountFromTheAnchor()
 {
-    Fixture f(QTeskelListBox::Extended);
+    Fixture f(ListBoxSelection::Mode::Extended);
     f.selection.selectOnly(&f.items[2]);
     f.selection.selectFromAnchor(&f.items[4], true);
     QCOMPARE(f.marks(), u"..xxx"_s);
@@ -126,7 +126,7 @@ void TestListBoxSelection::rangesCountFromTheAnchor()
 
 void TestListBoxSelection::allAndInvertSkipUnselectable()
 {
-    Fixture f(QTeskelListBox::Multi);
+    Fixture f(ListBoxSelection::Mode::Multi);
     f.items[1].setSelectable(false);
     QVERIFY(f.selection.selectAll(true));
     QCOMPARE(f.marks(), u"x.xxx"_s);
@@ -139,7 +139,7 @@ void TestListBoxSelection::allAndInvertSkipUnselectable()
 
 void TestListBoxSelection::allIsForSeveralOnly()
 {
-    Fixture f(QTeskelListBox::Single);
+    Fixture f(ListBoxSelection::Mode::Single);
     QVERIFY(!f.selection.selectAll(true));
     QVERIFY(!f.selection.invert());
     QCOMPARE(f.marks(), u"....."_s);
@@ -147,18 +147,18 @@ void TestListBoxSelection::allIsForSeveralOnly()
 
 void TestListBoxSelection::changingTheModeDropsWhatItForbids()
 {
-    Fixture f(QTeskelListBox::Multi);
+    Fixture f(ListBoxSelection::Mode::Multi);
     f.selection.selectAll(true);
     f.selection.makeCurrent(&f.items[2]);
-    QVERIFY(f.selection.setMode(QTeskelListBox::Single));
+    QVERIFY(f.selection.setMode(ListBoxSelection::Mode::Single));
     QCOMPARE(f.marks(), u"..x.."_s);
-    QVERIFY(f.selection.setMode(QTeskelListBox::NoSelection));
+    QVERIFY(f.selection.setMode(ListBoxSelection::Mode::NoSelection));
     QCOMPARE(f.marks(), u"....."_s);
 }
 
 void TestListBoxSelection::forgottenItemIsNotCurrent()
 {
-    Fixture f(QTeskelListBox::Extended);
+    Fixture f(ListBoxSelection::Mode::Extended);
     f.selection.makeCurrent(&f.items[2]);
     f.selection.selectOnly(&f.items[2]);
     f.selection.forget(&f.items[2]);

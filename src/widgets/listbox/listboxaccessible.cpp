@@ -1,28 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/listbox/listboxaccessible.h"
 
-#include "widgets/listbox/listboxemission.h"
-#include "widgets/listbox/qteskellistbox.h"
+#include "widgets/listbox/listboxactions.h"
+#include "widgets/listbox/listboxchoice.h"
+#include "widgets/listbox/listboxgrid.h"
+#include "widgets/listbox/listboxmodel.h"
+#include "widgets/listbox/listboxselection.h"
+#include "widgets/listbox/qteskellistboxitem.h"
+#include "widgets/scrolling/qteskelscrollview.h"
 
 namespace teskel
 {
 
 namespace
 {
-QAccessibleInterface* makeInterface(const QString& className, QObject* object)
-{
-    if (className != QLatin1String("QTeskelListBox"))
-        return nullptr;
-    auto* list = qobject_cast<QTeskelListBox*>(object);
-    return list == nullptr ? nullptr : new ListBoxAccessible(list);
-}
-
 ListBoxAccessible::Reporter testReporter = nullptr;
 
 /// @param index the item's index, -1 for the list itself
-void announce(QTeskelListBox* list, QAccessible::Event type, int index)
+void announce(QWidget* list, QAccessible::Event type, int index)
 {
-    if (testReporter == nullptr && !QAccessible::isActive())
+    if (!ListBoxAccessible::isHeard())
         return;
     QAccessibleEvent event(list, type);
     event.setChild(index);
@@ -33,103 +30,95 @@ void announce(QTeskelListBox* list, QAccessible::Event type, int index)
 }
 } // namespace
 
-void ListBoxAccessible::install()
-{
-    static const bool installed = [] {
-        QAccessible::installFactory(makeInterface);
-        return true;
-    }();
-    Q_UNUSED(installed)
-}
-
 void ListBoxAccessible::setReporter(Reporter reporter)
 {
     testReporter = reporter;
 }
 
-void ListBoxAccessible::announceCurrent(QTeskelListBox* list, int index)
+bool ListBoxAccessible::isHeard()
+{
+    return testReporter != nullptr || QAccessible::isActive();
+}
+
+void ListBoxAccessible::announceCurrent(QWidget* list, int index)
 {
     announce(list, list->hasFocus() ? QAccessible::Focus : QAccessible::ActiveDescendantChanged,
              index);
 }
 
-void ListBoxAccessible::announceSelected(QTeskelListBox* list, int index)
+void ListBoxAccessible::announceSelected(QWidget* list, int index)
 {
     announce(list, QAccessible::Selection, index);
 }
 
-void ListBoxAccessible::announceText(QTeskelListBox* list, int index)
+void ListBoxAccessible::announceText(QWidget* list, int index)
 {
     announce(list, QAccessible::NameChanged, index);
 }
 
-void ListBoxAccessible::announceSelection(QTeskelListBox* list)
+void ListBoxAccessible::announceSelection(QWidget* list)
 {
     announce(list, QAccessible::SelectionWithin, -1);
 }
 
-ListBoxAccessible::ListBoxAccessible(QTeskelListBox* list)
-    : QAccessibleWidget(list, QAccessible::List)
+ListBoxAccessible::ListBoxAccessible(const ListBoxAccessibleParts& parts)
+    : QAccessibleWidget(&parts.view, QAccessible::List)
+    , _parts(parts)
 {
-}
-
-QTeskelListBox* ListBoxAccessible::list() const
-{
-    return static_cast<QTeskelListBox*>(object());
 }
 
 int ListBoxAccessible::childCount() const
 {
-    return list()->count();
+    return _parts.model.count();
 }
 
 QAccessibleInterface* ListBoxAccessible::child(int index) const
 {
-    QTeskelListBoxItem* const item = list()->item(index);
+    QTeskelListBoxItem* const item = _parts.model.item(index);
     if (item == nullptr)
         return nullptr;
     if (item->_accessibleId == 0)
         item->_accessibleId =
-            QAccessible::registerAccessibleInterface(new ListBoxItemAccessible(item));
+            QAccessible::registerAccessibleInterface(new ListBoxItemAccessible(_parts, item));
     return QAccessible::accessibleInterface(item->_accessibleId);
 }
 
 QAccessibleInterface* ListBoxAccessible::childAt(int x, int y) const
 {
-    const QPoint position = list()->viewport()->mapFromGlobal(QPoint(x, y));
-    if (!list()->viewport()->rect().contains(position))
+    const QWidget* const viewport = _parts.view.viewport();
+    const QPoint position = viewport->mapFromGlobal(QPoint(x, y));
+    if (!viewport->rect().contains(position))
         return nullptr;
-    return child(list()->index(list()->itemAt(position)));
+    return child(_parts.model.index(_parts.grid.itemAt(position)));
 }
 
 QAccessibleInterface* ListBoxAccessible::focusChild() const
 {
-    return list()->hasFocus() ? child(list()->currentItem()) : nullptr;
+    return _parts.view.hasFocus() ? child(_parts.model.index(_parts.selection.current())) : nullptr;
 }
 
 int ListBoxAccessible::indexOfChild(const QAccessibleInterface* child) const
 {
     const auto* item = dynamic_cast<const ListBoxItemAccessible*>(child);
-    return item == nullptr ? -1 : list()->index(item->item());
+    return item == nullptr ? -1 : _parts.model.index(item->item());
 }
 
 QAccessible::State ListBoxAccessible::state() const
 {
     QAccessible::State state = QAccessibleWidget::state();
-    const auto mode = list()->selectionMode();
-    state.multiSelectable = mode == QTeskelListBox::Multi || mode == QTeskelListBox::Extended;
-    state.extSelectable = mode == QTeskelListBox::Extended;
+    state.multiSelectable = _parts.selection.holdsSeveral();
+    state.extSelectable = _parts.selection.mode() == ListBoxSelectionMode::Extended;
     return state;
 }
 
 QWindow* ListBoxItemAccessible::window() const
 {
-    return _item->listBox()->window()->windowHandle();
+    return _parts.view.window()->windowHandle();
 }
 
 QAccessibleInterface* ListBoxItemAccessible::parent() const
 {
-    return QAccessible::queryAccessibleInterface(_item->listBox());
+    return QAccessible::queryAccessibleInterface(&_parts.view);
 }
 
 QString ListBoxItemAccessible::text(QAccessible::Text kind) const
@@ -139,24 +128,24 @@ QString ListBoxItemAccessible::text(QAccessible::Text kind) const
 
 QRect ListBoxItemAccessible::rect() const
 {
-    const QTeskelListBox* list = _item->listBox();
-    const QRect cell = list->itemRect(_item);
-    return {list->viewport()->mapToGlobal(cell.topLeft()), cell.size()};
+    const QRect cell = _parts.grid.rectOf(_item);
+    return {_parts.view.viewport()->mapToGlobal(cell.topLeft()), cell.size()};
 }
 
 QAccessible::State ListBoxItemAccessible::state() const
 {
-    const QTeskelListBox* list = _item->listBox();
+    const QTeskelScrollView& view = _parts.view;
+    const bool isCurrent = _item == _parts.selection.current();
     QAccessible::State state;
     state.selectable =
-        _item->isSelectable() && list->selectionMode() != QTeskelListBox::NoSelection;
+        _item->isSelectable() && _parts.selection.mode() != ListBoxSelectionMode::NoSelection;
     state.selected = _item->selected();
-    state.focusable = list->focusPolicy() != Qt::NoFocus;
-    state.focused = _item->current() && list->hasFocus();
-    state.active = _item->current();
-    state.disabled = !list->isEnabled();
-    state.invisible = !list->isVisible();
-    state.offscreen = !list->itemVisible(_item);
+    state.focusable = view.focusPolicy() != Qt::NoFocus;
+    state.focused = isCurrent && view.hasFocus();
+    state.active = isCurrent;
+    state.disabled = !view.isEnabled();
+    state.invisible = !view.isVisible();
+    state.offscreen = !_parts.grid.isInView(_item);
     return state;
 }
 
@@ -169,7 +158,7 @@ void* ListBoxItemAccessible::interface_cast(QAccessible::InterfaceType type)
 QStringList ListBoxItemAccessible::actionNames() const
 {
     QStringList names{pressAction()};
-    if (_item->listBox()->isMultiSelection() && _item->isSelectable())
+    if (_parts.selection.holdsSeveral() && _item->isSelectable())
         names << toggleAction();
     return names;
 }
@@ -177,18 +166,17 @@ QStringList ListBoxItemAccessible::actionNames() const
 /// Pressing does what a tap does; toggling leaves the other items as they are.
 void ListBoxItemAccessible::doAction(const QString& name)
 {
-    QTeskelListBox* const list = _item->listBox();
-    if (!list->isEnabled() || !actionNames().contains(name))
+    if (!_parts.view.isEnabled() || !actionNames().contains(name))
         return;
     if (name == toggleAction()) {
-        list->setSelected(_item, !_item->selected());
+        _parts.actions.setSelected(_item, !_item->selected());
         return;
     }
     // A slot may remove the item, and this with it.
-    const ListBoxEmission emission(list, _item);
-    list->selectByPress(_item, Qt::NoModifier);
-    if (emission.isAlive())
-        list->ensureCurrentVisible();
+    const ListBoxAccessibleParts parts = _parts;
+    parts.model.watch(_item).run(
+        [&parts, item = _item] { parts.choice.press(item, Qt::NoModifier); },
+        [&parts] { parts.grid.ensureVisible(parts.model.index(parts.selection.current())); });
 }
 
 } // namespace teskel

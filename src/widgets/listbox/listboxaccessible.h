@@ -3,31 +3,46 @@
 
 #include <QAccessibleWidget>
 
-class QTeskelListBox;
 class QTeskelListBoxItem;
+class QTeskelScrollView;
 
 namespace teskel
 {
+
+class ListBoxActions;
+class ListBoxChoice;
+class ListBoxGrid;
+class ListBoxModel;
+class ListBoxSelection;
+
+/// The parts of a list box that assistive technology asks.
+struct ListBoxAccessibleParts {
+    QTeskelScrollView& view;
+    const ListBoxModel& model;
+    const ListBoxSelection& selection;
+    ListBoxGrid& grid;
+    ListBoxActions& actions;
+    ListBoxChoice& choice;
+};
 
 /// Shows a list box to assistive technology as a list whose children are its items.
 class ListBoxAccessible : public QAccessibleWidget
 {
 public:
-    /// Makes every list box be shown this way from now on.
-    static void install();
     /// Takes the events instead of the accessibility framework, which is silent while no assistive
     /// technology runs; for tests.
     using Reporter = void (*)(QAccessibleEvent* event);
     static void setReporter(Reporter reporter);
-    /// Reports that an item became current, became selected, or got another text. Costs nothing
-    /// while nobody listens.
-    static void announceCurrent(QTeskelListBox* list, int index);
-    static void announceSelected(QTeskelListBox* list, int index);
-    static void announceText(QTeskelListBox* list, int index);
+    /// Whether anybody listens; the announcements cost nothing otherwise.
+    static bool isHeard();
+    /// Reports that an item became current, became selected, or got another text.
+    static void announceCurrent(QWidget* list, int index);
+    static void announceSelected(QWidget* list, int index);
+    static void announceText(QWidget* list, int index);
     /// Reports that the selection changed in more than one item.
-    static void announceSelection(QTeskelListBox* list);
+    static void announceSelection(QWidget* list);
 
-    explicit ListBoxAccessible(QTeskelListBox* list);
+    explicit ListBoxAccessible(const ListBoxAccessibleParts& parts);
 
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
@@ -37,15 +52,16 @@ public:
     QAccessible::State state() const override;
 
 private:
-    QTeskelListBox* list() const;
+    ListBoxAccessibleParts _parts;
 };
 
 /// Shows one item of a list box to assistive technology. Lives as long as the item is in its list.
 class ListBoxItemAccessible : public QAccessibleInterface, public QAccessibleActionInterface
 {
 public:
-    explicit ListBoxItemAccessible(QTeskelListBoxItem* item)
-        : _item(item)
+    ListBoxItemAccessible(const ListBoxAccessibleParts& parts, QTeskelListBoxItem* item)
+        : _parts(parts)
+        , _item(item)
     {
     }
 
@@ -71,6 +87,7 @@ public:
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
 private:
+    ListBoxAccessibleParts _parts;
     QTeskelListBoxItem* _item;
 };
 

@@ -45,20 +45,19 @@ void ListBoxLayouter::layOut(const Rules& rules, int count, QSize viewport, cons
     if (count == 0)
         return;
     const std::vector<int> heights = measured(count, height);
-    const bool oneColumn =
-        rules.rowMode == QTeskelListBox::Variable &&
-        (rules.columnMode == QTeskelListBox::Variable ||
-         (rules.columnMode == QTeskelListBox::FixedNumber && rules.columns == 1));
+    const bool oneColumn = rules.rowMode == Mode::Variable &&
+                           (rules.columnMode == Mode::Variable ||
+                            (rules.columnMode == Mode::FixedNumber && rules.columns == 1));
     const bool widthsCount = !(oneColumn && rules.cutToViewport);
     const std::vector<int> widths = widthsCount ? measured(count, width) : std::vector<int>();
 
     int rows = count;
-    if (rules.rowMode == QTeskelListBox::FixedNumber)
+    if (rules.rowMode == Mode::FixedNumber)
         rows = rules.rows;
-    else if (rules.rowMode == QTeskelListBox::FitToHeight)
+    else if (rules.rowMode == Mode::FitToHeight)
         rows = viewport.height() / qMax(1, largest(heights, 0, count));
     else if (!oneColumn)
-        rows = quotientUp(count, rules.columnMode == QTeskelListBox::FixedNumber
+        rows = quotientUp(count, rules.columnMode == Mode::FixedNumber
                                      ? rules.columns
                                      : fittingColumns(rules, widths, viewport.width()));
     rows = qBound(1, rows, count);
@@ -112,7 +111,7 @@ ListBoxLayouter::Edges ListBoxLayouter::columnEdges(const Rules& rules,
     }
     // Columns that are counted, not grown with the contents, share the room that is left.
     const int spare = room - edges.back();
-    if (spare > 0 && (columns == 1 || rules.rowMode == QTeskelListBox::Variable)) {
+    if (spare > 0 && (columns == 1 || rules.rowMode == Mode::Variable)) {
         for (int column = 1; column <= columns; ++column)
             edges[static_cast<std::size_t>(column)] += spare * column / columns;
     }

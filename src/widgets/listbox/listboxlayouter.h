@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/listbox/qteskellistbox.h"
+#include "widgets/listbox/listboxenums.h"
+
+#include <QRect>
 
 #include <functional>
 #include <vector>
@@ -15,13 +17,13 @@ namespace teskel
 class ListBoxLayouter
 {
 public:
-    using Mode = QTeskelListBox::LayoutMode;
+    using Mode = ListBoxLayoutMode;
     /// Gives one measure of the item at an index.
     using Measure = std::function<int(int)>;
 
     struct Rules {
-        Mode columnMode = QTeskelListBox::FixedNumber;
-        Mode rowMode = QTeskelListBox::Variable;
+        Mode columnMode = Mode::FixedNumber;
+        Mode rowMode = Mode::Variable;
         int columns = 1;
         int rows = 1;
         bool variableWidth = false;

@@ -43,6 +43,7 @@ bool ListBoxModel::take(QTeskelListBoxItem* item)
     const int place = index(item);
     if (place < 0)
         return false;
+    item->releaseAccessible();
     _items.erase(_items.begin() + place);
     _numbered = std::min(_numbered, static_cast<std::size_t>(place));
     item->_listBox = nullptr;
@@ -96,9 +97,25 @@ QTeskelListBoxItem* ListBoxModel::firstSelected() const
     return found == _items.end() ? nullptr : *found;
 }
 
-bool ListBoxModel::stillHolds(const QTeskelListBoxItem* item, quint64 removals) const
+ListBoxWatch ListBoxModel::watch(const QTeskelListBoxItem* item) const
 {
-    return removals == _removals || std::find(_items.begin(), _items.end(), item) != _items.end();
+    return {this, item};
+}
+
+ListBoxWatch::ListBoxWatch(const ListBoxModel* model, const QTeskelListBoxItem* item)
+    : _model(model)
+    , _item(item)
+    , _removals(model->_removals)
+{
+}
+
+bool ListBoxWatch::isAlive() const
+{
+    if (_model.isNull())
+        return false;
+    const auto& items = _model->_items;
+    return _item == nullptr || _removals == _model->_removals ||
+           std::find(items.begin(), items.end(), _item) != items.end();
 }
 
 } // namespace teskel

@@ -2,6 +2,7 @@
 #include "widgets/listbox/listboxselection.h"
 
 #include "widgets/listbox/listboxmodel.h"
+#include "widgets/listbox/qteskellistboxitem.h"
 
 #include <utility>
 
@@ -12,9 +13,9 @@ bool ListBoxSelection::setMode(Mode mode)
 {
     _mode = mode;
     switch (mode) {
-    case QTeskelListBox::NoSelection:
+    case Mode::NoSelection:
         return clear();
-    case QTeskelListBox::Single: {
+    case Mode::Single: {
         const int kept = _current != nullptr && _current->selected() ? _model.index(_current) : -1;
         return selectRange(kept, kept, true);
     }
@@ -27,7 +28,7 @@ ListBoxSelection::Change ListBoxSelection::makeCurrent(QTeskelListBoxItem* item)
 {
     Change change{.previous = _current, .currentMoved = true};
     _current = item;
-    if (_mode == QTeskelListBox::Single) {
+    if (_mode == Mode::Single) {
         change.selectionChanged = ListBoxModel::mark(change.previous, false);
         change.itemSelected = item->isSelectable() && ListBoxModel::mark(item, true);
         change.selectionChanged |= change.itemSelected;
@@ -38,10 +39,9 @@ ListBoxSelection::Change ListBoxSelection::makeCurrent(QTeskelListBoxItem* item)
 ListBoxSelection::Change ListBoxSelection::select(QTeskelListBoxItem* item, bool selected)
 {
     Change change;
-    if (_mode == QTeskelListBox::NoSelection || !item->isSelectable() ||
-        item->selected() == selected)
+    if (_mode == Mode::NoSelection || !item->isSelectable() || item->selected() == selected)
         return change;
-    if (_mode == QTeskelListBox::Single && selected) {
+    if (_mode == Mode::Single && selected) {
         change.itemSelected = true;
         if (item != _current) {
             change.previous = _current;
@@ -71,14 +71,14 @@ bool ListBoxSelection::selectRange(int first, int last, bool alone)
 
 bool ListBoxSelection::selectAll(bool selected)
 {
-    if (_mode != QTeskelListBox::Multi && _mode != QTeskelListBox::Extended)
+    if (!holdsSeveral())
         return false;
     return selected ? selectRange(0, _model.count() - 1, false) : clear();
 }
 
 bool ListBoxSelection::invert()
 {
-    if (_mode != QTeskelListBox::Multi && _mode != QTeskelListBox::Extended)
+    if (!holdsSeveral())
         return false;
     bool changed = false;
     for (int index = 0; index < _model.count(); ++index) {

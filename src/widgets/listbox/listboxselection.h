@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "widgets/listbox/qteskellistbox.h"
+#include "widgets/listbox/listboxenums.h"
+
+class QTeskelListBoxItem;
 
 namespace teskel
 {
@@ -24,7 +26,7 @@ public:
         /// Some item's selection is different.
         bool selectionChanged = false;
     };
-    using Mode = QTeskelListBox::SelectionMode;
+    using Mode = ListBoxSelectionMode;
 
     explicit ListBoxSelection(ListBoxModel& model)
         : _model(model)
@@ -32,6 +34,8 @@ public:
     }
 
     Mode mode() const { return _mode; }
+    /// Whether several items can be selected at a time.
+    bool holdsSeveral() const { return _mode == Mode::Multi || _mode == Mode::Extended; }
     /// Drops the selections that the new mode does not allow; true when there were some.
     bool setMode(Mode mode);
     QTeskelListBoxItem* current() const { return _current; }
@@ -59,7 +63,7 @@ private:
     ListBoxModel& _model;
     QTeskelListBoxItem* _current = nullptr;
     QTeskelListBoxItem* _anchor = nullptr;
-    Mode _mode = QTeskelListBox::Single;
+    Mode _mode = Mode::Single;
 };
 
 } // namespace teskel

@@ -1,36 +1,41 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "widgets/listbox/listboxactions.h"
+#include "widgets/listbox/listboxchoice.h"
+#include "widgets/listbox/listboxenums.h"
+#include "widgets/listbox/listboxgrid.h"
+#include "widgets/listbox/listboxkeycontroller.h"
+#include "widgets/listbox/listboxmodel.h"
+#include "widgets/listbox/listboxpainter.h"
+#include "widgets/listbox/listboxpointercontroller.h"
+#include "widgets/listbox/listboxselection.h"
 #include "widgets/listbox/qteskellistboxitem.h"
 #include "widgets/scrolling/qteskelscrollview.h"
 
 #include <QStringList>
 
-namespace teskel
-{
-class ListBoxEmission;
-class ListBoxItemAccessible;
-struct ListBoxState;
-} // namespace teskel
+class QAccessibleInterface;
+class QTimer;
 
 /// A list of items to look at and choose from, in one column or several.
 ///
 /// The list box owns its items. Indexes count from 0; an index that does not exist, and a null
 /// item, are ignored, or answered with -1, null or an empty text. Slots may remove items or delete
 /// the list box while it emits.
-class QTeskelListBox : public QTeskelScrollView
+///
+/// Wires its parts and reports what they do: the model holds the items, the grid lays them out, the
+/// selection knows the rules of the selection modes, the painter paints, and the controllers turn
+/// keys and the pointer into actions.
+class QTeskelListBox : public QTeskelScrollView, private teskel::ListBoxActions
 {
     Q_OBJECT
 
 public:
-    /// `Single`: at most one item, the current one; `Multi`: each item on its own; `Extended`:
-    /// ranges with Shift, single ones with Control; `NoSelection`: none.
-    enum SelectionMode { Single, Multi, Extended, NoSelection };
-    Q_ENUM(SelectionMode)
-    /// How many columns or rows there are: a fixed number, as many as fit, or as many as are
-    /// needed.
-    enum LayoutMode { FixedNumber, FitToWidth, FitToHeight = FitToWidth, Variable };
-    Q_ENUM(LayoutMode)
+    using SelectionMode = teskel::ListBoxSelectionMode;
+    using LayoutMode = teskel::ListBoxLayoutMode;
+    using enum teskel::ListBoxSelectionMode;
+    using enum teskel::ListBoxLayoutMode;
 
     explicit QTeskelListBox(QWidget* parent = nullptr, const char* name = nullptr,
                             Qt::WindowFlags flags = {});
@@ -38,7 +43,7 @@ public:
     Q_DISABLE_COPY_MOVE(QTeskelListBox)
 
     // Items
-    int count() const;
+    int count() const { return _model.count(); }
     /// Inserts before `index`; a negative index, or one past the end, appends.
     void insertItem(QTeskelListBoxItem* item, int index = -1);
     /// Inserts behind `after`; at the beginning when that is null.
@@ -64,78 +69,81 @@ public:
     /// Sorts by text; items of the same text keep their order.
     void sort(bool ascending = true);
 
-    QTeskelListBoxItem* item(int index) const;
+    QTeskelListBoxItem* item(int index) const { return _model.item(index); }
     QTeskelListBoxItem* firstItem() const { return item(0); }
-    int index(const QTeskelListBoxItem* item) const;
+    int index(const QTeskelListBoxItem* item) const { return _model.index(item); }
     QString text(int index) const;
     const QPixmap* pixmap(int index) const;
     /// The first item that begins with `text`, whatever the case.
-    QTeskelListBoxItem* findItem(const QString& text) const;
+    QTeskelListBoxItem* findItem(const QString& text) const { return _model.findPrefix(text); }
 
     // Current item and selection
-    int currentItem() const;
+    int currentItem() const { return index(_selection.current()); }
     QString currentText() const { return text(currentItem()); }
-    void setCurrentItem(int index);
-    virtual void setCurrentItem(QTeskelListBoxItem* item);
-    SelectionMode selectionMode() const;
-    void setSelectionMode(SelectionMode mode);
+    void setCurrentItem(int index) { setCurrentItem(item(index)); }
+    void setCurrentItem(QTeskelListBoxItem* item) override;
+    SelectionMode selectionMode() const { return _selection.mode(); }
+    void setSelectionMode(SelectionMode mode) { reportSweep(_selection.setMode(mode)); }
     void setMultiSelection(bool multi) { setSelectionMode(multi ? Multi : Single); }
-    bool isMultiSelection() const;
-    void setSelected(int index, bool select);
-    virtual void setSelected(QTeskelListBoxItem* item, bool select);
-    bool isSelected(int index) const;
+    bool isMultiSelection() const { return _selection.holdsSeveral(); }
+    void setSelected(int index, bool select) { setSelected(item(index), select); }
+    void setSelected(QTeskelListBoxItem* item, bool select) override;
+    bool isSelected(int index) const { return isSelected(item(index)); }
     bool isSelected(const QTeskelListBoxItem* item) const;
     /// The first selected item.
-    QTeskelListBoxItem* selectedItem() const;
+    QTeskelListBoxItem* selectedItem() const { return _model.firstSelected(); }
 
     // Geometry
-    LayoutMode columnMode() const;
-    LayoutMode rowMode() const;
-    void setColumnMode(LayoutMode mode);
-    void setColumnMode(int columns);
-    void setRowMode(LayoutMode mode);
-    void setRowMode(int rows);
-    int numColumns() const;
-    int numRows() const;
-    bool variableWidth() const;
-    void setVariableWidth(bool variable);
-    bool variableHeight() const;
-    void setVariableHeight(bool variable);
+    LayoutMode columnMode() const { return _grid.rules().columnMode; }
+    LayoutMode rowMode() const { return _grid.rules().rowMode; }
+    void setColumnMode(LayoutMode mode) { _grid.setColumnMode(mode); }
+    void setColumnMode(int columns) { _grid.setColumns(columns); }
+    void setRowMode(LayoutMode mode) { _grid.setRowMode(mode); }
+    void setRowMode(int rows) { _grid.setRows(rows); }
+    int numColumns() const { return _grid.layouter().columns(); }
+    int numRows() const { return _grid.layouter().rows(); }
+    bool variableWidth() const { return _grid.rules().variableWidth; }
+    void setVariableWidth(bool variable) { _grid.setVariableWidth(variable); }
+    bool variableHeight() const { return _grid.rules().variableHeight; }
+    void setVariableHeight(bool variable) { _grid.setVariableHeight(variable); }
     /// Items of which at least a part is in view.
-    int numItemsVisible() const;
-    bool itemVisible(int index) const;
-    bool itemVisible(const QTeskelListBoxItem* item) const;
+    int numItemsVisible() const { return _grid.itemsInView(); }
+    bool itemVisible(int index) const { return itemVisible(item(index)); }
+    bool itemVisible(const QTeskelListBoxItem* item) const { return _grid.isInView(item); }
     /// The index of the first item in view, -1 in an empty list.
-    int topItem() const;
-    virtual void setTopItem(int index);
-    virtual void setBottomItem(int index);
-    int itemHeight(int index = 0) const;
-    int maxItemWidth() const;
+    int topItem() const { return _grid.topIndex(); }
+    void setTopItem(int index) override { _grid.showAtTop(index); }
+    void setBottomItem(int index) override { _grid.showAtBottom(index); }
+    int itemHeight(int index = 0) const { return _grid.layouter().cell(index).height(); }
+    int maxItemWidth() const { return _grid.widestItem(); }
     /// The item at a position in the viewport.
-    QTeskelListBoxItem* itemAt(QPoint position) const;
+    QTeskelListBoxItem* itemAt(QPoint position) const { return _grid.itemAt(position); }
     /// The item's cell in the viewport, invalid for an item of another list.
-    QRect itemRect(const QTeskelListBoxItem* item) const;
+    QRect itemRect(const QTeskelListBoxItem* item) const { return _grid.rectOf(item); }
     /// The item's upper edge in the contents.
-    int itemYPos(const QTeskelListBoxItem* item) const;
+    int itemYPos(const QTeskelListBoxItem* item) const
+    {
+        return _grid.layouter().cell(index(item)).top();
+    }
     /// Asks for one repaint, and for a layout first when `doLayout`, when control returns to the
     /// event loop; any number of calls cost one.
-    void triggerUpdate(bool doLayout);
+    void triggerUpdate(bool doLayout) { _grid.triggerUpdate(doLayout); }
 
-    QSize sizeHint() const override;
+    QSize sizeHint() const override { return _grid.sizeHint(); }
     void setHScrollBarMode(ScrollBarMode mode) override;
 
 public slots:
     /// Scrolls just far enough to show the current item.
-    void ensureCurrentVisible();
-    virtual void clearSelection();
-    virtual void selectAll(bool select);
-    virtual void invertSelection();
+    void ensureCurrentVisible() { _grid.ensureVisible(currentItem()); }
+    void clearSelection() override { reportSweep(_selection.clear()); }
+    void selectAll(bool select) override { reportSweep(_selection.selectAll(select)); }
+    virtual void invertSelection() { reportSweep(_selection.invert()); }
     /// Ends typing ahead.
-    void clearInputString();
+    void clearInputString() { _keys.endTypingAhead(); }
     /// Lays out if needed, and repaints.
-    void refreshSlot();
+    void refreshSlot() { _grid.refresh(); }
     /// Scrolls on while an item is dragged outside the view.
-    void doAutoScroll();
+    void doAutoScroll() { _pointer.autoScroll(); }
     /// Lays out at once.
     void adjustItems();
 
@@ -164,14 +172,20 @@ signals:
 
 protected:
     /// Paints one cell; the painter's origin is the cell's upper left corner.
-    virtual void paintCell(QPainter* painter, int row, int column);
+    virtual void paintCell(QPainter* painter, int row, int column)
+    {
+        _painter.paintCell(painter, row, column);
+    }
 
     void drawContents(QPainter* painter, const QRect& clip) override;
-    void contentsMousePressEvent(QMouseEvent* event) override;
-    void contentsMouseReleaseEvent(QMouseEvent* event) override;
-    void contentsMouseDoubleClickEvent(QMouseEvent* event) override;
-    void contentsMouseMoveEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    void contentsMousePressEvent(QMouseEvent* event) override { _pointer.press(*event); }
+    void contentsMouseReleaseEvent(QMouseEvent* event) override { _pointer.release(*event); }
+    void contentsMouseDoubleClickEvent(QMouseEvent* event) override
+    {
+        _pointer.doubleClick(*event);
+    }
+    void contentsMouseMoveEvent(QMouseEvent* event) override { _pointer.move(*event); }
+    void keyPressEvent(QKeyEvent* event) override { _keys.press(event); }
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -180,29 +194,29 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    friend class QTeskelListBoxItem;
-    friend class teskel::ListBoxEmission;
-    friend class teskel::ListBoxItemAccessible;
+    void reportSelection() override;
+    void reportSweep(bool changed)
+    {
+        if (changed)
+            reportSelection();
+    }
+    void reportSelected(QTeskelListBoxItem* item) override;
+    void reportReturnPressed(QTeskelListBoxItem* item) override { emit returnPressed(item); }
+    void reportDoubleClicked(QTeskelListBoxItem* item) override { emit doubleClicked(item); }
+    void reportPressed(int button, QTeskelListBoxItem* item, const QPoint& position) override;
+    void reportClicked(int button, QTeskelListBoxItem* item, const QPoint& position) override;
+    void reportHovered(QTeskelListBoxItem* item) override;
+    bool reportHighlighted(QTeskelListBoxItem* item);
 
-    void itemTextChanged(const QTeskelListBoxItem* item);
-    void insertAt(QTeskelListBoxItem* item, int index);
+    static QAccessibleInterface* makeAccessible(const QString& className, QObject* object);
     void deleteItems();
-    void layOutGrid() const;
-    void layOutIn(QSize room) const;
-    bool layOutIfNeeded();
-    void updateItem(const QTeskelListBoxItem* item);
-    void emitHighlighted(teskel::ListBoxEmission& emission, QTeskelListBoxItem* item);
-    void emitSelected(teskel::ListBoxEmission& emission, QTeskelListBoxItem* item);
-    void afterSelectionSweep(bool changed);
 
-    bool moveByKey(const QKeyEvent& event);
-    void actOnCurrent(QKeyEvent* event);
-    void typeAhead(const QString& text);
-    void selectByPress(QTeskelListBoxItem* item, Qt::KeyboardModifiers modifiers);
-    void selectByMove(QTeskelListBoxItem* item, Qt::KeyboardModifiers modifiers);
-    void dragTo(QPoint position);
-    void endDrag();
-    void hoverAt(QPoint position);
-
-    std::unique_ptr<teskel::ListBoxState> _state;
+    teskel::ListBoxModel _model;
+    teskel::ListBoxSelection _selection;
+    teskel::ListBoxGrid _grid;
+    teskel::ListBoxChoice _choice;
+    teskel::ListBoxKeyController _keys;
+    teskel::ListBoxPointerController _pointer;
+    teskel::ListBoxPainter _painter;
+    QTimer* _visibleTimer;
 };

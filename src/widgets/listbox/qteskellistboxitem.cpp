@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/listbox/qteskellistboxitem.h"
 
-#include "widgets/listbox/qteskellistbox.h"
+using teskel::ListBoxItemHost;
 
 QTeskelListBoxItem::QTeskelListBoxItem(QTeskelListBox* listBox)
 {
     if (listBox != nullptr)
-        listBox->insertItem(this);
+        ListBoxItemHost::append(listBox, this);
 }
 
 QTeskelListBoxItem::QTeskelListBoxItem(QTeskelListBox* listBox, QTeskelListBoxItem* after)
 {
     if (listBox != nullptr)
-        listBox->insertItem(this, after);
+        ListBoxItemHost::insertAfter(listBox, this, after);
 }
 
 QTeskelListBoxItem::~QTeskelListBoxItem()
 {
     if (_listBox != nullptr)
-        _listBox->takeItem(this);
+        ListBoxItemHost::take(_listBox, this);
     releaseAccessible();
 }
 
@@ -26,22 +26,22 @@ void QTeskelListBoxItem::setText(const QString& text)
 {
     _text = text;
     if (_listBox != nullptr)
-        _listBox->itemTextChanged(this);
+        ListBoxItemHost::textChanged(_listBox, this);
 }
 
 bool QTeskelListBoxItem::current() const
 {
-    return _listBox != nullptr && _listBox->item(_listBox->currentItem()) == this;
+    return _listBox != nullptr && ListBoxItemHost::isCurrent(_listBox, this);
 }
 
 QTeskelListBoxItem* QTeskelListBoxItem::next() const
 {
-    return _listBox == nullptr ? nullptr : _listBox->item(_listBox->index(this) + 1);
+    return _listBox == nullptr ? nullptr : ListBoxItemHost::neighbour(_listBox, this, 1);
 }
 
 QTeskelListBoxItem* QTeskelListBoxItem::prev() const
 {
-    return _listBox == nullptr ? nullptr : _listBox->item(_listBox->index(this) - 1);
+    return _listBox == nullptr ? nullptr : ListBoxItemHost::neighbour(_listBox, this, -1);
 }
 
 void QTeskelListBoxItem::releaseAccessible()

@@ -4,14 +4,31 @@
 #include <QAccessible>
 #include <QString>
 
+class QFontMetrics;
 class QPainter;
 class QPixmap;
 class QTeskelListBox;
+class QTeskelListBoxItem;
 
 namespace teskel
 {
 class ListBoxAccessible;
 class ListBoxModel;
+
+/// A list box as its items see it, who know it by name alone; defined beside QTeskelListBox.
+struct ListBoxItemHost {
+    using List = QTeskelListBox;
+    using Item = QTeskelListBoxItem;
+
+    static void append(List* list, Item* item);
+    static void insertAfter(List* list, Item* item, const Item* after);
+    static void take(List* list, Item* item);
+    static void textChanged(List* list, const Item* item);
+    static bool isCurrent(const List* list, const Item* item);
+    /// The item so many places behind `item`, null beyond the ends.
+    static Item* neighbour(const List* list, const Item* item, int places);
+    static QFontMetrics fontMetrics(const List* list);
+};
 } // namespace teskel
 
 /// One item of a QTeskelListBox: a text, flags, and how it is painted.
@@ -59,7 +76,6 @@ public:
 private:
     void releaseAccessible();
 
-    friend class QTeskelListBox;
     friend class teskel::ListBoxModel;
     friend class teskel::ListBoxAccessible;
 

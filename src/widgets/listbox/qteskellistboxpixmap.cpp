@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/listbox/qteskellistboxpixmap.h"
 
-#include "widgets/listbox/qteskellistbox.h"
-
 #include <QFontMetrics>
 #include <QPainter>
 
@@ -60,7 +58,8 @@ int QTeskelListBoxPixmap::width(const QTeskelListBox* listBox) const
     const int width = sizeOf(_pixmap).width() + widthMargins;
     if (text().isEmpty() || listBox == nullptr)
         return width;
-    return width + textGap + listBox->fontMetrics().horizontalAdvance(text());
+    return width + textGap +
+           teskel::ListBoxItemHost::fontMetrics(listBox).horizontalAdvance(text());
 }
 
 int QTeskelListBoxPixmap::height(const QTeskelListBox* listBox) const
@@ -68,5 +67,6 @@ int QTeskelListBoxPixmap::height(const QTeskelListBox* listBox) const
     const int height = sizeOf(_pixmap).height();
     if (text().isEmpty() || listBox == nullptr)
         return height;
-    return qMax(height, listBox->fontMetrics().lineSpacing() + heightMargins);
+    return qMax(height,
+                teskel::ListBoxItemHost::fontMetrics(listBox).lineSpacing() + heightMargins);
 }

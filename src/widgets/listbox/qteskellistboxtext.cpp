@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/listbox/qteskellistboxtext.h"
 
-#include "widgets/listbox/qteskellistbox.h"
-
 #include <QFontMetrics>
 #include <QPainter>
 
@@ -40,10 +38,15 @@ void QTeskelListBoxText::paint(QPainter* painter)
 
 int QTeskelListBoxText::width(const QTeskelListBox* listBox) const
 {
-    return listBox == nullptr ? 0 : listBox->fontMetrics().horizontalAdvance(text()) + widthMargins;
+    return listBox == nullptr
+               ? 0
+               : teskel::ListBoxItemHost::fontMetrics(listBox).horizontalAdvance(text()) +
+                     widthMargins;
 }
 
 int QTeskelListBoxText::height(const QTeskelListBox* listBox) const
 {
-    return listBox == nullptr ? 0 : listBox->fontMetrics().lineSpacing() + heightMargins;
+    return listBox == nullptr
+               ? 0
+               : teskel::ListBoxItemHost::fontMetrics(listBox).lineSpacing() + heightMargins;
 }

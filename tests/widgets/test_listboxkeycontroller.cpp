@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/listbox/listboxnavigation.h"
+#include "widgets/listbox/listboxkeycontroller.h"
 
 #include <QTest>
 
-class TestListBoxNavigation : public QObject
+class TestListBoxKeyController : public QObject
 {
     Q_OBJECT
 
@@ -12,7 +12,7 @@ private slots:
     void target();
 };
 
-void TestListBoxNavigation::target_data()
+void TestListBoxKeyController::target_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<int>("current");
@@ -38,16 +38,16 @@ void TestListBoxNavigation::target_data()
     QTest::addRow("other") << int(Qt::Key_A) << 6 << 3 << -1;
 }
 
-void TestListBoxNavigation::target()
+void TestListBoxKeyController::target()
 {
     QFETCH(int, key);
     QFETCH(int, current);
     QFETCH(int, columns);
     QFETCH(int, expected);
     const int rows = columns == 1 ? 10 : 4;
-    const auto found = teskel::keyTarget(key, {current, 10, rows, columns, 4});
+    const auto found = teskel::ListBoxKeyController::target(key, {current, 10, rows, columns, 4});
     QCOMPARE(found.value_or(-1), expected);
 }
 
-QTEST_APPLESS_MAIN(TestListBoxNavigation)
-#include "test_listboxnavigation.moc"
+QTEST_APPLESS_MAIN(TestListBoxKeyController)
+#include "test_listboxkeycontroller.moc"
