@@ -2,7 +2,7 @@
 // Unpacking, by method: every word record of each dictionary given, packed bytes already in memory.
 #include "bench/support/arguments.h"
 #include "bench/support/members.h"
-#include "dictionary/unpacking/memberdecoder.h"
+#include "dictionary/unpacking/decode.h"
 
 #include <QFileInfo>
 

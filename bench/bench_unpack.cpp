@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Tests an ARJ archive as `7z t` does: reads the file, unpacks every member, checks every checksum.
 #include "bench/support/members.h"
-#include "dictionary/unpacking/memberdecoder.h"
+#include "dictionary/unpacking/decode.h"
 
 #include <QFile>
 #include <QTextStream>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "dictionary/unpacking/memberdecoder.h"
+#include "dictionary/unpacking/decode.h"
 
 #include <vector>
 

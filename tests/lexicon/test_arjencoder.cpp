@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "dictionary/unpacking/decode.h"
-#include "dictionary/unpacking/memberdecoder.h"
 #include "lexicon/packing/arjmember.h"
 #include "tests/support/palmwriter.h"
 

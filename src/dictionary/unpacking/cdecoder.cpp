@@ -5,11 +5,28 @@
 #include "dictionary/unpacking/cfileheader.h"
 #include "dictionary/unpacking/crc32.h"
 #include "dictionary/unpacking/fastestdecoder.h"
+#include "dictionary/unpacking/huffmandecoder.h"
 #include "dictionary/unpacking/outputwindow.h"
 
 #include <algorithm>
 
 using teskel::MemberStatus;
+
+namespace
+{
+// One row a method: its number, and what decodes its bits until the output is full.
+struct Method {
+    quint8 number;
+    MemberStatus (*decode)(CBitBuffer& bits, teskel::OutputWindow& output);
+};
+
+constexpr Method methods[] = {
+    {teskel::arj::MostCompressed, teskel::decodeHuffman},
+    {teskel::arj::Compressed, teskel::decodeHuffman},
+    {teskel::arj::Faster, teskel::decodeHuffman},
+    {teskel::arj::Fastest, teskel::decodeFastest},
+};
+} // namespace
 
 bool CDecoder::Decompress(CFileHeader* header, CBuffer* input, CBuffer* output)
 {
@@ -22,23 +39,14 @@ bool CDecoder::Decompress(CFileHeader* header, CBuffer* input, CBuffer* output)
     const long capacity = std::min(room, long{header->uncompressedSize()});
     teskel::OutputWindow window(output->data(), static_cast<unsigned>(capacity));
     _status = MemberStatus::Ok;
-    bool isKnown = true;
-    switch (header->method()) {
-    case teskel::arj::MostCompressed:
-    case teskel::arj::Compressed:
-    case teskel::arj::Faster:
+    const auto* method = std::find_if(std::begin(methods), std::end(methods), [&](const Method& m) {
+        return m.number == header->method();
+    });
+    const bool isKnown = method != std::end(methods);
+    if (isKnown) {
         _bits.Attach(input, header);
         _bits.InitGetBits();
-        _status = teskel::decodeStaticHuffman(_bits, _tables, window);
-        break;
-    case teskel::arj::Fastest:
-        _bits.Attach(input, header);
-        _bits.InitGetBits();
-        teskel::decodeFastest(_bits, window);
-        break;
-    default:
-        isKnown = false;
-        break;
+        _status = method->decode(_bits, window);
     }
     output->Seek(static_cast<long>(window.position()), CBuffer::FromStart);
     if (_status == MemberStatus::Ok &&

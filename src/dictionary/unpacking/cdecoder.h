@@ -2,8 +2,7 @@
 #pragma once
 
 #include "dictionary/unpacking/cbitbuffer.h"
-#include "dictionary/unpacking/huffmandecoder.h"
-#include "dictionary/unpacking/memberdecoder.h"
+#include "dictionary/unpacking/memberstatus.h"
 
 /// Decodes the packed bytes of one ARJ member and checks them.
 class CDecoder
@@ -21,6 +20,5 @@ public:
 
 private:
     CBitBuffer _bits;
-    teskel::StaticHuffmanTables _tables;
     teskel::MemberStatus _status = teskel::MemberStatus::Ok;
 };

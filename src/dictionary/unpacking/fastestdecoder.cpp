@@ -30,7 +30,7 @@ unsigned readNumber(BitWindow& window)
 }
 } // namespace
 
-void decodeFastest(CBitBuffer& bits, OutputWindow& output)
+MemberStatus decodeFastest(CBitBuffer& bits, OutputWindow& output)
 {
     BitWindow window = bits.window();
     while (!output.isFull()) {
@@ -46,6 +46,7 @@ void decodeFastest(CBitBuffer& bits, OutputWindow& output)
         output.putMatch(position + 1, length - 1 + arj::threshold, wrapWarningLine);
     }
     bits.setWindow(window);
+    return MemberStatus::Ok;
 }
 
 } // namespace teskel

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dictionary/unpacking/memberstatus.h"
+
 class CBitBuffer;
 
 namespace teskel
@@ -8,7 +10,7 @@ namespace teskel
 
 class OutputWindow;
 
-/// Decodes method 4 until `output` is full. Every stream means something, so it cannot fail.
-void decodeFastest(CBitBuffer& bits, OutputWindow& output);
+/// Decodes method 4 until `output` is full. Every stream means something: always Ok.
+MemberStatus decodeFastest(CBitBuffer& bits, OutputWindow& output);
 
 } // namespace teskel

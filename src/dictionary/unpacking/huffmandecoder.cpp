@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "dictionary/unpacking/huffmandecoder.h"
 
+#include "dictionary/unpacking/arjformat.h"
 #include "dictionary/unpacking/cbitbuffer.h"
+#include "dictionary/unpacking/huffmantable.h"
 #include "dictionary/unpacking/outputwindow.h"
 
 #include <bit>
@@ -12,6 +14,16 @@ namespace teskel
 namespace
 {
 constexpr int wrapWarningLine = 335;
+
+// The code tables of one block.
+struct HuffmanTables {
+    HuffmanTable<12, arj::charCodes> characters;
+    HuffmanTable<8, arj::positionCodes> positions;
+    HuffmanTable<8, arj::lengthCodes> lengths;
+
+    static constexpr unsigned noLength = HuffmanTable<8, arj::lengthCodes>::noSymbol;
+};
+
 // A character code, a position code and the position's own bits.
 static_assert(2 * arj::maxCodeLength + arj::positionCodes - 2 <= 56, "one refill serves a match");
 
@@ -58,7 +70,7 @@ bool readSmallTable(BitWindow& window, HuffmanTable<8, Symbols>& table, unsigned
 }
 
 // Reads the code of the characters, whose lengths are themselves coded, with runs of zeros.
-bool readCharacterTable(BitWindow& window, StaticHuffmanTables& tables)
+bool readCharacterTable(BitWindow& window, HuffmanTables& tables)
 {
     window.need(32);
     const unsigned count = window.take(arj::charCountBits);
@@ -82,7 +94,7 @@ bool readCharacterTable(BitWindow& window, StaticHuffmanTables& tables)
         case 2:
             zeros = window.take(arj::charCountBits) + 20;
             break;
-        case StaticHuffmanTables::noLength:
+        case HuffmanTables::noLength:
             return false;
         default:
             lengths[i++] = static_cast<quint8>(code - 2);
@@ -95,7 +107,7 @@ bool readCharacterTable(BitWindow& window, StaticHuffmanTables& tables)
     return tables.characters.build(lengths);
 }
 
-bool readTables(BitWindow& window, StaticHuffmanTables& tables)
+bool readTables(BitWindow& window, HuffmanTables& tables)
 {
     return readSmallTable(window, tables.lengths, arj::lengthCountBits, arj::lengthSkipIndex) &&
            readCharacterTable(window, tables) &&
@@ -103,9 +115,9 @@ bool readTables(BitWindow& window, StaticHuffmanTables& tables)
 }
 } // namespace
 
-MemberStatus decodeStaticHuffman(CBitBuffer& bits, StaticHuffmanTables& tables,
-                                 OutputWindow& output)
+MemberStatus decodeHuffman(CBitBuffer& bits, OutputWindow& output)
 {
+    HuffmanTables tables; // set by the block with which each stream begins
     BitWindow window = bits.window();
     MemberStatus status = MemberStatus::Ok;
     quint16 codesLeft = 0;
