@@ -136,13 +136,13 @@ unsigned short QtDictionary::getWordRecordCount()
 unsigned short QtDictionary::getTotalWordCount(unsigned short recordIndex)
 {
     TESKEL_ASSERT(recordIndex < getWordRecordCount(), "recordIndex<getWordRecordCount()", unit);
-    const teskel::TextRecord* record = cachedWordRecord(recordIndex);
+    const teskel::TextRecord* record = getTextRecord(recordIndex);
     return record ? record->count() : 0;
 }
 
 const char* QtDictionary::getWordRecord(unsigned short recordIndex)
 {
-    const teskel::TextRecord* record = cachedWordRecord(recordIndex);
+    const teskel::TextRecord* record = getTextRecord(recordIndex);
     return record ? record->text() : nullptr;
 }
 
@@ -153,7 +153,7 @@ const char* QtDictionary::getDecompressedRecord(unsigned short index)
 }
 
 // Not cut to the 16 bits of the container's numbers: what lies beyond them is no other record.
-const teskel::TextRecord* QtDictionary::cachedWordRecord(unsigned short recordIndex)
+const teskel::TextRecord* QtDictionary::getTextRecord(unsigned short recordIndex)
 {
     return cachedRecord(recordIndex + firstWordRecord);
 }
@@ -240,7 +240,7 @@ CursorPosition QtDictionary::findWord(const char* word, CursorPosition /*positio
     const unsigned short recordCount = getWordRecordCount();
     for (std::size_t i = _index.recordFor(word, length); i < recordCount; ++i) {
         const auto recordIndex = static_cast<unsigned short>(i);
-        const teskel::TextRecord* record = cachedWordRecord(recordIndex);
+        const teskel::TextRecord* record = getTextRecord(recordIndex);
         if (!record || record->count() == 0)
             break;
         const quint16 entry = record->firstNotBelow(word, length);
@@ -263,7 +263,7 @@ const char* QtDictionary::getWordAt(CursorPosition position)
         "position.compoundPosition.wordNumber<getTotalWordCount(position.compoundPosition."
         "recordNumber)",
         unit);
-    return hasWord ? cachedWordRecord(recordNumber)->word(wordNumber) : nullptr;
+    return hasWord ? getTextRecord(recordNumber)->word(wordNumber) : nullptr;
 }
 
 const char* QtDictionary::getWordOf(QtDictionaryIterator& iterator)
@@ -271,7 +271,7 @@ const char* QtDictionary::getWordOf(QtDictionaryIterator& iterator)
     const CursorPosition position = iterator.getPosition();
     TESKEL_ASSERT(iterator.isValid(position), "isValid(_position)", unit);
     const auto [recordNumber, wordNumber] = position.compoundPosition;
-    const teskel::TextRecord* record = cachedWordRecord(recordNumber);
+    const teskel::TextRecord* record = getTextRecord(recordNumber);
     return record && wordNumber < record->count() ? record->word(wordNumber) : nullptr;
 }
 

@@ -94,6 +94,8 @@ public:
     /// cannot be read or is damaged. Owned by the cache and always followed by terminating NULs.
     const char* getWordRecord(unsigned short recordIndex);
     const char* getDecompressedRecord(unsigned short index);
+    /// The same word record with its entries, likewise.
+    const teskel::TextRecord* getTextRecord(unsigned short recordIndex);
     /// Forgets the unpacked records, and which ones are damaged.
     void clearWordCache();
 
@@ -105,7 +107,6 @@ private:
     /// The headword at an iterator's position, which should be valid; null when there is none.
     const char* getWordOf(QtDictionaryIterator& iterator);
     const teskel::TextRecord* cachedRecord(int index);
-    const teskel::TextRecord* cachedWordRecord(unsigned short recordIndex);
 
     std::unique_ptr<QtPalmDatabase> _database;
     QString _url;

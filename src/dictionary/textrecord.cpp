@@ -21,6 +21,12 @@ const char* TextRecord::word(quint16 entry) const
     return text() + _offsets[entry];
 }
 
+quint32 TextRecord::end() const
+{
+    findEntries();
+    return _end;
+}
+
 quint16 TextRecord::firstNotBelow(const char* word, std::size_t length) const
 {
     findEntries();
@@ -42,7 +48,8 @@ void TextRecord::findEntries() const
     const char* start = text();
     const char* end = start + size();
     const char* previous = nullptr;
-    for (const char* headword = start; headword < end && *headword != '\0';) {
+    const char* headword = start;
+    while (headword < end && *headword != '\0') {
         _offsets.push_back(static_cast<quint16>(headword - start));
         if (previous && foldedCompare(previous, headword) > 0)
             _isAscending = false;
@@ -50,6 +57,7 @@ void TextRecord::findEntries() const
         const char* article = headword + std::strlen(headword) + 1;
         headword = article + std::strlen(article) + 1;
     }
+    _end = static_cast<quint32>(headword - start);
 }
 
 } // namespace teskel

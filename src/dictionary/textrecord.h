@@ -32,6 +32,9 @@ public:
     [[nodiscard]] quint16 count() const;
     /// The headword of an entry below count(); its article follows the NUL.
     [[nodiscard]] const char* word(quint16 entry) const;
+    /// Where the empty headword stands that ends the record: at size() when there is none, beyond
+    /// it when the last entry is cut off.
+    [[nodiscard]] quint32 end() const;
     /// The first entry, in record order, whose headword does not compare below `word` in its first
     /// `length` bytes, or count(). Searched by halves where the headwords ascend, which gives the
     /// same result.
@@ -42,6 +45,7 @@ private:
 
     MemberBlock _block;
     mutable std::vector<quint16> _offsets; // of the headwords
+    mutable quint32 _end = 0;
     mutable bool _isParsed = false;
     mutable bool _isAscending = false;
 };

@@ -13,6 +13,8 @@ void WordIndex::clear()
 {
     _keys.clear();
     _offsets.clear();
+    _isCut = false;
+    _isEnded = false;
     _isAscending = false;
     _isLoaded = false;
 }
@@ -24,9 +26,11 @@ void WordIndex::parse(const char* data, std::size_t size, std::size_t wordRecord
     while (end < size && data[end] != '\0' && _offsets.size() <= wordRecordCount) {
         _offsets.push_back(static_cast<quint32>(end));
         const void* terminator = std::memchr(data + end, 0, size - end);
+        _isCut = terminator == nullptr;
         end = terminator ? static_cast<std::size_t>(static_cast<const char*>(terminator) - data) + 1
                          : size;
     }
+    _isEnded = end < size && data[end] == '\0';
     // The copy ends with a NUL of its own, also where the last key has none.
     _keys = QByteArray(data, static_cast<qsizetype>(end));
     _isAscending = std::is_sorted(_offsets.begin(), _offsets.end(), [this](quint32 a, quint32 b) {

@@ -14,8 +14,6 @@
 namespace
 {
 constexpr auto unit = "qtpalmdb.cpp";
-constexpr int headerSize = 78;
-constexpr int entrySize = 8;
 constexpr qint64 maxRecordSize = qint64{64} << 20; // twice the largest word index there can be
 
 // A pipe would keep the program waiting, and no record of it could be reached.
@@ -77,10 +75,10 @@ int QtPalmDatabase::load(const QString& fileName)
 bool QtPalmDatabase::readHeader()
 {
     verifyOpen(__LINE__);
-    char bytes[headerSize] = {};
-    const qint64 count = _device->read(bytes, headerSize);
+    char bytes[headerBytes] = {};
+    const qint64 count = _device->read(bytes, headerBytes);
     _header = parseHeader(bytes); // what a short file has of it, too
-    return count == headerSize;
+    return count == headerBytes;
 }
 
 void QtPalmDatabase::verifyOpen(int line) const
@@ -173,13 +171,13 @@ bool QtRecords::getRecordMetaData(RecordMetaData* data, unsigned short index)
     const bool hasTarget = TESKEL_ASSERT(data != nullptr, "data!=NULL", unit);
     TESKEL_ASSERT(index < _recordCount, "index<_recordCount", unit);
     if (!hasTarget || !_device || !_device->reset() ||
-        !_device->seek(qint64{_firstRecordOffset} + qint64{entrySize} * index))
+        !_device->seek(qint64{_firstRecordOffset} + qint64{entryBytes} * index))
         return false;
-    char entry[entrySize];
-    const qint64 count = _device->read(entry, entrySize);
-    if (count != entrySize) {
+    char entry[entryBytes];
+    const qint64 count = _device->read(entry, entryBytes);
+    if (count != entryBytes) {
         qWarning("Cannot read record meta data");
-        qWarning("bytes to read %d, bytes read %d", entrySize, static_cast<int>(count));
+        qWarning("bytes to read %d, bytes read %d", entryBytes, static_cast<int>(count));
         return false;
     }
     data->offset = qFromBigEndian<quint32>(entry);
@@ -187,24 +185,23 @@ bool QtRecords::getRecordMetaData(RecordMetaData* data, unsigned short index)
     return true;
 }
 
-// The size may come out negative or run past the file's end.
-bool QtRecords::locate(unsigned short index, qint64& offset, qint64& size)
+bool QtRecords::locate(unsigned short index, RecordExtent& extent)
 {
     RecordMetaData entry;
     if (!getRecordMetaData(&entry, index)) {
         qWarning("Cannot get record meta data");
         return false;
     }
-    offset = entry.offset;
+    extent.offset = entry.offset;
     if (index == _recordCount - 1) {
-        size = _device->size() - offset;
+        extent.size = _device->size() - extent.offset;
         return true;
     }
     if (!getRecordMetaData(&entry, static_cast<unsigned short>(index + 1))) {
         qWarning("Cannot read Record Meta data");
         return false;
     }
-    size = qint64{entry.offset} - offset;
+    extent.size = qint64{entry.offset} - extent.offset;
     return true;
 }
 
@@ -215,10 +212,10 @@ Record* QtRecords::getData(unsigned short index)
     TESKEL_ASSERT(_firstRecordOffset != -1, "_firstRecordOffset!=-1", unit);
     TESKEL_ASSERT(index < _recordCount, "index<_recordCount", unit);
 
-    qint64 offset = 0;
-    qint64 size = 0;
-    if (!locate(index, offset, size))
+    RecordExtent extent;
+    if (!locate(index, extent))
         return nullptr;
+    const auto [offset, size] = extent;
     RecordPointer result(new Record);
     // Memory is taken only for bytes that the file has, and for no giant of a sparse file.
     qint64 count = std::clamp<qint64>(_device->size() - offset, 0, std::max<qint64>(size, 0));

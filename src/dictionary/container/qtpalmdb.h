@@ -31,6 +31,8 @@ struct PalmHeader {
 class QtPalmDatabase : public PalmDatabase
 {
 public:
+    static constexpr int headerBytes = 78; ///< of the file's header; the record list follows
+
     QtPalmDatabase() = default;
     Q_DISABLE_COPY_MOVE(QtPalmDatabase)
     ~QtPalmDatabase() override;
@@ -40,6 +42,8 @@ public:
     int load(const char* fileName) override;
     /// The same for any path.
     int load(const QString& fileName);
+    /// Bytes of the file, 0 when there is none.
+    [[nodiscard]] qint64 fileSize() const { return _device ? _device->size() : 0; }
     int save(const char* fileName) override;
     const char* getCreator() const override;
     const char* getType() const override;

@@ -30,6 +30,13 @@ struct RecordMetaData {
     quint8 attributes[4] = {}; ///< attributes and unique id as they stand in the file
 };
 
+/// Where the bytes of a record stand as the record list tells it, which may lie: the size may be
+/// negative, and run past the end of the file.
+struct RecordExtent {
+    qint64 offset = 0; ///< from the start of the file
+    qint64 size = 0;   ///< bytes up to the next record, or to the end of the file
+};
+
 /// The record list of a Palm database, read from the file at each request.
 ///
 /// A card may be pulled out and files may lie: nothing is read ahead or kept, and offsets are
@@ -45,16 +52,18 @@ public:
     virtual Record* getData(unsigned short index);
     virtual unsigned short getCount();
 
+    static constexpr int entryBytes = 8; ///< of one entry of the record list in the file
+
     /// Reads one entry of the record list.
     bool getRecordMetaData(RecordMetaData* data, unsigned short index);
+    /// Reads where record `index` stands; false, with a warning, when the list cannot be read.
+    bool locate(unsigned short index, RecordExtent& extent);
     /// Binds the list to an open device, which is borrowed. Meant to be called once.
     void setIOInfo(QIODevice* device, int firstRecordOffset, unsigned short recordCount);
     /// Lets go of a device that is gone: every read fails from then on.
     void forgetDevice() { _device = nullptr; }
 
 private:
-    bool locate(unsigned short index, qint64& offset, qint64& size);
-
     QIODevice* _device = nullptr;
     qint32 _firstRecordOffset = -1;
     quint16 _recordCount = 0;

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/file/lexiconfacts.h"
 
+#include "dictionary/container/qtpalmdb.h"
+#include "dictionary/unpacking/cbuffer.h"
+#include "dictionary/unpacking/cfileheader.h"
 #include "lexicon/entries/lexiconentry.h"
-#include "lexicon/file/packedrecord.h"
-#include "lexicon/file/palmfile.h"
+#include "lexicon/file/readablefile.h"
+
+#include <QFile>
 
 #include <set>
 
@@ -28,21 +32,27 @@ LexiconReader::Status LexiconFacts::gather(LexiconReader& reader, const std::str
 
 bool LexiconFacts::gatherRecords(const std::string& path, std::string& error)
 {
-    PalmFile file;
-    if (!file.open(path, error))
+    QFile file(QFile::decodeName(path.c_str()));
+    QtPalmDatabase database;
+    if (!openReadable(file) || database.load(file.fileName()) != 0) {
+        error = whyUnreadable(file, path);
         return false;
-    fileBytes = file.size();
+    }
+    fileBytes = static_cast<uint64_t>(database.fileSize());
+    QtRecords& list = *database.getRecords();
+    if (RecordExtent index; list.locate(0, index))
+        indexBytes = static_cast<uint64_t>(index.size);
     std::set<unsigned> used;
-    for (unsigned i = 0; i < file.offsets().size(); ++i) {
-        const std::string bytes = file.record(i);
-        if (i == 0)
-            indexBytes = bytes.size();
-        if (i < limits::firstWordRecord)
+    for (unsigned number = limits::firstWordRecord; number < list.getCount(); ++number) {
+        const RecordPointer record(list.getData(static_cast<unsigned short>(number)));
+        if (!record)
             continue;
-        const PackedRecord record(bytes);
-        packedBytes += bytes.size();
-        textBytes += record.unpackedSize();
-        used.insert(record.method());
+        CBuffer bytes;
+        bytes.OpenMemory(record->data, static_cast<long>(record->size), CBuffer::Read_Mode);
+        const CFileHeader header(&bytes);
+        packedBytes += record->size;
+        textBytes += header.uncompressedSize();
+        used.insert(header.method());
     }
     for (const unsigned method : used)
         methods += (methods.empty() ? "" : ", ") + std::to_string(method);

@@ -4,6 +4,7 @@
 #include "dictionary/latin1fold.h"
 #include "lexicon/entries/lexiconentry.h"
 #include "lexicon/file/articleof.h"
+#include "lexicon/file/readablefile.h"
 #include "lexicon/text/latin1converter.h"
 #include "lexicon/text/utf8.h"
 
@@ -27,15 +28,12 @@ std::string headwordOf(std::string_view word)
 
 LexiconReader::Status LexiconReader::open(const std::string& path, std::string& error)
 {
-    const QString name = QFile::decodeName(path.c_str());
-    QFile file(name);
-    char byte = 0;
-    // Reading a byte tells a directory from a file.
-    if (!file.open(QIODevice::ReadOnly) || file.read(&byte, 1) < 0) {
-        error = "cannot read " + path + ": " + file.errorString().toStdString();
+    QFile file(QFile::decodeName(path.c_str()));
+    if (!openReadable(file)) {
+        error = whyUnreadable(file, path);
         return Status::Unreadable;
     }
-    if (_dictionary.open(name) != 0) {
+    if (_dictionary.open(file.fileName()) != 0) {
         error = path + " is no lexicon";
         return Status::Invalid;
     }
@@ -77,18 +75,17 @@ LexiconReader::Status LexiconReader::visitFrom(std::string_view from, const Visi
     const std::string start = headwordOf(from);
     const unsigned records = recordCount();
     for (unsigned record = start.empty() ? 0 : recordBefore(start); record < records; ++record) {
-        const char* text = _dictionary.getWordRecord(static_cast<unsigned short>(record));
+        const TextRecord* text = _dictionary.getTextRecord(static_cast<unsigned short>(record));
         if (!text) {
             error = "record " + std::to_string(record + limits::firstWordRecord) +
                     " cannot be unpacked";
             return Status::Invalid;
         }
-        while (*text != '\0') {
-            const std::string_view headword = text;
-            const std::string_view article = text + headword.size() + 1;
-            if (foldedCompare(text, start.c_str()) >= 0 && !visitor(headword, article))
+        for (quint16 entry = 0; entry < text->count(); ++entry) {
+            const std::string_view headword = text->word(entry);
+            const std::string_view article = headword.data() + headword.size() + 1;
+            if (foldedCompare(headword.data(), start.c_str()) >= 0 && !visitor(headword, article))
                 return Status::Ok;
-            text = article.data() + article.size() + 1;
         }
     }
     return Status::Ok;

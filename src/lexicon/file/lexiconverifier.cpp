@@ -3,8 +3,13 @@
 
 #include "dictionary/latin1fold.h"
 #include "lexicon/entries/lexiconentry.h"
-#include "lexicon/file/packedrecord.h"
+#include "lexicon/file/readablefile.h"
 #include "lexicon/text/utf8.h"
+
+#include <QFile>
+
+#include <cstring>
+#include <limits>
 
 namespace teskel
 {
@@ -27,6 +32,11 @@ std::string recordName(unsigned number)
     return "record " + std::to_string(number);
 }
 
+qint64 endOfRecordList(QtRecords& records)
+{
+    return QtPalmDatabase::headerBytes + qint64{QtRecords::entryBytes} * records.getCount();
+}
+
 std::string inQuotes(const std::string& latin1)
 {
     return '"' + utf8::fromLatin1(latin1) + '"';
@@ -36,13 +46,17 @@ std::string inQuotes(const std::string& latin1)
 
 bool LexiconVerifier::run(const std::string& path, std::string& error)
 {
-    if (!_file.open(path, error))
+    QFile file(QFile::decodeName(path.c_str()));
+    // Records are read where they stand, which a pipe does not allow.
+    if (!openReadable(file) || !file.seek(0)) {
+        error = whyUnreadable(file, path);
         return false;
-    if (!checkContainer() || !checkCreator() || !checkRecords() || !checkOffsets())
+    }
+    if (!checkContainer(file.fileName()) || !checkCreator() || !checkRecords() || !checkOffsets())
         return true;
     checkIndex();
     checkDescription();
-    for (unsigned number = limits::firstWordRecord; number < _file.recordCount(); ++number)
+    for (unsigned number = limits::firstWordRecord; number < _records.getCount(); ++number)
         checkWordRecord(number);
     return true;
 }
@@ -52,55 +66,58 @@ void LexiconVerifier::report(const std::string& check, const std::string& senten
     _findings.push_back(check + ": " + sentence);
 }
 
-bool LexiconVerifier::checkContainer()
+bool LexiconVerifier::checkContainer(const QString& name)
 {
-    if (!_file.hasHeader())
+    if (_database.load(name) != 0)
         report("container", "the file ends within its header of 78 bytes");
-    else if (!_file.hasRecordList())
+    else if (_database.fileSize() < endOfRecordList(_records))
         report("container", "the file ends within its list of " +
-                                std::to_string(_file.recordCount()) + " records");
+                                std::to_string(_records.getCount()) + " records");
     return _findings.empty();
 }
 
 bool LexiconVerifier::checkCreator()
 {
-    if (_file.creator() != "TSKL")
+    if (std::strcmp(_database.getCreator(), "TSKL") != 0)
         report("creator", "the creator is not \"TSKL\"");
     return _findings.empty();
 }
 
 bool LexiconVerifier::checkRecords()
 {
-    if (_file.recordCount() < limits::firstWordRecord) {
-        report("records", "there are " + std::to_string(_file.recordCount()) +
+    if (_records.getCount() < limits::firstWordRecord) {
+        report("records", "there are " + std::to_string(_records.getCount()) +
                               " records, a dictionary has at least 5");
         return false;
     }
-    _wordRecords = _file.recordCount() - limits::firstWordRecord;
+    _wordRecords = _records.getCount() - limits::firstWordRecord;
     return true;
 }
 
 bool LexiconVerifier::checkOffsets()
 {
-    uint64_t earliest = PalmFile::headerBytes + _file.recordCount() * PalmFile::listEntryBytes;
-    for (unsigned i = 0; i < _file.recordCount(); ++i) {
-        const uint64_t offset = _file.offsets()[i];
-        if (offset < earliest)
-            report("offsets", recordName(i) + " begins at " + std::to_string(offset) +
+    const qint64 fileSize = _database.fileSize();
+    qint64 earliest = endOfRecordList(_records);
+    std::vector<qint64> sizes;
+    for (unsigned i = 0; i < _records.getCount(); ++i) {
+        RecordExtent extent;
+        _records.locate(static_cast<unsigned short>(i), extent);
+        if (extent.offset < earliest)
+            report("offsets", recordName(i) + " begins at " + std::to_string(extent.offset) +
                                   ", before the end of what stands in front of it");
-        else if (offset > _file.size())
-            report("offsets", recordName(i) + " begins at " + std::to_string(offset) +
-                                  ", the file ends at " + std::to_string(_file.size()));
+        else if (extent.offset > fileSize)
+            report("offsets", recordName(i) + " begins at " + std::to_string(extent.offset) +
+                                  ", the file ends at " + std::to_string(fileSize));
         if (!_findings.empty())
             return false;
-        earliest = offset;
+        earliest = extent.offset;
+        sizes.push_back(extent.size);
     }
-    for (unsigned i = 0; i < _file.recordCount(); ++i) {
-        const uint64_t size = _file.endOf(i) - _file.offsets()[i];
-        if (size == 0 && isRead(i))
+    for (unsigned i = 0; i < sizes.size(); ++i) {
+        if (sizes[i] == 0 && isRead(i))
             report("offsets", recordName(i) + " has no bytes");
-        else if (size > limits::packedBytes)
-            report("offsets", recordName(i) + " has " + std::to_string(size) +
+        else if (sizes[i] > limits::packedBytes)
+            report("offsets", recordName(i) + " has " + std::to_string(sizes[i]) +
                                   " bytes, the reader takes none above 67,108,864");
     }
     return _findings.empty();
@@ -108,35 +125,37 @@ bool LexiconVerifier::checkOffsets()
 
 void LexiconVerifier::checkIndex()
 {
-    const std::string index = _file.record(indexRecord);
-    if (index.front() == '#')
+    if (const RecordPointer record(_records.getData(indexRecord)); record)
+        _index.parse(record->data, record->size, std::numeric_limits<std::size_t>::max());
+    if (_index.isTopicIndex())
         report("index", "the first key begins with \"#\", which marks a topic dictionary");
-    size_t position = 0;
-    while (position < index.size() && index[position] != '\0') {
-        const size_t end = index.find('\0', position);
-        if (end == std::string::npos)
-            break;
-        _keys.push_back(index.substr(position, end - position));
-        position = end + 1;
-    }
-    if (position >= index.size() || index[position] != '\0')
+    if (!_index.isEnded())
         report("index", "the list of keys is not ended by an empty key");
-    if (_keys.size() != _wordRecords)
-        report("index", "there are " + std::to_string(_keys.size()) + " keys for " +
+    if (_index.count() != _wordRecords)
+        report("index", "there are " + std::to_string(_index.count()) + " keys for " +
                             std::to_string(_wordRecords) + " word records");
+}
+
+std::optional<TextRecord> LexiconVerifier::unpacked(unsigned number, const char* check)
+{
+    const RecordPointer packed(_records.getData(static_cast<unsigned short>(number)));
+    MemberBlock block;
+    const MemberStatus status =
+        packed ? decodeMember(packed->data, packed->size, block, TextRecord::spareBytes)
+               : MemberStatus::BadHeader;
+    if (status == MemberStatus::Ok)
+        return TextRecord(std::move(block));
+    report(check, recordName(number) + " does not unpack: " + memberStatusText(status));
+    return std::nullopt;
 }
 
 void LexiconVerifier::checkDescription()
 {
-    const std::string bytes = _file.record(descriptionRecord);
-    std::string text;
-    std::string error;
-    if (!PackedRecord(bytes).unpack(text, error)) {
-        report("description", recordName(descriptionRecord) + " does not unpack: " + error);
+    const std::optional<TextRecord> record = unpacked(descriptionRecord, "description");
+    if (!record)
         return;
-    }
-    const size_t length = text.find('\0');
-    if (length == std::string::npos)
+    const std::size_t length = std::strlen(record->text());
+    if (length >= record->size())
         report("description", "the description is not ended by a NUL");
     else if (length > limits::descriptionBytes)
         report("description", "the description has " + std::to_string(length) +
@@ -145,54 +164,38 @@ void LexiconVerifier::checkDescription()
 
 void LexiconVerifier::checkWordRecord(unsigned number)
 {
-    const std::string bytes = _file.record(number);
-    std::string text;
-    std::string error;
-    if (!PackedRecord(bytes).unpack(text, error)) {
-        report("unpack", recordName(number) + " does not unpack: " + error);
+    const std::optional<TextRecord> record = unpacked(number, "unpack");
+    if (!record || !checkLayout(number, *record))
         return;
-    }
-    if (!checkLayout(number, text))
-        return;
-    const char* headword = text.c_str();
-    checkKey(number, headword);
-    while (*headword != '\0') {
-        checkOrder(number, headword);
-        ++_headwords;
-        const char* article = headword + std::char_traits<char>::length(headword) + 1;
-        headword = article + std::char_traits<char>::length(article) + 1;
-    }
+    checkKey(number, record->word(0));
+    for (quint16 entry = 0; entry < record->count(); ++entry)
+        checkOrder(number, record->word(entry));
+    _headwords += record->count();
 }
 
-bool LexiconVerifier::checkLayout(unsigned number, const std::string& text)
+bool LexiconVerifier::checkLayout(unsigned number, const TextRecord& record)
 {
-    if (text.empty() || text.front() == '\0') {
+    if (record.count() == 0) {
         report("layout", recordName(number) + " holds no entry");
         return false;
     }
-    size_t position = 0;
-    while (position < text.size() && text[position] != '\0') {
-        const size_t headwordEnd = text.find('\0', position);
-        const size_t articleEnd =
-            headwordEnd == std::string::npos ? headwordEnd : text.find('\0', headwordEnd + 1);
-        if (articleEnd == std::string::npos) {
-            report("layout", recordName(number) + " ends within an entry");
-            return false;
-        }
-        if (headwordEnd - position > limits::headwordBytes)
-            report("layout", recordName(number) + ": a headword has " +
-                                 std::to_string(headwordEnd - position) +
-                                 " bytes, the reader shows none above 511: " +
-                                 inQuotes(text.substr(position, 40)));
-        position = articleEnd + 1;
+    const bool isCut = record.end() > record.size();
+    const int wholeEntries = record.count() - (isCut ? 1 : 0);
+    for (int entry = 0; entry < wholeEntries; ++entry) {
+        const std::string headword = record.word(static_cast<quint16>(entry));
+        if (headword.size() > limits::headwordBytes)
+            report(
+                "layout",
+                recordName(number) + ": a headword has " + std::to_string(headword.size()) +
+                    " bytes, the reader shows none above 511: " + inQuotes(headword.substr(0, 40)));
     }
-    if (position >= text.size()) {
+    if (isCut)
+        report("layout", recordName(number) + " ends within an entry");
+    else if (record.end() == record.size())
         report("layout", recordName(number) + " is not ended by an empty headword");
-        return false;
-    }
-    if (position + 1 != text.size())
+    else if (record.end() + 1 != record.size())
         report("layout", recordName(number) + " goes on behind the empty headword that ends it");
-    return true;
+    return record.end() < record.size();
 }
 
 void LexiconVerifier::checkOrder(unsigned number, const char* headword)
@@ -204,16 +207,16 @@ void LexiconVerifier::checkOrder(unsigned number, const char* headword)
     _hasLastHeadword = true;
 }
 
-void LexiconVerifier::checkKey(unsigned number, const std::string& firstHeadword)
+void LexiconVerifier::checkKey(unsigned number, const char* firstHeadword)
 {
     const unsigned wordRecord = number - limits::firstWordRecord;
-    if (wordRecord >= _keys.size())
+    if (wordRecord >= _index.count())
         return; // reported with the index
-    const std::string& key = _keys[wordRecord];
-    if (foldedCompare(key.c_str(), firstHeadword.c_str()) > 0)
+    const char* key = _index.key(wordRecord);
+    if (foldedCompare(key, firstHeadword) > 0)
         report("keys", "the key " + inQuotes(key) + " of " + recordName(number) +
                            " sorts after its first headword " + inQuotes(firstHeadword));
-    if (_hasLastHeadword && foldedCompare(_lastHeadword.c_str(), key.c_str()) >= 0)
+    if (_hasLastHeadword && foldedCompare(_lastHeadword.c_str(), key) >= 0)
         report("keys", "the key " + inQuotes(key) + " of " + recordName(number) +
                            " does not sort after " + inQuotes(_lastHeadword) +
                            " in the record before it");

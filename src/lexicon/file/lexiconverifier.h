@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/file/palmfile.h"
+#include "dictionary/container/qtpalmdb.h"
+#include "dictionary/textrecord.h"
+#include "dictionary/wordindex.h"
 
-#include <functional>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,21 +29,23 @@ public:
     uint64_t wordRecords() const { return _wordRecords; }
 
 private:
-    bool checkContainer();
+    bool checkContainer(const QString& name);
     bool checkCreator();
     bool checkRecords();
     bool checkOffsets();
     void checkIndex();
     void checkDescription();
     void checkWordRecord(unsigned number);
-    bool checkLayout(unsigned number, const std::string& text);
+    bool checkLayout(unsigned number, const TextRecord& record);
     void checkOrder(unsigned number, const char* headword);
-    void checkKey(unsigned number, const std::string& firstHeadword);
+    void checkKey(unsigned number, const char* firstHeadword);
+    std::optional<TextRecord> unpacked(unsigned number, const char* check);
     void report(const std::string& check, const std::string& sentence);
 
-    PalmFile _file;
+    QtPalmDatabase _database;
+    QtRecords& _records = *_database.getRecords();
+    WordIndex _index;
     std::vector<std::string> _findings;
-    std::vector<std::string> _keys;
     std::string _lastHeadword;
     bool _hasLastHeadword = false;
     uint64_t _headwords = 0;
