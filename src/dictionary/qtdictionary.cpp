@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace
 {
@@ -55,6 +56,8 @@ int QtDictionary::open(const QString& fileName)
 {
     if (!isValidDictionary(fileName))
         return -1;
+    teskel::WordIndex index = std::exchange(_index, {});
+    const teskel::FileStamp stamp = std::exchange(_indexStamp, {});
     close();
     TESKEL_ASSERT(_database == nullptr, "_database==NULL", unit);
     _database = std::make_unique<QtPalmDatabase>();
@@ -63,6 +66,12 @@ int QtDictionary::open(const QString& fileName)
     if (_database->getNumRecords() < firstWordRecord) {
         qWarning("Invalid database. Records are less than 5");
         return -1;
+    }
+    // A program that starts with a file opens it twice: as asked, and as the last one that was
+    // open.
+    if (index.count() > 0 && stamp.isStill(_database->stamp())) {
+        _index = std::move(index);
+        _indexStamp = stamp;
     }
     if (!loadIndex()) {
         qWarning("Cannot get first record");
@@ -80,11 +89,13 @@ bool QtDictionary::loadIndex()
 {
     if (_index.isLoaded())
         return true;
+    const teskel::FileStamp stamp = _database->stamp();
     const RecordPointer record(_database->getRecords()->getData(indexRecord));
     if (!record)
         return false;
     TESKEL_ASSERT(record->data != nullptr, "data!=NULL", unit);
     _index.parse(record->data, record->size, getWordRecordCount());
+    _indexStamp = stamp;
     return true;
 }
 
@@ -93,6 +104,7 @@ int QtDictionary::close()
     _database.reset();
     _url = QString();
     _index.clear();
+    _indexStamp = {};
     clearWordCache();
     return 0;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dictionary/container/filestamp.h"
 #include "dictionary/dictionary.h"
 #include "dictionary/textrecord.h"
 #include "dictionary/wordindex.h"
@@ -64,7 +65,8 @@ public:
 
     /// Opens a file by its Latin-1 path: 0, or -1 on failure. A file that is no dictionary is
     /// refused silently and leaves what was open; one that is an unusable dictionary stays
-    /// attached.
+    /// attached. The very file that is open is opened anew, but for its word index, which is not
+    /// read again while the file did not change.
     int open(const char* fileName) override;
     /// The same for any path.
     int open(const QString& fileName);
@@ -113,4 +115,5 @@ private:
     QCache<int, teskel::TextRecord> _wordCache;
     QSet<int> _damagedRecords; // database record numbers; outside the cache, where they cost room
     teskel::WordIndex _index;
+    teskel::FileStamp _indexStamp; // of the file when the index was read
 };

@@ -5,10 +5,14 @@
 #include "tests/support/dictionarywriter.h"
 #include "tests/support/warningcapture.h"
 
+#include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +37,9 @@ private slots:
     void unreadableFirstRecordIsRefusedAndStaysAttached();
     void emptyFirstRecordHoldsNoKeys();
     void openingAgainReplacesTheDictionary();
+    void openingTheOpenFileAgainReadsNoIndex();
+    void changedFileIsReadAnew_data();
+    void changedFileIsReadAnew();
     void closeForgetsEverything();
     void nameIsTheBaseName_data();
     void nameIsTheBaseName();
@@ -73,6 +80,24 @@ DictionaryWriter animals()
     writer.addRecord({{"ant", "Ameise"}, {"ape", "Affe"}});
     writer.addRecord({{"bat", "Fledermaus"}, {"bee", "Biene"}, {"bug", "Wanze"}});
     return writer;
+}
+
+constexpr int longAgo = 1000; // seconds
+
+bool setTime(const QString& path, const QDateTime& time)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadWrite) && file.setFileTime(time, QFile::FileModificationTime);
+}
+
+// Bytes that this process read so far, or -1 where nobody counts them.
+qint64 bytesReadSoFar()
+{
+    QFile file(u"/proc/self/io"_s);
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArray first = file.readLine(); // "rchar: 1234"
+    return first.startsWith("rchar: ") ? first.mid(7).trimmed().toLongLong() : -1;
 }
 } // namespace
 
@@ -216,9 +241,12 @@ void TestQtDictionary::unreadableFirstRecordIsRefusedAndStaysAttached()
 void TestQtDictionary::emptyFirstRecordHoldsNoKeys()
 {
     QVERIFY(animals().setIndex("").write(path("a.PDB")));
+    QVERIFY(setTime(path("a.PDB"), QDateTime::currentDateTimeUtc().addSecs(-longAgo)));
     QtDictionary dictionary;
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"\"result->size!=0\""_s));
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    for (int i = 0; i < 2; ++i) {
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"\"result->size!=0\""_s));
+        QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    }
     // A search then begins in the first record.
     QVERIFY(dictionary.findWord("bee", CursorPosition::invalid(), false) ==
             CursorPosition::at(1, 1));
@@ -233,6 +261,81 @@ void TestQtDictionary::openingAgainReplacesTheDictionary()
     QCOMPARE(dictionary.getWordAt(CursorPosition::at(0, 0)), "ant");
     QCOMPARE(dictionary.open(path("b.PDB")), 0);
     QCOMPARE(dictionary.getWordAt(CursorPosition::at(0, 0)), "cat");
+    QVERIFY(dictionary.findWord("bee", CursorPosition::invalid(), false).isInvalid());
+}
+
+// What takes the time of a start is the index of a large dictionary.
+void TestQtDictionary::openingTheOpenFileAgainReadsNoIndex()
+{
+    if (bytesReadSoFar() < 0)
+        QSKIP("The system does not count what a process reads");
+    constexpr int keyBytes = 50'000;
+    const QByteArray key(keyBytes, 'b');
+    QVERIFY(DictionaryWriter()
+                .addRecord({{"ant", "x"}})
+                .addPackedRecord(key, "-")
+                .write(path("a.PDB")));
+    QVERIFY(setTime(path("a.PDB"), QDateTime::currentDateTimeUtc().addSecs(-longAgo)));
+    QtDictionary dictionary;
+    const auto bytesToOpen = [&] {
+        const qint64 before = bytesReadSoFar();
+        return dictionary.open(path("a.PDB")) == 0 ? bytesReadSoFar() - before : -1;
+    };
+    QVERIFY(bytesToOpen() >= keyBytes);
+    for (int i = 0; i < 3; ++i) {
+        const qint64 count = bytesToOpen();
+        QVERIFY2(count >= 0 && count < keyBytes, QByteArray::number(count).constData());
+        QVERIFY(dictionary.findWord("ant", CursorPosition::invalid(), false) ==
+                CursorPosition::at(0, 0));
+    }
+    dictionary.close();
+    QVERIFY(bytesToOpen() >= keyBytes);
+}
+
+void TestQtDictionary::changedFileIsReadAnew_data()
+{
+    QTest::addColumn<bool>("isReplaced");
+    QTest::addColumn<int>("ageBefore");
+    QTest::addColumn<int>("ageAfter");
+    QTest::newRow("changed in place") << false << longAgo << 0;
+    QTest::newRow("changed in place, its time set back") << false << longAgo << longAgo;
+    QTest::newRow("changed in place, its time moved") << false << longAgo << longAgo + 1;
+    QTest::newRow("changed in the same tick of the clock") << false << 0 << 0;
+    QTest::newRow("changed in place, with a time to come") << false << -longAgo << -longAgo;
+    QTest::newRow("replaced") << true << longAgo << 0;
+    QTest::newRow("replaced by one of the same time") << true << longAgo << longAgo;
+}
+
+// Both files have the same size and the same name. By the first one's index, "cat" would be sought
+// in the second record.
+void TestQtDictionary::changedFileIsReadAnew()
+{
+    QFETCH(bool, isReplaced);
+    QFETCH(int, ageBefore);
+    QFETCH(int, ageAfter);
+    const QString file = path("a.PDB");
+    const QByteArray before =
+        DictionaryWriter().addRecord({{"ant", "x"}}).addRecord({{"bee", "x"}}).container().build();
+    const QByteArray after =
+        DictionaryWriter().addRecord({{"cat", "x"}}).addRecord({{"dog", "x"}}).container().build();
+    QCOMPARE(after.size(), before.size());
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    QVERIFY(writeFile(file, before));
+    QVERIFY(setTime(file, now.addSecs(-ageBefore)));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(file), 0);
+    QCOMPARE(dictionary.open(file), 0);
+    QVERIFY(dictionary.findWord("cat", CursorPosition::invalid(), false).isInvalid());
+
+    const QDateTime changed = QFileInfo(file).metadataChangeTime();
+    const QString other = isReplaced ? path("b.PDB") : file;
+    QTRY_VERIFY(writeFile(other, after) && setTime(other, now.addSecs(-ageAfter)) &&
+                (isReplaced || ageBefore <= 0 || QFileInfo(other).metadataChangeTime() > changed));
+    if (isReplaced)
+        QCOMPARE(std::rename(qPrintable(other), qPrintable(file)), 0);
+    QCOMPARE(dictionary.open(file), 0);
+    QVERIFY(dictionary.findWord("cat", CursorPosition::invalid(), false) ==
+            CursorPosition::at(0, 0));
     QVERIFY(dictionary.findWord("bee", CursorPosition::invalid(), false).isInvalid());
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dictionary/container/filestamp.h"
 #include "dictionary/container/palmdatabase.h"
 #include "dictionary/container/qtrecords.h"
 
@@ -44,6 +45,11 @@ public:
     int load(const QString& fileName);
     /// Bytes of the file, 0 when there is none.
     [[nodiscard]] qint64 fileSize() const { return _device ? _device->size() : 0; }
+    /// Of the file as it is now.
+    [[nodiscard]] teskel::FileStamp stamp() const
+    {
+        return _device ? teskel::FileStamp(*_device) : teskel::FileStamp();
+    }
     int save(const char* fileName) override;
     const char* getCreator() const override;
     const char* getType() const override;
