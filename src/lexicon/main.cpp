@@ -8,11 +8,13 @@
 
 #include <CLI/CLI.hpp>
 
+namespace
+{
+
 using namespace teskel;
 
-int main(int argc, char** argv)
+int run(int argc, char** argv)
 {
-    std::ios::sync_with_stdio(false);
     CLI::App app("Makes dictionary files for the Teskel reader, and looks into them.",
                  "teskel-lexicon");
     app.require_subcommand(1);
@@ -29,14 +31,24 @@ int main(int argc, char** argv)
         return commands::finishOutput(app.exit(error, std::cout, std::cerr) == 0 ? commands::Done
                                                                                  : commands::Usage);
     }
-    try {
-        for (const auto& [options, action] : actions) {
-            if (options->parsed())
-                return action();
-        }
-    } catch (const std::bad_alloc&) {
-        std::cerr << "teskel-lexicon: out of memory\n";
-        return commands::Failed;
+    for (const auto& [options, action] : actions) {
+        if (options->parsed())
+            return action();
     }
     return commands::Usage;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    std::ios::sync_with_stdio(false);
+    try {
+        return run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "teskel-lexicon: out of memory\n";
+    } catch (const std::exception& error) {
+        std::cerr << "teskel-lexicon: " << error.what() << '\n';
+    }
+    return commands::Failed;
 }
