@@ -4,9 +4,9 @@
 
 A picture is a Mermaid block whose first comment, "%% src" or "%% src/FOLDER", says which folder's
 rooms it draws. Its arrows are the includes between those rooms, all of them and no others; in a
-picture of rooms, the folder's own name stands for the files directly in it. Besides: no rooms
-include each other in a circle, no folder holds more than 30 files, and the engine uses Qt Core
-alone.
+picture of rooms, the folder's own name stands for the files directly in it. Besides: nothing
+includes in a circle, neither rooms nor files; no class is defined in two .cpp files; no folder
+holds more than 30 files; and the engine uses Qt Core alone.
 """
 import collections
 import pathlib
@@ -41,6 +41,22 @@ class Sources:
                     target = pathlib.PurePath(match[1]).with_suffix("")
                     if target in units and target != self.unit(path):
                         yield path, number, self.unit(path), target
+
+    def definitions(self):
+        """class name -> .cpp files that define a member of it, at the beginning of a line."""
+        member = re.compile(r"^[A-Za-z][\w:<>*&, ]*?\s[*&]?((?:\w+::)*?)(\w+)::~?[\w ]+\("
+                            r"|^()(\w+)::~?(\w+)\(", re.MULTILINE)
+        # What else begins a line and has "::" and "(" in it is a statement.
+        found = collections.defaultdict(set)
+        for path, text in self.texts.items():
+            if path.suffix != ".cpp":
+                continue
+            for match in member.finditer(text):
+                name = match[2] or match[4]
+                if not name.startswith("Q") or name.startswith(("Qt", "QTeskel", "QPE", "QDictionary",
+                                                                "QCop")):
+                    found[(match[1] or "") + name].add(path)
+        return found
 
 
 def parse_pictures(document):
@@ -142,6 +158,12 @@ def check_links(root, pictures):
 
 
 def check_files(root, sources):
+    for group in circles({(unit, target) for _, _, unit, target in sources.includes()}):
+        yield "files that include each other: " + ", ".join(group)
+    for name, paths in sorted(sources.definitions().items()):
+        if len(paths) > 1:
+            yield f"{name} is defined in several files: " + ", ".join(
+                str(path.relative_to(root)) for path in sorted(paths))
     for folder in [sources.folder, *sorted(sources.folder.rglob("*"))]:
         if folder.is_dir():
             count = sum(1 for path in folder.iterdir() if path.is_file())

@@ -83,6 +83,16 @@ class ArchitectureTest(unittest.TestCase):
             "link that runs up": (
                 {"src/engine/CMakeLists.txt": "target_link_libraries(x teskel_app)"},
                 "src/engine/CMakeLists.txt: may not link teskel_app"),
+            "files in a circle": (
+                {"src/app/a.h": '#include "app/b.h"\n', "src/app/b.h": "",
+                 "src/app/b.cpp": '#include "app/a.h"\n'},
+                "files that include each other: app/a, app/b"),
+            "class in two files": (
+                {"src/engine/more.cpp": "void Words::sort()\n{\n}\n"},
+                "Words is defined in several files"),
+            "constructor in another file": (
+                {"src/engine/more.cpp": "Words::Words(int)\n{\n}\n"},
+                "Words is defined in several files"),
             "too many files": (many, "src/engine/bits holds 31 files, more than 30"),
             "widget in the engine": (
                 {"src/base/assertion.h": "#include <QWidget>\n"},
