@@ -14,7 +14,7 @@ namespace
 void unpack(benchmark::State& state, const QByteArrayList& members)
 {
     qint64 bytes = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (const QByteArray& member : members) {
             teskel::MemberBlock block;
             const auto status = teskel::decodeMember(

@@ -39,7 +39,7 @@ void fetchArticle(QtDictionary& dictionary, CursorPosition position)
 
 void open(benchmark::State& state, const QString& path)
 {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         QtDictionary dictionary;
         openOrDie(dictionary, path);
     }
@@ -55,7 +55,7 @@ void find(benchmark::State& state, const QString& path, Cache cache, bool prefix
     if (prefix)
         words = beginnings(words);
     qsizetype next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (cache == Cache::Cold)
             dictionary.clearWordCache();
         const QByteArray& word = words.at(next);
@@ -75,7 +75,7 @@ void lookUp(benchmark::State& state, const QString& path, Cache cache)
     const QByteArrayList words =
         sampleWords(dictionary, cache == Cache::Cold ? sampleSize : warmSampleSize);
     qsizetype next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (cache == Cache::Cold)
             dictionary.clearWordCache();
         fetchArticle(dictionary, dictionary.findWord(words.at(next).constData(),
@@ -91,7 +91,7 @@ void firstLookUp(benchmark::State& state, const QString& path)
     openOrDie(sampled, path);
     const QByteArrayList words = sampleWords(sampled, warmSampleSize);
     qsizetype next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         QtDictionary dictionary;
         openOrDie(dictionary, path);
         fetchArticle(dictionary, dictionary.findWord(words.at(next).constData(),
@@ -107,7 +107,7 @@ void article(benchmark::State& state, const QString& path, Cache cache)
     const auto positions = teskel::bench::samplePositions(
         dictionary, cache == Cache::Cold ? sampleSize : warmSampleSize);
     qsizetype next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (cache == Cache::Cold)
             dictionary.clearWordCache();
         fetchArticle(dictionary, positions.at(next));
@@ -121,7 +121,7 @@ void walk(benchmark::State& state, const QString& path)
     QtDictionary dictionary;
     openOrDie(dictionary, path);
     qint64 words = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         dictionary.clearWordCache();
         const std::unique_ptr<DictionaryIterator> iterator(dictionary.createIterator());
         for (CursorPosition position = iterator->begin(); iterator->isValid(position);

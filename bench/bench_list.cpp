@@ -60,7 +60,7 @@ void fill(benchmark::State& state, const QString& path, Painting painting)
     WordList words(path);
     const PaintCounter paints(words.list.viewport());
     qsizetype next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         words.list.fill(words.places.at(next));
         if (painting == Painting::With)
             settle();
@@ -74,7 +74,7 @@ void move(benchmark::State& state, const QString& path, Painting painting)
     WordList words(path);
     const PaintCounter paints(words.list.viewport());
     qsizetype next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         words.list.move(next % 1000 < 500 ? 1 : -1);
         if (painting == Painting::With)
             settle();
@@ -104,7 +104,7 @@ void stockRows(benchmark::State& state, const QString& path, Painting painting)
     settle(100);
     const PaintCounter paints(list.viewport());
     qsizetype next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const QStringList& screen = screens.at(next);
         for (int row = 0; row < rowCount; ++row)
             list.item(row)->setText(screen.at(row));

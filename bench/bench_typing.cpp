@@ -78,7 +78,7 @@ void reader(benchmark::State& state, const QString& path)
     showAt(window);
     const PaintCounter paints(&window);
     qsizetype next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         press(window, window.entry(), keys.at(next));
         next = (next + 1) % keys.size();
     }
@@ -102,7 +102,7 @@ void bare(benchmark::State& state, const QString& path)
     window.onTyped = [&] { window.setView(views.at(next)); };
     showAt(window);
     const PaintCounter paints(&window);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         press(window, window.entry(), keys.at(next));
         next = (next + 1) % keys.size();
     }
