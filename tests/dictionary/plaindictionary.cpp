@@ -27,7 +27,7 @@ int compare(const QByteArray& text, const QByteArray& word, bool prefix)
 // The text up to a NUL or the end; `at` moves past it.
 QByteArray take(const QByteArray& bytes, qsizetype& at)
 {
-    const QByteArray text(bytes.mid(at).constData()); // a QByteArray's bytes end with a NUL
+    QByteArray text(bytes.mid(at).constData()); // a QByteArray's bytes end with a NUL
     at += text.size() + 1;
     return text;
 }
