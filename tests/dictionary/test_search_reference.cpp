@@ -128,7 +128,8 @@ void compareSearches(QtDictionary& dictionary, const PlainDictionary& plain,
 void compareEntries(QtDictionary& dictionary, const PlainDictionary& plain, quint16 record)
 {
     QCOMPARE(int{dictionary.getTotalWordCount(record)}, plain.count(record));
-    for (quint16 word = 0; word < plain.count(record); ++word) {
+    for (int entry = 0; entry < plain.count(record); ++entry) {
+        const auto word = static_cast<quint16>(entry);
         const CursorPosition position = CursorPosition::at(record, word);
         QCOMPARE(QByteArray(dictionary.getWordAt(position)), plain.word(position));
         char article[32];

@@ -59,7 +59,7 @@ public:
     /// Writes a dictionary and returns its path.
     QString write(const QString& name, const QList<Entry>& entries, int perRecord = 7) const
     {
-        const QString file = path(name);
+        QString file = path(name);
         if (!DictionaryWriter().addEntries(entries, perRecord).write(file))
             qFatal("no dictionary");
         return file;

@@ -62,7 +62,7 @@ QByteArray packWithArj(const QByteArray& original, int method, QString& error)
         error = archive.errorString();
         return {};
     }
-    const QByteArray member = memberOfArchive(archive.readAll());
+    QByteArray member = memberOfArchive(archive.readAll());
     if (member.isEmpty())
         error = u"not an archive of the expected shape"_s;
     return member;
