@@ -44,7 +44,7 @@ QString StagedStorage::path(const QString& relative) const
 
 QString StagedStorage::internalDirectory() const
 {
-    const QString directory = path(u"qpe/teskel"_s);
+    QString directory = path(u"qpe/teskel"_s);
     QDir().mkpath(directory);
     return directory;
 }
@@ -66,7 +66,7 @@ QString StagedStorage::mount(const QString& name, bool removable)
     writeFile(device + u"/removable"_s, removable ? "1\n" : "0\n");
     _mounted.append(name);
     writeMountTable();
-    const QString directory = path(name + u"/QtPalmtop/teskel"_s);
+    QString directory = path(name + u"/QtPalmtop/teskel"_s);
     QDir().mkpath(directory);
     return directory;
 }
@@ -90,7 +90,7 @@ void StagedStorage::writeMountTable()
 
 QString StagedStorage::addFile(const QString& directory, const QString& name)
 {
-    const QString file = QDir(directory).filePath(name);
+    QString file = QDir(directory).filePath(name);
     writeFile(file, QByteArray());
     return file;
 }
