@@ -708,7 +708,7 @@ void TestQDictionaryListBox::deletingInASlotIsSafe_data()
         [](Bench& b) { b.list->prevLine(); });
     row("tap", {Selection, Scroll, BarValue, Start, Finish}, [](Bench& b) {
         QTeskelScrollBar* const bar = b.list->verticalScrollBar();
-        const QPointF arrow(bar->width() / 2, bar->height() - 2);
+        const QPointF arrow(bar->width() / 2.0, bar->height() - 2.0);
         QMouseEvent press(QEvent::MouseButtonPress, arrow, bar->mapToGlobal(arrow), Qt::LeftButton,
                           Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(bar, &press);
