@@ -170,7 +170,8 @@ void TestListBox::timersHaveTheirNames()
     QCOMPARE(list.objectName(), u"list"_s);
     QVERIFY(list.findChild<QTimer*>(u"listbox update timer"_s));
     auto* visible = list.findChild<QTimer*>(u"listbox visible timer"_s);
-    QVERIFY(visible && visible->isSingleShot());
+    QVERIFY(visible != nullptr);
+    QVERIFY(visible->isSingleShot());
     list.insertStringList({u"a"_s, u"b"_s});
     list.setCurrentItem(1);
     QVERIFY(visible->isActive());
@@ -306,12 +307,16 @@ void TestListBox::clearGoesBackToTheTop()
 void TestListBox::itemInsertedByADestructorIsReported()
 {
     struct Inserter : PlainItem {
-        ~Inserter() override { target->insertItem(new PlainItem); }
+        Inserter() = default;
+        Q_DISABLE_COPY_MOVE(Inserter)
+        ~Inserter() override { target->insertItem(another); }
         QTeskelListBox* target = nullptr;
+        QTeskelListBoxItem* another = nullptr;
     };
     QTeskelListBox list;
     auto* inserter = new Inserter;
     inserter->target = &list;
+    inserter->another = new PlainItem;
     list.insertItem(inserter);
     QTest::ignoreMessage(
         QtWarningMsg, QRegularExpression(uR"(^ASSERT: "!head" in qteskellistbox\.cpp \(\d+\)$)"_s));
@@ -322,6 +327,8 @@ void TestListBox::itemInsertedByADestructorIsReported()
 void TestListBox::itemDeletedByADestructorIsReported()
 {
     struct Deleter : PlainItem {
+        Deleter() = default;
+        Q_DISABLE_COPY_MOVE(Deleter)
         ~Deleter() override { delete victim; }
         QTeskelListBoxItem* victim = nullptr;
     };
