@@ -173,15 +173,22 @@ const teskel::TextRecord* QtDictionary::getTextRecord(unsigned short recordIndex
 // A record that cannot be read is asked for again, for a card may come back; a damaged one is not.
 const teskel::TextRecord* QtDictionary::cachedRecord(int index)
 {
-    if (const teskel::TextRecord* cached = _wordCache.object(index))
-        return cached;
+    if (_lastRecord != nullptr && index == _lastIndex)
+        return _lastRecord;
+    const teskel::TextRecord* record = _wordCache.object(index);
+    if (record == nullptr)
+        record = readRecord(index);
+    _lastIndex = index;
+    _lastRecord = record;
+    return record;
+}
+
+const teskel::TextRecord* QtDictionary::readRecord(int index)
+{
     if (_damagedRecords.contains(index))
         return nullptr;
-    std::unique_ptr<teskel::TextRecord> record = decompressRecord(index);
-    if (!record)
-        return nullptr;
-    teskel::TextRecord* kept = record.release();
-    return _wordCache.insert(index, kept, 1) ? kept : nullptr;
+    teskel::TextRecord* const record = decompressRecord(index).release();
+    return record != nullptr && _wordCache.insert(index, record, 1) ? record : nullptr;
 }
 
 std::unique_ptr<teskel::TextRecord> QtDictionary::decompressRecord(int index)
@@ -211,6 +218,7 @@ std::unique_ptr<teskel::TextRecord> QtDictionary::decompressRecord(int index)
 
 void QtDictionary::clearWordCache()
 {
+    _lastRecord = nullptr;
     _wordCache.clear();
     _damagedRecords.clear();
 }

@@ -109,10 +109,14 @@ private:
     /// The headword at an iterator's position, which should be valid; null when there is none.
     const char* getWordOf(QtDictionaryIterator& iterator);
     const teskel::TextRecord* cachedRecord(int index);
+    const teskel::TextRecord* readRecord(int index);
 
     std::unique_ptr<QtPalmDatabase> _database;
     QString _url;
     QCache<int, teskel::TextRecord> _wordCache;
+    // The record asked for last: the cache drops it last of all. A walk asks for it at each step.
+    const teskel::TextRecord* _lastRecord = nullptr;
+    int _lastIndex = 0;
     QSet<int> _damagedRecords; // database record numbers; outside the cache, where they cost room
     teskel::WordIndex _index;
     teskel::FileStamp _indexStamp; // of the file when the index was read

@@ -67,10 +67,11 @@ void QDictionaryListBox::fill(CursorPosition start)
     const int selected = found >= 0 ? found : currentItem();
     const QPointer<QDictionaryListBox> self(this);
     setSelected(selected, true);
-    if (self)
-        ensureCurrentVisible();
-    if (self)
-        adjustScrollBars();
+    if (!self)
+        return;
+    // First, so that the rows are laid out but once.
+    adjustScrollBars();
+    ensureCurrentVisible();
 }
 
 void QDictionaryListBox::move(int lines)

@@ -12,6 +12,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -125,6 +126,21 @@ public:
     QDictionaryListBox* list = nullptr;
 };
 
+/// A row that counts how often it is measured.
+class MeasuredRow : public QDictionaryListBoxItem
+{
+public:
+    using QDictionaryListBoxItem::QDictionaryListBoxItem;
+
+    int height(const QTeskelListBox* list) const override
+    {
+        ++measurements;
+        return QDictionaryListBoxItem::height(list);
+    }
+
+    mutable int measurements = 0;
+};
+
 QStringList words(int first, int last)
 {
     return numberedWords(first, last);
@@ -153,6 +169,8 @@ private slots:
     void fillOfAnEmptyListDoesNothing();
 
     void fillShowsTheCurrentRowAtOnce();
+    void refillingLaysOutOnce_data();
+    void refillingLaysOutOnce();
 
     void moveShowsTheCurrentRowAtOnce();
     void moveForwardKeepsTheCurrentRowAndReportsIt();
@@ -317,6 +335,32 @@ void TestQDictionaryListBox::fillShowsTheCurrentRowAtOnce()
     bench.list->fill(bench.position(3));
     QCOMPARE(bench.list->currentItem(), 0);
     QVERIFY(bench.isCurrentWhollyInView());
+}
+
+void TestQDictionaryListBox::refillingLaysOutOnce_data()
+{
+    using Act = void (*)(Bench&);
+    QTest::addColumn<Act>("act");
+    QTest::addRow("fill") << Act([](Bench& bench) { bench.list->fill(bench.position(17)); });
+    QTest::addRow("move") << Act([](Bench& bench) { bench.list->move(3); });
+}
+
+void TestQDictionaryListBox::refillingLaysOutOnce()
+{
+    using Act = void (*)(Bench&);
+    QFETCH(Act, act);
+    Bench bench(50);
+    auto* const row = new MeasuredRow(u"row"_s, bench.position(0));
+    bench.list->insertItem(row, 0);
+    bench.list->setSelected(0, true);
+    bench.showSmall();
+    QVERIFY(QTest::qWaitForWindowExposed(&bench.parent));
+    const auto* const update = bench.list->findChild<QTimer*>(u"listbox update timer"_s);
+    QTRY_VERIFY(!update->isActive());
+    row->measurements = 0;
+    act(bench);
+    QTRY_VERIFY(!update->isActive());
+    QCOMPARE(row->measurements, 1);
 }
 
 void TestQDictionaryListBox::moveShowsTheCurrentRowAtOnce()
