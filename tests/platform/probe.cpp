@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -64,6 +65,8 @@ int main(int argc, char** argv)
 {
     QPEApplication application(argc, argv);
     const QStringList modes = QPEApplication::arguments();
+    if (modes.contains(u"--unwinding"_s))
+        std::atexit([] { report(u"unwinding"_s); });
     report(u"root "_s + qEnvironmentVariable("QPEDIR"));
     Window window(modes);
 
