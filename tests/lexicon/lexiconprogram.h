@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/support/childprocess.h"
+
 #include <QByteArray>
 #include <QStringList>
 #include <QTemporaryDir>
 
 namespace teskel::test
 {
-
-/// How a run ended: code -1 for a run that failed to start, crashed or took too long.
-struct ProgramResult {
-    int code = -1;
-    QByteArray out;
-    QByteArray err;
-};
 
 /// Runs teskel-lexicon as a person does, in a temporary directory.
 class LexiconProgram
