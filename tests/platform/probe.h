@@ -49,7 +49,6 @@ public:
                _process.exitStatus() == QProcess::NormalExit;
     }
 
-    bool isRunning() const { return _process.state() != QProcess::NotRunning; }
     int exitCode() const { return _process.exitCode(); }
     qint64 processId() const { return _process.processId(); }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/platform/busenvironment.h"
 #include "tests/platform/probe.h"
 
 #include <QDBusConnection>
@@ -8,13 +9,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <array>
-#include <cerrno>
 #include <csignal>
-
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -67,50 +63,6 @@ private:
     QString _address;
 };
 
-// Takes calls and never answers.
-class SilentBus
-{
-public:
-    SilentBus()
-    {
-        const QByteArray path = QFile::encodeName(_directory.filePath(u"bus"_s));
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        qstrncpy(address.sun_path, path.constData(), sizeof address.sun_path);
-        _listens =
-            ::bind(_listener, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
-            ::listen(_listener, 4) == 0;
-    }
-    ~SilentBus()
-    {
-        ::close(_caller);
-        ::close(_listener);
-    }
-    SilentBus(const SilentBus&) = delete;
-    SilentBus& operator=(const SilentBus&) = delete;
-
-    QString address() const { return u"unix:path="_s + _directory.filePath(u"bus"_s); }
-    bool listens() const { return _listens; }
-    // Takes the first call; true while the caller goes on waiting for an answer.
-    bool isWaitedFor()
-    {
-        if (_caller < 0)
-            _caller = ::accept(_listener, nullptr, nullptr);
-        std::array<char, 1024> buffer;
-        ssize_t count = 0;
-        do
-            count = ::recv(_caller, buffer.data(), buffer.size(), MSG_DONTWAIT);
-        while (count > 0);
-        return count < 0 && errno == EAGAIN;
-    }
-
-private:
-    QTemporaryDir _directory;
-    int _listener = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    int _caller = -1;
-    bool _listens = false;
-};
-
 QStringList socketsOf(qint64 process)
 {
     QStringList sockets;
@@ -121,13 +73,6 @@ QStringList socketsOf(qint64 process)
             sockets.append(target);
     }
     return sockets;
-}
-
-QProcessEnvironment environmentWith(const QString& address)
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, address);
-    return environment;
 }
 
 bool waitForOwner(const QDBusConnection& bus)
@@ -166,6 +111,7 @@ class DocumentServiceTest : public QObject
     Q_OBJECT
 
 private slots:
+    void init();
     void openReachesTheMainWidget_data();
     void openReachesTheMainWidget();
     void requestsDuringAMessageBoxWait();
@@ -173,17 +119,31 @@ private slots:
     void activateIsAnswered();
     void firstProgramKeepsTheName();
     void programWithoutDocumentsLeavesTheNameToOthers();
-    void withoutABusTheProgramRuns_data();
-    void withoutABusTheProgramRuns();
     void requestThatStartedTheProgramComesBeforeTheWindow_data();
     void requestThatStartedTheProgramComesBeforeTheWindow();
     void inheritedMarkOfABusDoesNotHoldUpTheWindow();
-    void busOfTheMarkMayBeGone_data();
-    void busOfTheMarkMayBeGone();
-    void silentBusDoesNotHoldUpTheWindow_data();
-    void silentBusDoesNotHoldUpTheWindow();
     void vanishingBusDoesNotEndTheProgram();
+
+private:
+    /// A reader that has taken the name and runs its event loop; null when there is none.
+    std::unique_ptr<Probe> startReader(const QStringList& modes = {}) const;
+
+    std::unique_ptr<Bus> _bus;
 };
+
+void DocumentServiceTest::init()
+{
+    _bus = std::make_unique<Bus>();
+    if (!_bus->start())
+        QSKIP("no dbus-daemon");
+}
+
+std::unique_ptr<Probe> DocumentServiceTest::startReader(const QStringList& modes) const
+{
+    auto reader = std::make_unique<Probe>(modes, environmentWith(_bus->address()));
+    return waitForOwner(_bus->connection()) && reader->waitFor(u"running"_s) ? std::move(reader)
+                                                                             : nullptr;
+}
 
 void DocumentServiceTest::openReachesTheMainWidget_data()
 {
@@ -203,123 +163,85 @@ void DocumentServiceTest::openReachesTheMainWidget_data()
 
 void DocumentServiceTest::openReachesTheMainWidget()
 {
-    Bus bus;
-    if (!bus.start())
-        QSKIP("no dbus-daemon");
-    Probe probe({}, environmentWith(bus.address()));
-    QVERIFY(waitForOwner(bus.connection()));
-    QVERIFY(probe.waitFor(u"running"_s));
-    const qsizetype before = probe.log().size();
+    const auto probe = startReader();
+    QVERIFY(probe);
+    const qsizetype before = probe->log().size();
     QFETCH(QStringList, uris);
-    const QDBusMessage reply = call(bus.connection(), u"Open"_s, {uris, QVariantMap()});
+    const QDBusMessage reply = call(_bus->connection(), u"Open"_s, {uris, QVariantMap()});
     QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
     QFETCH(QStringList, documents);
     for (const QString& document : documents)
-        QVERIFY(probe.waitFor(document));
-    QCOMPARE(probe.log().mid(before), documents);
+        QVERIFY(probe->waitFor(document));
+    QCOMPARE(probe->log().mid(before), documents);
 }
 
 void DocumentServiceTest::requestsDuringAMessageBoxWait()
 {
-    Bus bus;
-    if (!bus.start())
-        QSKIP("no dbus-daemon");
-    Probe probe({u"--box"_s}, environmentWith(bus.address()));
-    QVERIFY(waitForOwner(bus.connection()));
-    QVERIFY(probe.waitFor(u"running"_s));
+    const auto probe = startReader({u"--box"_s});
+    QVERIFY(probe);
     for (const QString& uri : {u"file:///a.PDB"_s, u"file:///b.PDB"_s}) {
         QDBusMessage message = QDBusMessage::createMethodCall(
             programName, u"/org/teskel/Teskel"_s, u"org.freedesktop.Application"_s, u"Open"_s);
         message.setArguments({QStringList{uri}, QVariantMap()});
-        bus.connection().asyncCall(message);
+        _bus->connection().asyncCall(message);
     }
-    QVERIFY(probe.waitFor(u"document /a.PDB"_s));
+    QVERIFY(probe->waitFor(u"document /a.PDB"_s));
     // The second call has arrived once this one is answered.
-    QCOMPARE(call(bus.connection(), u"ActivateAction"_s, {u"none"_s, QVariantList(), QVariantMap()})
-                 .type(),
-             QDBusMessage::ReplyMessage);
-    QVERIFY(!probe.log().contains(u"document /b.PDB"_s));
+    QCOMPARE(
+        call(_bus->connection(), u"ActivateAction"_s, {u"none"_s, QVariantList(), QVariantMap()})
+            .type(),
+        QDBusMessage::ReplyMessage);
+    QVERIFY(!probe->log().contains(u"document /b.PDB"_s));
 }
 
 void DocumentServiceTest::messageBoxDoesNotHoldUpTheAnswer()
 {
-    Bus bus;
-    if (!bus.start())
-        QSKIP("no dbus-daemon");
-    Probe probe({u"--box"_s}, environmentWith(bus.address()));
-    QVERIFY(waitForOwner(bus.connection()));
+    const auto probe = startReader({u"--box"_s});
+    QVERIFY(probe);
     const QDBusMessage reply =
-        call(bus.connection(), u"Open"_s, {QStringList{u"file:///a.PDB"_s}, QVariantMap()});
+        call(_bus->connection(), u"Open"_s, {QStringList{u"file:///a.PDB"_s}, QVariantMap()});
     QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
-    QVERIFY(probe.waitFor(u"document /a.PDB"_s));
+    QVERIFY(probe->waitFor(u"document /a.PDB"_s));
 }
 
 void DocumentServiceTest::activateIsAnswered()
 {
-    Bus bus;
-    if (!bus.start())
-        QSKIP("no dbus-daemon");
-    Probe probe({}, environmentWith(bus.address()));
-    QVERIFY(waitForOwner(bus.connection()));
+    const auto probe = startReader();
+    QVERIFY(probe);
     const QVariantMap token{{u"activation-token"_s, u"token"_s}};
-    QCOMPARE(call(bus.connection(), u"Activate"_s, {token}).type(), QDBusMessage::ReplyMessage);
+    QCOMPARE(call(_bus->connection(), u"Activate"_s, {token}).type(), QDBusMessage::ReplyMessage);
 }
 
 void DocumentServiceTest::firstProgramKeepsTheName()
 {
-    Bus bus;
-    if (!bus.start())
-        QSKIP("no dbus-daemon");
-    Probe first({}, environmentWith(bus.address()));
-    QVERIFY(waitForOwner(bus.connection()));
-    const QString owner = bus.connection().interface()->serviceOwner(programName).value();
+    const auto first = startReader();
+    QVERIFY(first);
+    const QString owner = _bus->connection().interface()->serviceOwner(programName).value();
     {
-        Probe second({}, environmentWith(bus.address()));
+        Probe second({}, environmentWith(_bus->address()));
         QVERIFY(second.waitFor(u"running"_s));
         // It has asked for the name once it is listed with its own object.
         QVERIFY(QTest::qWaitFor(
-            [&bus] {
-                return bus.connection().interface()->registeredServiceNames().value().size() >= 5;
+            [this] {
+                return _bus->connection().interface()->registeredServiceNames().value().size() >= 5;
             },
             longEnough));
-        call(bus.connection(), u"Open"_s, {QStringList{u"file:///a.PDB"_s}, QVariantMap()});
-        QVERIFY(first.waitFor(u"document /a.PDB"_s));
+        call(_bus->connection(), u"Open"_s, {QStringList{u"file:///a.PDB"_s}, QVariantMap()});
+        QVERIFY(first->waitFor(u"document /a.PDB"_s));
         QVERIFY(!second.log().contains(u"document /a.PDB"_s));
-        QCOMPARE(bus.connection().interface()->serviceOwner(programName).value(), owner);
+        QCOMPARE(_bus->connection().interface()->serviceOwner(programName).value(), owner);
     }
-    QCOMPARE(bus.connection().interface()->serviceOwner(programName).value(), owner);
+    QCOMPARE(_bus->connection().interface()->serviceOwner(programName).value(), owner);
 }
 
 void DocumentServiceTest::programWithoutDocumentsLeavesTheNameToOthers()
 {
-    Bus bus;
-    if (!bus.start())
-        QSKIP("no dbus-daemon");
-    Probe plain({u"--no-documents"_s}, environmentWith(bus.address()));
+    Probe plain({u"--no-documents"_s}, environmentWith(_bus->address()));
     QVERIFY(plain.waitFor(u"running"_s));
-    Probe reader({}, environmentWith(bus.address()));
-    QVERIFY(waitForOwner(bus.connection()));
-    QCOMPARE(bus.connection().interface()->servicePid(programName).value(),
-             static_cast<uint>(reader.processId()));
-}
-
-void DocumentServiceTest::withoutABusTheProgramRuns_data()
-{
-    QTest::addColumn<QString>("address");
-    QTest::newRow("none announced") << QString();
-    QTest::newRow("nobody there") << u"unix:path=/nowhere/bus"_s;
-    QTest::newRow("nonsense") << u"what is this"_s;
-}
-
-void DocumentServiceTest::withoutABusTheProgramRuns()
-{
-    QFETCH(QString, address);
-    Probe probe({u"--early"_s}, environmentWith(address));
-    QVERIFY(probe.waitFor(u"running"_s));
-    QCOMPARE(::kill(static_cast<pid_t>(probe.processId()), SIGTERM), 0);
-    QVERIFY(probe.waitForEnd());
-    QCOMPARE(probe.log().mid(1), QStringList({u"document /early.PDB"_s, u"shown"_s, u"running"_s,
-                                              u"closed"_s, u"end"_s}));
+    const auto reader = startReader();
+    QVERIFY(reader);
+    QCOMPARE(_bus->connection().interface()->servicePid(programName).value(),
+             static_cast<uint>(reader->processId()));
 }
 
 void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow_data()
@@ -342,14 +264,13 @@ void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow()
     const QTemporaryDir data;
     const QString logFile = data.filePath(u"log"_s);
     QVERIFY(installService(data.path(), logFile));
-    Bus bus;
-    if (!bus.start(data.path()))
-        QSKIP("no dbus-daemon");
+    _bus = std::make_unique<Bus>();
+    QVERIFY(_bus->start(data.path()));
     QFETCH(const QString, method);
     QFETCH(const QVariantList, arguments);
-    const QDBusMessage reply = call(bus.connection(), method, arguments);
+    const QDBusMessage reply = call(_bus->connection(), method, arguments);
     QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
-    const uint id = bus.connection().interface()->servicePid(programName).value();
+    const uint id = _bus->connection().interface()->servicePid(programName).value();
     QVERIFY(id > 1);
     const auto log = [&logFile] {
         QFile file(logFile);
@@ -361,91 +282,35 @@ void DocumentServiceTest::requestThatStartedTheProgramComesBeforeTheWindow()
     QTEST(log(), "log");
     QCOMPARE(::kill(static_cast<pid_t>(id), SIGTERM), 0);
     QTRY_VERIFY_WITH_TIMEOUT(
-        !bus.connection().interface()->isServiceRegistered(programName).value(), longEnough);
+        !_bus->connection().interface()->isServiceRegistered(programName).value(), longEnough);
 }
 
 void DocumentServiceTest::inheritedMarkOfABusDoesNotHoldUpTheWindow()
 {
     // A terminal that a bus started hands the mark on to every program that is started in it.
-    Bus bus;
-    if (!bus.start())
-        QSKIP("no dbus-daemon");
-    Probe first({}, environmentWith(bus.address()));
-    QVERIFY(waitForOwner(bus.connection()));
-    QProcessEnvironment environment = environmentWith(bus.address());
-    environment.insert(u"DBUS_STARTER_ADDRESS"_s, bus.address());
-    environment.insert(u"DBUS_STARTER_BUS_TYPE"_s, u"session"_s);
-    Probe second({u"--early"_s}, environment);
+    const auto first = startReader();
+    QVERIFY(first);
+    Probe second({u"--early"_s}, environmentMarkedBy(_bus->address()));
     QVERIFY(second.waitFor(u"running"_s));
     QCOMPARE(second.log().mid(1),
              QStringList({u"document /early.PDB"_s, u"shown"_s, u"running"_s}));
     // Still the one that gets the requests.
-    call(bus.connection(), u"Open"_s, {QStringList{u"file:///a.PDB"_s}, QVariantMap()});
-    QVERIFY(first.waitFor(u"document /a.PDB"_s));
-}
-
-void DocumentServiceTest::busOfTheMarkMayBeGone_data()
-{
-    withoutABusTheProgramRuns_data();
-}
-
-void DocumentServiceTest::busOfTheMarkMayBeGone()
-{
-    QFETCH(QString, address);
-    QProcessEnvironment environment = environmentWith(address);
-    environment.insert(u"DBUS_STARTER_ADDRESS"_s, address);
-    environment.insert(u"DBUS_STARTER_BUS_TYPE"_s, u"session"_s);
-    Probe probe({u"--early"_s}, environment);
-    QVERIFY(probe.waitFor(u"running"_s));
-    QCOMPARE(probe.log().mid(1), QStringList({u"document /early.PDB"_s, u"shown"_s, u"running"_s}));
-}
-
-void DocumentServiceTest::silentBusDoesNotHoldUpTheWindow_data()
-{
-    QTest::addColumn<bool>("marked");
-    QTest::newRow("a person starts the program") << false;
-    QTest::newRow("the mark of a bus is inherited") << true;
-}
-
-void DocumentServiceTest::silentBusDoesNotHoldUpTheWindow()
-{
-    QFETCH(const bool, marked);
-    SilentBus bus;
-    QVERIFY(bus.listens());
-    QProcessEnvironment environment = environmentWith(bus.address());
-    if (marked) {
-        environment.insert(u"DBUS_STARTER_ADDRESS"_s, bus.address());
-        environment.insert(u"DBUS_STARTER_BUS_TYPE"_s, u"session"_s);
-    }
-    Probe probe({u"--unwinding"_s}, environment);
-    QVERIFY(probe.waitFor(u"running"_s));
-    // The bus library gives up much later.
-    QVERIFY(bus.isWaitedFor());
-    QCOMPARE(::kill(static_cast<pid_t>(probe.processId()), SIGTERM), 0);
-    QVERIFY(probe.waitForEnd());
-    QCOMPARE(probe.exitCode(), 0);
-    QVERIFY(probe.log().contains(u"end"_s));
-    // Had the program waited for the library, its end would be an ordinary one.
-    QVERIFY(!probe.log().contains(u"unwinding"_s));
+    call(_bus->connection(), u"Open"_s, {QStringList{u"file:///a.PDB"_s}, QVariantMap()});
+    QVERIFY(first->waitFor(u"document /a.PDB"_s));
 }
 
 void DocumentServiceTest::vanishingBusDoesNotEndTheProgram()
 {
-    auto bus = std::make_unique<Bus>();
-    if (!bus->start())
-        QSKIP("no dbus-daemon");
-    Probe probe({}, environmentWith(bus->address()));
-    QVERIFY(waitForOwner(bus->connection()));
-    QVERIFY(probe.waitFor(u"running"_s));
-    const auto before = socketsOf(probe.processId()).size();
-    bus.reset();
+    const auto probe = startReader();
+    QVERIFY(probe);
+    const auto before = socketsOf(probe->processId()).size();
+    _bus.reset();
     // It has met the end of the bus when the connection is closed.
-    QTRY_VERIFY(socketsOf(probe.processId()).size() < before);
-    QVERIFY(probe.isRunning());
-    QCOMPARE(::kill(static_cast<pid_t>(probe.processId()), SIGTERM), 0);
-    QVERIFY(probe.waitForEnd());
-    QCOMPARE(probe.exitCode(), 0);
-    QCOMPARE(probe.log().constLast(), u"end"_s);
+    QTRY_VERIFY(socketsOf(probe->processId()).size() < before);
+    QCOMPARE(::kill(static_cast<pid_t>(probe->processId()), SIGTERM), 0);
+    QVERIFY(probe->waitForEnd());
+    QCOMPARE(probe->exitCode(), 0);
+    QCOMPARE(probe->log().constLast(), u"end"_s);
 }
 
 QTEST_GUILESS_MAIN(DocumentServiceTest)
