@@ -104,6 +104,17 @@ private:
 
 const QString mountInfo = u"/proc/self/mountinfo"_s;
 
+struct WatchedCard {
+    WatchedCard(std::chrono::milliseconds settlingTime, std::chrono::milliseconds longestDelay)
+    {
+        watcher.setSettlingTime(settlingTime);
+        watcher.setLongestDelay(longestDelay);
+    }
+    teskel::MountWatcher watcher{mountInfo};
+    Card card;
+    Listener listener;
+};
+
 } // namespace
 
 class MountWatcherTest : public QObject
@@ -136,11 +147,8 @@ void MountWatcherTest::eachMountAndEachUnmountSendsOneMessage()
 {
     if (!ownMountTable)
         QSKIP("no right to mount in a private mount namespace");
-    teskel::MountWatcher watcher(mountInfo);
-    watcher.setSettlingTime(1ms);
-    watcher.setLongestDelay(10ms);
-    Card card;
-    Listener listener;
+    WatchedCard watched(1ms, 10ms);
+    auto& [watcher, card, listener] = watched;
     QByteArrayList expected;
     for (int count = 0; count < 6; ++count) {
         expected.append("mtabChanged()");
@@ -155,11 +163,8 @@ void MountWatcherTest::severalStepsOfOneChangeAreOneMessage()
 {
     if (!ownMountTable)
         QSKIP("no right to mount in a private mount namespace");
-    teskel::MountWatcher watcher(mountInfo);
-    watcher.setSettlingTime(1h);
-    watcher.setLongestDelay(1h);
-    Card card;
-    Listener listener;
+    WatchedCard watched(1h, 1h);
+    auto& [watcher, card, listener] = watched;
     for (int step = 0; step < 4; ++step)
         QVERIFY(card.changeAndWait());
     QCoreApplication::processEvents();
@@ -175,14 +180,11 @@ void MountWatcherTest::endlessMountingIsReportedMeanwhile()
 {
     if (!ownMountTable)
         QSKIP("no right to mount in a private mount namespace");
-    teskel::MountWatcher watcher(mountInfo);
-    watcher.setSettlingTime(1h);
-    watcher.setLongestDelay(10ms);
-    Card card;
-    Listener listener;
+    WatchedCard watched(1h, 10ms);
+    auto& [watcher, card, listener] = watched;
     // One change calls for the next.
     const auto changes = connect(card.notifier(), &QSocketNotifier::activated, this,
-                                 [&card] { QVERIFY(card.change()); });
+                                 [&watched] { QVERIFY(watched.card.change()); });
     QVERIFY(card.change());
     QVERIFY(listener.waitForMessages(2));
     disconnect(changes);
