@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A small application whose life the tests follow from outside: it reports on standard output.
 #include "platform/application/qpeapplication.h"
+#ifdef TESKEL_WITH_BUS
+#include "platform/application/busdocumentservice.h"
+#endif
 
 #include <QCloseEvent>
 #include <QDialog>
@@ -9,7 +12,6 @@
 #include <QTimer>
 
 #include <cstdio>
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -65,8 +67,10 @@ int main(int argc, char** argv)
 {
     QPEApplication application(argc, argv);
     const QStringList modes = QPEApplication::arguments();
-    if (modes.contains(u"--unwinding"_s))
-        std::atexit([] { report(u"unwinding"_s); });
+#ifdef TESKEL_WITH_BUS
+    if (modes.contains(u"--impatient"_s))
+        application.findChild<teskel::BusDocumentService*>()->setPatience({});
+#endif
     report(u"root "_s + qEnvironmentVariable("QPEDIR"));
     Window window(modes);
 
