@@ -18,15 +18,14 @@ bool LexiconProgram::buildSmallLexicon() const
 ProgramResult LexiconProgram::run(const QStringList& arguments, const QByteArray& input) const
 {
     QProcess process;
-    process.setWorkingDirectory(directory());
-    return runToEnd(process, QStringLiteral(TESKEL_LEXICON), arguments, input);
+    return run(process, arguments, input);
 }
 
-ProgramResult LexiconProgram::runShell(const QString& script) const
+ProgramResult LexiconProgram::run(QProcess& process, const QStringList& arguments,
+                                  const QByteArray& input) const
 {
-    QProcess process;
     process.setWorkingDirectory(directory());
-    return runToEnd(process, u"sh"_s, {u"-c"_s, script});
+    return runToEnd(process, QStringLiteral(TESKEL_LEXICON), arguments, input);
 }
 
 QString LexiconProgram::path(const char* name) const

@@ -18,7 +18,9 @@ public:
     [[nodiscard]] bool buildSmallLexicon() const;
     [[nodiscard]] ProgramResult run(const QStringList& arguments,
                                     const QByteArray& input = {}) const;
-    [[nodiscard]] ProgramResult runShell(const QString& script) const;
+    /// The same as a process that has limits or an output of its own.
+    [[nodiscard]] ProgramResult run(QProcess& process, const QStringList& arguments,
+                                    const QByteArray& input = {}) const;
 
     [[nodiscard]] QString directory() const { return _directory.path(); }
     /// The path of a file in the directory; `name` is UTF-8.

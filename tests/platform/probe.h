@@ -20,7 +20,7 @@ public:
         if (_process.state() == QProcess::NotRunning)
             return;
         _process.kill();
-        _process.waitForFinished();
+        _process.waitForFinished(-1);
     }
     Probe(const Probe&) = delete;
     Probe& operator=(const Probe&) = delete;

@@ -46,7 +46,7 @@ public:
     {
         QDBusConnection::disconnectFromBus(u"test"_s);
         _process.terminate();
-        _process.waitForFinished();
+        _process.waitForFinished(-1);
     }
     Bus() = default;
     Bus(const Bus&) = delete;
