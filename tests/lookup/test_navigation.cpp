@@ -102,7 +102,7 @@ void TestNavigation::init()
 }
 
 /// A bench whose view is shown and open.
-class ShownBench : public LookupBench
+class ShownBench : public EverydayBench
 {
 public:
     explicit ShownBench(QSize size = {240, 320})
@@ -111,9 +111,8 @@ public:
     }
 
     explicit ShownBench(Prepare prepare, QSize size = {240, 320})
-        : LookupBench(prepare)
+        : EverydayBench(prepare)
     {
-        open(everydayEntries());
         widget().resize(size);
         widget().show();
         if (!QTest::qWaitForWindowExposed(&widget()))
