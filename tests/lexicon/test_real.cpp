@@ -3,6 +3,7 @@
 #include "lexicon/entries/entryintake.h"
 #include "lexicon/file/articleof.h"
 #include "lexicon/sources/dictdsource.h"
+#include "tests/support/childprocess.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -59,10 +60,7 @@ int TestReal::run(const QStringList& arguments)
 {
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(QStringLiteral(TESKEL_LEXICON), arguments);
-    if (!process.waitForFinished(300000) || process.exitStatus() != QProcess::NormalExit)
-        return -1;
-    return process.exitCode();
+    return teskel::test::runToEnd(process, QStringLiteral(TESKEL_LEXICON), arguments).code;
 }
 
 void TestReal::addLexicons()
