@@ -6,6 +6,8 @@
 #include <QByteArray>
 #include <QtGlobal>
 
+#include <utility>
+
 #include <unicode/translit.h>
 #include <unicode/unistr.h>
 
