@@ -3,7 +3,7 @@
 
 #include "script/letterreference.h"
 
-#include <QByteArray>
+#include <QList>
 #include <QtGlobal>
 
 #include <utility>
