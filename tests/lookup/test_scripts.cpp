@@ -63,8 +63,8 @@ private slots:
 /// Which scripts the fonts of the display have is not what is looked at.
 void TestScripts::init()
 {
-    QTest::failOnWarning(
-        QRegularExpression(u"^(?!This plugin does not support | *OpenType support missing for )"_s));
+    QTest::failOnWarning(QRegularExpression(
+        u"^(?!This plugin does not support | *OpenType support missing for )"_s));
 }
 
 void TestScripts::typedWordIsFound_data()
