@@ -145,8 +145,11 @@ void TestTransfer::selectionWithoutAMatchIsCutToTheLongestBeginning_data()
     QTest::newRow("nothing in common") << u"quark"_s << QString();
     QTest::newRow("two words") << u"house of cards"_s << u"house"_s;
     QTest::newRow("begins a word itself") << u"hou"_s << u"ho"_s;
-    QTest::newRow("stops before what Latin-1 lacks") << u"hous\u0436boat"_s << u"hous"_s;
-    QTest::newRow("begins with what Latin-1 lacks") << u"\u0436house"_s << QString();
+    QTest::newRow("foreign letter that no word goes on with") << u"hous\u0436boat"_s << u"hous"_s;
+    QTest::newRow("begins with a foreign letter") << u"\u0436house"_s << u"z"_s;
+    QTest::newRow("foreign letter that the word goes on with") << u"hou\u0441x"_s << u"hous"_s;
+    QTest::newRow("NUL in a foreign word")
+        << QString(u"ho\u0443"_s + QChar(0) + u"se"_s) << u"hou"_s;
 }
 
 void TestTransfer::selectionWithoutAMatchIsCutToTheLongestBeginning()
