@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/entrymerger.h"
+#include "lexicon/entries/entrysorter.h"
 
 #include <QTest>
 
@@ -25,13 +26,15 @@ using Pairs = QList<QPair<QByteArray, QByteArray>>;
 
 Pairs merged(const Pairs& source, bool numbers, BuildReport& report)
 {
-    EntryArena arena;
-    std::vector<LexiconEntry> entries;
+    EntrySorter sorter;
     uint32_t order = 0;
     for (const auto& [headword, article] : source)
-        entries.push_back(arena.make(headword.toStdString(), article.toStdString(), order++));
+        sorter.add(headword.toStdString(), article.toStdString(), order++);
+    const auto sorted = sorter.sorted();
+    EntryMerger merger(*sorted, report, numbers);
     Pairs result;
-    for (const LexiconEntry& entry : EntryMerger(arena, report, numbers).merge(entries))
+    LexiconEntry entry;
+    while (merger.next(entry))
         result.append({QByteArray(entry.text), QByteArray(entry.article().data())});
     return result;
 }

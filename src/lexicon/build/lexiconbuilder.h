@@ -4,6 +4,7 @@
 #include "lexicon/entries/buildreport.h"
 #include "lexicon/entries/lexiconentry.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,6 +12,8 @@
 namespace teskel
 {
 
+class EntryFile;
+class EntrySorter;
 class PendingFile;
 class RecordPlan;
 
@@ -47,8 +50,9 @@ public:
     const BuildReport& report() const { return _report; }
 
 private:
+    std::unique_ptr<EntryFile> gather(EntrySorter& sorter, std::string& error);
     bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,
-               std::string& error);
+               EntryFile& entries, std::string& error);
 
     BuildOptions _options;
     BuildReport _report;

@@ -5,8 +5,6 @@
 #include "lexicon/text/sensenumbers.h"
 #include "lexicon/text/utf8.h"
 
-#include <utility>
-
 namespace teskel
 {
 
@@ -52,7 +50,7 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
     }
     if (_headword.size() > limits::headwordBytes)
         shorten(_headword, _article, where);
-    _entries.push_back(_arena.make(_headword, _article, order));
+    _entries.add(_headword, _article, order);
 }
 
 void EntryIntake::shorten(std::string& headword, std::string& article, std::string_view where)
@@ -80,11 +78,6 @@ std::string EntryIntake::description(std::string_view text, Text kind)
         result.resize(cutPlace(result, limits::descriptionBytes));
     }
     return result;
-}
-
-std::vector<LexiconEntry> EntryIntake::take()
-{
-    return std::exchange(_entries, {});
 }
 
 } // namespace teskel

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "lexicon/entries/buildreport.h"
-#include "lexicon/entries/entryarena.h"
+#include "lexicon/entries/entrysorter.h"
 #include "lexicon/text/latin1converter.h"
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace teskel
 {
@@ -16,9 +15,9 @@ namespace teskel
 class EntryIntake
 {
 public:
-    /// `arena` and `report` must outlive the intake.
-    EntryIntake(EntryArena& arena, BuildReport& report)
-        : _arena(arena)
+    /// `entries` takes what was taken in; it and `report` must outlive the intake.
+    EntryIntake(EntrySorter& entries, BuildReport& report)
+        : _entries(entries)
         , _report(report)
     {
     }
@@ -31,18 +30,14 @@ public:
     /// Converts a description: at most 511 bytes of rich text.
     std::string description(std::string_view text, Latin1Converter::Text kind);
 
-    /// Everything taken in so far; the intake starts over.
-    std::vector<LexiconEntry> take();
-
     const Latin1Converter& converter() const { return _converter; }
 
 private:
     void shorten(std::string& headword, std::string& article, std::string_view where);
 
-    EntryArena& _arena;
+    EntrySorter& _entries;
     BuildReport& _report;
     Latin1Converter _converter;
-    std::vector<LexiconEntry> _entries;
     std::string _headword; // kept to reuse their memory
     std::string _article;
 };

@@ -9,36 +9,44 @@
 namespace teskel
 {
 
-std::vector<LexiconEntry> EntryMerger::merge(std::vector<LexiconEntry> entries)
+namespace
 {
-    std::sort(entries.begin(), entries.end(), comesBefore);
-    // The merged entries overwrite the front of the list they are made from.
-    size_t written = 0;
-    for (size_t first = 0; first < entries.size();) {
-        size_t last = first + 1;
-        while (last < entries.size() && entries[last].headword() == entries[first].headword())
-            ++last;
-        entries[written++] = last - first == 1
-                                 ? entries[first]
-                                 : mergeGroup(entries.data() + first, entries.data() + last);
-        first = last;
-    }
-    entries.resize(written);
-    return entries;
+
+bool haveOneHeadword(const LexiconEntry& a, const LexiconEntry& b)
+{
+    return a.headword() == b.headword();
 }
 
-LexiconEntry EntryMerger::mergeGroup(const LexiconEntry* first, const LexiconEntry* last)
+} // namespace
+
+EntryMerger::EntryMerger(EntryStream& sorted, BuildReport& report, bool numbers)
+    : _groups(sorted, haveOneHeadword)
+    , _report(report)
+    , _numbers(numbers)
+{
+}
+
+bool EntryMerger::next(LexiconEntry& entry)
+{
+    const std::vector<LexiconEntry>& group = _groups.next();
+    if (group.empty())
+        return false;
+    entry = group.size() == 1 ? group.front() : merged(group);
+    return true;
+}
+
+LexiconEntry EntryMerger::merged(const std::vector<LexiconEntry>& group)
 {
     std::vector<std::string_view> articles;
     std::unordered_set<std::string_view> known;
-    for (const LexiconEntry* entry = first; entry != last; ++entry) {
-        if (known.insert(entry->article()).second)
-            articles.push_back(entry->article());
+    for (const LexiconEntry& entry : group) {
+        if (known.insert(entry.article()).second)
+            articles.push_back(entry.article());
         else
             ++_report.repeatedArticles;
     }
     if (articles.size() == 1)
-        return *first;
+        return group.front();
     ++_report.mergedHeadwords;
     const bool numbered =
         _numbers && std::none_of(articles.begin(), articles.end(), sensenumbers::beginsWithNumber);
@@ -51,7 +59,8 @@ LexiconEntry EntryMerger::mergeGroup(const LexiconEntry* first, const LexiconEnt
             (_article += static_cast<char>('0' + sense)) += ". ";
         _article += article;
     }
-    return _arena.make(first->headword(), _article, first->order);
+    _arena.clear();
+    return _arena.make(group.front().headword(), _article, group.front().order);
 }
 
 } // namespace teskel

@@ -2,9 +2,7 @@
 #pragma once
 
 #include "lexicon/entries/buildreport.h"
-#include "lexicon/entries/entryarena.h"
-
-#include <vector>
+#include "lexicon/entries/entrygroups.h"
 
 namespace teskel
 {
@@ -13,25 +11,21 @@ namespace teskel
 ///
 /// Their articles stand one under the other in the order of the source, numbered "1." to "9." and
 /// then unnumbered, unless one of them is numbered already. A repeated article is kept once.
-class EntryMerger
+class EntryMerger : public EntryStream
 {
 public:
-    EntryMerger(EntryArena& arena, BuildReport& report, bool numbers)
-        : _arena(arena)
-        , _report(report)
-        , _numbers(numbers)
-    {
-    }
+    /// `sorted` holds the entries in the order of a lexicon; it must outlive the merger.
+    EntryMerger(EntryStream& sorted, BuildReport& report, bool numbers);
 
-    /// Sorts the entries and merges them.
-    std::vector<LexiconEntry> merge(std::vector<LexiconEntry> entries);
+    bool next(LexiconEntry& entry) override;
 
 private:
-    LexiconEntry mergeGroup(const LexiconEntry* first, const LexiconEntry* last);
+    LexiconEntry merged(const std::vector<LexiconEntry>& group);
 
-    EntryArena& _arena;
+    EntryGroups _groups;
     BuildReport& _report;
     bool _numbers;
+    EntryArena _arena;
     std::string _article; // kept to reuse its memory
 };
 
