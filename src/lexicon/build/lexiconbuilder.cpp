@@ -10,6 +10,7 @@
 #include "lexicon/file/spotcheck.h"
 #include "lexicon/packing/arjmember.h"
 #include "lexicon/sources/sourcetable.h"
+#include "lexicon/text/givenback.h"
 
 namespace teskel
 {
@@ -20,12 +21,19 @@ namespace
 /// Content of the records that the reader does not use; an empty record would be a broken one.
 constexpr std::string_view unusedRecord("\0", 1);
 
-/// The name inside the database: the description without its markup.
+/// Of the headwords of a sound source, fewer than one in so many are lost.
+constexpr uint64_t mostLostShare = 100;
+
+/// The name inside the database, Latin-1: the description without its markup.
 std::string databaseName(const std::string& description)
 {
+    std::string text = description;
+    if (givenback::hasReferences(description))
+        text = Latin1Converter().converted(givenback::description(description),
+                                           Latin1Converter::Text::Headword);
     std::string name;
     bool inTag = false;
-    for (const char c : description) {
+    for (const char c : text) {
         if (c == '<')
             inTag = true;
         else if (c == '>' && inTag)
@@ -44,8 +52,8 @@ bool LexiconBuilder::build(std::string& error)
     if (!source)
         return false;
     EntryArena arena;
-    EntryIntake intake(arena, _report);
-    if (!source->read(intake, error))
+    EntryIntake intake(arena, _report, _options.text);
+    if (!source->read(intake, error) || !keepsHeadwords(intake, error))
         return false;
     const std::string description =
         _options.description
@@ -53,7 +61,7 @@ bool LexiconBuilder::build(std::string& error)
             : intake.description(source->description(), source->textKind());
     _report.conversions = intake.converter().counts();
 
-    EntryMerger merger(arena, _report, _options.numbers);
+    EntryMerger merger(arena, _report, _options.numbers, _options.text.form);
     OversizeSplitter splitter(arena, _report);
     const std::vector<LexiconEntry> entries = splitter.split(merger.merge(intake.take()));
     if (entries.empty()) {
@@ -80,6 +88,18 @@ bool LexiconBuilder::build(std::string& error)
         return false;
     _report.spotChecks = check.checkedWords();
     return file.commit(error);
+}
+
+bool LexiconBuilder::keepsHeadwords(const EntryIntake& intake, std::string& error) const
+{
+    const uint64_t lost = intake.lostHeadwords();
+    if (_options.force || lost * mostLostShare <= _report.entriesRead)
+        return true;
+    error = std::to_string(lost) + " of " + std::to_string(_report.entriesRead) +
+            " headwords would be empty or \"?\"; is " +
+            (_options.source == "-" ? "standard input" : _options.source) +
+            " UTF-8, with the headword first? --force builds it all the same";
+    return false;
 }
 
 bool LexiconBuilder::write(PendingFile& file, const std::string& description,

@@ -3,6 +3,7 @@
 
 #include "lexicon/entries/buildreport.h"
 #include "lexicon/entries/lexiconentry.h"
+#include "lexicon/text/textoptions.h"
 
 #include <optional>
 #include <string>
@@ -11,6 +12,7 @@
 namespace teskel
 {
 
+class EntryIntake;
 class PendingFile;
 class RecordPlan;
 
@@ -29,6 +31,8 @@ struct BuildOptions {
     int method = defaultMethod;
     unsigned recordSize = defaultRecordSize;
     bool numbers = true; ///< number the senses of merged articles
+    TextOptions text;
+    bool force = false; ///< build even where many headwords are lost
 };
 
 /// Builds a dictionary file from a source, all or nothing.
@@ -47,6 +51,7 @@ public:
     const BuildReport& report() const { return _report; }
 
 private:
+    bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
     bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,
                std::string& error);
 

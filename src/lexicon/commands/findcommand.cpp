@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/text/givenback.h"
 #include "lexicon/text/utf8.h"
 
 #include <QJsonArray>
@@ -63,7 +64,7 @@ private:
                              [&](std::string_view headword, std::string_view article) {
                                  isFound = true;
                                  std::cout << utf8::fromLatin1(headword) << '\n'
-                                           << utf8::fromLatin1(article) << "\n\n";
+                                           << givenback::article(article) << "\n\n";
                                  return static_cast<bool>(std::cout);
                              });
         return isFound;
@@ -74,12 +75,9 @@ private:
         QJsonArray entries;
         _reader.visitMatches(
             word, _options.prefix, [&](std::string_view headword, std::string_view article) {
-                const auto text = [](std::string_view latin1) {
-                    return QString::fromLatin1(latin1.data(),
-                                               static_cast<qsizetype>(latin1.size()));
-                };
-                entries.append(
-                    QJsonObject{{u"headword"_s, text(headword)}, {u"article"_s, text(article)}});
+                entries.append(QJsonObject{
+                    {u"headword"_s, QString::fromStdString(utf8::fromLatin1(headword))},
+                    {u"article"_s, QString::fromStdString(givenback::article(article))}});
                 return true;
             });
         const QJsonObject result{{u"word"_s, QString::fromStdString(word)},

@@ -94,9 +94,13 @@ bool DictdSource::read(EntryIntake& intake, std::string& error)
             error = _indexPath + ", line " + std::to_string(line->number) + ": " + error;
             return false;
         }
-        const FreeDictEntry entry = FreeDictEntry::parse(line->key, text);
-        intake.add(entry.headword, entry.article, textKind(), line->number,
-                   "line " + std::to_string(line->number));
+        const FreeDictEntry entry = FreeDictEntry::parse(line->key, text, intake.options());
+        const std::string where = "line " + std::to_string(line->number);
+        if (entry.pronunciations.empty())
+            intake.add(entry.headword, entry.article, textKind(), line->number, where);
+        else
+            intake.add(entry.headword, richText(entry.article, entry.pronunciations),
+                       Latin1Converter::Text::MarkupArticle, line->number, where);
     }
     return true;
 }
