@@ -2,7 +2,7 @@
 #include "dictionary/latin1fold.h"
 #include "dictionary/qtdictionary.h"
 #include "lexicon/build/lexiconbuilder.h"
-#include "lexicon/file/lexiconverifier.h"
+#include "lexicon/verify/lexiconverifier.h"
 #include "tests/support/palmwriter.h"
 
 #include <QDir>

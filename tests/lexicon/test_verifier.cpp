@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/file/lexiconverifier.h"
+#include "lexicon/verify/lexiconverifier.h"
 #include "tests/support/arjmember.h"
 #include "tests/support/dictionarywriter.h"
 

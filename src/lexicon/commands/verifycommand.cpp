@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
-#include "lexicon/file/lexiconverifier.h"
+#include "lexicon/verify/lexiconverifier.h"
 
 #include <algorithm>
 #include <iostream>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/file/lexiconverifier.h"
+#include "lexicon/verify/lexiconverifier.h"
 
 #include "dictionary/latin1fold.h"
 #include "lexicon/entries/lexiconentry.h"
