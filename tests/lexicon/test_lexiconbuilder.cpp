@@ -101,8 +101,8 @@ void verifyValid(const QString& path)
     LexiconVerifier verifier;
     std::string error;
     QVERIFY(verifier.run(path.toStdString(), error));
-    for (const std::string& finding : verifier.findings())
-        QFAIL(finding.c_str());
+    for (const Finding& finding : verifier.findings())
+        QFAIL(finding.text().c_str());
 }
 
 } // namespace

@@ -1,54 +1,51 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "dictionary/container/qtpalmdb.h"
-#include "dictionary/textrecord.h"
-#include "dictionary/wordindex.h"
+#include "lexicon/verify/verifiedfile.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace teskel
 {
 
-/// Checks a dictionary file against every rule of its format.
-///
-/// The checks have names, which begin the sentences about what they found:
-/// container, creator, records, offsets, index, description, unpack, layout, order, keys.
+/// Holds a dictionary file to the rules of its format: makes the checks of the table, all of them
+/// unless some are selected.
 class LexiconVerifier
 {
 public:
-    /// Checks the file. False only when it cannot be read at all, with the reason in `error`.
+    LexiconVerifier();
+
+    /// Makes the named check and those that it needs, besides others that were selected so. False
+    /// when there is no check of that name.
+    bool select(std::string_view name);
+    /// Makes the checks that need no word record.
+    void selectQuick();
+
+    /// Checks the file, once. False only when it cannot be read at all, with the reason in `error`.
     bool run(const std::string& path, std::string& error);
 
-    /// One sentence for each finding, "name: what is wrong"; empty when the file is valid.
-    const std::vector<std::string>& findings() const { return _findings; }
-    uint64_t headwords() const { return _headwords; }
+    /// Empty when the file is valid.
+    const std::vector<Finding>& findings() const { return _file.findings(); }
     uint64_t wordRecords() const { return _wordRecords; }
+    /// Nothing when word records were not looked into.
+    std::optional<uint64_t> headwords() const { return _headwords; }
+    /// Names of the checks that were not selected.
+    std::vector<std::string> leftOut() const;
 
 private:
-    bool checkContainer(const QString& name);
-    bool checkCreator();
-    bool checkRecords();
-    bool checkOffsets();
-    void checkIndex();
-    void checkDescription();
-    void checkWordRecord(unsigned number);
-    bool checkLayout(unsigned number, const TextRecord& record);
-    void checkOrder(unsigned number, const char* headword);
-    void checkKey(unsigned number, const char* firstHeadword);
-    std::optional<TextRecord> unpacked(unsigned number, const char* check);
-    void report(const std::string& check, const std::string& sentence);
+    bool isDue(size_t place) const;
+    void checkWordRecords();
+    void checkWordRecord(WordRecord& record);
 
-    QtPalmDatabase _database;
-    QtRecords& _records = *_database.getRecords();
-    WordIndex _index;
-    std::vector<std::string> _findings;
-    std::string _lastHeadword;
-    bool _hasLastHeadword = false;
-    uint64_t _headwords = 0;
+    VerifiedFile _file;
+    std::vector<bool> _isSelected; ///< by place in the table
+    std::vector<bool> _holds;      ///< likewise; of a record's checks, for the last record
+    bool _hasSelection = false;
+    std::optional<uint64_t> _headwords;
     uint64_t _wordRecords = 0;
 };
 
