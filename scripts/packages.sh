@@ -1,7 +1,8 @@
 # Debian packages by purpose, and the one function that installs what is missing. Sourced by
 # ./run and ./test.
 
-packages_build=(build-essential cmake ninja-build qt6-base-dev zlib1g-dev libcli11-dev libgl-dev)
+packages_build=(build-essential cmake ninja-build qt6-base-dev zlib1g-dev libicu-dev libcli11-dev
+    libgl-dev)
 packages_reader=(qt6-qpa-plugins fonts-dejavu-core dict-freedict-eng-deu dict-freedict-deu-eng)
 packages_test=(
     arj 7zip dictzip gzip locales              # independent witnesses of the packed records
