@@ -116,7 +116,7 @@ bool InputFile::readLine(std::string& line, bool& isEnd, std::string& error)
         _window.erase(0, std::exchange(_lineBegin, 0));
         const size_t known = _window.size();
         if (known > largestPiece) {
-            error = "it is longer than 64 MiB";
+            error = name() + ": a line is longer than 64 MiB";
             return false;
         }
         if (!readStep(_window))
