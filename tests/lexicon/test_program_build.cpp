@@ -100,8 +100,8 @@ void TestProgramBuild::manyLostHeadwordsAreRefused_data()
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QByteArray>("refusal");
     const auto refusal = [](int total) {
-        return "teskel-lexicon: 1 of " + QByteArray::number(total) +
-               " headwords would be empty or \"?\"; is standard input UTF-8, with the headword "
+        return "teskel-lexicon: -: 1 of " + QByteArray::number(total) +
+               " headwords would be empty or \"?\": is the source in UTF-8, with the headword "
                "first? --force builds it all the same\n";
     };
     const QByteArray cyrillicOfWindows = "\xE2\xEE\xE4\xE0"; // in the code page 1251

@@ -12,6 +12,8 @@
 #include "lexicon/sources/sourcetable.h"
 #include "lexicon/text/givenback.h"
 
+#include <utility>
+
 namespace teskel
 {
 
@@ -44,28 +46,57 @@ std::string databaseName(const std::string& description)
     return name;
 }
 
+std::string listOf(const std::vector<std::string>& paths)
+{
+    std::string list;
+    for (const std::string& path : paths)
+        list += (list.empty() ? "" : ", ") + path;
+    return list;
+}
+
 } // namespace
+
+/// The first description that a source gives is the lexicon's, unless there is one in the options.
+bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, std::string& error)
+{
+    if (_options.description)
+        description =
+            intake.description(*_options.description, Latin1Converter::Text::PlainArticle);
+    uint32_t order = 0;
+    bool isStandardInputRead = false;
+    for (const std::string& path : _options.sources) {
+        if (path == "-" && std::exchange(isStandardInputRead, true)) {
+            error = "the standard input can be a source only once";
+            return false;
+        }
+        const auto source = sourceFor(path, _options.sourceKind, error);
+        if (!source)
+            return false;
+        source->setOrderBefore(order);
+        if (!source->read(intake, error))
+            return false;
+        order = source->lastOrder();
+        if (!_options.description && description.empty())
+            description = intake.description(source->description(), source->textKind());
+    }
+    return true;
+}
 
 bool LexiconBuilder::build(std::string& error)
 {
-    const auto source = sourceForPath(_options.source, error);
-    if (!source)
-        return false;
     EntryArena arena;
     EntryIntake intake(arena, _report, _options.text);
-    if (!source->read(intake, error) || !keepsHeadwords(intake, error))
+    std::string description;
+    if (!readSources(intake, description, error) || !keepsHeadwords(intake, error))
         return false;
-    const std::string description =
-        _options.description
-            ? intake.description(*_options.description, Latin1Converter::Text::PlainArticle)
-            : intake.description(source->description(), source->textKind());
     _report.conversions = intake.converter().counts();
 
     EntryMerger merger(arena, _report, _options.numbers, _options.text.form);
     OversizeSplitter splitter(arena, _report);
     const std::vector<LexiconEntry> entries = splitter.split(merger.merge(intake.take()));
     if (entries.empty()) {
-        error = _options.source + " holds no entries";
+        error = listOf(_options.sources) +
+                (_options.sources.size() == 1 ? " holds no entries" : " hold no entries");
         return false;
     }
     const RecordPlan plan(entries, _options.recordSize);
@@ -95,10 +126,10 @@ bool LexiconBuilder::keepsHeadwords(const EntryIntake& intake, std::string& erro
     const uint64_t lost = intake.lostHeadwords();
     if (_options.force || lost * mostLostShare <= _report.entriesRead)
         return true;
-    error = std::to_string(lost) + " of " + std::to_string(_report.entriesRead) +
-            " headwords would be empty or \"?\"; is " +
-            (_options.source == "-" ? "standard input" : _options.source) +
-            " UTF-8, with the headword first? --force builds it all the same";
+    error = listOf(_options.sources) + ": " + std::to_string(lost) + " of " +
+            std::to_string(_report.entriesRead) +
+            " headwords would be empty or \"?\": is the source in UTF-8, with the headword first? "
+            "--force builds it all the same";
     return false;
 }
 

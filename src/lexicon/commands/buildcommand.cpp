@@ -37,7 +37,11 @@ Action build(CLI::App& options)
         bool quiet = false;
     };
     const auto request = std::make_shared<Request>();
-    options.add_option("SOURCE", request->source, sourceHelp())->required();
+    options.add_option("SOURCE", request->sources, sourceHelp())->required();
+    options
+        .add_option("--from", request->sourceKind,
+                    "The kind of the sources (default: as each of them looks)")
+        ->check(CLI::IsMember(sourceKinds()));
     options.add_option("-o,--output", request->output, "The lexicon to write, such as Eng2Ger.PDB")
         ->required();
     options.add_option("--description", request->description,
