@@ -4,8 +4,8 @@
 // letters themselves.
 #include "bench/support/arguments.h"
 #include "bench/support/words.h"
+#include "dictionary/articleformatter.h"
 #include "dictionary/qtdictionary.h"
-#include "lookup/articleformatter.h"
 #include "lookup/dictionarytexts.h"
 #include "script/letterreference.h"
 #include "widgets/article/qteskeledit.h"

@@ -1,11 +1,13 @@
 # Debian packages by purpose, and the one function that installs what is missing. Sourced by
 # ./run and ./test.
 
-packages_build=(build-essential cmake ninja-build qt6-base-dev zlib1g-dev libicu-dev libcli11-dev
-    libgl-dev)
+packages_build=(
+    build-essential cmake ninja-build qt6-base-dev zlib1g-dev libicu-dev libarchive-dev libcli11-dev
+    libgl-dev
+)
 packages_reader=(qt6-qpa-plugins fonts-dejavu-core dict-freedict-eng-deu dict-freedict-deu-eng)
 packages_test=(
-    arj 7zip dictzip gzip locales              # independent witnesses of the packed records
+    arj 7zip dictzip gzip xz-utils zstd locales # independent witnesses of the packed records
     xvfb openbox xdotool xclip x11-utils imagemagick
     dbus dbus-daemon at-spi2-core python3 python3-pyatspi # the reader as a screen reader sees it
     desktop-file-utils appstream shared-mime-info groff-base e2fsprogs

@@ -10,6 +10,9 @@
 #include "lexicon/file/spotcheck.h"
 #include "lexicon/packing/arjmember.h"
 #include "lexicon/sources/sourcetable.h"
+#include "lexicon/text/givenback.h"
+
+#include <utility>
 
 namespace teskel
 {
@@ -20,12 +23,19 @@ namespace
 /// Content of the records that the reader does not use; an empty record would be a broken one.
 constexpr std::string_view unusedRecord("\0", 1);
 
-/// The name inside the database: the description without its markup.
+/// Of the headwords of a sound source, fewer than one in so many are lost.
+constexpr uint64_t mostLostShare = 100;
+
+/// The name inside the database, Latin-1: the description without its markup.
 std::string databaseName(const std::string& description)
 {
+    std::string text = description;
+    if (givenback::hasReferences(description))
+        text = Latin1Converter().converted(givenback::description(description),
+                                           Latin1Converter::Text::Headword);
     std::string name;
     bool inTag = false;
-    for (const char c : description) {
+    for (const char c : text) {
         if (c == '<')
             inTag = true;
         else if (c == '>' && inTag)
@@ -36,28 +46,57 @@ std::string databaseName(const std::string& description)
     return name;
 }
 
+std::string listOf(const std::vector<std::string>& paths)
+{
+    std::string list;
+    for (const std::string& path : paths)
+        list += (list.empty() ? "" : ", ") + path;
+    return list;
+}
+
 } // namespace
+
+/// The first description that a source gives is the lexicon's, unless there is one in the options.
+bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, std::string& error)
+{
+    if (_options.description)
+        description =
+            intake.description(*_options.description, Latin1Converter::Text::PlainArticle);
+    uint32_t order = 0;
+    bool isStandardInputRead = false;
+    for (const std::string& path : _options.sources) {
+        if (path == "-" && std::exchange(isStandardInputRead, true)) {
+            error = "the standard input can be a source only once";
+            return false;
+        }
+        const auto source = sourceFor(path, _options.sourceKind, error);
+        if (!source)
+            return false;
+        source->setOrderBefore(order);
+        if (!source->read(intake, error))
+            return false;
+        order = source->lastOrder();
+        if (!_options.description && description.empty())
+            description = intake.description(source->description(), source->textKind());
+    }
+    return true;
+}
 
 bool LexiconBuilder::build(std::string& error)
 {
-    const auto source = sourceForPath(_options.source, error);
-    if (!source)
-        return false;
     EntrySorter sorter;
-    EntryIntake intake(sorter, _report);
-    if (!source->read(intake, error))
+    EntryIntake intake(sorter, _report, _options.text);
+    std::string description;
+    if (!readSources(intake, description, error) || !keepsHeadwords(intake, error))
         return false;
-    const std::string description =
-        _options.description
-            ? intake.description(*_options.description, Latin1Converter::Text::PlainArticle)
-            : intake.description(source->description(), source->textKind());
     _report.conversions = intake.converter().counts();
 
     const std::unique_ptr<EntryFile> entries = gather(sorter, error);
     if (!entries)
         return false;
     if (entries->count() == 0) {
-        error = _options.source + " holds no entries";
+        error = listOf(_options.sources) +
+                (_options.sources.size() == 1 ? " holds no entries" : " hold no entries");
         return false;
     }
     const RecordPlan plan(*entries, _options.recordSize);
@@ -86,20 +125,36 @@ bool LexiconBuilder::build(std::string& error)
 std::unique_ptr<EntryFile> LexiconBuilder::gather(EntrySorter& sorter, std::string& error)
 {
     const auto sorted = sorter.sorted();
-    EntryMerger merger(*sorted, _report, _options.numbers);
+    EntryMerger merger(*sorted, _report, _options.numbers, _options.text.form);
     auto entries = std::make_unique<EntryFile>();
     entries->append(merger);
+    std::string trouble;
     OversizeSplitter splitter(_report);
     if (splitter.isNeeded(*entries)) {
         EntrySorter fitting;
         splitter.split(*entries, fitting);
-        error = entries->error();
+        trouble = entries->error();
         entries = std::make_unique<EntryFile>();
         entries->append(*fitting.sorted());
-        error += fitting.error();
+        trouble += fitting.error();
     }
-    error += sorter.error() + entries->error();
-    return error.empty() ? std::move(entries) : nullptr;
+    trouble += sorter.error() + entries->error();
+    if (trouble.empty())
+        return entries;
+    error = trouble;
+    return nullptr;
+}
+
+bool LexiconBuilder::keepsHeadwords(const EntryIntake& intake, std::string& error) const
+{
+    const uint64_t lost = intake.lostHeadwords();
+    if (_options.force || lost * mostLostShare <= _report.entriesRead)
+        return true;
+    error = listOf(_options.sources) + ": " + std::to_string(lost) + " of " +
+            std::to_string(_report.entriesRead) +
+            " headwords would be empty or \"?\": is the source in UTF-8, with the headword first? "
+            "--force builds it all the same";
+    return false;
 }
 
 bool LexiconBuilder::write(PendingFile& file, const std::string& description,

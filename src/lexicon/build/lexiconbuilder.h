@@ -3,6 +3,7 @@
 
 #include "lexicon/entries/buildreport.h"
 #include "lexicon/entries/lexiconentry.h"
+#include "lexicon/text/textoptions.h"
 
 #include <memory>
 #include <optional>
@@ -13,6 +14,7 @@ namespace teskel
 {
 
 class EntryFile;
+class EntryIntake;
 class EntrySorter;
 class PendingFile;
 class RecordPlan;
@@ -26,15 +28,18 @@ struct BuildOptions {
     static constexpr unsigned largestRecordSize = limits::recordBytes;
     static constexpr int defaultMethod = 1;
 
-    std::string source;
+    std::vector<std::string> sources; ///< merged in this order
+    std::string sourceKind;           ///< of all sources; empty: as each of them looks
     std::string output;
-    std::optional<std::string> description; ///< plain text, UTF-8; else the source's own
+    std::optional<std::string> description; ///< plain text, UTF-8; else a source's own
     int method = defaultMethod;
     unsigned recordSize = defaultRecordSize;
     bool numbers = true; ///< number the senses of merged articles
+    TextOptions text;
+    bool force = false; ///< build even where many headwords are lost
 };
 
-/// Builds a dictionary file from a source, all or nothing.
+/// Builds a dictionary file from its sources, all or nothing.
 class LexiconBuilder
 {
 public:
@@ -43,7 +48,7 @@ public:
     {
     }
 
-    /// Reads the source, writes the file beside its target, looks words up in it and gives it its
+    /// Reads the sources, writes the file beside its target, looks words up in it and gives it its
     /// name. On failure returns false, leaves nothing behind and says why in `error`.
     bool build(std::string& error);
 
@@ -51,6 +56,8 @@ public:
 
 private:
     std::unique_ptr<EntryFile> gather(EntrySorter& sorter, std::string& error);
+    bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
+    bool readSources(EntryIntake& intake, std::string& description, std::string& error);
     bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,
                EntryFile& entries, std::string& error);
 

@@ -18,6 +18,7 @@ struct Head {
     uint32_t articleLength;
     uint32_t order;
     uint16_t headwordLength;
+    uint16_t writtenLength;
 };
 
 class Reader : public EntryStream
@@ -39,6 +40,7 @@ public:
         entry.articleLength = head.articleLength;
         entry.order = head.order;
         entry.headwordLength = head.headwordLength;
+        entry.writtenLength = head.writtenLength;
         entry.text = take(entry.headwordLength + size_t{entry.articleLength} + 2);
         return entry.text != nullptr;
     }
@@ -79,7 +81,7 @@ private:
 
 bool EntryFile::append(const LexiconEntry& entry)
 {
-    const Head head{entry.articleLength, entry.order, entry.headwordLength};
+    const Head head{entry.articleLength, entry.order, entry.headwordLength, entry.writtenLength};
     std::array<char, sizeof head> bytes{};
     std::memcpy(bytes.data(), &head, sizeof head);
     ++_count;
@@ -99,7 +101,7 @@ bool EntryFile::append(EntryStream& entries)
 
 std::unique_ptr<EntryStream> EntryFile::read()
 {
-    _file.flush();
+    _file.finish();
     return std::make_unique<Reader>(_file);
 }
 

@@ -4,6 +4,7 @@
 #include "lexicon/entries/buildreport.h"
 #include "lexicon/entries/entrysorter.h"
 #include "lexicon/text/latin1converter.h"
+#include "lexicon/text/textoptions.h"
 
 #include <string>
 #include <string_view>
@@ -16,11 +17,15 @@ class EntryIntake
 {
 public:
     /// `entries` takes what was taken in; it and `report` must outlive the intake.
-    EntryIntake(EntrySorter& entries, BuildReport& report)
+    EntryIntake(EntrySorter& entries, BuildReport& report, TextOptions options = {})
         : _entries(entries)
         , _report(report)
+        , _options(options)
+        , _converter(options.form)
     {
     }
+
+    const TextOptions& options() const { return _options; }
 
     /// Takes an entry in UTF-8. `order` is its place in the source, `where` names that place to
     /// people ("line 17"). `kind` says what the article is.
@@ -32,14 +37,24 @@ public:
 
     const Latin1Converter& converter() const { return _converter; }
 
+    /// How many entries have a headword of which nothing is left: empty, or nothing but "?" that
+    /// the source does not have.
+    uint64_t lostHeadwords() const { return _lostHeadwords; }
+
 private:
-    void shorten(std::string& headword, std::string& article, std::string_view where);
+    static bool isLost(std::string_view headword);
+    /// The line, as it stands in an article, that gives a headword as written, UTF-8.
+    std::string lineOf(std::string_view written);
+    void shorten(std::string_view where);
 
     EntrySorter& _entries;
     BuildReport& _report;
+    TextOptions _options;
     Latin1Converter _converter;
+    uint64_t _lostHeadwords = 0;
     std::string _headword; // kept to reuse their memory
     std::string _article;
+    std::size_t _writtenLength = 0; ///< bytes of the line that begins the article
 };
 
 } // namespace teskel

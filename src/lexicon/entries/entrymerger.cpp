@@ -19,10 +19,11 @@ bool haveOneHeadword(const LexiconEntry& a, const LexiconEntry& b)
 
 } // namespace
 
-EntryMerger::EntryMerger(EntryStream& sorted, BuildReport& report, bool numbers)
+EntryMerger::EntryMerger(EntryStream& sorted, BuildReport& report, bool numbers, LatinForm form)
     : _groups(sorted, haveOneHeadword)
     , _report(report)
     , _numbers(numbers)
+    , _form(form)
 {
 }
 
@@ -35,32 +36,71 @@ bool EntryMerger::next(LexiconEntry& entry)
     return true;
 }
 
-LexiconEntry EntryMerger::merged(const std::vector<LexiconEntry>& group)
+std::vector<EntryMerger::Word> EntryMerger::wordsOf(const std::vector<LexiconEntry>& group)
 {
-    std::vector<std::string_view> articles;
+    std::vector<Word> words;
     std::unordered_set<std::string_view> known;
     for (const LexiconEntry& entry : group) {
-        if (known.insert(entry.article()).second)
-            articles.push_back(entry.article());
-        else
+        if (!known.insert(entry.article()).second) {
             ++_report.repeatedArticles;
+            continue;
+        }
+        const std::string_view line = entry.article().substr(0, entry.writtenLength);
+        auto word = std::find_if(words.begin(), words.end(),
+                                 [line](const Word& each) { return each.line == line; });
+        if (word == words.end())
+            word = words.insert(line.empty() ? words.begin() : words.end(), {line, {}});
+        word->articles.push_back(entry.article().substr(line.size()));
     }
-    if (articles.size() == 1)
+    return words;
+}
+
+LexiconEntry EntryMerger::merged(const std::vector<LexiconEntry>& group)
+{
+    const std::vector<Word> words = wordsOf(group);
+    if (words.size() == 1 && words.front().articles.size() == 1)
         return group.front();
     ++_report.mergedHeadwords;
-    const bool numbered =
-        _numbers && std::none_of(articles.begin(), articles.end(), sensenumbers::beginsWithNumber);
     _article.clear();
-    unsigned sense = 0;
-    for (const std::string_view article : articles) {
-        if (sense++ > 0)
+    for (const Word& word : words) {
+        if (!_article.empty())
             _article += '\n';
-        if (numbered && sense <= sensenumbers::highest)
-            (_article += static_cast<char>('0' + sense)) += ". ";
-        _article += article;
+        append(word);
     }
     _arena.clear();
     return _arena.make(group.front().headword(), _article, group.front().order);
+}
+
+bool EntryMerger::isNumbered(std::string_view article) const
+{
+    return _form == LatinForm::Plain ? sensenumbers::beginsWithNumber(article)
+                                     : sensenumbers::hasNumber(article);
+}
+
+std::string EntryMerger::number(unsigned sense) const
+{
+    if (_form == LatinForm::Plain && sense > sensenumbers::highest)
+        return {};
+    std::string text = sensenumbers::written(sense);
+    sensenumbers::referDigits(text);
+    return text + ' ';
+}
+
+void EntryMerger::append(const Word& word)
+{
+    const auto& articles = word.articles;
+    const bool numbered =
+        _numbers && articles.size() > 1 &&
+        std::none_of(articles.begin(), articles.end(),
+                     [this](std::string_view article) { return isNumbered(article); });
+    _article += word.line;
+    for (size_t i = 0; i < articles.size(); ++i) {
+        if (i > 0)
+            _article += '\n';
+        if (numbered)
+            _article += number(static_cast<unsigned>(i) + 1);
+        _article += articles[i];
+    }
 }
 
 } // namespace teskel

@@ -80,10 +80,12 @@ private:
 
 } // namespace
 
-bool EntrySorter::add(std::string_view headword, std::string_view article, uint32_t order)
+bool EntrySorter::add(std::string_view headword, std::string_view article, uint32_t order,
+                      uint16_t writtenLength)
 {
     ++_count;
     _held.push_back(_arena->make(headword, article, order));
+    _held.back().writtenLength = writtenLength;
     _heldBytes += sizeof(LexiconEntry) + _held.back().packed().size();
     return _heldBytes < _room || putAside();
 }

@@ -26,8 +26,10 @@ public:
     {
     }
 
-    /// Takes an entry; false when a temporary file could not be written.
-    bool add(std::string_view headword, std::string_view article, uint32_t order);
+    /// Takes an entry; `writtenLength` is that of LexiconEntry. False when a temporary file could
+    /// not be written.
+    bool add(std::string_view headword, std::string_view article, uint32_t order,
+             uint16_t writtenLength = 0);
 
     /// All entries in the order of a lexicon, once. The sorter must outlive the stream.
     std::unique_ptr<EntryStream> sorted();

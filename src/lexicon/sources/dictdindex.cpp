@@ -2,6 +2,7 @@
 #include "lexicon/sources/dictdindex.h"
 
 #include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/lexiconsource.h"
 
 #include <optional>
 
@@ -48,6 +49,20 @@ std::string_view takeField(std::string_view& text)
     return field;
 }
 
+/// A line without its end; offset and length are the second and the third field.
+std::optional<DictdIndex::Line> lineOf(std::string_view text)
+{
+    DictdIndex::Line line;
+    line.key = takeField(text);
+    const auto offset = number(takeField(text));
+    const auto size = number(takeField(text));
+    if (!offset || !size)
+        return std::nullopt;
+    line.offset = *offset;
+    line.size = *size;
+    return line;
+}
+
 bool isMetadata(std::string_view key)
 {
     return key.starts_with("00database") || key.starts_with("00-database-");
@@ -55,39 +70,40 @@ bool isMetadata(std::string_view key)
 
 } // namespace
 
+bool DictdIndex::isBegunBy(std::string_view head)
+{
+    bool hasLine = false;
+    for (size_t end = head.find('\n'); end != std::string_view::npos; end = head.find('\n')) {
+        if (end > 0 && !lineOf(head.substr(0, end)))
+            return false;
+        hasLine = hasLine || end > 0;
+        head.remove_prefix(end + 1);
+    }
+    return hasLine;
+}
+
 bool DictdIndex::read(const std::string& path, std::string& error)
 {
     InputFile file;
-    if (!file.open(path, error) || !file.readAll(_text, error))
+    if (!file.open(path, error) || !file.readAll(_text, error) || !file.checkUnchanged(error))
         return false;
-    uint32_t line = 0;
+    uint32_t number = 0;
     for (std::string_view rest = _text; !rest.empty();) {
         const size_t end = rest.find('\n');
         const std::string_view text = rest.substr(0, end);
         rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-        ++line;
-        if (!text.empty() && !parseLine(text, line, error)) {
-            error = path + ", line " + std::to_string(line) + ": " + error;
+        ++number;
+        if (text.empty())
+            continue;
+        auto line = lineOf(text);
+        if (!line) {
+            error = placeInFile(path, number) +
+                    ": not a line of a dictd index (word, offset and length, divided by tabs)";
             return false;
         }
+        line->number = number;
+        (isMetadata(line->key) ? _metadata : _entries).push_back(*line);
     }
-    return true;
-}
-
-bool DictdIndex::parseLine(std::string_view text, uint32_t line, std::string& error)
-{
-    Line entry;
-    entry.number = line;
-    entry.key = takeField(text);
-    const auto offset = number(takeField(text));
-    const auto size = number(takeField(text));
-    if (!offset || !size) {
-        error = "not a line of a dictd index (word, offset and length, divided by tabs)";
-        return false;
-    }
-    entry.offset = *offset;
-    entry.size = *size;
-    (isMetadata(entry.key) ? _metadata : _entries).push_back(entry);
     return true;
 }
 

@@ -20,6 +20,10 @@ public:
         uint32_t number = 0;  ///< line of the index, from 1
     };
 
+    /// Whether an index begins with these bytes: whether the lines among them are such lines, the
+    /// last one left aside when it has no end.
+    static bool isBegunBy(std::string_view head);
+
     /// Reads the file (path in the bytes of the file system). On failure returns false and says
     /// why in `error`.
     bool read(const std::string& path, std::string& error);
@@ -30,8 +34,6 @@ public:
     const std::vector<Line>& metadata() const { return _metadata; }
 
 private:
-    bool parseLine(std::string_view text, uint32_t number, std::string& error);
-
     std::string _text;
     std::vector<Line> _entries;
     std::vector<Line> _metadata;

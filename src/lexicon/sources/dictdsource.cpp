@@ -2,6 +2,7 @@
 #include "lexicon/sources/dictdsource.h"
 
 #include "lexicon/sources/freedictentry.h"
+#include "lexicon/sources/siblingfile.h"
 
 #include <algorithm>
 
@@ -14,6 +15,14 @@ namespace
 {
 
 constexpr std::string_view indexSuffix = ".index";
+constexpr std::string_view articlesSuffix = ".dict";
+
+/// What the names of the dictionary's files have in common.
+std::string_view baseOf(std::string_view path)
+{
+    const std::string_view base = siblingfile::base(path, {indexSuffix, articlesSuffix});
+    return base.empty() ? path : base;
+}
 
 /// The first line that holds anything, without the blanks around it.
 std::string firstLineOf(std::string_view text)
@@ -33,26 +42,47 @@ bool isShortName(const DictdIndex::Line& line)
 
 } // namespace
 
-bool DictdSource::isNamedBy(std::string_view path)
+Likeness DictdSource::looksLike(const std::string& path, std::string_view head)
 {
-    return path.ends_with(indexSuffix);
+    if (path == "-")
+        return Likeness::None;
+    // What looks like an index could be any table; its articles make sure.
+    if (DictdIndex::isBegunBy(head) && !siblingfile::find(baseOf(path), articlesSuffix).empty())
+        return Likeness::Certain;
+    const bool isIndex = !siblingfile::base(path, {indexSuffix}).empty();
+    const bool isArticles = head.empty() || !siblingfile::base(path, {articlesSuffix}).empty();
+    return isIndex || (isArticles && !siblingfile::find(baseOf(path), indexSuffix).empty())
+               ? Likeness::Named
+               : Likeness::None;
+}
+
+bool DictdSource::findFiles(std::string& error)
+{
+    const std::string base(baseOf(_path));
+    // A path that names the index is taken at its word, for the sake of the error message.
+    const bool isIndex = !siblingfile::base(_path, {indexSuffix}).empty();
+    const bool isArticles = !siblingfile::base(_path, {articlesSuffix}).empty();
+    _indexPath = isIndex ? _path : siblingfile::find(base, indexSuffix);
+    _articlesPath = isArticles ? _path : siblingfile::find(base, articlesSuffix);
+    if (_indexPath.empty() && ::access(_path.c_str(), F_OK) == 0 && !isArticles)
+        _indexPath = _path;
+    if (_indexPath.empty())
+        error = "cannot find " + base + ".index beside the articles";
+    return !_indexPath.empty();
 }
 
 bool DictdSource::openArticles(InputFile& articles, std::string& error) const
 {
-    const std::string base = _indexPath.substr(0, _indexPath.size() - indexSuffix.size());
-    for (const char* suffix : {".dict.dz", ".dict"}) {
-        const std::string path = base + suffix;
-        if (::access(path.c_str(), F_OK) != 0)
-            continue;
-        if (!articles.open(path, error))
-            return false;
-        if (articles.isPacked() || !path.ends_with(".dz"))
-            return true;
-        error = path + " is not packed by dictzip or gzip";
+    if (_articlesPath.empty()) {
+        const std::string base(baseOf(_path));
+        error = "cannot find " + base + ".dict.dz or " + base + ".dict beside the index";
         return false;
     }
-    error = "cannot find " + base + ".dict.dz or " + base + ".dict beside the index";
+    if (!articles.open(_articlesPath, error))
+        return false;
+    if (articles.isPacked() || !_articlesPath.ends_with(".dz"))
+        return true;
+    error = _articlesPath + " is not packed by dictzip or gzip";
     return false;
 }
 
@@ -77,7 +107,7 @@ bool DictdSource::read(EntryIntake& intake, std::string& error)
 {
     DictdIndex index;
     InputFile articles;
-    if (!index.read(_indexPath, error) || !openArticles(articles, error) ||
+    if (!findFiles(error) || !index.read(_indexPath, error) || !openArticles(articles, error) ||
         !readDescription(index, articles, error))
         return false;
     // In the order of the data everything is unpacked once.
@@ -90,15 +120,19 @@ bool DictdSource::read(EntryIntake& intake, std::string& error)
     });
     std::string text;
     for (const DictdIndex::Line* line : lines) {
+        const std::string where = placeInFile(_indexPath, line->number);
         if (!articles.read(line->offset, line->size, text, error)) {
-            error = _indexPath + ", line " + std::to_string(line->number) + ": " + error;
+            error = where + ": " + error;
             return false;
         }
-        const FreeDictEntry entry = FreeDictEntry::parse(line->key, text);
-        intake.add(entry.headword, entry.article, textKind(), line->number,
-                   "line " + std::to_string(line->number));
+        const FreeDictEntry entry = FreeDictEntry::parse(line->key, text, intake.options());
+        if (entry.pronunciations.empty())
+            add(intake, entry.headword, entry.article, textKind(), line->number, where);
+        else
+            add(intake, entry.headword, richText(entry.article, entry.pronunciations),
+                Latin1Converter::Text::MarkupArticle, line->number, where);
     }
-    return true;
+    return articles.checkUnchanged(error);
 }
 
 } // namespace teskel

@@ -4,6 +4,7 @@
 #include "lexicon/sources/dictdindex.h"
 #include "lexicon/sources/inputfile.h"
 #include "lexicon/sources/lexiconsource.h"
+#include "lexicon/sources/likeness.h"
 
 namespace teskel
 {
@@ -12,12 +13,12 @@ namespace teskel
 class DictdSource : public LexiconSource
 {
 public:
-    /// Whether a file of that name is the index of such a dictionary.
-    static bool isNamedBy(std::string_view path);
+    /// `head` are the first bytes of the file, if there is one of that name.
+    static Likeness looksLike(const std::string& path, std::string_view head);
 
-    /// `indexPath` ends with ".index"; the articles are in ".dict.dz" or ".dict" beside it.
-    explicit DictdSource(std::string indexPath)
-        : _indexPath(std::move(indexPath))
+    /// `path` is that of the ".index", of the ".dict" or ".dict.dz", or what they have in common.
+    explicit DictdSource(std::string path)
+        : _path(std::move(path))
     {
     }
 
@@ -25,10 +26,13 @@ public:
     Latin1Converter::Text textKind() const override { return Latin1Converter::Text::PlainArticle; }
 
 private:
+    bool findFiles(std::string& error);
     bool openArticles(InputFile& articles, std::string& error) const;
     bool readDescription(const DictdIndex& index, InputFile& articles, std::string& error);
 
+    std::string _path;
     std::string _indexPath;
+    std::string _articlesPath;
 };
 
 } // namespace teskel

@@ -1,30 +1,39 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
-#include <string>
+#include "lexicon/sources/rawfile.h"
 
-struct gzFile_s;
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
 
 namespace teskel
 {
 
-/// Reads an input: as it is, or unpacked when gzip or dictzip packed it.
+/// Reads an input: as it is, or unpacked when gzip, dictzip, xz or zstd packed it, which its first
+/// bytes tell.
 ///
 /// What is wrong is told in `error` by the functions that return false.
 class InputFile
 {
 public:
+    /// The largest piece that read() and readLine() hand over, bytes: beyond any article.
+    static constexpr uint64_t largestPiece = 64U << 20;
+
     InputFile() = default;
-    InputFile(const InputFile&) = delete;
-    InputFile& operator=(const InputFile&) = delete;
-    ~InputFile();
 
     /// Opens a file, once (path in the bytes of the file system), or the standard input for "-".
     bool open(const std::string& path, std::string& error);
 
+    /// The name of the input for people.
+    std::string name() const;
     /// Whether what is read is unpacked on the way.
-    bool isPacked() const { return _isPacked; }
+    bool isPacked() const { return _unpacked != nullptr; }
+
+    /// The first bytes of the data, at most `size`. Nothing may have been read before; they are
+    /// still to be read.
+    std::string_view head(size_t size);
 
     /// Reads everything. Nothing else may have been read before.
     bool readAll(std::string& content, std::string& error);
@@ -33,15 +42,27 @@ public:
     /// go back to an earlier offset is to read from the beginning.
     bool read(uint64_t offset, uint64_t size, std::string& out, std::string& error);
 
+    /// Reads the next piece of the data, empty at the end.
+    bool readNext(std::string& out, std::string& error);
+
+    /// Reads the next line without its end; `isEnd` tells that there is none.
+    bool readLine(std::string& line, bool& isEnd, std::string& error);
+
+    /// Fails when the file changed since it was opened: what was read does not belong together.
+    bool checkUnchanged(std::string& error) const;
+
 private:
     bool readStep(std::string& out);
     bool fillWindow(uint64_t offset, uint64_t size);
+    std::string reasonOfFailure() const;
 
     std::string _path;
-    gzFile_s* _file = nullptr;
-    bool _isPacked = false;
+    RawFile _file;
+    std::unique_ptr<ByteStream> _unpacked; ///< null when the file is not packed
+    bool _hasFailed = false;
     std::string _window;       ///< the piece of the data around the last offset
     uint64_t _windowBegin = 0; ///< its place in the unpacked data, bytes
+    size_t _lineBegin = 0;     ///< place of the next line in the window
 };
 
 } // namespace teskel

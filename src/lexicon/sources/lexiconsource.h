@@ -4,6 +4,7 @@
 #include "lexicon/entries/entryintake.h"
 
 #include <string>
+#include <string_view>
 
 namespace teskel
 {
@@ -22,12 +23,29 @@ public:
     /// What kind of text the source's articles and its description are.
     virtual Latin1Converter::Text textKind() const = 0;
 
+    /// The place of this source's entries among those of several sources: behind `order`.
+    void setOrderBefore(uint32_t order) { _orderBefore = _lastOrder = order; }
+    /// The highest place that was given to an entry.
+    uint32_t lastOrder() const { return _lastOrder; }
+
 protected:
     LexiconSource() = default;
     LexiconSource(const LexiconSource&) = delete;
     LexiconSource& operator=(const LexiconSource&) = delete;
 
+    /// Hands one entry on. `number` is its place in this source, from 1; no two entries of a source
+    /// have the same.
+    void add(EntryIntake& intake, std::string_view headword, std::string_view article,
+             Latin1Converter::Text kind, uint32_t number, std::string_view where);
+
     std::string _description;
+
+private:
+    uint32_t _orderBefore = 0;
+    uint32_t _lastOrder = 0;
 };
+
+/// A line of a file, for people and programs: "words.tsv:17".
+std::string placeInFile(std::string_view name, uint64_t line);
 
 } // namespace teskel

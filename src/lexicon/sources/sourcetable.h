@@ -5,13 +5,19 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace teskel
 {
 
-/// The source that `path` names. Null, with the reason in `error`, when no kind of source takes a
-/// file of that name.
-std::unique_ptr<LexiconSource> sourceForPath(const std::string& path, std::string& error);
+/// The source that `path` names (in the bytes of the file system; "-" is the standard input): of
+/// the kind `kindName`, or when that is empty of the kind that its content or else its name tells.
+/// Null, with the reason in `error`, when it cannot be opened or is of no kind.
+std::unique_ptr<LexiconSource> sourceFor(const std::string& path, const std::string& kindName,
+                                         std::string& error);
+
+/// The names of all kinds of source.
+std::vector<std::string> sourceKinds();
 
 /// What can be named as a source, for the help of the program.
 std::string sourceHelp();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/tsvsource.h"
 
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/siblingfile.h"
 #include "lexicon/sources/tsv.h"
 
 namespace teskel
@@ -12,42 +12,49 @@ namespace
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 } // namespace
 
-bool TsvSource::isNamedBy(std::string_view path)
+Likeness TsvSource::looksLike(const std::string& path, std::string_view head)
 {
-    return path == "-" || path.ends_with(".tsv");
+    if (path == "-" || siblingfile::withoutPackerSuffix(path).ends_with(".tsv"))
+        return Likeness::Named;
+    const bool isText = head.find('\0') == std::string_view::npos;
+    const std::string_view firstLine = head.substr(0, head.find('\n'));
+    return isText && firstLine.find('\t') != std::string_view::npos ? Likeness::Possible
+                                                                    : Likeness::None;
 }
 
 bool TsvSource::read(EntryIntake& intake, std::string& error)
 {
-    InputFile file;
-    std::string text;
-    if (!file.open(_path, error) || !file.readAll(text, error))
-        return false;
-    std::string_view rest = text;
-    if (rest.starts_with(byteOrderMark))
-        rest.remove_prefix(byteOrderMark.size());
-    for (uint32_t number = 1; !rest.empty(); ++number) {
-        const size_t end = rest.find('\n');
-        std::string_view line = rest.substr(0, end);
-        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
-        if (line.empty())
-            continue;
-        const std::string where = "line " + std::to_string(number);
-        std::string_view headword;
-        std::string_view article;
-        if (!tsv::split(line, headword, article)) {
-            error = (_path == "-" ? "standard input" : _path) + ", " + where +
-                    ": no tab between headword and article";
+    std::string line;
+    bool isEnd = false;
+    for (; _input->readLine(line, isEnd, error);) {
+        if (isEnd)
+            return _input->checkUnchanged(error);
+        std::string_view text = line;
+        if (++_lineNumber == 1 && text.starts_with(byteOrderMark))
+            text.remove_prefix(byteOrderMark.size());
+        if (text.ends_with('\r'))
+            text.remove_suffix(1);
+        if (!text.empty() && !takeLine(text, intake, error)) {
+            error = placeInFile(_input->name(), _lineNumber) + ": " + error;
             return false;
         }
-        if (headword.empty() && _description.empty())
-            _description = tsv::unescaped(article);
-        else
-            intake.add(tsv::unescaped(headword), tsv::unescaped(article), textKind(), number,
-                       where);
     }
+    return false;
+}
+
+bool TsvSource::takeLine(std::string_view line, EntryIntake& intake, std::string& error)
+{
+    std::string_view headword;
+    std::string_view article;
+    if (!tsv::split(line, headword, article)) {
+        error = "no tab between headword and article";
+        return false;
+    }
+    if (headword.empty() && _description.empty())
+        _description = tsv::unescaped(article);
+    else
+        add(intake, tsv::unescaped(headword), tsv::unescaped(article), textKind(), ++_entryNumber,
+            placeInFile(_input->name(), _lineNumber));
     return true;
 }
 

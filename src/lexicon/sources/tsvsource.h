@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lexicon/sources/inputfile.h"
 #include "lexicon/sources/lexiconsource.h"
+#include "lexicon/sources/likeness.h"
+
+#include <memory>
 
 namespace teskel
 {
@@ -10,12 +14,12 @@ namespace teskel
 class TsvSource : public LexiconSource
 {
 public:
-    /// Whether a file of that name, or "-" for the standard input, is such text.
-    static bool isNamedBy(std::string_view path);
+    /// `head` are the first bytes of the file, if there is one of that name.
+    static Likeness looksLike(const std::string& path, std::string_view head);
 
-    /// `path` is "-" for the standard input.
-    explicit TsvSource(std::string path)
-        : _path(std::move(path))
+    /// `input` stands at its beginning.
+    explicit TsvSource(std::unique_ptr<InputFile> input)
+        : _input(std::move(input))
     {
     }
 
@@ -23,7 +27,11 @@ public:
     Latin1Converter::Text textKind() const override { return Latin1Converter::Text::MarkupArticle; }
 
 private:
-    std::string _path;
+    bool takeLine(std::string_view line, EntryIntake& intake, std::string& error);
+
+    std::unique_ptr<InputFile> _input;
+    uint64_t _lineNumber = 0;
+    uint32_t _entryNumber = 0;
 };
 
 } // namespace teskel

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/sources/rawfile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace teskel
+{
+
+RawFile::~RawFile()
+{
+    if (_descriptor >= 0)
+        ::close(_descriptor);
+}
+
+bool RawFile::open(const std::string& path)
+{
+    const bool isStandardInput = path == "-";
+    // Without O_NONBLOCK the opening of a pipe waits for someone to write into it.
+    _descriptor = isStandardInput ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
+                                  : ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (_descriptor < 0 || ::fstat(_descriptor, &_opened) != 0)
+        _reason = std::strerror(errno);
+    else if (S_ISDIR(_opened.st_mode))
+        _reason = std::strerror(EISDIR);
+    else if (!isStandardInput && !S_ISREG(_opened.st_mode))
+        _reason = "it is no regular file (\"-\" reads the standard input)";
+    return _reason.empty();
+}
+
+long RawFile::readDescriptor(char* out, std::size_t size)
+{
+    long got = 0;
+    do {
+        got = ::read(_descriptor, out, size);
+    } while (got < 0 && errno == EINTR);
+    if (got < 0)
+        _reason = std::strerror(errno);
+    return got;
+}
+
+std::string_view RawFile::head(std::size_t size)
+{
+    while (_ahead.size() < size) {
+        const std::size_t length = _ahead.size();
+        _ahead.resize(size);
+        const long got = readDescriptor(_ahead.data() + length, size - length);
+        _ahead.resize(length + static_cast<std::size_t>(std::max(got, 0L)));
+        if (got <= 0)
+            break;
+    }
+    return std::string_view(_ahead).substr(0, size);
+}
+
+long RawFile::read(char* out, std::size_t size)
+{
+    if (_ahead.empty())
+        return readDescriptor(out, size);
+    const std::size_t given = std::min(size, _ahead.size());
+    _ahead.copy(out, given);
+    _ahead.erase(0, given);
+    return static_cast<long>(given);
+}
+
+bool RawFile::rewind()
+{
+    _ahead.clear();
+    if (::lseek(_descriptor, 0, SEEK_SET) == 0)
+        return true;
+    _reason = std::strerror(errno);
+    return false;
+}
+
+bool RawFile::isUnchanged() const
+{
+    struct stat now = {};
+    if (!S_ISREG(_opened.st_mode))
+        return true;
+    return ::fstat(_descriptor, &now) == 0 && now.st_size == _opened.st_size &&
+           now.st_mtim.tv_sec == _opened.st_mtim.tv_sec &&
+           now.st_mtim.tv_nsec == _opened.st_mtim.tv_nsec;
+}
+
+} // namespace teskel

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+/// Dictionaries that consist of several files, whose names differ in their ends. Paths are in the
+/// bytes of the file system.
+namespace teskel::siblingfile
+{
+
+/// The path without the ".gz", ".dz", ".xz" or ".zst" at its end.
+std::string_view withoutPackerSuffix(std::string_view path);
+
+/// The path without a packer's suffix and without the first of `suffixes` that it ends with; empty
+/// when it ends with none.
+std::string_view base(std::string_view path, std::initializer_list<std::string_view> suffixes);
+
+/// The file whose name is `base` and `suffix`, or which has a packer's suffix behind that; empty
+/// when there is none. A packed one comes first.
+std::string find(std::string_view base, std::string_view suffix);
+
+} // namespace teskel::siblingfile
