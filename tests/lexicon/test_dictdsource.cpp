@@ -69,16 +69,16 @@ void TestDictdSource::stage(const QTemporaryDir& directory, const QString& packe
 TestDictdSource::Pairs TestDictdSource::readAll(const std::string& index, std::string& error,
                                                 const TextOptions& options)
 {
-    EntryArena arena;
+    EntrySorter sorter;
     BuildReport report;
-    EntryIntake intake(arena, report, options);
+    EntryIntake intake(sorter, report, options);
     DictdSource source(index);
     if (!source.read(intake, error))
         return {};
-    std::vector<LexiconEntry> entries = intake.take();
-    std::sort(entries.begin(), entries.end(), comesBefore);
+    const auto sorted = sorter.sorted();
     Pairs result;
-    for (const LexiconEntry& entry : entries)
+    LexiconEntry entry;
+    while (sorted->next(entry))
         result.append({QByteArray(entry.text), QByteArray(entry.article().data())});
     return result;
 }
@@ -184,9 +184,9 @@ void TestDictdSource::readsAcrossChunks()
 
 void TestDictdSource::describesItself()
 {
-    EntryArena arena;
+    EntrySorter sorter;
     BuildReport report;
-    EntryIntake intake(arena, report);
+    EntryIntake intake(sorter, report);
     DictdSource source(TEST_DATA "/sample.index");
     std::string error;
     QVERIFY(source.read(intake, error));

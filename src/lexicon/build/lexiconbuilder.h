@@ -5,6 +5,7 @@
 #include "lexicon/entries/lexiconentry.h"
 #include "lexicon/text/textoptions.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,7 +13,9 @@
 namespace teskel
 {
 
+class EntryFile;
 class EntryIntake;
+class EntrySorter;
 class PendingFile;
 class RecordPlan;
 
@@ -54,8 +57,9 @@ public:
 private:
     bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
     bool readSources(EntryIntake& intake, std::string& description, std::string& error);
+    std::unique_ptr<EntryFile> gather(EntrySorter& sorter, std::string& error);
     bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,
-               std::string& error);
+               EntryFile& entries, std::string& error);
 
     BuildOptions _options;
     BuildReport _report;
