@@ -4,6 +4,7 @@
 #include "lexicon/file/articleof.h"
 #include "lexicon/sources/dictdsource.h"
 #include "lexicon/text/givenback.h"
+#include "tests/support/childprocess.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -60,10 +61,7 @@ int TestReal::run(const QStringList& arguments)
 {
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(QStringLiteral(TESKEL_LEXICON), arguments);
-    if (!process.waitForFinished(300000) || process.exitStatus() != QProcess::NormalExit)
-        return -1;
-    return process.exitCode();
+    return teskel::test::runToEnd(process, QStringLiteral(TESKEL_LEXICON), arguments).code;
 }
 
 void TestReal::addLexicons()
