@@ -154,18 +154,21 @@ void TestEntryMerger::wordsThatFellTogetherStayApart()
 {
     using Entries = QList<QPair<QByteArray, QByteArray>>;
     QFETCH(Entries, entries);
-    EntrySorter sorter;
-    BuildReport report;
-    for (const auto& [line, article] : entries)
-        sorter.add("d", (line + article).toStdString(), static_cast<uint32_t>(sorter.count()),
-                   static_cast<uint16_t>(line.size()));
-    const auto sorted = sorter.sorted();
-    EntryMerger merger(*sorted, report, true);
-    LexiconEntry merged;
-    QVERIFY(merger.next(merged));
-    QTEST(QByteArray(merged.article().data()), "article");
-    LexiconEntry another;
-    QVERIFY(!merger.next(another));
+    // In memory, and put aside in files after each entry.
+    for (const size_t room : {EntrySorter::usualRoom, size_t{1}}) {
+        EntrySorter sorter(room);
+        BuildReport report;
+        uint32_t order = 0;
+        for (const auto& [line, article] : entries)
+            QVERIFY(sorter.add("d", (line + article).toStdString(), order++,
+                               static_cast<uint16_t>(line.size())));
+        const auto sorted = sorter.sorted();
+        EntryMerger merger(*sorted, report, true);
+        LexiconEntry merged;
+        QVERIFY(merger.next(merged));
+        QTEST(QByteArray(merged.article().data()), "article");
+        QVERIFY(!merger.next(merged));
+    }
 }
 
 void TestEntryMerger::sortsAsTheReaderCompares()

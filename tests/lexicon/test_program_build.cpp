@@ -212,8 +212,7 @@ void TestProgramBuild::fullDiskLeavesNothingBehind()
     const ProgramResult result =
         _program.run(process, words({"build", "big.tsv", "-o", "full.PDB"}));
     QCOMPARE(result.code, 3);
-    QVERIFY2(result.err.startsWith("teskel-lexicon: cannot write full.PDB: "),
-             result.err.constData());
+    QVERIFY2(result.err.startsWith("teskel-lexicon: cannot write "), result.err.constData());
     QCOMPARE(QDir(_program.directory()).entryList(), before);
 }
 

@@ -96,9 +96,8 @@ void TestSourceTable::takesSourcesByContentThenByName()
     QVERIFY2(source, error.c_str());
     QByteArray read;
     if (source->read(intake, error)) {
-        const auto sorted = sorter.sorted();
-        LexiconEntry entry;
-        while (sorted->next(entry))
+        const auto entries = sorter.sorted();
+        for (LexiconEntry entry; entries->next(entry);)
             read += QByteArray(entry.article().data());
     } else {
         read = QByteArray::fromStdString(error).replace(_directory.path().toUtf8(), "DIR");

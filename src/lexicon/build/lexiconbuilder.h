@@ -55,9 +55,9 @@ public:
     const BuildReport& report() const { return _report; }
 
 private:
-    std::unique_ptr<EntryFile> gather(EntrySorter& sorter, std::string& error);
     bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
     bool readSources(EntryIntake& intake, std::string& description, std::string& error);
+    std::unique_ptr<EntryFile> gather(EntrySorter& sorter, std::string& error);
     bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,
                EntryFile& entries, std::string& error);
 

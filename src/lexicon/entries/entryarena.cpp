@@ -43,9 +43,9 @@ LexiconEntry EntryArena::make(std::string_view headword, std::string_view articl
 
 LexiconEntry EntryArena::copy(const LexiconEntry& entry)
 {
-    LexiconEntry result = make(entry.headword(), entry.article(), entry.order);
-    result.writtenLength = entry.writtenLength;
-    return result;
+    LexiconEntry copied = make(entry.headword(), entry.article(), entry.order);
+    copied.writtenLength = entry.writtenLength;
+    return copied;
 }
 
 /// Keeps a block: to fill it again costs less than to ask for another.

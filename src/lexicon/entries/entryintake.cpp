@@ -71,9 +71,9 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
     if (_headword.size() > limits::headwordBytes)
         shorten(where);
     // A longer line is one of the article's own.
-    const bool isLine = _writtenLength <= std::numeric_limits<uint16_t>::max();
+    const bool isKnown = _writtenLength <= std::numeric_limits<uint16_t>::max();
     _entries.add(_headword, _article, order,
-                 isLine ? static_cast<uint16_t>(_writtenLength) : uint16_t{0});
+                 isKnown ? static_cast<uint16_t>(_writtenLength) : uint16_t{0});
 }
 
 bool EntryIntake::isLost(std::string_view headword)

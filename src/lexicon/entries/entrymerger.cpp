@@ -4,6 +4,7 @@
 #include "lexicon/text/sensenumbers.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace teskel
@@ -36,9 +37,11 @@ bool EntryMerger::next(LexiconEntry& entry)
     return true;
 }
 
+/// In the order of the source, but the word without a line first.
 std::vector<EntryMerger::Word> EntryMerger::wordsOf(const std::vector<LexiconEntry>& group)
 {
-    std::vector<Word> words;
+    std::vector<Word> words(1);
+    std::unordered_map<std::string_view, size_t> places = {{std::string_view(), 0}};
     std::unordered_set<std::string_view> known;
     for (const LexiconEntry& entry : group) {
         if (!known.insert(entry.article()).second) {
@@ -46,12 +49,13 @@ std::vector<EntryMerger::Word> EntryMerger::wordsOf(const std::vector<LexiconEnt
             continue;
         }
         const std::string_view line = entry.article().substr(0, entry.writtenLength);
-        auto word = std::find_if(words.begin(), words.end(),
-                                 [line](const Word& each) { return each.line == line; });
-        if (word == words.end())
-            word = words.insert(line.empty() ? words.begin() : words.end(), {line, {}});
-        word->articles.push_back(entry.article().substr(line.size()));
+        const auto [place, isNew] = places.emplace(line, words.size());
+        if (isNew)
+            words.push_back({line, {}});
+        words[place->second].articles.push_back(entry.article().substr(line.size()));
     }
+    if (words.front().articles.empty())
+        words.erase(words.begin());
     return words;
 }
 

@@ -28,6 +28,17 @@ size_t bytesOf(const std::vector<LexiconEntry>& group)
     return bytes;
 }
 
+/// `place`, or the beginning of what `opening` begins and no `closing` ends before it, if that is
+/// not before `first`.
+size_t unbroken(std::string_view article, size_t place, size_t first, char opening, char closing)
+{
+    const size_t opened = article.substr(0, place).rfind(opening);
+    if (opened == std::string_view::npos || opened < first ||
+        article.substr(opened, place - opened).find(closing) != std::string_view::npos)
+        return place;
+    return opened;
+}
+
 std::string folded(std::string_view headword)
 {
     std::string result(headword);
@@ -53,17 +64,6 @@ std::string_view continuedBy(std::string_view headword)
     const bool isNumber =
         !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
     return isNumber ? headword.substr(0, open) : std::string_view();
-}
-
-/// `place`, or the beginning of what `opening` begins and no `closing` ends before it, if that is
-/// not before `first`.
-size_t unbroken(std::string_view article, size_t place, size_t first, char opening, char closing)
-{
-    const size_t opened = article.substr(0, place).rfind(opening);
-    if (opened == std::string_view::npos || opened < first ||
-        article.substr(opened, place - opened).find(closing) != std::string_view::npos)
-        return place;
-    return opened;
 }
 
 /// Where an article of more than `room` bytes is best cut: at the last line end, else at the last
