@@ -31,6 +31,12 @@ public:
     /// Converts a description: at most 511 bytes of rich text.
     std::string description(std::string_view text, Latin1Converter::Text kind);
 
+    /// Notes what a source could not hand over; see BuildReport::note().
+    void note(const std::string& kind, const std::string& sentence)
+    {
+        _report.note(kind, sentence);
+    }
+
     /// Everything taken in so far; the intake starts over.
     std::vector<LexiconEntry> take();
 
