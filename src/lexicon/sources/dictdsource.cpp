@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/dictdsource.h"
 
-#include "lexicon/sources/freedictentry.h"
 #include "lexicon/sources/siblingfile.h"
 
 #include <algorithm>
@@ -125,8 +124,7 @@ bool DictdSource::read(EntryIntake& intake, std::string& error)
             error = where + ": " + error;
             return false;
         }
-        const FreeDictEntry entry = FreeDictEntry::parse(line->key, text);
-        add(intake, entry.headword, entry.article, textKind(), line->number, where);
+        addLaidOut(intake, line->key, Written::InText, text, line->number, where);
     }
     return articles.checkUnchanged(error);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/lexiconsource.h"
 
+#include "lexicon/sources/freedictentry.h"
+
 #include <algorithm>
 
 namespace teskel
@@ -12,6 +14,14 @@ void LexiconSource::add(EntryIntake& intake, std::string_view headword, std::str
     const uint32_t order = _orderBefore + number;
     _lastOrder = std::max(_lastOrder, order);
     intake.add(headword, article, kind, order, where);
+}
+
+void LexiconSource::addLaidOut(EntryIntake& intake, std::string_view key, Written written,
+                               std::string_view text, uint32_t number, std::string_view where)
+{
+    const FreeDictEntry entry = FreeDictEntry::parse(key, text);
+    add(intake, written == Written::AsKey ? key : entry.headword, entry.article,
+        Latin1Converter::Text::PlainArticle, number, where);
 }
 
 std::string placeInFile(std::string_view name, uint64_t line)

@@ -3,6 +3,7 @@
 
 #include "lexicon/sources/dictdsource.h"
 #include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/stardict/stardictsource.h"
 #include "lexicon/sources/tsvsource.h"
 
 namespace teskel
@@ -40,6 +41,8 @@ std::unique_ptr<LexiconSource> makeOpened(const std::string&, std::unique_ptr<In
 constexpr SourceKind kinds[] = {
     {"dictd", "a dictd dictionary (.index, .dict or .dict.dz)", DictdSource::looksLike,
      makeNamed<DictdSource>},
+    {"stardict", "a StarDict dictionary (.ifo)", StarDictSource::looksLike,
+     makeNamed<StarDictSource>},
     {"tsv", "tab-separated text in UTF-8 (.tsv, or - for the standard input)", TsvSource::looksLike,
      makeOpened<TsvSource>},
 };
