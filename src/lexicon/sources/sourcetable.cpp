@@ -4,6 +4,7 @@
 #include "lexicon/sources/dictdsource.h"
 #include "lexicon/sources/inputfile.h"
 #include "lexicon/sources/stardict/stardictsource.h"
+#include "lexicon/sources/tei/teisource.h"
 #include "lexicon/sources/tsvsource.h"
 
 namespace teskel
@@ -43,6 +44,8 @@ constexpr SourceKind kinds[] = {
      makeNamed<DictdSource>},
     {"stardict", "a StarDict dictionary (.ifo)", StarDictSource::looksLike,
      makeNamed<StarDictSource>},
+    {"tei", "a TEI document of the FreeDict project (.tei)", TeiSource::looksLike,
+     makeOpened<TeiSource>},
     {"tsv", "tab-separated text in UTF-8 (.tsv, or - for the standard input)", TsvSource::looksLike,
      makeOpened<TsvSource>},
 };
