@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/dictdindex.h"
 
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 #include "lexicon/sources/lexiconsource.h"
 
 #include <optional>

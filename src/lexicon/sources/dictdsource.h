@@ -2,7 +2,7 @@
 #pragma once
 
 #include "lexicon/sources/dictdindex.h"
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 #include "lexicon/sources/lexiconsource.h"
 #include "lexicon/sources/likeness.h"
 

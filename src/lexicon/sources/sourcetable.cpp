@@ -2,7 +2,7 @@
 #include "lexicon/sources/sourcetable.h"
 
 #include "lexicon/sources/dictdsource.h"
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 #include "lexicon/sources/stardict/stardictsource.h"
 #include "lexicon/sources/tei/teisource.h"
 #include "lexicon/sources/tsvsource.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/sources/inputdevice.h"
+#include "lexicon/sources/input/inputdevice.h"
 #include "lexicon/sources/lexiconsource.h"
 #include "lexicon/sources/likeness.h"
 #include "lexicon/sources/tei/teinode.h"

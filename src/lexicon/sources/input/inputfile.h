@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/sources/rawfile.h"
+#include "lexicon/sources/input/rawfile.h"
 
 #include <cstdint>
 #include <memory>

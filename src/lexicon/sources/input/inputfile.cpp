@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 
-#include "lexicon/sources/archivestream.h"
-#include "lexicon/sources/gzipstream.h"
+#include "lexicon/sources/input/archivestream.h"
+#include "lexicon/sources/input/gzipstream.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/rawfile.h"
+#include "lexicon/sources/input/rawfile.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/archivestream.h"
+#include "lexicon/sources/input/archivestream.h"
 
 #include <algorithm>
 #include <cerrno>

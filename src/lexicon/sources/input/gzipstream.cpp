@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/gzipstream.h"
+#include "lexicon/sources/input/gzipstream.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/inputdevice.h"
+#include "lexicon/sources/input/inputdevice.h"
 
 #include <algorithm>
 

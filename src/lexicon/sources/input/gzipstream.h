@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/sources/bytestream.h"
+#include "lexicon/sources/input/bytestream.h"
 
 #include <string>
 #include <string_view>
