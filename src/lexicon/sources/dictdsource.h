@@ -28,7 +28,7 @@ public:
 private:
     bool findFiles(std::string& error);
     bool openArticles(InputFile& articles, std::string& error) const;
-    bool readDescription(const DictdIndex& index, InputFile& articles, std::string& error);
+    void takeMetadata(const DictdIndex::Line& line, std::string_view text);
 
     std::string _path;
     std::string _indexPath;

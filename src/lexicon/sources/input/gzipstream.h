@@ -24,7 +24,6 @@ public:
     ~GzipStream() override;
 
     long read(char* out, std::size_t size) override;
-    bool rewind() override;
 
 private:
     bool refill();
