@@ -36,6 +36,7 @@ private slots:
     void isNamedByAnyOfItsFiles_data();
     void isNamedByAnyOfItsFiles();
     void describesItself();
+    void notesAWrongCountOfWords();
     void refusesDamage_data();
     void refusesDamage();
     void refusesEveryTruncation_data();
@@ -245,6 +246,15 @@ void TestStarDictSource::describesItself()
     QVERIFY(StarDictWriter().setName("English < German").add("a", "1").write(file("s")));
     QCOMPARE(read(file("s.ifo")).size(), 1);
     QCOMPARE(_description, std::string("English < German"));
+}
+
+void TestStarDictSource::notesAWrongCountOfWords()
+{
+    QVERIFY(StarDictWriter().add("a", "1").claim("wordcount", "7").write(file("s")));
+    QCOMPARE(read(file("s.ifo")), QByteArrayList{"a: 1"});
+    QCOMPARE(_report.notes, std::vector<std::string>{
+                                file("s.ifo").toStdString() +
+                                ": it counts 7 words, the index has 1; all of them are taken"});
 }
 
 void TestStarDictSource::refusesDamage_data()

@@ -3,8 +3,6 @@
 
 #include "lexicon/sources/input/rawfile.h"
 
-#include <QDir>
-
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -20,7 +18,8 @@ namespace
 
 std::string directory()
 {
-    return QDir::tempPath().toLocal8Bit().toStdString();
+    const char* chosen = std::getenv("TMPDIR");
+    return chosen && *chosen ? chosen : "/tmp";
 }
 
 std::string cannotWrite()

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/stardict/stardictindex.h"
 
-#include "lexicon/sources/input/inputfile.h"
 #include "lexicon/sources/lexiconsource.h"
 
 #include <algorithm>
@@ -12,104 +11,106 @@ namespace teskel
 namespace
 {
 
-/// The number that begins a text, most significant byte first.
-uint64_t takeNumber(std::string_view& text, size_t bytes)
+constexpr size_t sizeBytes = 4;
+constexpr size_t targetBytes = 4;
+
+/// A number, most significant byte first.
+uint64_t number(std::string_view bytes)
 {
     uint64_t value = 0;
-    for (const char c : text.substr(0, bytes))
+    for (const char c : bytes)
         value = value << 8 | static_cast<unsigned char>(c);
-    text.remove_prefix(bytes);
     return value;
-}
-
-/// Takes a word, its NUL, and leaves `numberBytes` bytes or more; false when they are not there.
-bool takeKey(std::string_view& text, size_t numberBytes, std::string_view& key)
-{
-    const size_t end = text.find('\0');
-    if (end == std::string_view::npos || text.size() - end - 1 < numberBytes)
-        return false;
-    key = text.substr(0, end);
-    text.remove_prefix(end + 1);
-    return true;
-}
-
-bool readWhole(const std::string& path, std::string& text, std::string& error)
-{
-    InputFile file;
-    return file.open(path, error) && file.readAll(text, error) && file.checkUnchanged(error);
 }
 
 } // namespace
 
-bool StarDictIndex::readWords(const std::string& path, const StarDictInfo& info, std::string& error)
+/// Reads a word with its NUL and the numbers behind it. `word.place` is known already.
+bool StarDictIndex::readWord(InputFile& file, size_t numberBytes, Word& word, bool& isEnd,
+                             std::string& error)
 {
-    if (!readWhole(path, _text, error))
+    if (!file.readLine(word.key, isEnd, error, '\0'))
         return false;
-    if (info.indexBytes && *info.indexBytes != _text.size()) {
-        error = path + " has " + std::to_string(_text.size()) +
-                " bytes unpacked, but the .ifo says " + std::to_string(*info.indexBytes);
+    if (isEnd)
+        return file.checkUnchanged(error);
+    if (!file.readBytes(numberBytes, _numbers, error))
         return false;
-    }
-    constexpr size_t sizeBytes = 4;
-    for (std::string_view rest = _text; !rest.empty();) {
-        Word word;
-        word.place = static_cast<uint32_t>(_words.size() + 1);
-        if (!takeKey(rest, info.offsetBytes + sizeBytes, word.key)) {
-            error = placeInFile(path, word.place) + ": the file ends within this word";
-            return false;
-        }
-        word.offset = takeNumber(rest, info.offsetBytes);
-        word.size = static_cast<uint32_t>(takeNumber(rest, sizeBytes));
-        _words.push_back(word);
-    }
-    _wordCount = _words.size();
-    return true;
+    if (_numbers.size() == numberBytes)
+        return true;
+    error = placeInFile(file.name(), word.place) + ": the file ends within this word";
+    return false;
 }
 
 bool StarDictIndex::readAlternatives(const std::string& path, std::string& error)
 {
-    if (!readWhole(path, _alternativesText, error))
+    InputFile file;
+    if (!file.open(path, error))
         return false;
-    constexpr size_t numberBytes = 4;
-    std::vector<std::pair<uint64_t, Word>> alternatives; // with the number of their word
-    for (std::string_view rest = _alternativesText; !rest.empty();) {
-        Word word;
-        word.place = static_cast<uint32_t>(alternatives.size() + 1);
-        word.isAlternative = true;
-        if (!takeKey(rest, numberBytes, word.key)) {
-            error = placeInFile(path, word.place) + ": the file ends within this word";
+    _alternativesName = file.name();
+    bool isEnd = false;
+    while (true) {
+        Alternative alternative;
+        alternative.word.isAlternative = true;
+        alternative.word.place = static_cast<uint32_t>(_alternatives.size() + 1);
+        if (!readWord(file, targetBytes, alternative.word, isEnd, error))
             return false;
-        }
-        const uint64_t target = takeNumber(rest, numberBytes);
-        if (target >= _wordCount) {
-            error = placeInFile(path, word.place) + ": it stands for word " +
-                    std::to_string(target) + " of the index, which has " +
-                    std::to_string(_wordCount);
-            return false;
-        }
-        word.offset = _words[target].offset;
-        word.size = _words[target].size;
-        alternatives.emplace_back(target, word);
+        if (isEnd)
+            break;
+        alternative.target = static_cast<uint32_t>(number(_numbers));
+        _alternatives.push_back(std::move(alternative));
     }
-    std::stable_sort(alternatives.begin(), alternatives.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::vector<Word> all;
-    all.reserve(_words.size() + alternatives.size());
-    auto next = alternatives.cbegin();
-    for (uint64_t i = 0; i < _wordCount; ++i) {
-        all.push_back(_words[i]);
-        for (; next != alternatives.cend() && next->first == i; ++next)
-            all.push_back(next->second);
-    }
-    _words = std::move(all);
+    std::stable_sort(_alternatives.begin(), _alternatives.end(),
+                     [](const auto& a, const auto& b) { return a.target < b.target; });
     return true;
 }
 
-bool StarDictIndex::read(const std::string& path, const std::string& alternativesPath,
+bool StarDictIndex::open(const std::string& path, const std::string& alternativesPath,
                          const StarDictInfo& info, std::string& error)
 {
-    return readWords(path, info, error) &&
+    _info = info;
+    return _file.open(path, error) &&
            (alternativesPath.empty() || readAlternatives(alternativesPath, error));
+}
+
+bool StarDictIndex::next(Word& word, bool& isEnd, std::string& error)
+{
+    isEnd = false;
+    if (_wordCount > 0 && _nextAlternative < _alternatives.size() &&
+        _alternatives[_nextAlternative].target == _wordCount - 1) {
+        word = _alternatives[_nextAlternative++].word;
+        word.offset = _word.offset;
+        word.size = _word.size;
+        return true;
+    }
+    _word.place = _wordCount + 1;
+    if (!readWord(_file, _info.offsetBytes + sizeBytes, _word, isEnd, error))
+        return false;
+    if (isEnd)
+        return checkEnd(error);
+    ++_wordCount;
+    _bytesRead += _word.key.size() + 1 + _numbers.size();
+    _word.offset = number(std::string_view(_numbers).substr(0, _info.offsetBytes));
+    _word.size =
+        static_cast<uint32_t>(number(std::string_view(_numbers).substr(_info.offsetBytes)));
+    word = _word;
+    return true;
+}
+
+bool StarDictIndex::checkEnd(std::string& error) const
+{
+    if (_info.indexBytes && *_info.indexBytes != _bytesRead) {
+        error = _file.name() + " has " + std::to_string(_bytesRead) +
+                " bytes unpacked, but the .ifo says " + std::to_string(*_info.indexBytes);
+        return false;
+    }
+    if (_nextAlternative < _alternatives.size()) {
+        const Alternative& alternative = _alternatives[_nextAlternative];
+        error = placeInFile(_alternativesName, alternative.word.place) + ": it stands for word " +
+                std::to_string(alternative.target) + " of the index, which has " +
+                std::to_string(_wordCount);
+        return false;
+    }
+    return true;
 }
 
 } // namespace teskel

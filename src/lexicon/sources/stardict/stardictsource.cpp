@@ -42,7 +42,7 @@ Likeness StarDictSource::looksLike(const std::string& path, std::string_view hea
                : Likeness::None;
 }
 
-bool StarDictSource::open(EntryIntake& intake, std::string& error)
+bool StarDictSource::open(std::string& error)
 {
     const std::string base(baseOf(_path));
     _infoPath = siblingfile::find(base, infoSuffix);
@@ -61,15 +61,13 @@ bool StarDictSource::open(EntryIntake& intake, std::string& error)
             " beside the .ifo";
         return false;
     }
-    if (!_index.read(_indexPath, _alternativesPath, _info, error))
-        return false;
-    if (_info.wordCount && *_info.wordCount != _index.wordCount())
-        intake.note("word counts that are wrong",
-                    _infoPath + ": it counts " + std::to_string(*_info.wordCount) +
-                        " words, the index has " + std::to_string(_index.wordCount()) +
-                        "; all of them are taken");
     _description = _info.name;
     return _articles.open(articlesPath, error);
+}
+
+bool StarDictSource::openIndex(StarDictIndex& index, std::string& error) const
+{
+    return index.open(_indexPath, _alternativesPath, _info, error);
 }
 
 std::string StarDictSource::placeOf(const StarDictIndex::Word& word) const
@@ -77,11 +75,11 @@ std::string StarDictSource::placeOf(const StarDictIndex::Word& word) const
     return placeInFile(word.isAlternative ? _alternativesPath : _indexPath, word.place);
 }
 
-bool StarDictSource::readArticle(const Numbered& entry, StarDictArticle& article,
+bool StarDictSource::readArticle(const StarDictIndex::Word& word, StarDictArticle& article,
                                  std::string& error)
 {
-    if (!_articles.read(entry.word.offset, entry.word.size, _data, error)) {
-        error = placeOf(entry.word) + ": " + error;
+    if (!_articles.read(word.offset, word.size, _data, error)) {
+        error = placeOf(word) + ": " + error;
         return false;
     }
     article = StarDictArticle::parse(_data, _info.typeSequence);
@@ -91,30 +89,36 @@ bool StarDictSource::readArticle(const Numbered& entry, StarDictArticle& article
 /// Dictionaries that were dictd's before begin their articles with the line of the word. In others
 /// that happens now and then, where a word is the same in both languages: most of the first
 /// thousand plain articles decide.
-bool StarDictSource::findLayout(const std::vector<Numbered>& entries, std::string& error)
+bool StarDictSource::findLayout(std::string& error)
 {
     constexpr size_t sampled = 1000;
+    StarDictIndex index;
+    StarDictIndex::Word word;
+    StarDictArticle article;
     size_t plain = 0;
     size_t repeated = 0;
-    for (size_t i = 0; i < std::min(sampled, entries.size()); ++i) {
-        StarDictArticle article;
-        if (!readArticle(entries[i], article, error))
+    bool isEnd = false;
+    if (!openIndex(index, error))
+        return false;
+    for (size_t read = 0; read < sampled; ++read) {
+        if (!index.next(word, isEnd, error) || (!isEnd && !readArticle(word, article, error)))
             return false;
+        if (isEnd)
+            break;
         if (article.plain.empty())
             continue;
         const std::string_view text = article.plain;
-        const std::string word = freedict::readFirstLine(text.substr(0, text.find('\n'))).word;
+        const std::string first = freedict::readFirstLine(text.substr(0, text.find('\n'))).word;
         ++plain;
-        repeated +=
-            FreeDictEntry::normalized(word) == FreeDictEntry::normalized(entries[i].word.key) ? 1
-                                                                                              : 0;
+        if (FreeDictEntry::normalized(first) == FreeDictEntry::normalized(word.key))
+            ++repeated;
     }
     _repeatsWords = repeated * 2 > plain;
     return true;
 }
 
 void StarDictSource::note(EntryIntake& intake, const StarDictArticle& article,
-                          const std::string& where) const
+                          const std::string& where)
 {
     for (const char type : article.skipped)
         intake.note(std::string("fields of type \"") + type + "\"",
@@ -127,49 +131,49 @@ void StarDictSource::note(EntryIntake& intake, const StarDictArticle& article,
                     where + ": a field is longer than its article; what is there is taken");
 }
 
-void StarDictSource::addArticle(EntryIntake& intake, const Numbered& entry,
+void StarDictSource::addArticle(EntryIntake& intake, const StarDictIndex::Word& word,
                                 const StarDictArticle& article)
 {
-    const std::string where = placeOf(entry.word);
+    const std::string where = placeOf(word);
     note(intake, article, where);
-    const std::string_view key = entry.word.key;
+    const std::string_view key = word.key;
     const bool isSpoken = !article.pronunciation.empty();
     if (!article.rich.empty()) {
         const std::string spoken =
             isSpoken ? escapedMarkup("/" + article.pronunciation + "/") + "\n" : std::string();
-        add(intake, key, spoken + article.rich, Latin1Converter::Text::MarkupArticle, entry.number,
+        add(intake, key, spoken + article.rich, Latin1Converter::Text::MarkupArticle, ++_number,
             where);
     } else if (_repeatsWords && !isSpoken) {
-        addLaidOut(intake, key, Written::InText, article.plain, entry.number, where);
+        addLaidOut(intake, key, Written::InText, article.plain, ++_number, where);
     } else {
         std::string text(key);
         if (isSpoken)
             text += " /" + article.pronunciation + "/";
-        addLaidOut(intake, key, Written::AsKey, text + "\n" + article.plain, entry.number, where);
+        addLaidOut(intake, key, Written::AsKey, text + "\n" + article.plain, ++_number, where);
     }
 }
 
 bool StarDictSource::read(EntryIntake& intake, std::string& error)
 {
-    if (!open(intake, error))
-        return false;
-    // In the order of the data everything is unpacked once.
-    std::vector<Numbered> entries;
-    entries.reserve(_index.words().size());
-    for (const StarDictIndex::Word& word : _index.words())
-        entries.push_back({word, static_cast<uint32_t>(entries.size() + 1)});
-    std::sort(entries.begin(), entries.end(), [](const Numbered& a, const Numbered& b) {
-        return a.word.offset != b.word.offset ? a.word.offset < b.word.offset : a.number < b.number;
-    });
-    if (!findLayout(entries, error))
-        return false;
+    StarDictIndex index;
+    StarDictIndex::Word word;
     StarDictArticle article;
-    for (const Numbered& entry : entries) {
-        if (!readArticle(entry, article, error))
+    if (!open(error) || !findLayout(error) || !openIndex(index, error))
+        return false;
+    for (bool isEnd = false; index.next(word, isEnd, error);) {
+        if (isEnd) {
+            if (_info.wordCount && *_info.wordCount != index.wordCount())
+                intake.note("word counts that are wrong",
+                            _infoPath + ": it counts " + std::to_string(*_info.wordCount) +
+                                " words, the index has " + std::to_string(index.wordCount()) +
+                                "; all of them are taken");
+            return _articles.checkUnchanged(error);
+        }
+        if (!readArticle(word, article, error))
             return false;
-        addArticle(intake, entry, article);
+        addArticle(intake, word, article);
     }
-    return _articles.checkUnchanged(error);
+    return false;
 }
 
 } // namespace teskel

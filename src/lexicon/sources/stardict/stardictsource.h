@@ -6,8 +6,6 @@
 #include "lexicon/sources/likeness.h"
 #include "lexicon/sources/stardict/stardictindex.h"
 
-#include <vector>
-
 namespace teskel
 {
 
@@ -32,17 +30,13 @@ public:
     Latin1Converter::Text textKind() const override { return Latin1Converter::Text::PlainArticle; }
 
 private:
-    /// A word and its place in the order of the index.
-    struct Numbered {
-        StarDictIndex::Word word;
-        uint32_t number = 0;
-    };
-
-    bool open(EntryIntake& intake, std::string& error);
-    bool readArticle(const Numbered& entry, StarDictArticle& article, std::string& error);
-    bool findLayout(const std::vector<Numbered>& entries, std::string& error);
-    void addArticle(EntryIntake& intake, const Numbered& entry, const StarDictArticle& article);
-    void note(EntryIntake& intake, const StarDictArticle& article, const std::string& where) const;
+    bool open(std::string& error);
+    bool openIndex(StarDictIndex& index, std::string& error) const;
+    bool findLayout(std::string& error);
+    bool readArticle(const StarDictIndex::Word& word, StarDictArticle& article, std::string& error);
+    void addArticle(EntryIntake& intake, const StarDictIndex::Word& word,
+                    const StarDictArticle& article);
+    static void note(EntryIntake& intake, const StarDictArticle& article, const std::string& where);
     std::string placeOf(const StarDictIndex::Word& word) const;
 
     std::string _path;
@@ -50,8 +44,8 @@ private:
     std::string _indexPath;
     std::string _alternativesPath;
     StarDictInfo _info;
-    StarDictIndex _index;
     InputFile _articles;
+    uint32_t _number = 0;       ///< of the last word and its alternatives
     std::string _data;          // kept to reuse its memory
     bool _repeatsWords = false; ///< plain articles begin with the line of their word
 };
