@@ -3,7 +3,7 @@
 
 #include "base/assertion.h"
 #include "base/oneline.h"
-#include "lookup/articleformatter.h"
+#include "dictionary/articleformatter.h"
 #include "lookup/dictionarytexts.h"
 #include "lookup/lexicontext.h"
 #include "lookup/navigationevent.h"

@@ -15,7 +15,7 @@ import sys
 
 MOST_FILES = 30
 # A folder whose library knows no widget and no picture.
-CORE_ONLY = ("base", "dictionary", "lexicon")
+CORE_ONLY = ("base", "dictionary", "lexicon", "script")
 WINDOWED = re.compile(r"<Q(Widget|Application|GuiApplication|Font|Color|Pixmap|Image|Palette)")
 
 

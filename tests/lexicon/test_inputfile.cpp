@@ -345,7 +345,7 @@ void TestInputFile::saysWhereNothingCanBeUnpackedTo()
     const bool isRead = file.open(path, error) && file.read(0, 1, piece, error);
     before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
     QVERIFY(!isRead);
-    QCOMPARE(error, std::string("cannot write a temporary file in /no/such/place: No such file or "
+    QCOMPARE(error, std::string("cannot make a temporary file in /no/such/place: No such file or "
                                 "directory"));
 }
 

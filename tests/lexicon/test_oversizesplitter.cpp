@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/oversizesplitter.h"
+#include "tests/lexicon/entrylists.h"
 
 #include <QTest>
 
@@ -17,6 +18,7 @@ private slots:
     void wordsThatFoldAlikeShareOneRecord();
     void takenNumbersAreSkipped();
     void longestHeadwordMakesRoomForTheNumber();
+    void articleWithoutLinesOrBlanksIsCutOutsideReferences_data();
     void articleWithoutLinesOrBlanksIsCutOutsideReferences();
     void splittingAgainChangesNothing();
 
@@ -24,7 +26,13 @@ private:
     std::vector<LexiconEntry> split(std::vector<LexiconEntry> entries)
     {
         std::sort(entries.begin(), entries.end(), comesBefore);
-        return OversizeSplitter(_arena, _report).split(std::move(entries));
+        const auto merged = test::filed(entries);
+        OversizeSplitter splitter(_report);
+        if (!splitter.isNeeded(*merged))
+            return entries;
+        EntrySorter fitting;
+        splitter.split(*merged, fitting);
+        return test::listed(*fitting.sorted(), _arena);
     }
     LexiconEntry entry(const std::string& headword, const std::string& article)
     {
@@ -144,11 +152,23 @@ void TestOversizeSplitter::longestHeadwordMakesRoomForTheNumber()
     QVERIFY(allFit(entries));
 }
 
+void TestOversizeSplitter::articleWithoutLinesOrBlanksIsCutOutsideReferences_data()
+{
+    QTest::addColumn<QByteArray>("unit");
+    QTest::newRow("entity and tags") << QByteArray("&alpha;<b>x</b>");
+    QTest::newRow("letter references") << QByteArray("&_bpgaa;");
+    QTest::newRow("references in a tag") << QByteArray("<font&_daa;color='&_da;&_da;&_da;'>");
+    for (int length = 1; length <= 16; ++length)
+        QTest::addRow("%d bytes and a reference", length)
+            << QByteArray(length, 'x') + "&_bpgaa;<br&_db;>";
+}
+
 void TestOversizeSplitter::articleWithoutLinesOrBlanksIsCutOutsideReferences()
 {
-    std::string article;
+    QFETCH(QByteArray, unit);
+    std::string article(static_cast<size_t>(unit.size() / 2), 'x');
     while (article.size() < 40000)
-        article += "&alpha;<b>x</b>";
+        article += unit.toStdString();
     const auto entries = split({entry("house", article)});
     QVERIFY(entries.size() == 2);
     for (const LexiconEntry& each : entries) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/lexicon/lexiconprogram.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
@@ -19,8 +18,14 @@ private slots:
     void initTestCase();
     void findPrintsArticles_data();
     void findPrintsArticles();
+    void findKnowsWordsOfAnyScript_data();
+    void findKnowsWordsOfAnyScript();
     void findReadsWordsFromStandardInput();
-    void findPrintsJson();
+    void findPrintsJsonLines_data();
+    void findPrintsJsonLines();
+    void findPrintsWhatTheReaderShows();
+    void findPrintsAtMostSoManyEntries_data();
+    void findPrintsAtMostSoManyEntries();
     void listPrintsHeadwords_data();
     void listPrintsHeadwords();
 
@@ -57,8 +62,8 @@ void TestProgramFind::findPrintsArticles_data()
                                  << QByteArray("C\\C++\na programming\tlanguage\n\n")
                                  << QByteArray();
     QTest::newRow("digits within a line")
-        << words({"seventeen"}) << 0
-        << QByteArray("seventeen\nam 17<i></i>. Mai, 1<i></i>. Akt\n\n") << QByteArray();
+        << words({"seventeen"}) << 0 << QByteArray("seventeen\nam 17. Mai, 1. Akt\n\n")
+        << QByteArray();
 }
 
 void TestProgramFind::findPrintsArticles()
@@ -68,6 +73,33 @@ void TestProgramFind::findPrintsArticles()
     QTEST(result.out, "out");
     QTEST(result.err, "err");
     QTEST(result.code, "code");
+}
+
+void TestProgramFind::findKnowsWordsOfAnyScript_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("word");
+    QTest::addColumn<QByteArray>("out");
+    const QByteArray water = "voda\n<b>вода</b>\nwater, 10 №\n\n";
+    QTest::newRow("as written") << QStringList() << QByteArray("вода") << water;
+    QTest::newRow("in capitals") << QStringList() << QByteArray("ВОДА") << water;
+    QTest::newRow("in Latin letters") << QStringList() << QByteArray("Voda") << water;
+    const QByteArray beta = "b-Strahlen\n<b>β-Strahlen</b>\nbeta rays\n\n";
+    QTest::newRow("letters of two scripts") << QStringList() << QByteArray("β-Strahlen") << beta;
+    QTest::newRow("in the plain form")
+        << words({"--plain-latin", "--force"}) << QByteArray("β-Strahlen")
+        << QByteArray("beta-Strahlen\nbeta rays\n\n");
+}
+
+void TestProgramFind::findKnowsWordsOfAnyScript()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, word);
+    const QByteArray tsv = "вода\twater, 10 №\nβ-Strahlen\tbeta rays\n";
+    QCOMPARE(_program.run(words({"build", "-", "-o", "any.PDB", "-q"}) + options, tsv).code, 0);
+    const ProgramResult result = _program.run(words({"find", "any.PDB", word.constData()}));
+    QTEST(result.out, "out");
+    QCOMPARE(result.code, 0);
 }
 
 void TestProgramFind::findReadsWordsFromStandardInput()
@@ -80,22 +112,78 @@ void TestProgramFind::findReadsWordsFromStandardInput()
     QCOMPARE(_program.run(words({"find", "small.PDB", "-"}), "nothing\n").code, 1);
 }
 
-void TestProgramFind::findPrintsJson()
+void TestProgramFind::findPrintsJsonLines_data()
 {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QByteArray>("out");
+    const QByteArray house =
+        R"({"entries":[{"article":"1. Haus &lt;neut>\n2. Gebäude &lt;neut>\nsee: building",)"
+        R"("headword":"house"},{"article":"Repräsentantenhaus","headword":"House"}],)"
+        R"("word":"house"})"
+        "\n";
+    QTest::newRow("a line for a word") << words({"house"}) << 0 << house;
+    QTest::newRow("a line for a word that is not there")
+        << words({"nothing", "house"}) << 1
+        << QByteArray(R"({"entries":[],"word":"nothing"})") + '\n' + house;
+    QTest::newRow("no word") << words({"-"}) << 0 << QByteArray();
+    QTest::newRow("quotes in a word")
+        << words({"\"\\"}) << 1 << QByteArray(R"({"entries":[],"word":"\"\\"})") + '\n';
+    QTest::newRow("limit") << words({"--limit", "1", "--prefix", "h", "s"}) << 0
+                           << house.left(house.indexOf(",{\"article")) +
+                                  R"(],"word":"h"})"
+                                  "\n"
+                                  R"({"entries":[{"article":"am 17. Mai, 1. Akt",)"
+                                  R"("headword":"seventeen"}],"word":"s"})"
+                                  "\n";
+    QTest::newRow("HTML") << words({"--html", "ähnlich"}) << 0
+                          << QByteArray(R"({"entries":[{"headword":"ähnlich","html":)"
+                                        R"("<p><b>ähnlich</b></p><p>similar"}],"word":"ähnlich"})"
+                                        "\n");
+}
+
+void TestProgramFind::findPrintsJsonLines()
+{
+    QFETCH(QStringList, arguments);
+    const ProgramResult result = _program.run(words({"find", "small.PDB", "--json"}) + arguments);
+    QTEST(result.out, "out");
+    QTEST(result.code, "code");
+    for (const QByteArray& line : result.out.split('\n'))
+        QVERIFY2(line.isEmpty() || QJsonDocument::fromJson(line).isObject(), line.constData());
+}
+
+// The reader's rules: digits without a full stop are left out, references are resolved.
+void TestProgramFind::findPrintsWhatTheReaderShows()
+{
+    QVERIFY(_program
+                .run(words({"build", "-", "-o", "rich.PDB"}),
+                     "year\t1. Jahre\\n&_ede;&_di;&_dm;<i>x</i>\nYear\tJahr\n")
+                .code == 0);
+    const ProgramResult result = _program.run(words({"find", "rich.PDB", "--html", "year"}));
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.out,
+             QByteArray("<p><b>year</b></p><p><b><font color=\"#0000FF\">1.</font></b> Jahre"
+                        "</p><p>\nд8&lt;<i>x</i>\n\n<p><b>Year</b></p><p>Jahr\n\n"));
+}
+
+void TestProgramFind::findPrintsAtMostSoManyEntries_data()
+{
+    QTest::addColumn<QString>("limit");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QByteArray>("out");
+    QTest::newRow("none, and found all the same") << u"0"_s << 0 << QByteArray();
+    QTest::newRow("one") << u"1"_s << 0 << QByteArray("ähnlich\nsimilar\n\n");
+    QTest::newRow("more than there are") << u"9"_s << 0 << QByteArray("ähnlich\nsimilar\n\n");
+    QTest::newRow("no number") << u"x"_s << 2 << QByteArray();
+}
+
+void TestProgramFind::findPrintsAtMostSoManyEntries()
+{
+    QFETCH(QString, limit);
     const ProgramResult result =
-        _program.run(words({"find", "small.PDB", "--json", "house", "nothing"}));
-    QCOMPARE(result.code, 1);
-    const QJsonArray found = QJsonDocument::fromJson(result.out).array();
-    QCOMPARE(found.size(), 2);
-    const QJsonObject house = found[0].toObject();
-    QCOMPARE(house[u"word"_s].toString(), u"house"_s);
-    const QJsonArray entries = house[u"entries"_s].toArray();
-    QCOMPARE(entries.size(), 2);
-    QCOMPARE(entries[1].toObject()[u"headword"_s].toString(), u"House"_s);
-    QCOMPARE(entries[1].toObject()[u"article"_s].toString(),
-             QString::fromUtf8("Repräsentantenhaus"));
-    QVERIFY(found[1].toObject()[u"entries"_s].toArray().isEmpty());
-    QCOMPARE(_program.run(words({"find", "small.PDB", "--json", "-"})).out, QByteArray("[]\n"));
+        _program.run(words({"find", "small.PDB", "--limit"}) + QStringList{limit, u"ähnlich"_s});
+    QTEST(result.out, "out");
+    QTEST(result.code, "code");
 }
 
 void TestProgramFind::listPrintsHeadwords_data()
@@ -110,6 +198,9 @@ void TestProgramFind::listPrintsHeadwords_data()
         << words({"--from", "i", "--count", "2"}) << QByteArray("seventeen\nto build\n");
     QTest::newRow("from behind the last") << words({"--from", "öl"}) << QByteArray();
     QTest::newRow("count") << words({"--count", "1"}) << QByteArray("#1\n");
+    QTest::newRow("JSON lines") << words({"--json", "--from", "HOUSE", "--count", "2"})
+                                << QByteArray("{\"headword\":\"house\"}\n"
+                                              "{\"headword\":\"House\"}\n");
     QTest::newRow("no words at all") << words({"--count", "0"}) << QByteArray();
 }
 

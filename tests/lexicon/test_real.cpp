@@ -144,14 +144,15 @@ void TestReal::everyEntryOfTheSourceIsThere()
         }
     }
 
-    teskel::EntryArena arena;
+    teskel::EntrySorter sorter;
     teskel::BuildReport report;
-    teskel::EntryIntake intake(arena, report);
+    teskel::EntryIntake intake(sorter, report);
     std::string error;
     QVERIFY2(teskel::DictdSource(source.toStdString()).read(intake, error), error.c_str());
-    const std::vector<teskel::LexiconEntry> entries = intake.take();
-    QVERIFY(entries.size() >= articles.size());
-    for (const teskel::LexiconEntry& entry : entries) {
+    QVERIFY(sorter.count() >= articles.size());
+    const auto entries = sorter.sorted();
+    teskel::LexiconEntry entry;
+    while (entries->next(entry)) {
         const auto found = articles.find(std::string(entry.headword()));
         QVERIFY2(found != articles.end(), entry.text);
         QVERIFY2(found->second.find(entry.article()) != std::string::npos, entry.text);

@@ -59,14 +59,15 @@ QByteArrayList TestTeiSource::read(const QByteArray& content)
     std::string error;
     if (!writeFile(path, content) || !input->open(path.toStdString(), error))
         return {"cannot be staged"};
-    EntryArena arena;
-    EntryIntake intake(arena, _report);
+    EntrySorter sorter;
+    EntryIntake intake(sorter, _report);
     TeiSource source(std::move(input));
     if (!source.read(intake, error))
         return {QByteArray::fromStdString(error).replace(path.toUtf8(), "d.tei")};
     _description = source.description();
+    const auto entries = sorter.sorted();
     QByteArrayList result;
-    for (const LexiconEntry& entry : intake.take())
+    for (LexiconEntry entry; entries->next(entry);)
         result += QByteArray(entry.text) + ": " + QByteArray(entry.article().data());
     return result;
 }

@@ -10,6 +10,7 @@
 #include "lexicon/file/spotcheck.h"
 #include "lexicon/packing/arjmember.h"
 #include "lexicon/sources/sourcetable.h"
+#include "lexicon/text/givenback.h"
 
 #include <utility>
 
@@ -22,12 +23,19 @@ namespace
 /// Content of the records that the reader does not use; an empty record would be a broken one.
 constexpr std::string_view unusedRecord("\0", 1);
 
-/// The name inside the database: the description without its markup.
+/// Of the headwords of a sound source, fewer than one in so many are lost.
+constexpr uint64_t mostLostShare = 100;
+
+/// The name inside the database, Latin-1: the description without its markup.
 std::string databaseName(const std::string& description)
 {
+    std::string text = description;
+    if (givenback::hasReferences(description))
+        text = Latin1Converter().converted(givenback::description(description),
+                                           Latin1Converter::Text::Headword);
     std::string name;
     bool inTag = false;
-    for (const char c : description) {
+    for (const char c : text) {
         if (c == '<')
             inTag = true;
         else if (c == '>' && inTag)
@@ -76,22 +84,22 @@ bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, 
 
 bool LexiconBuilder::build(std::string& error)
 {
-    EntryArena arena;
-    EntryIntake intake(arena, _report);
+    EntrySorter sorter;
+    EntryIntake intake(sorter, _report, _options.text);
     std::string description;
-    if (!readSources(intake, description, error))
+    if (!readSources(intake, description, error) || !keepsHeadwords(intake, error))
         return false;
     _report.conversions = intake.converter().counts();
 
-    EntryMerger merger(arena, _report, _options.numbers);
-    OversizeSplitter splitter(arena, _report);
-    const std::vector<LexiconEntry> entries = splitter.split(merger.merge(intake.take()));
-    if (entries.empty()) {
+    const std::unique_ptr<EntryFile> entries = gather(sorter, error);
+    if (!entries)
+        return false;
+    if (entries->count() == 0) {
         error = listOf(_options.sources) +
                 (_options.sources.size() == 1 ? " holds no entries" : " hold no entries");
         return false;
     }
-    const RecordPlan plan(entries, _options.recordSize);
+    const RecordPlan plan(*entries, _options.recordSize);
     if (plan.records().size() > limits::wordRecords) {
         error = "the dictionary is too large: it needs " + std::to_string(plan.records().size()) +
                 " word records, a file holds 65530";
@@ -101,20 +109,53 @@ bool LexiconBuilder::build(std::string& error)
         _report.note("record size", "records of " + std::to_string(_options.recordSize) +
                                         " bytes would be too many for one file; they have up to " +
                                         std::to_string(plan.recordSize()) + " bytes instead");
-    _report.headwords = entries.size();
+    _report.headwords = entries->count();
 
     PendingFile file(_options.output);
-    if (!write(file, description, plan, error))
+    if (!write(file, description, plan, *entries, error))
         return false;
     SpotCheck check(file.path());
-    if (!check.run(entries, error))
+    if (!check.run(*entries, error))
         return false;
     _report.spotChecks = check.checkedWords();
     return file.commit(error);
 }
 
+bool LexiconBuilder::keepsHeadwords(const EntryIntake& intake, std::string& error) const
+{
+    const uint64_t lost = intake.lostHeadwords();
+    if (_options.force || lost * mostLostShare <= _report.entriesRead)
+        return true;
+    error = listOf(_options.sources) + ": " + std::to_string(lost) + " of " +
+            std::to_string(_report.entriesRead) +
+            " headwords would be empty or \"?\": is the source in UTF-8, with the headword first? "
+            "--force builds it all the same";
+    return false;
+}
+
+/// Merges the entries and splits what is too large for a record. Null when it failed.
+std::unique_ptr<EntryFile> LexiconBuilder::gather(EntrySorter& sorter, std::string& error)
+{
+    error.clear();
+    const auto sorted = sorter.sorted();
+    EntryMerger merger(*sorted, _report, _options.numbers, _options.text.form);
+    auto entries = std::make_unique<EntryFile>();
+    entries->append(merger);
+    OversizeSplitter splitter(_report);
+    if (splitter.isNeeded(*entries)) {
+        EntrySorter fitting;
+        splitter.split(*entries, fitting);
+        error += entries->error();
+        entries = std::make_unique<EntryFile>();
+        entries->append(*fitting.sorted());
+        error += fitting.error();
+    }
+    error += sorter.error() + entries->error();
+    return error.empty() ? std::move(entries) : nullptr;
+}
+
 bool LexiconBuilder::write(PendingFile& file, const std::string& description,
-                           const RecordPlan& plan, std::string& error)
+                           const RecordPlan& plan, EntryFile& entries, std::string& error)
 {
     ArjEncoder encoder(_options.method);
     const auto recordCount = static_cast<uint16_t>(plan.records().size() + limits::firstWordRecord);
@@ -125,8 +166,13 @@ bool LexiconBuilder::write(PendingFile& file, const std::string& description,
         ArjMember::pack(std::string_view(description.c_str(), description.size() + 1), encoder));
     writer.add(unusedRecord);
     writer.add(unusedRecord);
+    const auto all = entries.read();
+    LexiconEntry entry;
     for (const PlannedRecord& record : plan.records()) {
-        const std::string content = plan.content(record);
+        std::string content;
+        for (uint64_t left = record.entries; left > 0 && all->next(entry); --left)
+            content += entry.packed();
+        content.push_back('\0');
         _report.unpackedBytes += content.size();
         writer.add(ArjMember::pack(content, encoder));
     }

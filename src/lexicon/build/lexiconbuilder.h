@@ -3,7 +3,9 @@
 
 #include "lexicon/entries/buildreport.h"
 #include "lexicon/entries/lexiconentry.h"
+#include "lexicon/text/textoptions.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,7 +13,9 @@
 namespace teskel
 {
 
+class EntryFile;
 class EntryIntake;
+class EntrySorter;
 class PendingFile;
 class RecordPlan;
 
@@ -31,6 +35,8 @@ struct BuildOptions {
     int method = defaultMethod;
     unsigned recordSize = defaultRecordSize;
     bool numbers = true; ///< number the senses of merged articles
+    TextOptions text;
+    bool force = false; ///< build even where many headwords are lost
 };
 
 /// Builds a dictionary file from its sources, all or nothing.
@@ -49,9 +55,11 @@ public:
     const BuildReport& report() const { return _report; }
 
 private:
+    bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
     bool readSources(EntryIntake& intake, std::string& description, std::string& error);
+    std::unique_ptr<EntryFile> gather(EntrySorter& sorter, std::string& error);
     bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,
-               std::string& error);
+               EntryFile& entries, std::string& error);
 
     BuildOptions _options;
     BuildReport _report;

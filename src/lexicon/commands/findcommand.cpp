@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
+#include "dictionary/articleformatter.h"
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/commands/jsonline.h"
+#include "lexicon/text/givenback.h"
 #include "lexicon/text/utf8.h"
+#include "script/letterreference.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
+#include <functional>
 #include <iostream>
+#include <limits>
 #include <memory>
+#include <optional>
 
 #include <CLI/CLI.hpp>
 
@@ -23,9 +28,23 @@ namespace
 struct FindOptions {
     std::string file;
     std::vector<std::string> words; ///< "-" reads words from the standard input, one a line
+    std::optional<uint64_t> limit;  ///< entries for a word
     bool prefix = false;
+    bool html = false;
     bool json = false;
 };
+
+QString latin1Text(std::string_view latin1)
+{
+    return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size()));
+}
+
+/// What the reader's view is given to show.
+QString richTextOf(std::string_view headword, std::string_view article)
+{
+    return withLetterReferencesResolved(ArticleFormatter::headword(latin1Text(headword)) +
+                                        ArticleFormatter::format(latin1Text(article)));
+}
 
 /// Prints what is found for one word after the other.
 class Finder
@@ -35,8 +54,6 @@ public:
         : _reader(reader)
         , _options(options)
     {
-        if (_options.json)
-            std::cout << '[';
     }
 
     void find(const std::string& word)
@@ -48,50 +65,53 @@ public:
         }
     }
 
-    int finish()
-    {
-        if (_options.json)
-            std::cout << (_words > 0 ? "\n]\n" : "]\n");
-        return finishOutput(_allFound ? Done : Negative);
-    }
+    int finish() const { return finishOutput(_allFound ? Done : Negative); }
 
 private:
-    bool printText(const std::string& word)
+    /// Whether there is any; `print` is called for as many as are wanted.
+    bool visit(const std::string& word,
+               const std::function<void(std::string_view, std::string_view)>& print)
     {
         bool isFound = false;
+        uint64_t left = _options.limit.value_or(std::numeric_limits<uint64_t>::max());
         _reader.visitMatches(word, _options.prefix,
                              [&](std::string_view headword, std::string_view article) {
                                  isFound = true;
-                                 std::cout << utf8::fromLatin1(headword) << '\n'
-                                           << utf8::fromLatin1(article) << "\n\n";
-                                 return static_cast<bool>(std::cout);
+                                 if (left > 0)
+                                     print(headword, article);
+                                 return left > 0 && --left > 0 && std::cout;
                              });
         return isFound;
+    }
+
+    bool printText(const std::string& word)
+    {
+        return visit(word, [this](std::string_view headword, std::string_view article) {
+            if (_options.html)
+                std::cout << richTextOf(headword, article).toStdString() << "\n\n";
+            else
+                std::cout << utf8::fromLatin1(headword) << '\n'
+                          << givenback::article(article) << "\n\n";
+        });
     }
 
     bool printJson(const std::string& word)
     {
         QJsonArray entries;
-        _reader.visitMatches(
-            word, _options.prefix, [&](std::string_view headword, std::string_view article) {
-                const auto text = [](std::string_view latin1) {
-                    return QString::fromLatin1(latin1.data(),
-                                               static_cast<qsizetype>(latin1.size()));
-                };
-                entries.append(
-                    QJsonObject{{u"headword"_s, text(headword)}, {u"article"_s, text(article)}});
-                return true;
-            });
-        const QJsonObject result{{u"word"_s, QString::fromStdString(word)},
-                                 {u"entries"_s, entries}};
-        std::cout << (_words++ > 0 ? ",\n" : "\n")
-                  << QJsonDocument(result).toJson(QJsonDocument::Compact).toStdString();
-        return !entries.isEmpty();
+        const bool isFound = visit(word, [&](std::string_view headword, std::string_view article) {
+            QJsonObject entry{{u"headword"_s, latin1Text(headword)}};
+            if (_options.html)
+                entry.insert(u"html"_s, richTextOf(headword, article));
+            else
+                entry.insert(u"article"_s, jsonText(givenback::article(article)));
+            entries.append(entry);
+        });
+        printJsonLine({{u"word"_s, jsonText(word)}, {u"entries"_s, entries}});
+        return isFound;
     }
 
     LexiconReader& _reader;
     const FindOptions& _options;
-    size_t _words = 0;
     bool _allFound = true;
 };
 
@@ -125,7 +145,10 @@ Action find(CLI::App& options)
                     "Words to look up; - reads them from the standard input, one a line")
         ->required();
     options.add_flag("--prefix", request->prefix, "Find all headwords that begin with a word");
-    options.add_flag("--json", request->json, "Print a JSON array with an object for each word");
+    options.add_option("--limit", request->limit, "Print at most so many entries for a word")
+        ->check(CLI::NonNegativeNumber);
+    options.add_flag("--html", request->html, "Print the rich text that the reader shows");
+    options.add_flag("--json", request->json, "Print a JSON object for each word, one a line");
     return [request] { return run(*request); };
 }
 

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/commands/jsonline.h"
 #include "lexicon/file/lexiconfacts.h"
-
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include <iostream>
 #include <memory>
@@ -19,11 +17,17 @@ namespace teskel::commands
 namespace
 {
 
+const char* formOf(const LexiconFacts& facts)
+{
+    return facts.hasLetterReferences ? "Latin-1 and letter references" : "plain Latin-1";
+}
+
 void printText(const std::string& file, const LexiconFacts& facts)
 {
     std::cout << "file:          " << file << '\n'
               << "name:          " << facts.name << '\n'
               << "description:   " << facts.description << '\n'
+              << "characters:    " << formOf(facts) << '\n'
               << "headwords:     " << facts.headwords << '\n'
               << "word records:  " << facts.records << '\n'
               << "methods:       " << facts.methods << '\n'
@@ -35,19 +39,18 @@ void printText(const std::string& file, const LexiconFacts& facts)
 
 void printJson(const std::string& file, const LexiconFacts& facts)
 {
-    const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };
     const auto number = [](uint64_t value) { return static_cast<qint64>(value); };
-    const QJsonObject object{{u"file"_s, text(file)},
-                             {u"name"_s, text(facts.name)},
-                             {u"description"_s, text(facts.description)},
-                             {u"headwords"_s, number(facts.headwords)},
-                             {u"wordRecords"_s, number(facts.records)},
-                             {u"methods"_s, text(facts.methods)},
-                             {u"indexBytes"_s, number(facts.indexBytes)},
-                             {u"packedBytes"_s, number(facts.packedBytes)},
-                             {u"textBytes"_s, number(facts.textBytes)},
-                             {u"fileBytes"_s, number(facts.fileBytes)}};
-    std::cout << QJsonDocument(object).toJson().toStdString();
+    printJsonLine({{u"file"_s, jsonText(file)},
+                   {u"name"_s, jsonText(facts.name)},
+                   {u"description"_s, jsonText(facts.description)},
+                   {u"letterReferences"_s, facts.hasLetterReferences},
+                   {u"headwords"_s, number(facts.headwords)},
+                   {u"wordRecords"_s, number(facts.records)},
+                   {u"methods"_s, jsonText(facts.methods)},
+                   {u"indexBytes"_s, number(facts.indexBytes)},
+                   {u"packedBytes"_s, number(facts.packedBytes)},
+                   {u"textBytes"_s, number(facts.textBytes)},
+                   {u"fileBytes"_s, number(facts.fileBytes)}});
 }
 
 int run(const std::string& file, bool json)
@@ -79,7 +82,7 @@ Action info(CLI::App& options)
     };
     const auto request = std::make_shared<Request>();
     options.add_option("FILE", request->file)->required();
-    options.add_flag("--json", request->json, "Print a JSON object");
+    options.add_flag("--json", request->json, "Print a JSON object on one line");
     return [request] { return run(request->file, request->json); };
 }
 

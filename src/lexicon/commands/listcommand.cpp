@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/commands/jsonline.h"
 #include "lexicon/text/utf8.h"
 
 #include <iostream>
@@ -9,6 +10,8 @@
 #include <optional>
 
 #include <CLI/CLI.hpp>
+
+using namespace Qt::StringLiterals;
 
 namespace teskel::commands
 {
@@ -20,7 +23,16 @@ struct ListOptions {
     std::string file;
     std::string from;
     std::optional<uint64_t> count;
+    bool json = false;
 };
+
+void print(const std::string& headword, bool json)
+{
+    if (json)
+        printJsonLine({{u"headword"_s, jsonText(headword)}});
+    else
+        std::cout << headword << '\n';
+}
 
 int run(const ListOptions& options)
 {
@@ -29,13 +41,13 @@ int run(const ListOptions& options)
         return exitCode(status);
     uint64_t left = options.count.value_or(std::numeric_limits<uint64_t>::max());
     std::string error;
-    const auto print = [&left](std::string_view headword, std::string_view) {
+    const auto visit = [&left, &options](std::string_view headword, std::string_view) {
         if (left == 0)
             return false;
-        std::cout << utf8::fromLatin1(headword) << '\n';
+        print(utf8::fromLatin1(headword), options.json);
         return --left > 0 && std::cout;
     };
-    const LexiconReader::Status status = reader.visitFrom(options.from, print, error);
+    const LexiconReader::Status status = reader.visitFrom(options.from, visit, error);
     if (status != LexiconReader::Status::Ok)
         complain(options.file + ": " + error);
     return finishOutput(exitCode(status));
@@ -51,6 +63,7 @@ Action list(CLI::App& options)
                        "Begin with the first headword not before this word");
     options.add_option("--count", request->count, "Print at most so many")
         ->check(CLI::NonNegativeNumber);
+    options.add_flag("--json", request->json, "Print a JSON object for each headword, one a line");
     return [request] { return run(*request); };
 }
 

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "lexicon/entries/buildreport.h"
-#include "lexicon/entries/entryarena.h"
+#include "lexicon/entries/entrysorter.h"
 #include "lexicon/text/latin1converter.h"
+#include "lexicon/text/textoptions.h"
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace teskel
 {
@@ -16,12 +16,16 @@ namespace teskel
 class EntryIntake
 {
 public:
-    /// `arena` and `report` must outlive the intake.
-    EntryIntake(EntryArena& arena, BuildReport& report)
-        : _arena(arena)
+    /// `entries` takes what was taken in; it and `report` must outlive the intake.
+    EntryIntake(EntrySorter& entries, BuildReport& report, TextOptions options = {})
+        : _entries(entries)
         , _report(report)
+        , _options(options)
+        , _converter(options.form)
     {
     }
+
+    const TextOptions& options() const { return _options; }
 
     /// Takes an entry in UTF-8. `order` is its place in the source, `where` names that place to
     /// people ("line 17"). `kind` says what the article is.
@@ -37,20 +41,26 @@ public:
         _report.note(kind, sentence);
     }
 
-    /// Everything taken in so far; the intake starts over.
-    std::vector<LexiconEntry> take();
-
     const Latin1Converter& converter() const { return _converter; }
 
-private:
-    void shorten(std::string& headword, std::string& article, std::string_view where);
+    /// How many entries have a headword of which nothing is left: empty, or nothing but "?" that
+    /// the source does not have.
+    uint64_t lostHeadwords() const { return _lostHeadwords; }
 
-    EntryArena& _arena;
+private:
+    static bool isLost(std::string_view headword);
+    /// The line, as it stands in an article, that gives a headword as written, UTF-8.
+    std::string lineOf(std::string_view written);
+    void shorten(std::string_view where);
+
+    EntrySorter& _entries;
     BuildReport& _report;
+    TextOptions _options;
     Latin1Converter _converter;
-    std::vector<LexiconEntry> _entries;
+    uint64_t _lostHeadwords = 0;
     std::string _headword; // kept to reuse their memory
     std::string _article;
+    std::size_t _writtenLength = 0; ///< bytes of the line that begins the article
 };
 
 } // namespace teskel

@@ -71,15 +71,22 @@ bool InputFile::unpackWhole(std::string& error)
 {
     _whole = std::make_unique<ScratchFile>();
     std::string piece;
-    if (!_whole->open(error))
-        return false;
-    while (readNext(piece, error)) {
-        if (piece.empty())
-            return true;
-        if (!_whole->append(piece, error))
+    do {
+        if (!readNext(piece, error))
             return false;
-    }
-    return false;
+        _wholeBytes += piece.size();
+    } while (!piece.empty() && _whole->append(piece));
+    _whole->flush();
+    error = _whole->error();
+    return error.empty();
+}
+
+bool InputFile::readUnpacked(uint64_t offset, uint64_t size, std::string& out)
+{
+    if (offset > _wholeBytes || size > _wholeBytes - offset)
+        return false;
+    out.resize(size);
+    return _whole->read(offset, out.data(), size) == size;
 }
 
 bool InputFile::read(uint64_t offset, uint64_t size, std::string& out, std::string& error)
@@ -87,7 +94,7 @@ bool InputFile::read(uint64_t offset, uint64_t size, std::string& out, std::stri
     if (_unpacked && !_whole && !unpackWhole(error))
         return false;
     if (size <= largestPiece &&
-        (_whole ? _whole->read(offset, size, out) : _file.readAt(offset, size, out)))
+        (_whole ? readUnpacked(offset, size, out) : _file.readAt(offset, size, out)))
         return true;
     error = _path + " is damaged or too short: " + std::to_string(size) + " bytes at " +
             std::to_string(offset) + " cannot be read";

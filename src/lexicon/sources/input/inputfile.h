@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lexicon/entries/scratchfile.h"
 #include "lexicon/sources/input/rawfile.h"
-#include "lexicon/sources/input/scratchfile.h"
 
 #include <cstdint>
 #include <memory>
@@ -60,6 +60,7 @@ public:
 private:
     bool readStep(std::string& out);
     bool unpackWhole(std::string& error);
+    bool readUnpacked(uint64_t offset, uint64_t size, std::string& out);
     bool fillWindow(size_t size, std::string& error);
     std::string reasonOfFailure() const;
 
@@ -68,8 +69,9 @@ private:
     std::unique_ptr<ByteStream> _unpacked; ///< null when the file is not packed
     bool _hasFailed = false;
     std::unique_ptr<ScratchFile> _whole; ///< the unpacked data, for read()
-    std::string _window;                 ///< what was unpacked and is still to be handed over
-    size_t _lineBegin = 0;               ///< place of the next line in the window
+    uint64_t _wholeBytes = 0;
+    std::string _window;   ///< what was unpacked and is still to be handed over
+    size_t _lineBegin = 0; ///< place of the next line in the window
 };
 
 } // namespace teskel

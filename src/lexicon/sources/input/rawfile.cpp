@@ -67,7 +67,7 @@ long RawFile::read(char* out, std::size_t size)
     return static_cast<long>(given);
 }
 
-bool RawFile::readAt(int descriptor, uint64_t offset, uint64_t size, std::string& out)
+bool RawFile::readAt(uint64_t offset, uint64_t size, std::string& out) const
 {
     constexpr auto lastOffset = static_cast<uint64_t>(std::numeric_limits<off_t>::max());
     out.clear();
@@ -76,7 +76,7 @@ bool RawFile::readAt(int descriptor, uint64_t offset, uint64_t size, std::string
     out.resize(size);
     for (std::size_t done = 0; done < size;) {
         const long got =
-            ::pread(descriptor, out.data() + done, size - done, static_cast<off_t>(offset + done));
+            ::pread(_descriptor, out.data() + done, size - done, static_cast<off_t>(offset + done));
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0)

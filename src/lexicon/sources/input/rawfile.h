@@ -29,12 +29,7 @@ public:
     long read(char* out, std::size_t size) override;
 
     /// Reads `size` bytes at `offset`, wherever read() stands; false when they are not all there.
-    bool readAt(uint64_t offset, uint64_t size, std::string& out) const
-    {
-        return readAt(_descriptor, offset, size, out);
-    }
-    /// The same for any file that is open.
-    static bool readAt(int descriptor, uint64_t offset, uint64_t size, std::string& out);
+    bool readAt(uint64_t offset, uint64_t size, std::string& out) const;
 
     /// Whether the file has the size and the time of change that it had when it was opened.
     bool isUnchanged() const;

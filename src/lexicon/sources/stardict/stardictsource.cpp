@@ -5,7 +5,7 @@
 #include "lexicon/sources/freedictline.h"
 #include "lexicon/sources/siblingfile.h"
 #include "lexicon/sources/stardict/stardictarticle.h"
-#include "lexicon/text/characterreference.h"
+#include "lexicon/text/plainarticle.h"
 
 #include <algorithm>
 
@@ -136,20 +136,22 @@ void StarDictSource::addArticle(EntryIntake& intake, const StarDictIndex::Word& 
 {
     const std::string where = placeOf(word);
     note(intake, article, where);
-    const std::string_view key = word.key;
-    const bool isSpoken = !article.pronunciation.empty();
+    const std::string& key = word.key;
+    std::string spoken;
+    if (!article.pronunciation.empty())
+        spoken = "/" + article.pronunciation + "/";
     if (!article.rich.empty()) {
-        const std::string spoken =
-            isSpoken ? escapedMarkup("/" + article.pronunciation + "/") + "\n" : std::string();
+        if (!spoken.empty() && intake.options().keepsPronunciations())
+            spoken = richText(spoken, {{0, spoken.size()}}) + "\n";
+        else
+            spoken.clear();
         add(intake, key, spoken + article.rich, Latin1Converter::Text::MarkupArticle, ++_number,
             where);
-    } else if (_repeatsWords && !isSpoken) {
+    } else if (_repeatsWords && spoken.empty()) {
         addLaidOut(intake, key, Written::InText, article.plain, ++_number, where);
     } else {
-        std::string text(key);
-        if (isSpoken)
-            text += " /" + article.pronunciation + "/";
-        addLaidOut(intake, key, Written::AsKey, text + "\n" + article.plain, ++_number, where);
+        const std::string line = spoken.empty() ? key : key + " " + spoken;
+        addLaidOut(intake, key, Written::AsKey, line + "\n" + article.plain, ++_number, where);
     }
 }
 

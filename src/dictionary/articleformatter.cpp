@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lookup/articleformatter.h"
+#include "dictionary/articleformatter.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lookup/articleformatter.h"
+#include "dictionary/articleformatter.h"
 
 #include <QTest>
 #include <QTextDocument>

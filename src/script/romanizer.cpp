@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "script/romanizer.h"
+
+#include "script/letterreference.h"
+
+#include <QByteArray>
+#include <QtGlobal>
+
+#include <unicode/translit.h>
+#include <unicode/unistr.h>
+
+namespace teskel
+{
+
+namespace
+{
+
+/// A filter at the head would hold for the whole chain, hence NFC first. The vowel signs of Arabic
+/// and the points of Hebrew are written in some books only. What Any-Latin writes for a soft sign,
+/// for ayin or between two letters nobody types; so it goes before the rest becomes ASCII.
+constexpr auto lexiconRules = R"(NFC;
+[[:Mn:] & [\u0590-\u06FF\u0750-\u077F\u08A0-\u08FF]] Remove;
+[:Cyrillic:] Russian-Latin/BGN;
+Any-Latin;
+[\u00B7\u02B0-\u02FF'"\u2018\u2019] Remove;
+Latin-ASCII;
+[^\u0000-\u00FF] Remove)";
+
+} // namespace
+
+struct Romanizer::Rules {
+    std::unique_ptr<icu::Transliterator> chain;
+};
+
+Romanizer::Romanizer(const char* id)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    UParseError place;
+    std::unique_ptr<icu::Transliterator> chain(icu::Transliterator::createInstance(
+        icu::UnicodeString::fromUTF8(id), UTRANS_FORWARD, place, status));
+    if (U_SUCCESS(status) && chain)
+        _rules = std::make_unique<const Rules>(Rules{std::move(chain)});
+    else
+        qWarning("Other scripts are not written in Latin letters: ICU reports %s",
+                 u_errorName(status));
+}
+
+Romanizer::~Romanizer() = default;
+
+const Romanizer& Romanizer::ofLexicons()
+{
+    static const Romanizer romanizer(lexiconRules);
+    return romanizer;
+}
+
+QString Romanizer::romanized(QStringView text) const
+{
+    if (!_rules)
+        return codePoints(text);
+    icu::UnicodeString letters(text.utf16(), static_cast<int32_t>(text.size()));
+    _rules->chain->transliterate(letters);
+    return QString::fromUtf16(letters.getBuffer(), letters.length());
+}
+
+QString Romanizer::codePoints(QStringView text)
+{
+    QString letters;
+    for (const char32_t character : text.toUcs4())
+        letters += QString::fromStdString(hexadecimalLetters(character));
+    return letters;
+}
+
+} // namespace teskel

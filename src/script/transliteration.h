@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace teskel
+{
+
+/// A text as a headword holds it: canonically composed, and in Latin letters what Latin-1 lacks.
+///
+/// No character of the result is above U+00FF, whatever the locale. Latin-1 text comes back as it
+/// is, shared; in other texts the characters of Latin-1 stay as well. A word, between white space,
+/// of which no letter would be left is given by its code points (hexadecimalLetters()).
+QString inLatin1(const QString& text);
+
+/// The same for UTF-8, in and out; a malformed sequence counts as U+FFFD.
+std::string inLatin1(std::string_view utf8);
+
+} // namespace teskel
