@@ -55,9 +55,8 @@ bool TsvSource::takeLine(std::string_view line, EntryIntake& intake, std::string
     if (isDescription && _description.empty()) {
         _description = tsv::unescaped(article);
     } else if (!property.empty()) {
-        intake.note("lines about the dictionary that were left out",
-                    placeInFile(_input->name(), _lineNumber) + ": \"##" + std::string(property) +
-                        "\" is left out: " +
+        intake.note("unknown-property", placeInFile(_input->name(), _lineNumber),
+                    "\"##" + std::string(property) + "\" is left out: " +
                         (isDescription ? "the description is known already"
                                        : "\"##description\" alone has a place in a lexicon"));
     } else {

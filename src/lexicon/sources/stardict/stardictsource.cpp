@@ -121,14 +121,15 @@ void StarDictSource::note(EntryIntake& intake, const StarDictArticle& article,
                           const std::string& where)
 {
     for (const char type : article.skipped)
-        intake.note(std::string("fields of type \"") + type + "\"",
-                    where + ": a field of type \"" + type + "\" is left out: it cannot be shown");
+        intake.note("unknown-field", where,
+                    std::string("a field of type \"") + type +
+                        "\" is left out: it cannot be shown");
     if (article.wasLatin1)
-        intake.note("fields of type \"l\" that are no UTF-8",
-                    where + ": a field of type \"l\" is no UTF-8; it is read as Latin-1");
+        intake.note("field-encoding", where,
+                    "a field of type \"l\" is no UTF-8; it is read as Latin-1");
     if (article.isDamaged)
-        intake.note("fields longer than their article",
-                    where + ": a field is longer than its article; what is there is taken");
+        intake.note("field-length", where,
+                    "a field is longer than its article; what is there is taken");
 }
 
 void StarDictSource::addArticle(EntryIntake& intake, const StarDictIndex::Word& word,
@@ -165,8 +166,8 @@ bool StarDictSource::read(EntryIntake& intake, std::string& error)
     for (bool isEnd = false; index.next(word, isEnd, error);) {
         if (isEnd) {
             if (_info.wordCount && *_info.wordCount != index.wordCount())
-                intake.note("word counts that are wrong",
-                            _infoPath + ": it counts " + std::to_string(*_info.wordCount) +
+                intake.note("word-count", _infoPath,
+                            "it counts " + std::to_string(*_info.wordCount) +
                                 " words, the index has " + std::to_string(index.wordCount()) +
                                 "; all of them are taken");
             return _articles.checkUnchanged(error);

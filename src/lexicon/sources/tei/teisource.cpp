@@ -80,9 +80,8 @@ void TeiSource::noteExternalEntities(EntryIntake& intake)
 {
     for (const QXmlStreamEntityDeclaration& entity : _reader.entityDeclarations()) {
         if (!entity.systemId().isEmpty() || !entity.publicId().isEmpty())
-            intake.note("entities in other files",
-                        place(_reader.lineNumber()) + ": the text of \"&" +
-                            entity.name().toString().toStdString() +
+            intake.note("external-entity", place(_reader.lineNumber()),
+                        "the text of \"&" + entity.name().toString().toStdString() +
                             ";\" is in another file, which is not read; it is left out");
     }
 }
@@ -102,8 +101,9 @@ void TeiSource::takeEntry(EntryIntake& intake)
         return;
     const TeiEntry entry = TeiEntry::layOut(node);
     if (entry.forms.empty())
-        intake.note("entries without a word", where + ": an entry without <orth> is left out: " +
-                                                  entry.text.substr(0, entry.text.find('\n')));
+        intake.note("entry-without-word", where,
+                    "an entry without <orth> is left out: " +
+                        entry.text.substr(0, entry.text.find('\n')));
     for (const TeiEntry::Form& form : entry.forms)
         addLaidOut(intake, form.word, Written::AsKey, form.line + "\n" + entry.text, ++_entryNumber,
                    where);
