@@ -35,6 +35,13 @@ public:
     /// Converts a description: at most 511 bytes of rich text.
     std::string description(std::string_view text, Latin1Converter::Text kind);
 
+    /// Notes what a source could not hand over as it is: a name for all such cases, the place
+    /// ("words.tsv:17") and a sentence without it. See BuildReport::note().
+    void note(const std::string& kind, std::string_view where, const std::string& sentence)
+    {
+        _report.note(kind, std::string(where) + ": " + sentence);
+    }
+
     const Latin1Converter& converter() const { return _converter; }
 
     /// How many entries have a headword of which nothing is left: empty, or nothing but "?" that
