@@ -2,7 +2,7 @@
 #include "dictionary/articleformatter.h"
 #include "lexicon/file/lexiconreader.h"
 #include "lexicon/sources/dictdindex.h"
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 #include "tests/support/childprocess.h"
 #include "widgets/article/qteskeledit.h"
 
@@ -40,13 +40,23 @@ struct SourceEntry {
 
 std::vector<SourceEntry> sampleOf(const QString& base)
 {
+    struct Line {
+        std::string key;
+        uint64_t offset;
+        uint64_t size;
+    };
     DictdIndex index;
     InputFile articles;
     std::string error;
-    if (!index.read((base + ".index"_L1).toStdString(), error) ||
+    if (!index.open((base + ".index"_L1).toStdString(), error) ||
         !articles.open((base + ".dict.dz"_L1).toStdString(), error))
         return {};
-    std::vector<DictdIndex::Line> lines = index.entries();
+    std::vector<Line> lines;
+    DictdIndex::Line read;
+    for (bool isEnd = false; index.next(read, isEnd, error) && !isEnd;) {
+        if (!read.isMetadata())
+            lines.push_back({std::string(read.key), read.offset, read.size});
+    }
     QRandomGenerator random(500);
     std::shuffle(lines.begin(), lines.end(), random);
     lines.resize(std::min(lines.size(), sampleSize));
@@ -55,11 +65,10 @@ std::vector<SourceEntry> sampleOf(const QString& base)
               [](const auto& a, const auto& b) { return a.offset < b.offset; });
     std::vector<SourceEntry> sample;
     std::string text;
-    for (const DictdIndex::Line& line : lines) {
+    for (const Line& line : lines) {
         if (!articles.read(line.offset, line.size, text, error))
             return {};
-        sample.push_back(
-            {QString::fromStdString(std::string(line.key)), QString::fromStdString(text)});
+        sample.push_back({QString::fromStdString(line.key), QString::fromStdString(text)});
     }
     return sample;
 }
