@@ -10,6 +10,7 @@ packages_test=(
     arj 7zip dictzip gzip xz-utils zstd locales # independent witnesses of the packed records
     xvfb openbox xdotool xclip x11-utils imagemagick
     dbus dbus-daemon at-spi2-core python3 python3-pyatspi # the reader as a screen reader sees it
+    dict-freedict-eng-rus dict-freedict-ell-eng dict-wn # texts beyond Latin-1, numbered senses
     desktop-file-utils appstream shared-mime-info groff-base e2fsprogs
 )
 packages_bench=(libbenchmark-dev sdcv)

@@ -48,6 +48,16 @@ std::vector<Row> randomRows(int count)
     return rows;
 }
 
+/// Of which a run needs a file.
+std::vector<Row> longRows()
+{
+    std::vector<Row> rows;
+    for (uint32_t number = 0; number < 30; ++number)
+        rows.emplace_back(QByteArray(1, static_cast<char>('A' + number)), QByteArray(500'000, 'x'),
+                          number);
+    return rows;
+}
+
 std::vector<Row> sortedBy(EntrySorter& sorter, const std::vector<Row>& rows)
 {
     for (const auto& [headword, article, order] : rows)
@@ -128,16 +138,16 @@ void TestEntrySorter::leavesNoFileBehind()
 {
     const QTemporaryDir directory;
     const TemporaryPlace place(directory.path().toLocal8Bit());
-    EntrySorter sorter(1000);
-    QCOMPARE(sortedBy(sorter, randomRows(500)).size(), size_t{500});
+    EntrySorter sorter(2 * ScratchFile::heldBytes);
+    QVERIFY(sortedBy(sorter, longRows()) == longRows());
     QVERIFY(QDir(directory.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
 }
 
 void TestEntrySorter::unusableDirectoryIsNamed()
 {
     const TemporaryPlace place("/nowhere/at all");
-    EntrySorter sorter(1000);
-    sortedBy(sorter, randomRows(500));
+    EntrySorter sorter(2 * ScratchFile::heldBytes);
+    sortedBy(sorter, longRows());
     QCOMPARE(sorter.error(), std::string("cannot make a temporary file in /nowhere/at all: "
                                          "No such file or directory"));
 }
@@ -150,8 +160,8 @@ void TestEntrySorter::fullDiskIsNamed()
     const rlimit little{4096, before.rlim_max};
     const auto signalBefore = std::signal(SIGXFSZ, SIG_IGN);
     QCOMPARE(setrlimit(RLIMIT_FSIZE, &little), 0);
-    EntrySorter sorter(100'000);
-    sortedBy(sorter, randomRows(5000));
+    EntrySorter sorter(2 * ScratchFile::heldBytes);
+    sortedBy(sorter, longRows());
     QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
     std::signal(SIGXFSZ, signalBefore);
     QVERIFY2(sorter.error().starts_with("cannot write a temporary file in "),

@@ -295,8 +295,10 @@ void TestProgramBuild::fullDiskLeavesNothingBehind()
     QVERIFY(writeFile(_program.path("big.tsv"), manyEntries(20000)));
     const QStringList before = QDir(_program.directory()).entryList();
     // A limit on the size of files stands in for the end of the disk.
-    const ProgramResult result = _program.runShell(QStringLiteral(
-        "trap '' XFSZ; ulimit -f 20; exec " TESKEL_LEXICON " build big.tsv -o full.PDB"));
+    QProcess process;
+    limitFileSize(process, 10'240);
+    const ProgramResult result =
+        _program.run(process, words({"build", "big.tsv", "-o", "full.PDB"}));
     QCOMPARE(result.code, 3);
     QVERIFY2(result.err.startsWith("teskel-lexicon: cannot write "), result.err.constData());
     QCOMPARE(QDir(_program.directory()).entryList(), before);
@@ -325,7 +327,7 @@ void TestProgramBuild::interruptedBuildLeavesNothingBehind()
         process.waitForFinished(1);
     QVERIFY2(process.state() != QProcess::NotRunning, "the build was too quick for the test");
     QCOMPARE(::kill(static_cast<pid_t>(process.processId()), signal), 0);
-    QVERIFY(process.waitForFinished());
+    QVERIFY(process.waitForFinished(-1));
     QCOMPARE(process.exitStatus(), QProcess::CrashExit);
     QCOMPARE(process.exitCode(), signal);
     QCOMPARE(files(), 0);

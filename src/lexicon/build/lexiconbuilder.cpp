@@ -124,6 +124,30 @@ bool LexiconBuilder::build(std::string& error)
     return file.commit(error);
 }
 
+/// Merges the entries and splits what is too large for a record. Null when it failed.
+std::unique_ptr<EntryFile> LexiconBuilder::gather(EntrySorter& sorter, std::string& error)
+{
+    const auto sorted = sorter.sorted();
+    EntryMerger merger(*sorted, _report, _options.numbers, _options.text.form);
+    auto entries = std::make_unique<EntryFile>();
+    entries->append(merger);
+    std::string trouble;
+    OversizeSplitter splitter(_report);
+    if (splitter.isNeeded(*entries)) {
+        EntrySorter fitting;
+        splitter.split(*entries, fitting);
+        trouble = entries->error();
+        entries = std::make_unique<EntryFile>();
+        entries->append(*fitting.sorted());
+        trouble += fitting.error();
+    }
+    trouble += sorter.error() + entries->error();
+    if (trouble.empty())
+        return entries;
+    error = trouble;
+    return nullptr;
+}
+
 bool LexiconBuilder::keepsHeadwords(const EntryIntake& intake, std::string& error) const
 {
     const uint64_t lost = intake.lostHeadwords();
@@ -134,27 +158,6 @@ bool LexiconBuilder::keepsHeadwords(const EntryIntake& intake, std::string& erro
             " headwords would be empty or \"?\": is the source in UTF-8, with the headword first? "
             "--force builds it all the same";
     return false;
-}
-
-/// Merges the entries and splits what is too large for a record. Null when it failed.
-std::unique_ptr<EntryFile> LexiconBuilder::gather(EntrySorter& sorter, std::string& error)
-{
-    error.clear();
-    const auto sorted = sorter.sorted();
-    EntryMerger merger(*sorted, _report, _options.numbers, _options.text.form);
-    auto entries = std::make_unique<EntryFile>();
-    entries->append(merger);
-    OversizeSplitter splitter(_report);
-    if (splitter.isNeeded(*entries)) {
-        EntrySorter fitting;
-        splitter.split(*entries, fitting);
-        error += entries->error();
-        entries = std::make_unique<EntryFile>();
-        entries->append(*fitting.sorted());
-        error += fitting.error();
-    }
-    error += sorter.error() + entries->error();
-    return error.empty() ? std::move(entries) : nullptr;
 }
 
 bool LexiconBuilder::write(PendingFile& file, const std::string& description,

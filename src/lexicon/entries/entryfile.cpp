@@ -101,7 +101,7 @@ bool EntryFile::append(EntryStream& entries)
 
 std::unique_ptr<EntryStream> EntryFile::read()
 {
-    _file.flush();
+    _file.finish();
     return std::make_unique<Reader>(_file);
 }
 

@@ -26,7 +26,8 @@ public:
     {
     }
 
-    /// Takes an entry; false when a temporary file could not be written.
+    /// Takes an entry; `writtenLength` is that of LexiconEntry. False when a temporary file could
+    /// not be written.
     bool add(std::string_view headword, std::string_view article, uint32_t order,
              uint16_t writtenLength = 0);
 

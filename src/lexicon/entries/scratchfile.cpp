@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/scratchfile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -13,8 +14,6 @@ namespace teskel
 
 namespace
 {
-
-constexpr size_t pendingBytes = size_t{1} << 18;
 
 std::string directoryForScratch()
 {
@@ -38,14 +37,6 @@ int openUnnamed(const std::string& directory)
 
 } // namespace
 
-ScratchFile::ScratchFile()
-    : _directory(directoryForScratch())
-{
-    _descriptor = openUnnamed(_directory);
-    if (_descriptor < 0)
-        fail("cannot make a temporary file in ", errno);
-}
-
 ScratchFile::~ScratchFile()
 {
     if (_descriptor >= 0)
@@ -55,31 +46,46 @@ ScratchFile::~ScratchFile()
 void ScratchFile::fail(const char* act, int reason)
 {
     if (_error.empty())
-        _error = act + _directory + ": " + std::strerror(reason);
+        _error = std::string(act) + " a temporary file in " + directoryForScratch() + ": " +
+                 std::strerror(reason);
 }
 
 bool ScratchFile::append(std::string_view bytes)
 {
-    _pending += bytes;
-    return _pending.size() < pendingBytes ? _error.empty() : flush();
+    _held += bytes;
+    return _held.size() < heldBytes ? _error.empty() : writeOut();
 }
 
-bool ScratchFile::flush()
+bool ScratchFile::finish()
 {
-    std::string_view rest = _pending;
+    return _descriptor < 0 && _error.empty() ? true : writeOut();
+}
+
+bool ScratchFile::writeOut()
+{
+    if (_descriptor < 0 && _error.empty()) {
+        _descriptor = openUnnamed(directoryForScratch());
+        if (_descriptor < 0)
+            fail("cannot make", errno);
+    }
+    std::string_view rest = _held;
     while (_error.empty() && !rest.empty()) {
         const ssize_t written = ::write(_descriptor, rest.data(), rest.size());
         if (written >= 0)
             rest.remove_prefix(static_cast<size_t>(written));
         else if (errno != EINTR)
-            fail("cannot write a temporary file in ", errno);
+            fail("cannot write", errno);
     }
-    _pending.clear();
+    _held.clear();
     return _error.empty();
 }
 
 size_t ScratchFile::read(uint64_t offset, char* buffer, size_t size)
 {
+    if (_descriptor < 0) {
+        const size_t there = _held.size() - std::min<uint64_t>(offset, _held.size());
+        return _held.copy(buffer, size, _held.size() - there);
+    }
     size_t got = 0;
     while (_error.empty() && got < size) {
         const ssize_t step =
@@ -89,7 +95,7 @@ size_t ScratchFile::read(uint64_t offset, char* buffer, size_t size)
         else if (step == 0)
             break;
         else if (errno != EINTR)
-            fail("cannot read a temporary file in ", errno);
+            fail("cannot read", errno);
     }
     return got;
 }

@@ -76,7 +76,7 @@ bool InputFile::unpackWhole(std::string& error)
             return false;
         _wholeBytes += piece.size();
     } while (!piece.empty() && _whole->append(piece));
-    _whole->flush();
+    _whole->finish();
     error = _whole->error();
     return error.empty();
 }
