@@ -39,7 +39,7 @@ std::string stored(std::string_view utf8, Text kind)
 /// A text of what makes trouble next to each other.
 std::string randomText(QRandomGenerator& random)
 {
-    static constexpr std::array<std::string_view, 46> pieces = {"1",
+    static constexpr std::array<std::string_view, 48> pieces = {"1",
                                                                 "2",
                                                                 "9",
                                                                 "0",
@@ -66,6 +66,8 @@ std::string randomText(QRandomGenerator& random)
                                                                 "<",
                                                                 ">",
                                                                 "<b>",
+                                                                "<i>n</i>",
+                                                                "\n<i>adv</i> ",
                                                                 "</b>",
                                                                 "<br>",
                                                                 "<h1>",
@@ -125,6 +127,8 @@ void TestGivenBack::givesCharactersBack_data()
     row("the same behind a tag", "<b>&_db;. Klasse</b><br>&_dc;. Akt",
         "<b>&_db;. Klasse</b><br>&_dc;. Akt");
     row("digits at the beginning of a line", "&_db;&_dh;. Mai\n&_db;0 Euro", "17. Mai\n10 Euro");
+    row("behind a kind of word", "<i>n</i> 1. a\n<i>v</i> &_dc;. b",
+        "<i>n</i> 1. a\n<i>v</i> &_dc;. b");
     row("a tag's digits", "<h&_db;><font color='#&_di;0'>", "<h1><font color='#80'>");
     row("markup signs", "&_dm; &_cg; &_do;", "&_dm; &_cg; &_do;");
     row("a letter of Latin-1", "&_gb;", "&_gb;");

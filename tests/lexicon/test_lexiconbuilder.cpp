@@ -29,6 +29,8 @@ private slots:
     void descriptionComesFromTheSource();
     void descriptionOptionIsPlainText();
     void longDescriptionIsCutAndReported();
+    void longDescriptionIsCutOutsideReferences_data();
+    void longDescriptionIsCutOutsideReferences();
     void emptyHeadwordIsKeptAndReported();
     void longHeadwordIsKeptWholeInItsArticle();
     void longArticleIsKeptWhole();
@@ -230,6 +232,27 @@ void TestLexiconBuilder::longDescriptionIsCutAndReported()
     char text[512];
     QVERIFY(dictionary.getDescription(text, sizeof text));
     QCOMPARE(QByteArray(text), QByteArray("x").repeated(508));
+}
+
+void TestLexiconBuilder::longDescriptionIsCutOutsideReferences_data()
+{
+    QTest::addColumn<int>("length"); // of what stands before the reference
+    for (int length = 500; length <= 511; ++length)
+        QTest::addRow("%d bytes", length) << length;
+}
+
+void TestLexiconBuilder::longDescriptionIsCutOutsideReferences()
+{
+    QFETCH(int, length);
+    const QByteArray before(length, 'x');
+    QVERIFY(buildTsv("\t" + before + "\xF0\x9F\x98\x80 and so on\nhouse\tHaus\n"));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    char text[512];
+    QVERIFY(dictionary.getDescription(text, sizeof text));
+    const QByteArray whole = before + "&_bpgaa; and so on";
+    const bool hasRoom = length + int{sizeof "&_bpgaa;"} - 1 <= 511;
+    QCOMPARE(QByteArray(text), hasRoom ? whole.left(511) : before);
 }
 
 void TestLexiconBuilder::emptyHeadwordIsKeptAndReported()

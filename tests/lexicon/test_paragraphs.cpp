@@ -19,9 +19,15 @@ void TestParagraphs::joinsWrappedLines_data()
     const auto row = [](const char* name, const char* text, const char* joined) {
         QTest::newRow(name) << QByteArray(text) << QByteArray(joined);
     };
-    row("hanging indent", "house\n    n 1: a b\n         c d\n         e\n    2: f\n       g\n",
-        "house\n    n 1: a b c d e\n    2: f g\n");
+    row("hanging indent",
+        "house\n    n 1: aa bb\n         cc dd\n         e\n    2: ff gg hh\n       jjj\n",
+        "house\n    n 1: aa bb cc dd e\n    2: ff gg hh jjj\n");
     row("two digits", "   10. a\n       b\n", "   10. a b\n");
+    row("a first word that had room", "   1. (a)\n      (b) cd ef gh\n      ij\n",
+        "   1. (a)\n      (b) cd ef gh ij\n");
+    row("a last line of its own", "   1. a b c d e\n      f g\n      [h]\n",
+        "   1. a b c d e f g\n      [h]\n");
+    row("width in characters", "   1. ääääää\n      aaaaa\n      b\n", "   1. ääääää aaaaa b\n");
     row("less indented", "   1. a\n   b\n", "   1. a\n   b\n");
     row("more indented", "   1. a\n         Verse\n", "   1. a\n         Verse\n");
     row("behind another line", "   1. a\n         Verse\n      b\n",

@@ -75,6 +75,7 @@ void TestSenseNumbers::onlySenseNumbersTurnBlue_data()
     row("<b>1.</b> a<br>2. b 3. c", "12", "");
     row("<font size=\"1.5\">x</font>", "1", "1"); // inside a tag nothing can be inserted
     row("a < 3. b", "", "");
+    row("<i>n</i> 1. a\n2. b", "2", "");
 }
 
 void TestSenseNumbers::onlySenseNumbersTurnBlue()
@@ -133,6 +134,9 @@ void TestSenseNumbers::onlySenseNumbersStayDigits_data()
     row("<h1>a</h1>", "<h&_db;>a</h&_db;>");
     row("<font size=\"1.5\">1. x</font>", "<font size=\"&_db;.&_df;\">1. x</font>");
     row("a < 3. b", "a < &_dd;. b");
+    row("<i>n</i> 1. a\n2. b\n<i>adj</i> 1. c", "<i>n</i> 1. a\n2. b\n<i>adj</i> 1. c");
+    row("<i>Akt</i> 1. a", "<i>Akt</i> &_db;. a");
+    row("a <i>n</i> 1. b", "a <i>n</i> &_db;. b");
     row("&_ede;1. a", "&_ede;&_db;. a");
     row("&#9999999999;", "&#&_dj;&_dj;&_dj;&_dj;&_dj;&_dj;&_dj;&_dj;&_dj;&_dj;;");
 }

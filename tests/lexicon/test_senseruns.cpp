@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/text/plainarticle.h"
 #include "lexicon/text/senseruns.h"
+#include "lexicon/text/storedarticle.h"
 
 #include <QTest>
 
+using teskel::Latin1Converter;
 using teskel::richText;
+using teskel::storedArticle;
 using teskel::TextSpan;
 namespace senseruns = teskel::senseruns;
 
@@ -18,6 +21,7 @@ private slots:
     void readsCandidates();
     void sensesBecomeSenseNumbers_data();
     void sensesBecomeSenseNumbers();
+    void sensesStayDigitsInTheLexicon();
     void greyPartsAreMarked();
 };
 
@@ -110,6 +114,14 @@ void TestSenseRuns::sensesBecomeSenseNumbers()
 {
     QFETCH(QByteArray, plain);
     QTEST(QByteArray::fromStdString(richText(plain.toStdString())), "rich");
+}
+
+void TestSenseRuns::sensesStayDigitsInTheLexicon()
+{
+    Latin1Converter converter;
+    QCOMPARE(storedArticle(converter, "n 1: a 2\n2: b\nv 1: c\n10. d",
+                           Latin1Converter::Text::PlainArticle),
+             std::string("<i>n</i> 1. a &_dc;\n2. b\n<i>v</i> 1. c\n&_db;0. d"));
 }
 
 void TestSenseRuns::greyPartsAreMarked()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/text/articlewalk.h"
 
+#include "lexicon/text/senseruns.h"
 #include "script/letterreference.h"
 
 #include <algorithm>
@@ -40,6 +41,21 @@ bool breaksLine(std::string_view tag)
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
+/// Length of the kind of word in italics, "<i>adj</i>", that `text` begins with; 0 when there is
+/// none.
+size_t labelLength(std::string_view text)
+{
+    constexpr std::string_view opening = "<i>";
+    constexpr std::string_view closing = "</i>";
+    if (!text.starts_with(opening))
+        return 0;
+    const size_t end = text.find(closing);
+    if (end == std::string_view::npos ||
+        !senseruns::isLabel(text.substr(opening.size(), end - opening.size())))
+        return 0;
+    return end + closing.size();
+}
+
 } // namespace
 
 bool ArticleWalk::next(Step& step)
@@ -49,7 +65,9 @@ bool ArticleWalk::next(Step& step)
     const std::string_view rest = _article.substr(_position);
     step.atLineStart = _atLineStart;
     size_t length = 0;
-    if (rest.front() == '<' && (length = tagLength(rest)) > 0) {
+    if (_atLineStart && _knowsLabels && (length = labelLength(rest)) > 0) {
+        step.kind = Kind::Tag;
+    } else if (rest.front() == '<' && (length = tagLength(rest)) > 0) {
         step.kind = Kind::Tag;
         _atLineStart = _atLineStart || breaksLine(rest.substr(0, length));
     } else if (rest.front() == '&' && (length = readLetterReference(rest).length) > 0) {

@@ -9,8 +9,9 @@ namespace teskel
 
 /// Walks through an article of a lexicon and knows where its lines begin.
 ///
-/// A line begins behind a line feed and behind a tag that breaks the line, such as "<br>"; blanks
-/// and other tags do not end a line's beginning.
+/// A line begins behind a line feed and behind a tag that breaks the line, such as "<br>"; blanks,
+/// other tags and a kind of word in italics, as it stands in front of its first sense, do not end a
+/// line's beginning.
 class ArticleWalk
 {
 public:
@@ -26,9 +27,14 @@ public:
         bool atLineStart = false; ///< whether it stands at a line's beginning
     };
 
+    /// Whether a kind of word in front of its first sense is one step: not in the plain form, which
+    /// knows no such senses.
+    enum class Labels { Known, Unknown };
+
     /// `article` must outlive the walk.
-    explicit ArticleWalk(std::string_view article)
+    explicit ArticleWalk(std::string_view article, Labels labels = Labels::Known)
         : _article(article)
+        , _knowsLabels(labels == Labels::Known)
     {
     }
 
@@ -38,6 +44,7 @@ public:
 private:
     std::string_view _article;
     std::size_t _position = 0;
+    bool _knowsLabels;
     bool _atLineStart = true;
 };
 

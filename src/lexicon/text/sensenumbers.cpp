@@ -77,7 +77,7 @@ void protect(std::string& article, LineStart lineStart)
     const bool keepsLineStarts = lineStart == LineStart::Trusted || isSequence(article);
     std::string result;
     result.reserve(article.size() + 4 * separator.size());
-    ArticleWalk walk(article);
+    ArticleWalk walk(article, ArticleWalk::Labels::Unknown);
     for (ArticleWalk::Step step; walk.next(step);) {
         result += step.text;
         if (step.kind == ArticleWalk::Kind::Byte && isNumberAt(article, step.end - 1) &&
@@ -89,7 +89,7 @@ void protect(std::string& article, LineStart lineStart)
 
 bool beginsWithNumber(std::string_view article)
 {
-    ArticleWalk walk(article);
+    ArticleWalk walk(article, ArticleWalk::Labels::Unknown);
     for (ArticleWalk::Step step; walk.next(step);) {
         if (step.kind == ArticleWalk::Kind::Tag)
             continue;

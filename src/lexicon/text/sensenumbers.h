@@ -38,7 +38,7 @@ void referDigits(std::string& article);
 /// pair of tags between digit and full stop, which shows nothing. Does nothing a second time.
 void protect(std::string& article, LineStart lineStart);
 
-/// Whether the article begins with a sense number.
+/// For the plain form: whether the article begins with a sense number.
 bool beginsWithNumber(std::string_view article);
 
 /// Whether any line of an article whose other digits are letter references is numbered.

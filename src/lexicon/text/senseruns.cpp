@@ -3,6 +3,7 @@
 
 #include "lexicon/text/textlines.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 
@@ -47,6 +48,11 @@ struct Run {
 };
 
 } // namespace
+
+bool isLabel(std::string_view text)
+{
+    return std::find(labels.begin(), labels.end(), text) != labels.end();
+}
 
 Candidate readCandidate(std::string_view line)
 {

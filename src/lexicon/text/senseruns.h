@@ -19,6 +19,9 @@ struct Candidate {
     char mark = '\0';       ///< '.', ':', ')', or '(' for a number in parentheses
 };
 
+/// Whether it is a word class in the form that stands in front of a first sense, such as "adj".
+bool isLabel(std::string_view text);
+
 /// The candidate that a line begins with. Numbers are followed by a blank or the line's end.
 Candidate readCandidate(std::string_view line);
 
