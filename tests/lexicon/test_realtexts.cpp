@@ -2,7 +2,7 @@
 #include "dictionary/articleformatter.h"
 #include "lexicon/file/lexiconreader.h"
 #include "lexicon/sources/dictdindex.h"
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 #include "tests/support/childprocess.h"
 #include "widgets/article/qteskeledit.h"
 
@@ -38,28 +38,35 @@ struct SourceEntry {
     QString text;
 };
 
+struct Place {
+    std::string key;
+    uint64_t offset;
+    uint64_t size;
+};
+
 std::vector<SourceEntry> sampleOf(const QString& base)
 {
     DictdIndex index;
     InputFile articles;
     std::string error;
-    if (!index.read((base + ".index"_L1).toStdString(), error) ||
+    if (!index.open((base + ".index"_L1).toStdString(), error) ||
         !articles.open((base + ".dict.dz"_L1).toStdString(), error))
         return {};
-    std::vector<DictdIndex::Line> lines = index.entries();
+    std::vector<Place> places;
+    bool isEnd = false;
+    for (DictdIndex::Line line; index.next(line, isEnd, error) && !isEnd;) {
+        if (!line.isMetadata())
+            places.push_back({std::string(line.key), line.offset, line.size});
+    }
     QRandomGenerator random(500);
-    std::shuffle(lines.begin(), lines.end(), random);
-    lines.resize(std::min(lines.size(), sampleSize));
-    // The data are unpacked once, from the beginning to the end.
-    std::sort(lines.begin(), lines.end(),
-              [](const auto& a, const auto& b) { return a.offset < b.offset; });
+    std::shuffle(places.begin(), places.end(), random);
+    places.resize(std::min(places.size(), sampleSize));
     std::vector<SourceEntry> sample;
     std::string text;
-    for (const DictdIndex::Line& line : lines) {
-        if (!articles.read(line.offset, line.size, text, error))
+    for (const Place& place : places) {
+        if (!articles.read(place.offset, place.size, text, error))
             return {};
-        sample.push_back(
-            {QString::fromStdString(std::string(line.key)), QString::fromStdString(text)});
+        sample.push_back({QString::fromStdString(place.key), QString::fromStdString(text)});
     }
     return sample;
 }
