@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "lexicon/entries/scratchfile.h"
 #include "lexicon/sources/input/inputfile.h"
 #include "tests/support/palmwriter.h"
 
@@ -336,8 +337,9 @@ void TestInputFile::noticesThatTheFileChanged()
 
 void TestInputFile::saysWhereNothingCanBeUnpackedTo()
 {
-    // More than a temporary file holds in memory.
-    const std::string path = stage(QByteArray(5 << 20, 'x'), u"gzip"_s);
+    // What is small is held in memory.
+    const std::string path =
+        stage(QByteArray(2 * qsizetype{teskel::ScratchFile::heldBytes}, 'x'), u"gzip"_s);
     const QByteArray before = qgetenv("TMPDIR");
     qputenv("TMPDIR", "/no/such/place");
     InputFile file;

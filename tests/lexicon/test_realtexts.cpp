@@ -38,35 +38,37 @@ struct SourceEntry {
     QString text;
 };
 
-struct Place {
-    std::string key;
-    uint64_t offset;
-    uint64_t size;
-};
-
 std::vector<SourceEntry> sampleOf(const QString& base)
 {
+    struct Line {
+        std::string key;
+        uint64_t offset;
+        uint64_t size;
+    };
     DictdIndex index;
     InputFile articles;
     std::string error;
     if (!index.open((base + ".index"_L1).toStdString(), error) ||
         !articles.open((base + ".dict.dz"_L1).toStdString(), error))
         return {};
-    std::vector<Place> places;
-    bool isEnd = false;
-    for (DictdIndex::Line line; index.next(line, isEnd, error) && !isEnd;) {
-        if (!line.isMetadata())
-            places.push_back({std::string(line.key), line.offset, line.size});
+    std::vector<Line> lines;
+    DictdIndex::Line read;
+    for (bool isEnd = false; index.next(read, isEnd, error) && !isEnd;) {
+        if (!read.isMetadata())
+            lines.push_back({std::string(read.key), read.offset, read.size});
     }
     QRandomGenerator random(500);
-    std::shuffle(places.begin(), places.end(), random);
-    places.resize(std::min(places.size(), sampleSize));
+    std::shuffle(lines.begin(), lines.end(), random);
+    lines.resize(std::min(lines.size(), sampleSize));
+    // The data are unpacked once, from the beginning to the end.
+    std::sort(lines.begin(), lines.end(),
+              [](const auto& a, const auto& b) { return a.offset < b.offset; });
     std::vector<SourceEntry> sample;
     std::string text;
-    for (const Place& place : places) {
-        if (!articles.read(place.offset, place.size, text, error))
+    for (const Line& line : lines) {
+        if (!articles.read(line.offset, line.size, text, error))
             return {};
-        sample.push_back({QString::fromStdString(place.key), QString::fromStdString(text)});
+        sample.push_back({QString::fromStdString(line.key), QString::fromStdString(text)});
     }
     return sample;
 }
