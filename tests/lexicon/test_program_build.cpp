@@ -34,6 +34,8 @@ private slots:
     void buildReadsDictdIndexes();
     void buildMergesSourcesOfSeveralKinds();
     void fromOverridesWhatTheSourceLooksLike();
+    void reverseWritesTheOppositeDirection();
+    void reverseNeedsFiles();
     void sourcesThatAreNoFilesEndAtOnce_data();
     void sourcesThatAreNoFilesEndAtOnce();
     void noNumbersLeavesSensesUnnumbered();
@@ -218,6 +220,30 @@ void TestProgramBuild::fromOverridesWhatTheSourceLooksLike()
     result = _program.run(words({"build", "words.index", "--from", "tsv", "-o", "from.PDB"}));
     QCOMPARE(result.code, 0);
     QCOMPARE(_program.run(words({"build", "words.index", "--from", "pdf", "-o", "x.PDB"})).code, 2);
+}
+
+void TestProgramBuild::reverseWritesTheOppositeDirection()
+{
+    QCOMPARE(_program
+                 .run({u"build"_s, QStringLiteral(TEST_DATA "/sample.index"), u"-o"_s,
+                       u"forth.PDB"_s, u"--reverse"_s, u"back.PDB"_s})
+                 .code,
+             0);
+    QCOMPARE(_program.run(words({"list", "back.PDB"})).out,
+             QByteArray("17. Lebensjahr & mehr\nAbk\xC3\xBCrzung Abk.\nemporragen\nGeb\xC3\xA4ude\n"
+                        "Haus\nHouse-Musik\nKontrollturm\nund nichts anderes...\n"));
+    QCOMPARE(_program.run(words({"find", "back.PDB", "Haus", "Kontrollturm"})).out,
+             QByteArray("Haus\nhouse\n\nKontrollturm\nTower\n\n"));
+    QCOMPARE(_program.run(words({"verify", "forth.PDB", "back.PDB"})).code, 0);
+}
+
+void TestProgramBuild::reverseNeedsFiles()
+{
+    const ProgramResult result = _program.run(
+        words({"build", "-", "-o", "forth.PDB", "--reverse", "none.PDB"}), "house\tHaus\n");
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.err, QByteArray("teskel-lexicon: --reverse reads its sources twice, which the "
+                                    "standard input does not allow\n"));
 }
 
 void TestProgramBuild::sourcesThatAreNoFilesEndAtOnce_data()

@@ -59,9 +59,10 @@ std::string listOf(const std::vector<std::string>& paths)
 /// The first description that a source gives is the lexicon's, unless there is one in the options.
 bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, std::string& error)
 {
+    const std::string mark = _options.reversed ? " (reversed)" : "";
     if (_options.description)
         description =
-            intake.description(*_options.description, Latin1Converter::Text::PlainArticle);
+            intake.description(*_options.description + mark, Latin1Converter::Text::PlainArticle);
     uint32_t order = 0;
     bool isStandardInputRead = false;
     for (const std::string& path : _options.sources) {
@@ -73,11 +74,13 @@ bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, 
         if (!source)
             return false;
         source->setOrderBefore(order);
+        if (_options.reversed)
+            source->reverse();
         if (!source->read(intake, error))
             return false;
         order = source->lastOrder();
-        if (!_options.description && description.empty())
-            description = intake.description(source->description(), source->textKind());
+        if (!_options.description && description.empty() && !source->description().empty())
+            description = intake.description(source->description() + mark, source->textKind());
     }
     return true;
 }

@@ -36,6 +36,8 @@ struct BuildOptions {
     unsigned recordSize = defaultRecordSize;
     bool numbers = true; ///< number the senses of merged articles
     TextOptions text;
+    /// Make the opposite direction, from the translations in the articles.
+    bool reversed = false;
     bool force = false; ///< build even where many headwords are lost
 };
 

@@ -4,6 +4,7 @@
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/sources/sourcetable.h"
 
+#include <algorithm>
 #include <iostream>
 #include <memory>
 
@@ -15,7 +16,7 @@ namespace teskel::commands
 namespace
 {
 
-int run(const BuildOptions& options, bool quiet)
+int buildOne(const BuildOptions& options, bool quiet)
 {
     LexiconBuilder builder(options);
     std::string error;
@@ -28,6 +29,24 @@ int run(const BuildOptions& options, bool quiet)
     return Done;
 }
 
+/// An empty `reverse` is no file.
+int run(const BuildOptions& options, const std::string& reverse, bool quiet)
+{
+    const auto& sources = options.sources;
+    if (!reverse.empty() && std::find(sources.begin(), sources.end(), "-") != sources.end()) {
+        complain("--reverse reads its sources twice, which the standard input does not allow");
+        return Usage;
+    }
+    const int code = buildOne(options, quiet);
+    if (code != Done || reverse.empty())
+        return code;
+    BuildOptions reversed = options;
+    reversed.output = reverse;
+    reversed.reversed = true;
+    reversed.numbers = false; // words one below the other, not senses
+    return buildOne(reversed, quiet);
+}
+
 } // namespace
 
 Action build(CLI::App& options)
@@ -35,6 +54,7 @@ Action build(CLI::App& options)
     struct Request : BuildOptions {
         bool plainLatin = false;
         bool quiet = false;
+        std::string reverse;
     };
     const auto request = std::make_shared<Request>();
     options.add_option("SOURCE", request->sources, sourceHelp())->required();
@@ -44,6 +64,9 @@ Action build(CLI::App& options)
         ->check(CLI::IsMember(sourceKinds()));
     options.add_option("-o,--output", request->output, "The lexicon to write, such as Eng2Ger.PDB")
         ->required();
+    options.add_option("--reverse", request->reverse,
+                       "Also write the opposite direction, made from the translations in the "
+                       "articles, such as Ger2Eng.PDB");
     options.add_option("--description", request->description,
                        "Text shown when the lexicon is opened (default: the source's own)");
     options
@@ -65,7 +88,7 @@ Action build(CLI::App& options)
     options.add_flag("-q,--quiet", request->quiet, "Print no summary");
     return [request] {
         request->text.form = request->plainLatin ? LatinForm::Plain : LatinForm::LetterReferences;
-        return run(*request, request->quiet);
+        return run(*request, request->reverse, request->quiet);
     };
 }
 

@@ -2,6 +2,8 @@
 #include "lexicon/sources/lexiconsource.h"
 
 #include "lexicon/sources/freedictentry.h"
+#include "lexicon/sources/freedictline.h"
+#include "lexicon/sources/translations.h"
 #include "lexicon/text/plainarticle.h"
 
 #include <algorithm>
@@ -14,13 +16,26 @@ void LexiconSource::add(EntryIntake& intake, std::string_view headword, std::str
 {
     const uint32_t order = _orderBefore + number;
     _lastOrder = std::max(_lastOrder, order);
-    intake.add(headword, article, kind, order, where);
+    if (!_isReversed) {
+        intake.add(headword, article, kind, order, where);
+        return;
+    }
+    for (const std::string& translation : translationsIn(article, kind))
+        intake.add(translation, headword, Latin1Converter::Text::PlainArticle, order, where);
 }
 
 void LexiconSource::addLaidOut(EntryIntake& intake, std::string_view key, Written written,
                                std::string_view text, uint32_t number, std::string_view where)
 {
-    const FreeDictEntry entry = FreeDictEntry::parse(key, text, intake.options());
+    TextOptions options = intake.options();
+    if (_isReversed) {
+        // A form of a word has the article of the word, which is an entry of its own.
+        const auto first = freedict::readFirstLine(text.substr(0, text.find('\n')));
+        if (FreeDictEntry::normalized(first.word) != FreeDictEntry::normalized(key))
+            return;
+        options.pronunciations = false;
+    }
+    const FreeDictEntry entry = FreeDictEntry::parse(key, text, options);
     const std::string_view headword = written == Written::AsKey ? key : entry.headword;
     if (entry.pronunciations.empty())
         add(intake, headword, entry.article, Latin1Converter::Text::PlainArticle, number, where);

@@ -25,6 +25,9 @@ public:
 
     /// The place of this source's entries among those of several sources: behind `order`.
     void setOrderBefore(uint32_t order) { _orderBefore = _lastOrder = order; }
+    /// Makes the source hand over the opposite direction: each translation in an article is a
+    /// headword then, and the headword its article.
+    void reverse() { _isReversed = true; }
     /// The highest place that was given to an entry.
     uint32_t lastOrder() const { return _lastOrder; }
 
@@ -53,6 +56,7 @@ protected:
 private:
     uint32_t _orderBefore = 0;
     uint32_t _lastOrder = 0;
+    bool _isReversed = false;
 };
 
 /// A line of a file, for people and programs: "words.tsv:17".
