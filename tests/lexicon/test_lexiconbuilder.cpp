@@ -219,9 +219,10 @@ void TestLexiconBuilder::descriptionOptionIsPlainText()
 void TestLexiconBuilder::longDescriptionIsCutAndReported()
 {
     QVERIFY(buildTsv("\t" + QByteArray("x").repeated(508) + "&amp;\nhouse\tHaus\n"));
-    QCOMPARE(_report.notes.size(), size_t{1});
-    QCOMPARE(_report.notes.front(),
-             std::string("the description has 513 bytes, more than 511; its end is left out"));
+    QCOMPARE(_report.diagnostics.lines().size(), size_t{1});
+    QCOMPARE(_report.diagnostics.lines().front(),
+             std::string("warning[long-description]: the description has 513 bytes, more than 511; "
+                         "its end is left out"));
     QtDictionary dictionary;
     QCOMPARE(dictionary.open(output()), 0);
     char text[512];
@@ -232,9 +233,10 @@ void TestLexiconBuilder::longDescriptionIsCutAndReported()
 void TestLexiconBuilder::emptyHeadwordIsKeptAndReported()
 {
     QVERIFY(buildTsv("house\tHaus\n  \tnowhere\n"));
-    QCOMPARE(_report.notes.size(), size_t{1});
-    QCOMPARE(_report.notes.front(),
-             input() + ":2: the headword is empty; its article is under \"?\"");
+    QCOMPARE(_report.diagnostics.lines().size(), size_t{1});
+    QCOMPARE(_report.diagnostics.lines().front(),
+             input() +
+                 ":2: warning[empty-headword]: the headword is empty; its article is under \"?\"");
     QtDictionary dictionary;
     QCOMPARE(dictionary.open(output()), 0);
     QCOMPARE(articleOf(dictionary, "?"), QByteArray("nowhere"));
@@ -245,11 +247,11 @@ void TestLexiconBuilder::longHeadwordIsKeptWholeInItsArticle()
     const QByteArray headword = QByteArray("long & ").repeated(80) + "end";
     QVERIFY(buildTsv(headword + "\tlang\n"));
     verifyValid(output());
-    QCOMPARE(_report.notes.size(), size_t{1});
-    QVERIFY(_report.notes.front().starts_with(input() +
-                                              ":1: the headword has 563 bytes, more than 511; "
-                                              "it is shortened and stands whole in its "
-                                              "article: long & "));
+    QCOMPARE(_report.diagnostics.lines().size(), size_t{1});
+    QVERIFY(_report.diagnostics.lines().front().starts_with(
+        input() + ":1: warning[long-headword]: the headword has 563 bytes, more than 511; "
+                  "it is shortened and stands whole in its "
+                  "article: long & "));
     QtDictionary dictionary;
     QCOMPARE(dictionary.open(output()), 0);
     QCOMPARE(articleOf(dictionary, headword.left(511).trimmed().constData()),

@@ -24,6 +24,10 @@ private slots:
     void buildPrintsItsSummaryOnStandardError();
     void summaryNamesByteOrderMarksWithinTexts();
     void quietBuildPrintsNothing();
+    void strictBuildRefusesWhatItWarnsOf_data();
+    void strictBuildRefusesWhatItWarnsOf();
+    void placeAndTimeChangeNothing_data();
+    void placeAndTimeChangeNothing();
     void buildReadsStandardInput();
     void buildReadsDictdIndexes();
     void noNumbersLeavesSensesUnnumbered();
@@ -60,18 +64,27 @@ void TestProgramBuild::buildPrintsItsSummaryOnStandardError()
         _program.run(words({"build", "-", "-o", "summary.PDB"}), "a…\tx… ń 日\na…\ty\na…\ty\n");
     QCOMPARE(result.code, 0);
     QCOMPARE(result.out, QByteArray());
-    QCOMPARE(result.err, QByteArray("1 characters written as a named entity:\n"
-                                    "  … U+2026 -> \"&hellip;\" 1\n"
-                                    "4 characters written in other letters:\n"
-                                    "  ń U+0144 -> \"n\" 1\n"
-                                    "  … U+2026 -> \"...\" 3\n"
-                                    "1 characters unknown to Latin-1, written as \"?\":\n"
-                                    "  日 U+65E5 -> \"?\" 1\n"
-                                    "3 entries read, 1 headwords written, 1 of them with several "
-                                    "articles, 1 repeated articles kept once\n"
-                                    "1 word records, 28 bytes of text in a file of " +
-                                    QByteArray::number(_program.bytesOf("summary.PDB").size()) +
-                                    " bytes, 1 words looked up again\n"));
+    QCOMPARE(result.err,
+             QByteArray("standard input:1: warning[other-letters]: ń U+0144 is not in "
+                        "Latin-1; written as \"n\"\n"
+                        "standard input:1: note[named-entity]: … U+2026 is not in "
+                        "Latin-1; written as \"&hellip;\"\n"
+                        "standard input:1: warning[other-letters]: … U+2026 is not in "
+                        "Latin-1; written as \"...\"\n"
+                        "standard input:1: warning[unknown-character]: 日 U+65E5 is not "
+                        "in Latin-1; written as \"?\"\n"
+                        "1 characters written as a named entity:\n"
+                        "  … U+2026 -> \"&hellip;\" 1\n"
+                        "4 characters written in other letters:\n"
+                        "  ń U+0144 -> \"n\" 1\n"
+                        "  … U+2026 -> \"...\" 3\n"
+                        "1 characters unknown to Latin-1, written as \"?\":\n"
+                        "  日 U+65E5 -> \"?\" 1\n"
+                        "3 entries read, 1 headwords written, 1 of them with several "
+                        "articles, 1 repeated articles kept once\n"
+                        "1 word records, 28 bytes of text in a file of " +
+                        QByteArray::number(_program.bytesOf("summary.PDB").size()) +
+                        " bytes, 1 words looked up again\n"));
 }
 
 void TestProgramBuild::summaryNamesByteOrderMarksWithinTexts()
@@ -89,6 +102,74 @@ void TestProgramBuild::quietBuildPrintsNothing()
     QCOMPARE(result.code, 0);
     QCOMPARE(result.out, QByteArray());
     QCOMPARE(result.err, QByteArray());
+}
+
+void TestProgramBuild::strictBuildRefusesWhatItWarnsOf_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("tsv");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QByteArray>("err"); // its beginning
+    const QByteArray error =
+        "standard input:2: error[empty-headword]: the headword is empty; its article is under "
+        "\"?\"\nteskel-lexicon: cannot write strict.PDB: --strict makes 1 warnings errors\n";
+    const QByteArray warned = "a\tx\n \ty\n";
+    QTest::newRow("nothing to warn of")
+        << words({"--strict"}) << QByteArray("a\tx\n") << 0 << QByteArray("1 entries read, ");
+    QTest::newRow("empty headword") << words({"--strict"}) << warned << 3 << error;
+    QTest::newRow("errors are told quietly, too")
+        << words({"--strict", "--quiet"}) << warned << 3 << error;
+    QTest::newRow("a warning alone") << QStringList() << warned << 0
+                                     << QByteArray("standard input:2: warning[empty-headword]: ");
+}
+
+void TestProgramBuild::strictBuildRefusesWhatItWarnsOf()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, tsv);
+    QFETCH(int, code);
+    QFETCH(QByteArray, err);
+    const QStringList before = QDir(_program.directory()).entryList();
+    const ProgramResult result =
+        _program.run(words({"build", "-", "-o", "strict.PDB"}) + options, tsv);
+    QCOMPARE(result.code, code);
+    QVERIFY2(result.err.startsWith(err), result.err.constData());
+    QCOMPARE(QFile::remove(_program.path("strict.PDB")), code == 0);
+    QCOMPARE(QDir(_program.directory()).entryList(), before);
+}
+
+void TestProgramBuild::placeAndTimeChangeNothing_data()
+{
+    QTest::addColumn<QString>("environment");
+    QTest::newRow("Turkish") << u"LC_ALL=tr_TR.UTF-8"_s;
+    QTest::newRow("German, commas in numbers") << u"LC_ALL=de_DE.ISO-8859-1"_s;
+    QTest::newRow("no locale") << u"LC_ALL= LANG="_s;
+    QTest::newRow("tomorrow's side of the date line") << u"TZ=Pacific/Kiritimati"_s;
+    QTest::newRow("yesterday's side of the date line") << u"TZ=Pacific/Pago_Pago"_s;
+    QTest::newRow("one core") << u"taskset -c 0"_s;
+}
+
+// Locales are made for the test, because a machine may lack them.
+void TestProgramBuild::placeAndTimeChangeNothing()
+{
+    QFETCH(QString, environment);
+    QVERIFY(QDir(_program.directory()).mkpath(u"locales"_s));
+    const ProgramResult made = _program.runShell(
+        u"cd locales && for l in tr_TR.UTF-8 de_DE.ISO-8859-1; do [ -d $l ] || localedef -i "
+        u"${l%.*} -f ${l#*.} ./$l; done; ls"_s);
+    QVERIFY2(made.out.contains("tr_TR.UTF-8") && made.out.contains("de_DE.ISO-8859-1"),
+             made.err.constData());
+    QVERIFY(
+        writeFile(_program.path("many.tsv"),
+                  QByteArray("\tÜber İstanbul\nI\tı İ i\nß\t1,5\nİ\tΣ σ\n") + manyEntries(5000)));
+    const QString script = u"%1 " TESKEL_LEXICON " build many.tsv -o %2 2>%2.log; cat %2.log"_s;
+    const ProgramResult here =
+        _program.runShell(script.arg(u"env LC_ALL=C.UTF-8"_s, u"here.PDB"_s));
+    const ProgramResult there =
+        _program.runShell(script.arg(u"env LOCPATH=$PWD/locales "_s + environment, u"there.PDB"_s));
+    QVERIFY(_program.bytesOf("here.PDB").size() > 5000);
+    QVERIFY(_program.bytesOf("there.PDB") == _program.bytesOf("here.PDB"));
+    QCOMPARE(there.out, here.out);
 }
 
 void TestProgramBuild::buildReadsStandardInput()

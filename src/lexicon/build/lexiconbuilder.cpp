@@ -79,10 +79,12 @@ bool LexiconBuilder::build(std::string& error)
     EntryArena arena;
     EntryIntake intake(arena, _report);
     std::string description;
+    _report.progress->begin("reading");
     if (!readSources(intake, description, error))
         return false;
     _report.conversions = intake.converter().counts();
 
+    _report.progress->begin("sorting");
     EntryMerger merger(arena, _report, _options.numbers);
     OversizeSplitter splitter(arena, _report);
     const std::vector<LexiconEntry> entries = splitter.split(merger.merge(intake.take()));
@@ -98,18 +100,26 @@ bool LexiconBuilder::build(std::string& error)
         return false;
     }
     if (plan.recordSize() != _options.recordSize)
-        _report.note("record size", "records of " + std::to_string(_options.recordSize) +
-                                        " bytes would be too many for one file; they have up to " +
-                                        std::to_string(plan.recordSize()) + " bytes instead");
+        _report.diagnostics.add(diagnostic::recordSize, {},
+                                "records of " + std::to_string(_options.recordSize) +
+                                    " bytes would be too many for one file; they have up to " +
+                                    std::to_string(plan.recordSize()) + " bytes instead");
     _report.headwords = entries.size();
+    if (_options.strict && _report.diagnostics.warnings() > 0) {
+        error = "cannot write " + _options.output + ": --strict makes " +
+                std::to_string(_report.diagnostics.warnings()) + " warnings errors";
+        return false;
+    }
 
     PendingFile file(_options.output);
     if (!write(file, description, plan, error))
         return false;
+    _report.progress->begin("checking");
     SpotCheck check(file.path());
     if (!check.run(entries, error))
         return false;
     _report.spotChecks = check.checkedWords();
+    _report.progress->end();
     return file.commit(error);
 }
 
@@ -125,7 +135,9 @@ bool LexiconBuilder::write(PendingFile& file, const std::string& description,
         ArjMember::pack(std::string_view(description.c_str(), description.size() + 1), encoder));
     writer.add(unusedRecord);
     writer.add(unusedRecord);
+    _report.progress->begin("packing", _report.headwords);
     for (const PlannedRecord& record : plan.records()) {
+        _report.progress->advance(record.last - record.first);
         const std::string content = plan.content(record);
         _report.unpackedBytes += content.size();
         writer.add(ArjMember::pack(content, encoder));

@@ -4,6 +4,7 @@
 #include "lexicon/entries/buildreport.h"
 #include "lexicon/entries/lexiconentry.h"
 
+#include <iosfwd>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,15 +32,18 @@ struct BuildOptions {
     int method = defaultMethod;
     unsigned recordSize = defaultRecordSize;
     bool numbers = true; ///< number the senses of merged articles
+    bool strict = false; ///< fail when there is anything to warn of
 };
 
 /// Builds a dictionary file from its sources, all or nothing.
 class LexiconBuilder
 {
 public:
-    explicit LexiconBuilder(BuildOptions options)
+    /// Shows how far it has come on `terminal`, unless that is null.
+    explicit LexiconBuilder(BuildOptions options, std::ostream* terminal = nullptr)
         : _options(std::move(options))
     {
+        _report.progress = std::make_shared<Progress>(terminal);
     }
 
     /// Reads the sources, writes the file beside its target, looks words up in it and gives it its

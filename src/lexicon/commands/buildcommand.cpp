@@ -17,9 +17,12 @@ namespace
 
 int run(const BuildOptions& options, bool quiet)
 {
-    LexiconBuilder builder(options);
+    LexiconBuilder builder(options, quiet ? nullptr : terminal());
     std::string error;
-    if (!builder.build(error)) {
+    const bool isBuilt = builder.build(error);
+    builder.report().progress->end();
+    builder.report().diagnostics.print(std::cerr, {options.strict, quiet});
+    if (!isBuilt) {
         complain(error);
         return Failed;
     }
@@ -55,7 +58,8 @@ Action build(CLI::App& options)
         ->capture_default_str();
     options.add_flag("--no-numbers{false}", request->numbers,
                      "Do not number the senses of words that occur several times");
-    options.add_flag("-q,--quiet", request->quiet, "Print no summary");
+    options.add_flag("--strict", request->strict, "Take warnings for errors: write nothing");
+    options.add_flag("-q,--quiet", request->quiet, "Print errors alone: no warnings, no summary");
     return [request] { return run(*request, request->quiet); };
 }
 

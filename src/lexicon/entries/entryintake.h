@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lexicon/entries/buildreport.h"
+#include "lexicon/entries/conversionnotes.h"
 #include "lexicon/entries/entryarena.h"
 #include "lexicon/text/latin1converter.h"
 
@@ -23,8 +24,11 @@ public:
     {
     }
 
+    /// So many entries are to come, where a source knows it; for those who wait.
+    void expect(uint64_t entries) { _report.progress->expect(entries); }
+
     /// Takes an entry in UTF-8. `order` is its place in the source, `where` names that place to
-    /// people ("line 17"). `kind` says what the article is.
+    /// people ("words.tsv:17"). `kind` says what the article is.
     void add(std::string_view headword, std::string_view article, Latin1Converter::Text kind,
              uint32_t order, std::string_view where);
 
@@ -42,6 +46,7 @@ private:
     EntryArena& _arena;
     BuildReport& _report;
     Latin1Converter _converter;
+    ConversionNotes _conversionNotes;
     std::vector<LexiconEntry> _entries;
     std::string _headword; // kept to reuse their memory
     std::string _article;

@@ -76,11 +76,11 @@ std::vector<LexiconEntry> OversizeSplitter::split(std::vector<LexiconEntry> entr
 void OversizeSplitter::splitGroup(const Group& group, const std::vector<LexiconEntry>& all)
 {
     const std::string name = utf8::fromLatin1(group.front().headword());
-    _report.note("headwords that fill more than a record",
-                 "the articles of \"" + name +
-                     "\" fill more than one record of 32,767 bytes; they "
-                     "go on under \"" +
-                     name + " (2)\" and so on");
+    _report.diagnostics.add(diagnostic::longArticle, {},
+                            "the articles of \"" + name +
+                                "\" fill more than one record of 32,767 bytes; they "
+                                "go on under \"" +
+                                name + " (2)\" and so on");
     _part = 1;
     size_t room = limits::recordPayload;
     for (const LexiconEntry& entry : group) {

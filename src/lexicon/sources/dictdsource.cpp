@@ -118,6 +118,7 @@ bool DictdSource::read(EntryIntake& intake, std::string& error)
     std::sort(lines.begin(), lines.end(), [](const auto* a, const auto* b) {
         return a->offset != b->offset ? a->offset < b->offset : a->number < b->number;
     });
+    intake.expect(lines.size());
     std::string text;
     for (const DictdIndex::Line* line : lines) {
         const std::string where = placeInFile(_indexPath, line->number);
