@@ -21,6 +21,8 @@ class TestDictdSource : public QObject
 
 private slots:
     void readsPlainArticles();
+    void keepsPronunciations();
+    void givesPlainLatin();
     void readsArticlesPackedByDictzip();
     void readsArticlesPackedByGzip();
     void readsAcrossChunks();
@@ -42,7 +44,8 @@ private:
     }
     /// Copies the sample into the directory; `packer` packs its articles.
     static void stage(const QTemporaryDir& directory, const QString& packer);
-    static Pairs readAll(const std::string& index, std::string& error);
+    static Pairs readAll(const std::string& index, std::string& error,
+                         const TextOptions& options = {LatinForm::LetterReferences, false});
 };
 
 void TestDictdSource::stage(const QTemporaryDir& directory, const QString& packer)
@@ -63,11 +66,12 @@ void TestDictdSource::stage(const QTemporaryDir& directory, const QString& packe
     QVERIFY(QFile::exists(directory.filePath(u"s.dict.dz"_s)));
 }
 
-TestDictdSource::Pairs TestDictdSource::readAll(const std::string& index, std::string& error)
+TestDictdSource::Pairs TestDictdSource::readAll(const std::string& index, std::string& error,
+                                                const TextOptions& options)
 {
     EntryArena arena;
     BuildReport report;
-    EntryIntake intake(arena, report);
+    EntryIntake intake(arena, report, options);
     DictdSource source(index);
     if (!source.read(intake, error))
         return {};
@@ -84,15 +88,15 @@ namespace
 
 const QList<QPair<QByteArray, QByteArray>> sample = {
     {"$", "dollar sign ($)\nDollar-Zeichen &lt;neut> $"},
-    {"... and no mistake.", "und nichts anderes&hellip;"},
+    {"... and no mistake.", "<b>&_cacg; and no mistake.</b>\nund nichts anderes&_cacg;"},
     {"abbr.", "abbreviation (abbr.)\nAbk\xFCrzung &lt;fem> Abk."},
     {"abbreviation", "(abbr.) Abk\xFCrzung &lt;fem> Abk."},
     {"house", "Haus &lt;neut>, Geb\xE4ude &lt;neut>\n\"build a house\" - ein Haus bauen\n"
               "Synonyms: home; place, building\nsee: houses"},
     {"house", "House-Musik &lt;fem>"},
-    {"seventeenth year", "17<i></i>. Lebensjahr &amp; mehr"},
+    {"seventeenth year", "&_db;&_dh;. Lebensjahr &amp; mehr"},
     {"tower", "&lt;v> emporragen &lt;v, intr>"},
-    {"Tower", "Kontrollturm &lt;masc>\nNote: im 3<i></i>. Stock"},
+    {"Tower", "Kontrollturm &lt;masc>\nNote: im &_dd;. Stock"},
 };
 
 } // namespace
@@ -103,6 +107,35 @@ void TestDictdSource::readsPlainArticles()
     const Pairs entries = readAll(TEST_DATA "/sample.index", error);
     QCOMPARE(error, std::string());
     QCOMPARE(entries, sample);
+}
+
+void TestDictdSource::keepsPronunciations()
+{
+    std::string error;
+    const Pairs entries = readAll(TEST_DATA "/sample.index", error, {});
+    QCOMPARE(entries.size(), sample.size());
+    const QByteArray tower = "t&_cmi;a&_cik;&_cfj;";
+    QCOMPARE(entries[7].second,
+             "<font color=\"gray\">/" + tower + "/</font> &lt;v> emporragen &lt;v, intr>");
+    QCOMPARE(entries[2].second,
+             QByteArray("abbreviation <font color=\"gray\">/&_cfa;b&_chj;&_cmm;i&_cna;"
+                        "v&_cgk;&_cmi;e&_cgk;&_cid;&_cfj;n/</font> "
+                        "(abbr. <font color=\"gray\">/&_cmi;ab&_cfj;/</font>)\n"
+                        "Abk\xFCrzung &lt;fem> Abk., /&_cmi;abk/"));
+    for (qsizetype i = 0; i < sample.size(); ++i)
+        QCOMPARE(entries[i].first, sample[i].first);
+}
+
+void TestDictdSource::givesPlainLatin()
+{
+    std::string error;
+    const Pairs entries = readAll(TEST_DATA "/sample.index", error, {LatinForm::Plain});
+    QCOMPARE(entries.size(), sample.size());
+    QCOMPARE(entries[1].second, QByteArray("und nichts anderes&hellip;"));
+    QCOMPARE(entries[2], sample[2]);
+    QCOMPARE(entries[6].second, QByteArray("17<i></i>. Lebensjahr &amp; mehr"));
+    QCOMPARE(entries[7], sample[7]);
+    QCOMPARE(entries[8].second, QByteArray("Kontrollturm &lt;masc>\nNote: im 3<i></i>. Stock"));
 }
 
 void TestDictdSource::readsArticlesPackedByDictzip()

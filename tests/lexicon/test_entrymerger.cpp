@@ -12,6 +12,10 @@ class TestEntryMerger : public QObject
 private slots:
     void merges_data();
     void merges();
+    void mergesInThePlainForm_data();
+    void mergesInThePlainForm();
+    void wordsThatFellTogetherStayApart_data();
+    void wordsThatFellTogetherStayApart();
     void sortsAsTheReaderCompares();
     void smallLettersComeBeforeCapitals();
     void sensesKeepTheOrderOfTheSource();
@@ -23,7 +27,8 @@ namespace
 
 using Pairs = QList<QPair<QByteArray, QByteArray>>;
 
-Pairs merged(const Pairs& source, bool numbers, BuildReport& report)
+Pairs merged(const Pairs& source, bool numbers, BuildReport& report,
+             LatinForm form = LatinForm::LetterReferences)
 {
     EntryArena arena;
     std::vector<LexiconEntry> entries;
@@ -31,7 +36,7 @@ Pairs merged(const Pairs& source, bool numbers, BuildReport& report)
     for (const auto& [headword, article] : source)
         entries.push_back(arena.make(headword.toStdString(), article.toStdString(), order++));
     Pairs result;
-    for (const LexiconEntry& entry : EntryMerger(arena, report, numbers).merge(entries))
+    for (const LexiconEntry& entry : EntryMerger(arena, report, numbers, form).merge(entries))
         result.append({QByteArray(entry.text), QByteArray(entry.article().data())});
     return result;
 }
@@ -64,16 +69,20 @@ void TestEntryMerger::merges_data()
     QTest::newRow("further lines follow their number")
         << QByteArrayList{"Haus\nsee: home", "Heim"} << true
         << QByteArray("1. Haus\nsee: home\n2. Heim");
-    QTest::newRow("numbers end at nine")
+    const QByteArray ten = "<b><font color=\"#0000FF\">&_db;0.</font></b> ";
+    const QByteArray eleven = "<b><font color=\"#0000FF\">&_db;&_db;.</font></b> ";
+    QTest::newRow("numbers go on behind nine")
         << QByteArrayList{"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k"} << true
-        << QByteArray("1. a\n2. b\n3. c\n4. d\n5. e\n6. f\n7. g\n8. h\n9. i\nj\nk");
+        << "1. a\n2. b\n3. c\n4. d\n5. e\n6. f\n7. g\n8. h\n9. i\n" + ten + "j\n" + eleven + "k";
     QTest::newRow("numbered already")
         << QByteArrayList{"1. a", "2. b"} << true << QByteArray("1. a\n2. b");
     QTest::newRow("one of them numbered already")
         << QByteArrayList{"a", "1. b\n2. c"} << true << QByteArray("a\n1. b\n2. c");
+    QTest::newRow("numbered behind its first line")
+        << QByteArrayList{"&lt;n>\n1. b\n2. c", "a"} << true << QByteArray("&lt;n>\n1. b\n2. c\na");
     QTest::newRow("an ordinal number is no numbering")
-        << QByteArrayList{"1<i></i>. Klasse", "erstklassig"} << true
-        << QByteArray("1. 1<i></i>. Klasse\n2. erstklassig");
+        << QByteArrayList{"&_db;. Klasse", "erstklassig"} << true
+        << QByteArray("1. &_db;. Klasse\n2. erstklassig");
     QTest::newRow("without numbers") << QByteArrayList{"a", "b"} << false << QByteArray("a\nb");
     QTest::newRow("repeated article is kept once")
         << QByteArrayList{"a", "b", "a"} << true << QByteArray("1. a\n2. b");
@@ -91,6 +100,68 @@ void TestEntryMerger::merges()
     for (const QByteArray& each : articles)
         source.append({"house", each});
     QCOMPARE(merged(source, numbers), (Pairs{{"house", article}}));
+}
+
+void TestEntryMerger::mergesInThePlainForm_data()
+{
+    QTest::addColumn<QByteArrayList>("articles");
+    QTest::addColumn<QByteArray>("article");
+    QTest::newRow("numbers end at nine")
+        << QByteArrayList{"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k"}
+        << QByteArray("1. a\n2. b\n3. c\n4. d\n5. e\n6. f\n7. g\n8. h\n9. i\nj\nk");
+    QTest::newRow("one of them numbered already")
+        << QByteArrayList{"a", "1. b\n2. c"} << QByteArray("a\n1. b\n2. c");
+    QTest::newRow("numbered behind its first line")
+        << QByteArrayList{"&lt;n>\n1. b\n2. c", "a"} << QByteArray("1. &lt;n>\n1. b\n2. c\n2. a");
+    QTest::newRow("an ordinal number is no numbering")
+        << QByteArrayList{"1<i></i>. Klasse", "erstklassig"}
+        << QByteArray("1. 1<i></i>. Klasse\n2. erstklassig");
+}
+
+void TestEntryMerger::mergesInThePlainForm()
+{
+    QFETCH(QByteArrayList, articles);
+    QFETCH(QByteArray, article);
+    Pairs source;
+    for (const QByteArray& each : articles)
+        source.append({"house", each});
+    BuildReport report;
+    QCOMPARE(merged(source, true, report, LatinForm::Plain), (Pairs{{"house", article}}));
+}
+
+void TestEntryMerger::wordsThatFellTogetherStayApart_data()
+{
+    using Entries = QList<QPair<QByteArray, QByteArray>>; // word as written or nothing, article
+    QTest::addColumn<Entries>("entries");
+    QTest::addColumn<QByteArray>("article");
+    const QByteArray a = "<b>&_ede;</b>\n";
+    const QByteArray b = "<b>&_edf;</b>\n";
+    QTest::newRow("one word") << Entries{{a, "x"}} << a + "x";
+    QTest::newRow("two words") << Entries{{a, "x"}, {b, "y"}} << a + "x\n" + b + "y";
+    QTest::newRow("one word twice") << Entries{{a, "x"}, {a, "y"}} << a + "1. x\n2. y";
+    QTest::newRow("two words, by turns")
+        << Entries{{b, "x"}, {a, "y"}, {b, "z"}} << b + "1. x\n2. z\n" + a + "y";
+    QTest::newRow("the headword itself comes first")
+        << Entries{{a, "x"}, {"", "y"}} << "y\n" + a + "x";
+    QTest::newRow("same article, other word")
+        << Entries{{a, "x"}, {b, "x"}, {a, "x"}} << a + "x\n" + b + "x";
+}
+
+void TestEntryMerger::wordsThatFellTogetherStayApart()
+{
+    using Entries = QList<QPair<QByteArray, QByteArray>>;
+    QFETCH(Entries, entries);
+    EntryArena arena;
+    BuildReport report;
+    std::vector<LexiconEntry> source;
+    for (const auto& [line, article] : entries) {
+        source.push_back(
+            arena.make("d", (line + article).toStdString(), static_cast<uint32_t>(source.size())));
+        source.back().writtenLength = static_cast<uint16_t>(line.size());
+    }
+    const auto merged = EntryMerger(arena, report, true).merge(std::move(source));
+    QCOMPARE(merged.size(), size_t{1});
+    QTEST(QByteArray(merged.front().article().data()), "article");
 }
 
 void TestEntryMerger::sortsAsTheReaderCompares()

@@ -4,6 +4,7 @@
 #include <QTest>
 
 using teskel::FreeDictEntry;
+using teskel::LatinForm;
 
 class TestFreeDictEntry : public QObject
 {
@@ -93,7 +94,8 @@ void TestFreeDictEntry::parses()
 {
     QFETCH(QByteArray, key);
     QFETCH(QByteArray, text);
-    const FreeDictEntry entry = FreeDictEntry::parse(key.toStdString(), text.toStdString());
+    const FreeDictEntry entry =
+        FreeDictEntry::parse(key.toStdString(), text.toStdString(), {LatinForm::Plain});
     QTEST(QByteArray::fromStdString(entry.headword), "headword");
     QTEST(QByteArray::fromStdString(entry.article), "article");
 }

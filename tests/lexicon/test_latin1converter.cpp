@@ -5,6 +5,7 @@
 #include <QTest>
 
 using teskel::Latin1Converter;
+using teskel::LatinForm;
 using Text = Latin1Converter::Text;
 
 class TestLatin1Converter : public QObject
@@ -12,15 +13,18 @@ class TestLatin1Converter : public QObject
     Q_OBJECT
 
 private slots:
-    void converts_data();
-    void converts();
+    void convertsToPlainLatin_data();
+    void convertsToPlainLatin();
+    void convertsToLetterReferences_data();
+    void convertsToLetterReferences();
     void countsEachKind();
+    void countsWhatIsNotShown();
     void isItsOwnFixedPointOnMarkup_data();
     void isItsOwnFixedPointOnMarkup();
     void latin1BecomesUtf8();
 };
 
-void TestLatin1Converter::converts_data()
+void TestLatin1Converter::convertsToPlainLatin_data()
 {
     QTest::addColumn<QByteArray>("source");
     QTest::addColumn<QByteArray>("headword");
@@ -96,7 +100,65 @@ void TestLatin1Converter::converts_data()
         "R&amp;D &amp;#; &amp;#x; &amp;#999999999;", "R&D &#; &#x; &#999999999;");
 }
 
-void TestLatin1Converter::converts()
+void TestLatin1Converter::convertsToPlainLatin()
+{
+    QFETCH(QByteArray, source);
+    const std::string text = source.toStdString();
+    const auto result = [&text](Text kind) {
+        return QByteArray::fromStdString(Latin1Converter(LatinForm::Plain).converted(text, kind));
+    };
+    QTEST(result(Text::Headword), "headword");
+    QTEST(result(Text::PlainArticle), "plain");
+    QTEST(result(Text::MarkupArticle), "markup");
+}
+
+void TestLatin1Converter::convertsToLetterReferences_data()
+{
+    QTest::addColumn<QByteArray>("source");
+    QTest::addColumn<QByteArray>("headword");
+    QTest::addColumn<QByteArray>("plain");
+    QTest::addColumn<QByteArray>("markup");
+    const auto row = [](const char* name, const char* source, const char* headword,
+                        const char* plain, const char* markup) {
+        QTest::addRow("%s", name) << QByteArray(source) << QByteArray(headword) << QByteArray(plain)
+                                  << QByteArray(markup);
+    };
+    row("latin", "Größe 2",
+        "Gr\xF6\xDF"
+        "e 2",
+        "Gr\xF6\xDF"
+        "e 2",
+        "Gr\xF6\xDF"
+        "e 2");
+    row("tags and ampersand", "a <b> & c", "a <b> & c", "a &lt;b> &amp; c", "a <b> & c");
+    row("ellipsis", "x…", "x...", "x&_cacg;", "x&_cacg;");
+    row("cyrillic", "да", "da", "&_ede;&_eda;", "&_ede;&_eda;");
+    row("beyond the first plane", "\xF0\x9F\x98\x80", "bpgaa", "&_bpgaa;", "&_bpgaa;");
+    row("in a tag", "<i title=\"д\">", "<i title=\"d\">", "&lt;i title=\"&_ede;\">",
+        "<i title=\"&_ede;\">");
+    row("decomposed letter", "scho\xCC\x88n", "sch\xF6n", "sch\xF6n", "sch\xF6n");
+    row("mark without a letter for it", "x\xCC\x83", "x", "x&_dad;", "x&_dad;");
+    row("references stay in markup", "&_ede; &_zz; &lt;", "&_ede; &_zz; &lt;",
+        "&amp;_ede; &amp;_zz; &amp;lt;", "&_ede; &_zz; &lt;");
+    row("numeric references", "&#8211;&#x434;&#228;&#60;", "&#8211;&#x434;&#228;&#60;",
+        "&amp;#8211;&amp;#x434;&amp;#228;&amp;#60;", "&_cabd;&_ede;\xE4&lt;");
+    row("reference to a digit is none of a sense", "&#49;.", "&#49;.", "&amp;#49;.", "&_db;.");
+    row("invalid byte",
+        "a\xFF"
+        "b",
+        "a?b", "a&_pppn;b", "a&_pppn;b");
+    row("line separator",
+        "a\xE2\x80\xA8"
+        "b",
+        "a b", "a b", "a b");
+    row("override of the direction",
+        "a\xE2\x80\xAE"
+        "b",
+        "ab", "a b", "a b");
+    row("blanks", "  д \t b\n", "d b", "  &_ede; \t b\n", "  &_ede; \t b\n");
+}
+
+void TestLatin1Converter::convertsToLetterReferences()
 {
     QFETCH(QByteArray, source);
     const std::string text = source.toStdString();
@@ -106,12 +168,29 @@ void TestLatin1Converter::converts()
     QTEST(result(Text::Headword), "headword");
     QTEST(result(Text::PlainArticle), "plain");
     QTEST(result(Text::MarkupArticle), "markup");
+    QFETCH(QByteArray, markup);
+    const std::string again = teskel::utf8::fromLatin1(markup.toStdString());
+    QTEST(QByteArray::fromStdString(Latin1Converter().converted(again, Text::MarkupArticle)),
+          "markup");
+}
+
+void TestLatin1Converter::countsWhatIsNotShown()
+{
+    using Change = Latin1Converter::Change;
+    Latin1Converter converter;
+    converter.converted("д \xFF \xE2\x80\xA8 \x01", Text::PlainArticle);
+    converter.converted("д \xFF", Text::Headword);
+    const auto& counts = converter.counts();
+    QCOMPARE(counts.size(), size_t{3});
+    QCOMPARE(counts.at({teskel::utf8::invalid, Change::InvalidByte}).times, uint64_t{2});
+    QCOMPARE(counts.at({U'\u2028', Change::Control}).times, uint64_t{1});
+    QCOMPARE(counts.at({U'\x01', Change::Control}).times, uint64_t{1});
 }
 
 void TestLatin1Converter::countsEachKind()
 {
     using Change = Latin1Converter::Change;
-    Latin1Converter converter;
+    Latin1Converter converter(LatinForm::Plain);
     converter.converted("… … ń 日 \xFF \x01", Text::PlainArticle);
     converter.converted("…", Text::Headword);
     const auto& counts = converter.counts();
@@ -127,20 +206,25 @@ void TestLatin1Converter::countsEachKind()
 
 void TestLatin1Converter::isItsOwnFixedPointOnMarkup_data()
 {
-    converts_data();
+    convertsToPlainLatin_data();
 }
 
 void TestLatin1Converter::isItsOwnFixedPointOnMarkup()
 {
     QFETCH(QByteArray, source);
     for (const Text kind : {Text::PlainArticle, Text::MarkupArticle}) {
-        const std::string once = Latin1Converter().converted(source.toStdString(), kind);
+        const std::string once =
+            Latin1Converter(LatinForm::Plain).converted(source.toStdString(), kind);
         const std::string again =
-            Latin1Converter().converted(teskel::utf8::fromLatin1(once), Text::MarkupArticle);
+            Latin1Converter(LatinForm::Plain)
+                .converted(teskel::utf8::fromLatin1(once), Text::MarkupArticle);
         QCOMPARE(QByteArray::fromStdString(again), QByteArray::fromStdString(once));
     }
-    const std::string once = Latin1Converter().converted(source.toStdString(), Text::Headword);
-    QCOMPARE(Latin1Converter().converted(teskel::utf8::fromLatin1(once), Text::Headword), once);
+    const std::string once =
+        Latin1Converter(LatinForm::Plain).converted(source.toStdString(), Text::Headword);
+    QCOMPARE(
+        Latin1Converter(LatinForm::Plain).converted(teskel::utf8::fromLatin1(once), Text::Headword),
+        once);
 }
 
 void TestLatin1Converter::latin1BecomesUtf8()

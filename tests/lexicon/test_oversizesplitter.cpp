@@ -17,6 +17,7 @@ private slots:
     void wordsThatFoldAlikeShareOneRecord();
     void takenNumbersAreSkipped();
     void longestHeadwordMakesRoomForTheNumber();
+    void articleWithoutLinesOrBlanksIsCutOutsideReferences_data();
     void articleWithoutLinesOrBlanksIsCutOutsideReferences();
     void splittingAgainChangesNothing();
 
@@ -144,11 +145,23 @@ void TestOversizeSplitter::longestHeadwordMakesRoomForTheNumber()
     QVERIFY(allFit(entries));
 }
 
+void TestOversizeSplitter::articleWithoutLinesOrBlanksIsCutOutsideReferences_data()
+{
+    QTest::addColumn<QByteArray>("unit");
+    QTest::newRow("entity and tags") << QByteArray("&alpha;<b>x</b>");
+    QTest::newRow("letter references") << QByteArray("&_bpgaa;");
+    QTest::newRow("references in a tag") << QByteArray("<font&_daa;color='&_da;&_da;&_da;'>");
+    for (int length = 1; length <= 16; ++length)
+        QTest::addRow("%d bytes and a reference", length)
+            << QByteArray(length, 'x') + "&_bpgaa;<br&_db;>";
+}
+
 void TestOversizeSplitter::articleWithoutLinesOrBlanksIsCutOutsideReferences()
 {
-    std::string article;
+    QFETCH(QByteArray, unit);
+    std::string article(static_cast<size_t>(unit.size() / 2), 'x');
     while (article.size() < 40000)
-        article += "&alpha;<b>x</b>";
+        article += unit.toStdString();
     const auto entries = split({entry("house", article)});
     QVERIFY(entries.size() == 2);
     for (const LexiconEntry& each : entries) {

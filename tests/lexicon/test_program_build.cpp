@@ -22,6 +22,9 @@ class TestProgramBuild : public QObject
 private slots:
     void initTestCase();
     void buildPrintsItsSummaryOnStandardError();
+    void summaryCountsRomanizedHeadwords();
+    void manyLostHeadwordsAreRefused_data();
+    void manyLostHeadwordsAreRefused();
     void summaryNamesByteOrderMarksWithinTexts();
     void quietBuildPrintsNothing();
     void strictBuildRefusesWhatItWarnsOf_data();
@@ -60,8 +63,8 @@ void TestProgramBuild::initTestCase()
 
 void TestProgramBuild::buildPrintsItsSummaryOnStandardError()
 {
-    const ProgramResult result =
-        _program.run(words({"build", "-", "-o", "summary.PDB"}), "a…\tx… ń 日\na…\ty\na…\ty\n");
+    const ProgramResult result = _program.run(
+        words({"build", "-", "-o", "summary.PDB", "--plain-latin"}), "a…\tx… ń 日\na…\ty\na…\ty\n");
     QCOMPARE(result.code, 0);
     QCOMPARE(result.out, QByteArray());
     QCOMPARE(result.err,
@@ -87,10 +90,67 @@ void TestProgramBuild::buildPrintsItsSummaryOnStandardError()
                         " bytes, 1 words looked up again\n"));
 }
 
+void TestProgramBuild::summaryCountsRomanizedHeadwords()
+{
+    const ProgramResult result = _program.run(words({"build", "-", "-o", "romanized.PDB"}),
+                                              "вода\tx…\n日本\ty \xFF\nwater\tz\n");
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.err,
+             QByteArray("standard input:2: warning[invalid-utf8]: a byte is no UTF-8; written as "
+                        "\"&_pppn;\"\n"
+                        "1 characters that are no UTF-8:\n"
+                        "  U+FFFD -> \"&_pppn;\" 1\n"
+                        "2 headwords written in Latin letters; each stands in its article as it is "
+                        "written\n"
+                        "3 entries read, 3 headwords written, 0 of them with several articles\n"
+                        "1 word records, 94 bytes of text in a file of ") +
+                 QByteArray::number(_program.bytesOf("romanized.PDB").size()) +
+                 " bytes, 2 words looked up again\n");
+}
+
+void TestProgramBuild::manyLostHeadwordsAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("lost");
+    QTest::addColumn<int>("others");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("refusal");
+    const auto refusal = [](int total) {
+        return "teskel-lexicon: 1 of " + QByteArray::number(total) +
+               " headwords would be empty or \"?\"; is standard input UTF-8, with the headword "
+               "first? --force builds it all the same\n";
+    };
+    const QByteArray cyrillicOfWindows = "\xE2\xEE\xE4\xE0"; // in the code page 1251
+    QTest::newRow("one in a hundred") << QByteArray("") << 99 << QStringList() << QByteArray();
+    QTest::newRow("empty") << QByteArray(" ") << 98 << QStringList() << refusal(99);
+    QTest::newRow("no UTF-8") << cyrillicOfWindows << 9 << QStringList() << refusal(10);
+    QTest::newRow("other letters") << QByteArray("вода") << 9 << QStringList() << QByteArray();
+    QTest::newRow("other letters in the plain form")
+        << QByteArray("вода") << 9 << words({"--plain-latin"}) << refusal(10);
+    QTest::newRow("a question mark of the source")
+        << QByteArray("?") << 9 << QStringList() << QByteArray();
+    QTest::newRow("by force") << cyrillicOfWindows << 9 << words({"--force"}) << QByteArray();
+}
+
+void TestProgramBuild::manyLostHeadwordsAreRefused()
+{
+    QFETCH(QByteArray, lost);
+    QFETCH(int, others);
+    QFETCH(QStringList, options);
+    QByteArray tsv = "\tdescribed\n" + lost + "\tarticle\n";
+    for (int i = 0; i < others; ++i)
+        tsv += "word" + QByteArray::number(i) + "\tarticle\n";
+    QFile::remove(_program.path("lost.PDB"));
+    const ProgramResult result =
+        _program.run(words({"build", "-", "-o", "lost.PDB", "--quiet"}) + options, tsv);
+    QTEST(result.err, "refusal");
+    QCOMPARE(result.code, result.err.isEmpty() ? 0 : 3);
+    QCOMPARE(QFile::exists(_program.path("lost.PDB")), result.err.isEmpty());
+}
+
 void TestProgramBuild::summaryNamesByteOrderMarksWithinTexts()
 {
-    const ProgramResult result =
-        _program.run(words({"build", "-", "-o", "marks.PDB"}), "a\t\xEF\xBB\xBFx\n");
+    const ProgramResult result = _program.run(
+        words({"build", "-", "-o", "marks.PDB", "--plain-latin"}), "a\t\xEF\xBB\xBFx\n");
     QCOMPARE(result.code, 0);
     QVERIFY2(result.err.contains("\n  \xEF\xBB\xBF U+FEFF -> \"\" 1\n"), result.err.constData());
 }
@@ -131,7 +191,7 @@ void TestProgramBuild::strictBuildRefusesWhatItWarnsOf()
     QFETCH(QByteArray, err);
     const QStringList before = QDir(_program.directory()).entryList();
     const ProgramResult result =
-        _program.run(words({"build", "-", "-o", "strict.PDB"}) + options, tsv);
+        _program.run(words({"build", "-", "-o", "strict.PDB", "--force"}) + options, tsv);
     QCOMPARE(result.code, code);
     QVERIFY2(result.err.startsWith(err), result.err.constData());
     QCOMPARE(QFile::remove(_program.path("strict.PDB")), code == 0);
@@ -192,7 +252,7 @@ void TestProgramBuild::buildReadsDictdIndexes()
 {
     QCOMPARE(_program
                  .run({u"build"_s, QStringLiteral(TEST_DATA "/sample.index"), u"-o"_s,
-                       _program.path("dictd.PDB")})
+                       _program.path("dictd.PDB"), u"--no-pronunciation"_s})
                  .code,
              0);
     const ProgramResult result = _program.run(words({"find", "dictd.PDB", "house", "TOWER"}));
@@ -205,7 +265,7 @@ void TestProgramBuild::buildReadsDictdIndexes()
                                     "2. House-Musik &lt;fem>\n\n"
                                     "tower\n&lt;v> emporragen &lt;v, intr>\n\n"
                                     "Tower\nKontrollturm &lt;masc>\n"
-                                    "Note: im 3<i></i>. Stock\n\n"));
+                                    "Note: im 3. Stock\n\n"));
 }
 
 void TestProgramBuild::noNumbersLeavesSensesUnnumbered()

@@ -17,6 +17,8 @@ private slots:
     void protectingTwiceChangesNothing();
     void protectingKeepsTheText_data();
     void protectingKeepsTheText();
+    void onlySenseNumbersStayDigits_data();
+    void onlySenseNumbersStayDigits();
     void beginsWithNumber_data();
     void beginsWithNumber();
 };
@@ -107,6 +109,42 @@ void TestSenseNumbers::protectingKeepsTheText()
     QFETCH(QByteArray, article);
     for (const LineStart lineStart : {LineStart::Trusted, LineStart::Sequence})
         QCOMPARE(protectedText(article, lineStart).replace("<i></i>", ""), article);
+}
+
+void TestSenseNumbers::onlySenseNumbersStayDigits_data()
+{
+    QTest::addColumn<QByteArray>("article");
+    QTest::addColumn<QByteArray>("referred");
+    const auto row = [](const char* article, const char* referred) {
+        QTest::addRow("%s", article) << QByteArray(article) << QByteArray(referred);
+    };
+    row("1. house\n2. home", "1. house\n2. home");
+    row("  1. house\n\t2. home", "  1. house\n\t2. home");
+    row("17. Lebensjahr", "&_db;&_dh;. Lebensjahr");
+    row("10. a", "&_db;0. a");
+    row("10 Euro", "&_db;0 Euro");
+    row("am 3. Mai 2005", "am &_dd;. Mai &_dc;00&_df;");
+    row("1. a 2. b", "1. a &_dc;. b");
+    row("1.2. a", "1.&_dc;. a");
+    row("3", "&_dd;");
+    row("a\n9.", "a\n9.");
+    row("", "");
+    row("<b>1.</b> a<br>2. b 3. c", "<b>1.</b> a<br>2. b &_dd;. c");
+    row("<h1>a</h1>", "<h&_db;>a</h&_db;>");
+    row("<font size=\"1.5\">1. x</font>", "<font size=\"&_db;.&_df;\">1. x</font>");
+    row("a < 3. b", "a < &_dd;. b");
+    row("&_ede;1. a", "&_ede;&_db;. a");
+    row("&#9999999999;", "&#&_dj;&_dj;&_dj;&_dj;&_dj;&_dj;&_dj;&_dj;&_dj;&_dj;;");
+}
+
+void TestSenseNumbers::onlySenseNumbersStayDigits()
+{
+    QFETCH(QByteArray, article);
+    std::string text = article.toStdString();
+    sensenumbers::referDigits(text);
+    QTEST(QByteArray::fromStdString(text), "referred");
+    sensenumbers::referDigits(text);
+    QTEST(QByteArray::fromStdString(text), "referred");
 }
 
 void TestSenseNumbers::beginsWithNumber_data()

@@ -10,6 +10,7 @@
 #include "lexicon/file/spotcheck.h"
 #include "lexicon/packing/arjmember.h"
 #include "lexicon/sources/sourcetable.h"
+#include "lexicon/text/givenback.h"
 
 #include <utility>
 
@@ -22,12 +23,19 @@ namespace
 /// Content of the records that the reader does not use; an empty record would be a broken one.
 constexpr std::string_view unusedRecord("\0", 1);
 
-/// The name inside the database: the description without its markup.
+/// Of the headwords of a sound source, fewer than one in so many are lost.
+constexpr uint64_t mostLostShare = 100;
+
+/// The name inside the database, Latin-1: the description without its markup.
 std::string databaseName(const std::string& description)
 {
+    std::string text = description;
+    if (givenback::hasReferences(description))
+        text = Latin1Converter().converted(givenback::description(description),
+                                           Latin1Converter::Text::Headword);
     std::string name;
     bool inTag = false;
-    for (const char c : description) {
+    for (const char c : text) {
         if (c == '<')
             inTag = true;
         else if (c == '>' && inTag)
@@ -42,7 +50,7 @@ std::string listOf(const std::vector<std::string>& paths)
 {
     std::string list;
     for (const std::string& path : paths)
-        list += (list.empty() ? "" : ", ") + path;
+        list += (list.empty() ? "" : ", ") + (path == "-" ? "standard input" : path);
     return list;
 }
 
@@ -77,15 +85,15 @@ bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, 
 bool LexiconBuilder::build(std::string& error)
 {
     EntryArena arena;
-    EntryIntake intake(arena, _report);
+    EntryIntake intake(arena, _report, _options.text);
     std::string description;
     _report.progress->begin("reading");
-    if (!readSources(intake, description, error))
+    if (!readSources(intake, description, error) || !keepsHeadwords(intake, error))
         return false;
     _report.conversions = intake.converter().counts();
 
     _report.progress->begin("sorting");
-    EntryMerger merger(arena, _report, _options.numbers);
+    EntryMerger merger(arena, _report, _options.numbers, _options.text.form);
     OversizeSplitter splitter(arena, _report);
     const std::vector<LexiconEntry> entries = splitter.split(merger.merge(intake.take()));
     if (entries.empty()) {
@@ -121,6 +129,17 @@ bool LexiconBuilder::build(std::string& error)
     _report.spotChecks = check.checkedWords();
     _report.progress->end();
     return file.commit(error);
+}
+
+bool LexiconBuilder::keepsHeadwords(const EntryIntake& intake, std::string& error) const
+{
+    const uint64_t lost = intake.lostHeadwords();
+    if (_options.force || lost * mostLostShare <= _report.entriesRead)
+        return true;
+    error = std::to_string(lost) + " of " + std::to_string(_report.entriesRead) +
+            " headwords would be empty or \"?\"; is " + listOf(_options.sources) +
+            " UTF-8, with the headword first? --force builds it all the same";
+    return false;
 }
 
 bool LexiconBuilder::write(PendingFile& file, const std::string& description,

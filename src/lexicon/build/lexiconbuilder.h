@@ -3,6 +3,7 @@
 
 #include "lexicon/entries/buildreport.h"
 #include "lexicon/entries/lexiconentry.h"
+#include "lexicon/text/textoptions.h"
 
 #include <iosfwd>
 #include <optional>
@@ -33,6 +34,8 @@ struct BuildOptions {
     unsigned recordSize = defaultRecordSize;
     bool numbers = true; ///< number the senses of merged articles
     bool strict = false; ///< fail when there is anything to warn of
+    TextOptions text;
+    bool force = false; ///< build even where many headwords are lost
 };
 
 /// Builds a dictionary file from its sources, all or nothing.
@@ -54,6 +57,7 @@ public:
 
 private:
     bool readSources(EntryIntake& intake, std::string& description, std::string& error);
+    bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
     bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,
                std::string& error);
 

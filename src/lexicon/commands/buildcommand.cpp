@@ -36,6 +36,7 @@ int run(const BuildOptions& options, bool quiet)
 Action build(CLI::App& options)
 {
     struct Request : BuildOptions {
+        bool plainLatin = false;
         bool quiet = false;
     };
     const auto request = std::make_shared<Request>();
@@ -58,9 +59,18 @@ Action build(CLI::App& options)
         ->capture_default_str();
     options.add_flag("--no-numbers{false}", request->numbers,
                      "Do not number the senses of words that occur several times");
+    options.add_flag("--plain-latin", request->plainLatin,
+                     "Write entities, other letters and \"?\" in place of letter references, for "
+                     "readers that do not know them; pronunciations are left out");
+    options.add_flag("--no-pronunciation{false}", request->text.pronunciations,
+                     "Leave pronunciations out");
+    options.add_flag("--force", request->force, "Build even when many headwords are lost");
     options.add_flag("--strict", request->strict, "Take warnings for errors: write nothing");
     options.add_flag("-q,--quiet", request->quiet, "Print errors alone: no warnings, no summary");
-    return [request] { return run(*request, request->quiet); };
+    return [request] {
+        request->text.form = request->plainLatin ? LatinForm::Plain : LatinForm::LetterReferences;
+        return run(*request, request->quiet);
+    };
 }
 
 } // namespace teskel::commands

@@ -3,6 +3,7 @@
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/file/pendingfile.h"
 #include "lexicon/sources/tsv.h"
+#include "lexicon/text/givenback.h"
 #include "lexicon/text/utf8.h"
 
 #include <functional>
@@ -28,7 +29,7 @@ LexiconReader::Status writeEntries(LexiconReader& reader, const Sink& write, std
     return reader.visitFrom(
         {},
         [&write](std::string_view headword, std::string_view article) {
-            return write(tsv::line(utf8::fromLatin1(headword), utf8::fromLatin1(article)));
+            return write(tsv::line(utf8::fromLatin1(headword), givenback::article(article)));
         },
         error);
 }

@@ -3,6 +3,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/text/givenback.h"
 #include "lexicon/text/utf8.h"
 #include "script/letterreference.h"
 
@@ -90,7 +91,7 @@ private:
                 std::cout << richTextOf(headword, article).toStdString() << "\n\n";
             else
                 std::cout << utf8::fromLatin1(headword) << '\n'
-                          << utf8::fromLatin1(article) << "\n\n";
+                          << givenback::article(article) << "\n\n";
         });
     }
 
@@ -102,7 +103,7 @@ private:
             if (_options.html)
                 entry.insert(u"html"_s, richTextOf(headword, article));
             else
-                entry.insert(u"article"_s, latin1Text(article));
+                entry.insert(u"article"_s, jsonText(givenback::article(article)));
             entries.append(entry);
         });
         printJsonLine({{u"word"_s, jsonText(word)}, {u"entries"_s, entries}});

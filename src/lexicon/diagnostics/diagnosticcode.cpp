@@ -32,8 +32,8 @@ constinit const DiagnosticCode unknownCharacter{
     "unknown-character", Warning, "A character that Latin-1 lacks is written as \"?\"."};
 constinit const DiagnosticCode controlCharacter{
     "control-character", Warning, "A character that is not to be shown is written as a blank."};
-constinit const DiagnosticCode invalidUtf8{"invalid-utf8", Warning,
-                                           "A byte that is no UTF-8 is written as \"?\"."};
+constinit const DiagnosticCode invalidUtf8{
+    "invalid-utf8", Warning, "A byte that is no UTF-8 is written as the sign for what is unknown."};
 
 } // namespace diagnostic
 

@@ -22,9 +22,9 @@ const char* heading(Latin1Converter::Change change)
     case Latin1Converter::Change::Lost:
         return "unknown to Latin-1, written as \"?\"";
     case Latin1Converter::Change::Control:
-        return "control characters, written as blanks";
+        return "not to be shown, written as blanks";
     default:
-        return "bytes that are no UTF-8, written as \"?\"";
+        return "that are no UTF-8";
     }
 }
 
@@ -33,6 +33,9 @@ const char* heading(Latin1Converter::Change change)
 void BuildReport::print(std::ostream& out) const
 {
     printConversions(out);
+    if (romanizedHeadwords > 0)
+        out << romanizedHeadwords << " headwords written in Latin letters; each stands in its "
+            << "article as it is written\n";
     out << entriesRead << " entries read, " << headwords << " headwords written, "
         << mergedHeadwords << " of them with several articles";
     if (repeatedArticles > 0)

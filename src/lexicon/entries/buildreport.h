@@ -16,8 +16,9 @@ namespace teskel
 struct BuildReport {
     uint64_t entriesRead = 0;
     uint64_t headwords = 0;
-    uint64_t mergedHeadwords = 0;  ///< headwords that gather several articles
-    uint64_t repeatedArticles = 0; ///< same headword and same article again, kept once
+    uint64_t romanizedHeadwords = 0; ///< entries whose headword Latin-1 lacks
+    uint64_t mergedHeadwords = 0;    ///< headwords that gather several articles
+    uint64_t repeatedArticles = 0;   ///< same headword and same article again, kept once
     uint64_t records = 0;
     uint64_t unpackedBytes = 0;
     uint64_t fileBytes = 0;

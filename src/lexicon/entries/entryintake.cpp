@@ -3,8 +3,12 @@
 
 #include "lexicon/text/characterreference.h"
 #include "lexicon/text/sensenumbers.h"
+#include "lexicon/text/storedarticle.h"
 #include "lexicon/text/utf8.h"
+#include "script/letterreference.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace teskel
@@ -31,6 +35,13 @@ size_t cutPlace(std::string_view text, size_t limit)
     return cut;
 }
 
+/// Whether UTF-8 has characters that, composed or not, are above U+00FF.
+bool mayLackLatin1(std::string_view utf8)
+{
+    return std::any_of(utf8.begin(), utf8.end(),
+                       [](char c) { return static_cast<unsigned char>(c) > 0xC3; });
+}
+
 } // namespace
 
 void EntryIntake::add(std::string_view headword, std::string_view article, Text kind,
@@ -39,12 +50,20 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
     ++_report.entriesRead;
     _report.progress->advance();
     _headword.clear();
-    _article.clear();
     _converter.convert(headword, Text::Headword, _headword);
-    _converter.convert(article, kind, _article);
-    sensenumbers::protect(_article, kind == Text::MarkupArticle
-                                        ? sensenumbers::LineStart::Trusted
-                                        : sensenumbers::LineStart::Sequence);
+    _article = storedArticle(_converter, article, kind);
+    _writtenLength = 0;
+    if (_options.form == LatinForm::LetterReferences && mayLackLatin1(headword)) {
+        const std::string written = Latin1Converter::asWritten(headword);
+        if (utf8::fromLatin1(_headword) != written) {
+            const std::string line = "<b>" + lineOf(written) + "</b>\n";
+            _writtenLength = line.size();
+            _article.insert(0, line);
+            ++_report.romanizedHeadwords;
+        }
+    }
+    if (isLost(_headword) && headword.find('?') == std::string_view::npos)
+        ++_lostHeadwords;
     _conversionNotes.tell(_converter.counts(), where, _report.diagnostics);
     if (_headword.empty()) {
         // Nothing is dropped: such an article is found under the sign for "unknown".
@@ -53,24 +72,45 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
                                 "the headword is empty; its article is under \"?\"");
     }
     if (_headword.size() > limits::headwordBytes)
-        shorten(_headword, _article, where);
+        shorten(where);
     _entries.push_back(_arena.make(_headword, _article, order));
+    // A longer line is one of the article's own.
+    if (_writtenLength <= std::numeric_limits<uint16_t>::max())
+        _entries.back().writtenLength = static_cast<uint16_t>(_writtenLength);
 }
 
-void EntryIntake::shorten(std::string& headword, std::string& article, std::string_view where)
+bool EntryIntake::isLost(std::string_view headword)
 {
-    std::string whole = escapedMarkup(headword);
-    sensenumbers::protect(whole, sensenumbers::LineStart::Sequence);
-    article.insert(0, whole + "\n");
-    const size_t length = headword.size();
-    headword.resize(limits::headwordBytes);
-    while (headword.back() == ' ')
-        headword.pop_back();
+    return headword.find_first_not_of("? ") == std::string_view::npos;
+}
+
+std::string EntryIntake::lineOf(std::string_view written)
+{
+    std::string line = _converter.converted(written, Text::PlainArticle);
+    sensenumbers::referDigits(line);
+    if (sensenumbers::beginsWithNumber(line))
+        line.replace(0, 1, letterReference(static_cast<unsigned char>(line.front())));
+    return line;
+}
+
+void EntryIntake::shorten(std::string_view where)
+{
+    if (_options.form == LatinForm::Plain) {
+        std::string whole = escapedMarkup(_headword);
+        sensenumbers::protect(whole, sensenumbers::LineStart::Sequence);
+        _article.insert(0, whole + "\n");
+    } else if (_writtenLength == 0) {
+        _article.insert(0, lineOf(utf8::fromLatin1(_headword)) + "\n");
+    }
+    const size_t length = _headword.size();
+    _headword.resize(limits::headwordBytes);
+    while (_headword.back() == ' ')
+        _headword.pop_back();
     _report.diagnostics.add(
         diagnostic::longHeadword, where,
         "the headword has " + std::to_string(length) +
             " bytes, more than 511; it is shortened and stands whole in its article: " +
-            utf8::fromLatin1(headword.substr(0, 60)) + "...");
+            utf8::fromLatin1(_headword.substr(0, 60)) + "...");
 }
 
 std::string EntryIntake::description(std::string_view text, Text kind)

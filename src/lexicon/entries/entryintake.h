@@ -5,6 +5,7 @@
 #include "lexicon/entries/conversionnotes.h"
 #include "lexicon/entries/entryarena.h"
 #include "lexicon/text/latin1converter.h"
+#include "lexicon/text/textoptions.h"
 
 #include <string>
 #include <string_view>
@@ -18,11 +19,15 @@ class EntryIntake
 {
 public:
     /// `arena` and `report` must outlive the intake.
-    EntryIntake(EntryArena& arena, BuildReport& report)
+    EntryIntake(EntryArena& arena, BuildReport& report, TextOptions options = {})
         : _arena(arena)
         , _report(report)
+        , _options(options)
+        , _converter(options.form)
     {
     }
+
+    const TextOptions& options() const { return _options; }
 
     /// So many entries are to come, where a source knows it; for those who wait.
     void expect(uint64_t entries) { _report.progress->expect(entries); }
@@ -40,16 +45,26 @@ public:
 
     const Latin1Converter& converter() const { return _converter; }
 
+    /// How many entries have a headword of which nothing is left: empty, or nothing but "?" that
+    /// the source does not have.
+    uint64_t lostHeadwords() const { return _lostHeadwords; }
+
 private:
-    void shorten(std::string& headword, std::string& article, std::string_view where);
+    static bool isLost(std::string_view headword);
+    /// The line, as it stands in an article, that gives a headword as written, UTF-8.
+    std::string lineOf(std::string_view written);
+    void shorten(std::string_view where);
 
     EntryArena& _arena;
     BuildReport& _report;
+    TextOptions _options;
     Latin1Converter _converter;
     ConversionNotes _conversionNotes;
+    uint64_t _lostHeadwords = 0;
     std::vector<LexiconEntry> _entries;
     std::string _headword; // kept to reuse their memory
     std::string _article;
+    std::size_t _writtenLength = 0; ///< bytes of the line that begins the article
 };
 
 } // namespace teskel

@@ -3,7 +3,10 @@
 
 #include "lexicon/entries/buildreport.h"
 #include "lexicon/entries/entryarena.h"
+#include "lexicon/text/textoptions.h"
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace teskel
@@ -11,15 +14,20 @@ namespace teskel
 
 /// Makes one entry of all entries with the same headword.
 ///
-/// Their articles stand one under the other in the order of the source, numbered "1." to "9." and
-/// then unnumbered, unless one of them is numbered already. A repeated article is kept once.
+/// Their articles stand one under the other in the order of the source, numbered unless one of them
+/// is numbered already; in the plain form, numbers end at "9.". A repeated article is kept once.
+/// Where words fell together that are written differently, the articles of each stand below the
+/// word as written and have numbers of their own; those of the word that is written like the
+/// headword come first.
 class EntryMerger
 {
 public:
-    EntryMerger(EntryArena& arena, BuildReport& report, bool numbers)
+    EntryMerger(EntryArena& arena, BuildReport& report, bool numbers,
+                LatinForm form = LatinForm::LetterReferences)
         : _arena(arena)
         , _report(report)
         , _numbers(numbers)
+        , _form(form)
     {
     }
 
@@ -27,11 +35,22 @@ public:
     std::vector<LexiconEntry> merge(std::vector<LexiconEntry> entries);
 
 private:
+    /// The articles of one word, behind the line that gives it as written.
+    struct Word {
+        std::string_view line; ///< mostly empty
+        std::vector<std::string_view> articles;
+    };
+
     LexiconEntry mergeGroup(const LexiconEntry* first, const LexiconEntry* last);
+    std::vector<Word> wordsOf(const LexiconEntry* first, const LexiconEntry* last);
+    bool isNumbered(std::string_view article) const;
+    std::string number(unsigned sense) const;
+    void append(const Word& word);
 
     EntryArena& _arena;
     BuildReport& _report;
     bool _numbers;
+    LatinForm _form;
     std::string _article; // kept to reuse its memory
 };
 

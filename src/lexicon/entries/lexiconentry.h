@@ -27,6 +27,9 @@ struct LexiconEntry {
     uint32_t articleLength = 0;
     uint32_t order = 0; ///< place in the source, which decides among equal headwords
     uint16_t headwordLength = 0;
+    /// Bytes of the line with which the article begins to give the headword as it is written; 0
+    /// when it does not.
+    uint16_t writtenLength = 0;
 
     std::string_view headword() const { return {text, headwordLength}; }
     std::string_view article() const { return {text + headwordLength + 1, articleLength}; }

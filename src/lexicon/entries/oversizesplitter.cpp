@@ -4,6 +4,7 @@
 #include "lexicon/text/utf8.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace teskel
 {
@@ -31,6 +32,17 @@ size_t bytesOf(const LexiconEntry* first, const LexiconEntry* last)
     return bytes;
 }
 
+/// `place`, or the beginning of what `opening` begins and no `closing` ends before it, if that is
+/// not before `first`.
+size_t unbroken(std::string_view article, size_t place, size_t first, char opening, char closing)
+{
+    const size_t opened = article.substr(0, place).rfind(opening);
+    if (opened == std::string_view::npos || opened < first ||
+        article.substr(opened, place - opened).find(closing) != std::string_view::npos)
+        return place;
+    return opened;
+}
+
 /// Where an article of more than `room` bytes is best cut: at the last line end, else at the last
 /// blank, else where neither a tag nor a reference is broken.
 size_t cutPlace(std::string_view article, size_t room)
@@ -41,11 +53,11 @@ size_t cutPlace(std::string_view article, size_t room)
             return place;
     }
     size_t place = room;
-    const size_t opened = article.substr(0, room).find_last_of("<&");
-    if (opened != std::string_view::npos && opened >= room / 2 &&
-        article.substr(opened, room - opened).find_first_of(">;") == std::string_view::npos)
-        place = opened;
-    return place;
+    // A reference, or a sense number and its full stop; then the tag that may hold it.
+    place = unbroken(article, place, room / 2, '&', ';');
+    if (article[place] == '.' && std::isdigit(static_cast<unsigned char>(article[place - 1])))
+        --place;
+    return unbroken(article, place, room / 2, '<', '>');
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "lexicon/entries/lexiconentry.h"
 #include "lexicon/file/articleof.h"
 #include "lexicon/file/readablefile.h"
+#include "lexicon/text/givenback.h"
 #include "lexicon/text/latin1converter.h"
 #include "lexicon/text/utf8.h"
 
@@ -50,7 +51,7 @@ std::string LexiconReader::name()
 std::string LexiconReader::description()
 {
     const char* text = _dictionary.getDecompressedRecord(2);
-    return text ? utf8::fromLatin1(text) : std::string();
+    return text ? givenback::description(text) : std::string();
 }
 
 unsigned LexiconReader::recordBefore(const std::string& latin1)

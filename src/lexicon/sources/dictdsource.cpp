@@ -126,8 +126,12 @@ bool DictdSource::read(EntryIntake& intake, std::string& error)
             error = where + ": " + error;
             return false;
         }
-        const FreeDictEntry entry = FreeDictEntry::parse(line->key, text);
-        add(intake, entry.headword, entry.article, textKind(), line->number, where);
+        const FreeDictEntry entry = FreeDictEntry::parse(line->key, text, intake.options());
+        if (entry.pronunciations.empty())
+            add(intake, entry.headword, entry.article, textKind(), line->number, where);
+        else
+            add(intake, entry.headword, richText(entry.article, entry.pronunciations),
+                Latin1Converter::Text::MarkupArticle, line->number, where);
     }
     return articles.checkUnchanged(error);
 }

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lexicon/text/plainarticle.h"
+#include "lexicon/text/textoptions.h"
+
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace teskel
 {
@@ -16,10 +20,13 @@ namespace teskel
 struct FreeDictEntry {
     std::string headword;
     std::string article; ///< plain text, one paragraph a line
+    /// The pronunciations in the article's first line.
+    std::vector<TextSpan> pronunciations;
 
     /// @param key   the word as the index has it
     /// @param text  the article as the data file has it
-    static FreeDictEntry parse(std::string_view key, std::string_view text);
+    static FreeDictEntry parse(std::string_view key, std::string_view text,
+                               const TextOptions& options = {});
 
     /// The form in which words are compared with keys: small letters and digits, single blanks.
     static std::string normalized(std::string_view text);

@@ -70,6 +70,13 @@ void eraseAll(std::string& text, std::string_view part)
         text.erase(place, part.size());
 }
 
+std::string withoutEmptyTags(std::string_view text)
+{
+    std::string result(text);
+    eraseAll(result, "<>");
+    return tidySpacing(result);
+}
+
 /// Takes the pronunciations out of what follows the word, and what they leave behind.
 std::string grammarOf(std::string_view rest)
 {
@@ -82,8 +89,7 @@ std::string grammarOf(std::string_view rest)
         from = end;
     }
     grammar += rest.substr(from);
-    eraseAll(grammar, "<>");
-    grammar = tidySpacing(grammar);
+    grammar = withoutEmptyTags(grammar);
     for (size_t place = grammar.find(",)"); place != npos; place = grammar.find(",)"))
         grammar.erase(place, 1);
     return grammar;
@@ -127,7 +133,8 @@ FirstLine readFirstLine(std::string_view line)
     size_t end = 0;
     const size_t begin = findPronunciation(line, 0, end);
     if (begin != npos)
-        return {tidySpacing(line.substr(0, begin)), grammarOf(line.substr(end))};
+        return {tidySpacing(line.substr(0, begin)), grammarOf(line.substr(end)),
+                withoutEmptyTags(line.substr(begin))};
     // Without a pronunciation the tags at the end tell where the word ends.
     std::string_view word = line;
     while (word.ends_with('>')) {
@@ -136,7 +143,8 @@ FirstLine readFirstLine(std::string_view line)
             break;
         word = trimmed(word.substr(0, tag));
     }
-    return {tidySpacing(word), tidySpacing(line.substr(word.size()))};
+    const std::string grammar = tidySpacing(line.substr(word.size()));
+    return {tidySpacing(word), grammar, grammar};
 }
 
 std::vector<std::string> forms(std::string_view grammar)
@@ -175,7 +183,19 @@ std::vector<std::string> forms(std::string_view grammar)
     return result;
 }
 
-std::string tidyLine(std::string_view line)
+std::vector<TextSpan> pronunciations(std::string_view spoken)
+{
+    std::vector<TextSpan> spans;
+    std::string line(1, ' '); // each stands behind a blank
+    line += spoken;
+    size_t end = 0;
+    for (size_t begin = findPronunciation(line, 0, end); begin != npos;
+         begin = findPronunciation(line, end, end))
+        spans.push_back({begin, end - begin - 1});
+    return spans;
+}
+
+std::string tidyLine(std::string_view line, bool keepsPronunciations)
 {
     line = trimmed(line);
     for (const std::string_view label : {"see:", "Synonyms:", "Synonym:"}) {
@@ -185,7 +205,7 @@ std::string tidyLine(std::string_view line)
         if (list.size() >= 2 && list.front() == '{' && list.back() == '}')
             return tidySpacing(std::string(label) + ' ' + referenceList(list));
     }
-    return tidySpacing(withoutPronunciations(line));
+    return tidySpacing(keepsPronunciations ? std::string(line) : withoutPronunciations(line));
 }
 
 } // namespace teskel::freedict

@@ -3,7 +3,14 @@
 
 #include "lexicon/text/characterreference.h"
 #include "lexicon/text/charactertables.h"
+#include "lexicon/text/sensenumbers.h"
 #include "lexicon/text/utf8.h"
+#include "script/letterreference.h"
+#include "script/transliteration.h"
+
+#include <QString>
+
+#include <algorithm>
 
 namespace teskel
 {
@@ -12,6 +19,7 @@ namespace
 {
 
 constexpr std::string_view unknown = "?";
+constexpr char32_t highestOfLatin1 = 0xFF;
 
 bool isControl(char32_t character)
 {
@@ -21,6 +29,35 @@ bool isControl(char32_t character)
 bool isBlank(char32_t character)
 {
     return character == ' ' || isControl(character);
+}
+
+bool isWhiteSpace(char32_t character)
+{
+    return character == ' ' || character == '\t' || character == '\n' || character == '\r';
+}
+
+bool isLatin1(std::u32string_view text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](char32_t character) { return character <= highestOfLatin1; });
+}
+
+/// Single blanks, none at the ends; "?" for what is no UTF-8.
+std::u32string tidied(std::u32string_view text)
+{
+    std::u32string result;
+    bool blankPending = false;
+    for (const char32_t character : text) {
+        if (isBlank(character)) {
+            blankPending = !result.empty();
+            continue;
+        }
+        if (blankPending)
+            result += U' ';
+        blankPending = false;
+        result += character == utf8::invalid ? U'?' : character;
+    }
+    return result;
 }
 
 } // namespace
@@ -41,21 +78,47 @@ std::string Latin1Converter::converted(std::string_view text, Text kind)
     return result;
 }
 
+std::string Latin1Converter::asWritten(std::string_view headword)
+{
+    return utf8::encoded(tidied(utf8::composed(headword)));
+}
+
 void Latin1Converter::convertHeadword(std::u32string_view text, std::string& out)
+{
+    for (const char32_t character : text) {
+        if (isControl(character) && !isWhiteSpace(character))
+            count(character, Change::Control, " ");
+    }
+    if (_form == LatinForm::Plain) {
+        convertPlainHeadword(text, out);
+        return;
+    }
+    for (const char32_t character : text) {
+        if (character == utf8::invalid)
+            count(character, Change::InvalidByte, unknown);
+    }
+    std::u32string word = tidied(text);
+    if (!isLatin1(word)) {
+        const QString latin = inLatin1(QString::fromUcs4(word.data(), std::ssize(word)));
+        word = tidied(latin.toStdU32String());
+    }
+    for (const char32_t character : word)
+        out.push_back(static_cast<char>(static_cast<unsigned char>(character)));
+}
+
+void Latin1Converter::convertPlainHeadword(std::u32string_view text, std::string& out)
 {
     const size_t begin = out.size();
     bool blankPending = false;
     for (const char32_t character : text) {
         if (isBlank(character)) {
-            if (character != ' ' && character != '\t' && character != '\n' && character != '\r')
-                count(character, Change::Control, " ");
             blankPending = true;
             continue;
         }
         if (blankPending && out.size() > begin)
             out += ' ';
         blankPending = false;
-        putCharacter(character, false, out);
+        putStandIn(character, false, out);
     }
     while (out.size() > begin && out.back() == ' ') // left by a wide blank
         out.pop_back();
@@ -71,29 +134,45 @@ void Latin1Converter::convertArticle(std::u32string_view text, bool isMarkup, st
                 out += '&';
             } else {
                 position += reference.length - 1;
-                if (reference.character == '<' || reference.character == '&')
+                if (_form == LatinForm::LetterReferences &&
+                    sensenumbers::isSenseDigit(reference.character))
+                    out += letterReference(reference.character);
+                else if (reference.character == '<' || reference.character == '&')
                     out += escapedMarkup(std::string(1, static_cast<char>(reference.character)));
                 else
-                    putCharacter(reference.character, true, out);
+                    putCharacter(reference.character, out);
             }
         } else if (character == U'&') {
             out += "&amp;";
         } else if (character == U'<' && !isMarkup) {
             out += "&lt;";
         } else {
-            putCharacter(character, true, out);
+            putCharacter(character, out);
         }
     }
 }
 
-void Latin1Converter::putCharacter(char32_t character, bool entitiesAllowed, std::string& out)
+void Latin1Converter::putCharacter(char32_t character, std::string& out)
 {
     if (isControl(character) && character != '\n' && character != '\t') {
         count(character, Change::Control, " ");
         out += ' ';
-        return;
+    } else if (character <= highestOfLatin1 || _form == LatinForm::Plain) {
+        putStandIn(character, true, out);
+    } else if (const std::string reference = letterReference(character);
+               readLetterReference(reference).character != character) {
+        count(character, Change::Control, " ");
+        out += ' ';
+    } else {
+        if (character == utf8::invalid)
+            count(character, Change::InvalidByte, reference);
+        out += reference;
     }
-    if (character <= 0xFF) {
+}
+
+void Latin1Converter::putStandIn(char32_t character, bool entitiesAllowed, std::string& out)
+{
+    if (character <= highestOfLatin1) {
         out.push_back(static_cast<char>(static_cast<unsigned char>(character)));
         return;
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lexicon/text/textoptions.h"
+
 #include <cstdint>
 #include <map>
 #include <string>
@@ -13,19 +15,27 @@ namespace teskel
 class Latin1Converter
 {
 public:
+    explicit Latin1Converter(LatinForm form = LatinForm::LetterReferences)
+        : _form(form)
+    {
+    }
+
+    LatinForm form() const { return _form; }
+
     /// What a text is, which decides how its characters may be written.
     enum class Text {
-        Headword,      ///< shown as it is: no entities
+        Headword,      ///< shown as it is: no references
         PlainArticle,  ///< plain text that becomes rich text: "<" and "&" are escaped
         MarkupArticle, ///< rich text already: only references that hold digits are rewritten
     };
-    /// How a character was written.
+    /// How a character was written, if not as itself, as a letter reference or, in a headword, by
+    /// the rules of inLatin1().
     enum class Change {
         Entity,         ///< as a named entity
         Transliterated, ///< as its stand-in
         Lost,           ///< as "?"
-        Control,        ///< a control character, as a blank
-        InvalidByte,    ///< no UTF-8, as "?"
+        Control,        ///< a character that is not to be shown, as a blank
+        InvalidByte,    ///< no UTF-8, as "?" or, in the articles of the other form, as U+FFFD
     };
     struct Count {
         Change change;
@@ -41,14 +51,21 @@ public:
     void convert(std::string_view text, Text kind, std::string& out);
     std::string converted(std::string_view text, Text kind);
 
+    /// A headword as it is written, UTF-8: composed, its blanks as in convert(), nothing else
+    /// changed.
+    static std::string asWritten(std::string_view headword);
+
     const Counts& counts() const { return _counts; }
 
 private:
     void convertHeadword(std::u32string_view text, std::string& out);
+    void convertPlainHeadword(std::u32string_view text, std::string& out);
     void convertArticle(std::u32string_view text, bool isMarkup, std::string& out);
-    void putCharacter(char32_t character, bool entitiesAllowed, std::string& out);
+    void putCharacter(char32_t character, std::string& out);
+    void putStandIn(char32_t character, bool entitiesAllowed, std::string& out);
     void count(char32_t character, Change change, std::string_view written);
 
+    LatinForm _form;
     Counts _counts;
 };
 

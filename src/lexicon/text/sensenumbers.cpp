@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/text/sensenumbers.h"
 
+#include "lexicon/text/articlewalk.h"
+#include "script/letterreference.h"
+
 #include <algorithm>
-#include <array>
-#include <cctype>
 
 namespace teskel::sensenumbers
 {
@@ -13,40 +14,14 @@ namespace
 
 constexpr std::string_view separator = "<i></i>";
 
-bool isSenseDigit(char c)
+bool isDigit(char c)
 {
-    return c >= '1' && c <= '9';
+    return isSenseDigit(static_cast<unsigned char>(c));
 }
 
 bool isNumberAt(std::string_view text, size_t position)
 {
-    return position + 1 < text.size() && isSenseDigit(text[position]) && text[position + 1] == '.';
-}
-
-/// Length of the tag or comment at `position`, 0 when there is none.
-size_t tagLength(std::string_view text, size_t position)
-{
-    if (text[position] != '<' || position + 1 >= text.size())
-        return 0;
-    const char next = text[position + 1];
-    if (!std::isalpha(static_cast<unsigned char>(next)) && next != '/' && next != '!')
-        return 0;
-    const size_t end = text.find('>', position);
-    return end == std::string_view::npos ? 0 : end + 1 - position;
-}
-
-/// Whether what follows the tag stands on a new line.
-bool breaksLine(std::string_view tag)
-{
-    static constexpr std::array<std::string_view, 11> names = {"br", "p",  "li", "div", "dd", "dt",
-                                                               "tr", "td", "hr", "ol",  "ul"};
-    std::string name;
-    for (const char c : tag.substr(1)) {
-        if (!std::isalpha(static_cast<unsigned char>(c)))
-            break;
-        name += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    return std::find(names.begin(), names.end(), name) != names.end();
+    return position + 1 < text.size() && isDigit(text[position]) && text[position + 1] == '.';
 }
 
 /// Whether the numbers at line beginnings are 1, 2 and so on, at least two of them.
@@ -65,17 +40,35 @@ bool isSequence(std::string_view article)
     return expected > 2;
 }
 
-bool hasNumber(std::string_view article)
+} // namespace
+
+std::string written(unsigned number)
 {
-    for (size_t dot = article.find('.'); dot != std::string_view::npos;
-         dot = article.find('.', dot + 1)) {
-        if (dot > 0 && isSenseDigit(article[dot - 1]))
-            return true;
-    }
-    return false;
+    std::string text = std::to_string(number) + '.';
+    if (number > highest)
+        text = "<b><font color=\"#0000FF\">" + text + "</font></b>";
+    return text;
 }
 
-} // namespace
+void referDigits(std::string& article)
+{
+    if (std::none_of(article.begin(), article.end(), isDigit))
+        return;
+    std::string result;
+    result.reserve(article.size() + 64);
+    ArticleWalk walk(article);
+    for (ArticleWalk::Step step; walk.next(step);) {
+        const bool isSenseNumber = step.kind == ArticleWalk::Kind::Byte && step.atLineStart &&
+                                   isNumberAt(article, step.end - 1);
+        for (const char c : step.text) {
+            if (isDigit(c) && !isSenseNumber)
+                result += letterReference(static_cast<unsigned char>(c));
+            else
+                result += c;
+        }
+    }
+    article = std::move(result);
+}
 
 void protect(std::string& article, LineStart lineStart)
 {
@@ -84,41 +77,36 @@ void protect(std::string& article, LineStart lineStart)
     const bool keepsLineStarts = lineStart == LineStart::Trusted || isSequence(article);
     std::string result;
     result.reserve(article.size() + 4 * separator.size());
-    bool atLineStart = true;
-    for (size_t position = 0; position < article.size();) {
-        if (const size_t length = tagLength(article, position); length > 0) {
-            const std::string_view tag = std::string_view(article).substr(position, length);
-            atLineStart = atLineStart || breaksLine(tag);
-            result += tag;
-            position += length;
-            continue;
-        }
-        const char c = article[position];
-        result += c;
-        if (isNumberAt(article, position) && !(atLineStart && keepsLineStarts))
+    ArticleWalk walk(article);
+    for (ArticleWalk::Step step; walk.next(step);) {
+        result += step.text;
+        if (step.kind == ArticleWalk::Kind::Byte && isNumberAt(article, step.end - 1) &&
+            !(step.atLineStart && keepsLineStarts))
             result += separator;
-        if (c == '\n')
-            atLineStart = true;
-        else if (c != ' ' && c != '\t')
-            atLineStart = false;
-        ++position;
     }
     article = std::move(result);
 }
 
 bool beginsWithNumber(std::string_view article)
 {
-    size_t position = 0;
-    while (position < article.size()) {
-        const char c = article[position];
-        if (c == ' ' || c == '\t' || c == '\n')
-            ++position;
-        else if (const size_t length = tagLength(article, position); length > 0)
-            position += length;
-        else
-            break;
+    ArticleWalk walk(article);
+    for (ArticleWalk::Step step; walk.next(step);) {
+        if (step.kind == ArticleWalk::Kind::Tag)
+            continue;
+        if (step.text != " " && step.text != "\t" && step.text != "\n")
+            return isNumberAt(article, step.end - step.text.size());
     }
-    return isNumberAt(article, position);
+    return false;
+}
+
+bool hasNumber(std::string_view article)
+{
+    for (size_t dot = article.find('.'); dot != std::string_view::npos;
+         dot = article.find('.', dot + 1)) {
+        if (dot > 0 && isDigit(article[dot - 1]))
+            return true;
+    }
+    return false;
 }
 
 } // namespace teskel::sensenumbers

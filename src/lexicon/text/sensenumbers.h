@@ -7,8 +7,7 @@
 /// The sense numbers of articles.
 ///
 /// The reader shows every digit from 1 to 9 that a full stop follows as a sense number, and no
-/// other digit but 0. A sense number stands at the beginning of a line; everywhere else digit and
-/// full stop are kept apart by an empty pair of tags, which shows nothing.
+/// other digit but 0. A sense number stands at the beginning of a line.
 namespace teskel::sensenumbers
 {
 
@@ -21,10 +20,28 @@ enum class LineStart {
 /// Highest sense number that the reader knows.
 inline constexpr unsigned highest = 9;
 
-/// Keeps digits that are no sense numbers from being shown as such. Does nothing a second time.
+/// Whether the reader leaves the character out unless a full stop makes it a sense number.
+inline bool isSenseDigit(char32_t c)
+{
+    return c >= U'1' && c <= U'9';
+}
+
+/// A sense number with its full stop, as markup. Numbers above the highest that the reader knows
+/// bring the tags that make them look the same; their digits are plain.
+std::string written(unsigned number);
+
+/// Writes every digit from 1 to 9 as a letter reference, but sense numbers at the beginnings of
+/// lines. Does nothing a second time.
+void referDigits(std::string& article);
+
+/// For the plain form: keeps digits that are no sense numbers from being shown as such, by an empty
+/// pair of tags between digit and full stop, which shows nothing. Does nothing a second time.
 void protect(std::string& article, LineStart lineStart);
 
 /// Whether the article begins with a sense number.
 bool beginsWithNumber(std::string_view article);
+
+/// Whether any line of an article whose other digits are letter references is numbered.
+bool hasNumber(std::string_view article);
 
 } // namespace teskel::sensenumbers

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/text/givenback.h"
+
+#include "lexicon/text/articlewalk.h"
+#include "lexicon/text/sensenumbers.h"
+#include "lexicon/text/storedarticle.h"
+#include "lexicon/text/utf8.h"
+#include "script/letterreference.h"
+
+namespace teskel::givenback
+{
+
+namespace
+{
+
+constexpr char32_t highestOfLatin1 = 0xFF;
+
+enum class Digits { Given, Kept };
+
+/// The character of a reference that a build writes for it; 0 for any other reference.
+char32_t givenCharacter(std::string_view reference, Digits digits)
+{
+    const char32_t character = readLetterReference(reference).character;
+    const bool isWritten = character > highestOfLatin1 ||
+                           (digits == Digits::Given && sensenumbers::isSenseDigit(character));
+    return isWritten && letterReference(character) == reference ? character : 0;
+}
+
+/// Text without line beginnings, such as a tag.
+std::string given(std::string_view latin1, Digits digits)
+{
+    std::string result;
+    size_t done = 0;
+    for (size_t at = latin1.find("&_"); at != std::string_view::npos;) {
+        const size_t length = readLetterReference(latin1.substr(at)).length;
+        const char32_t character = givenCharacter(latin1.substr(at, length), digits);
+        if (character != 0) {
+            result += utf8::fromLatin1(latin1.substr(done, at - done));
+            result += utf8::encoded({&character, 1});
+            done = at + length;
+        }
+        at = latin1.find("&_", at + 1);
+    }
+    return result += utf8::fromLatin1(latin1.substr(done));
+}
+
+std::string givenArticle(std::string_view latin1)
+{
+    std::string result;
+    size_t done = 0; // bytes that stand for themselves are taken over in one piece
+    ArticleWalk walk(latin1);
+    for (ArticleWalk::Step step; walk.next(step);) {
+        if (step.kind == ArticleWalk::Kind::Byte)
+            continue;
+        const size_t begin = step.end - step.text.size();
+        result += utf8::fromLatin1(latin1.substr(done, begin - done));
+        const char32_t character = givenCharacter(step.text, Digits::Given);
+        const bool wouldBeSense = step.atLineStart && sensenumbers::isSenseDigit(character) &&
+                                  latin1.substr(step.end).starts_with('.');
+        if (step.kind == ArticleWalk::Kind::Tag)
+            result += given(step.text, Digits::Given);
+        else if (character == 0 || wouldBeSense)
+            result += step.text;
+        else
+            result += utf8::encoded({&character, 1});
+        done = step.end;
+    }
+    return result += utf8::fromLatin1(latin1.substr(done));
+}
+
+} // namespace
+
+std::string article(std::string_view latin1)
+{
+    if (!hasReferences(latin1))
+        return utf8::fromLatin1(latin1);
+    std::string result = givenArticle(latin1);
+    // What a reference gives back may join with its neighbours, a combining mark with its letter.
+    Latin1Converter converter;
+    if (storedArticle(converter, result, Latin1Converter::Text::MarkupArticle) != latin1) {
+        std::string kept = utf8::fromLatin1(latin1);
+        if (storedArticle(converter, kept, Latin1Converter::Text::MarkupArticle) == latin1)
+            return kept;
+    }
+    return result;
+}
+
+std::string description(std::string_view latin1)
+{
+    if (!hasReferences(latin1))
+        return utf8::fromLatin1(latin1);
+    std::string result = given(latin1, Digits::Kept);
+    const std::string again =
+        Latin1Converter().converted(result, Latin1Converter::Text::MarkupArticle);
+    return again == latin1 ? result : utf8::fromLatin1(latin1);
+}
+
+bool hasReferences(std::string_view latin1)
+{
+    for (size_t at = latin1.find("&_"); at != std::string_view::npos;
+         at = latin1.find("&_", at + 1)) {
+        if (readLetterReference(latin1.substr(at)).length > 0)
+            return true;
+    }
+    return false;
+}
+
+} // namespace teskel::givenback
