@@ -84,11 +84,28 @@ bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, 
 
 bool LexiconBuilder::build(std::string& error)
 {
+    return build([&](EntryIntake& intake,
+                     std::string& description) { return readSources(intake, description, error); },
+                 error);
+}
+
+bool LexiconBuilder::build(LexiconSource& source, std::string& error)
+{
+    return build(
+        [&](EntryIntake& intake, std::string& description) {
+            description = intake.description(source.description(), source.textKind());
+            return source.read(intake, error);
+        },
+        error);
+}
+
+bool LexiconBuilder::build(const Reader& read, std::string& error)
+{
     EntryArena arena;
     EntryIntake intake(arena, _report, _options.text);
     std::string description;
     _report.progress->begin("reading");
-    if (!readSources(intake, description, error) || !keepsHeadwords(intake, error))
+    if (!read(intake, description) || !keepsHeadwords(intake, error))
         return false;
     _report.conversions = intake.converter().counts();
 

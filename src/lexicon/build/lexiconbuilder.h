@@ -5,6 +5,7 @@
 #include "lexicon/entries/lexiconentry.h"
 #include "lexicon/text/textoptions.h"
 
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -14,6 +15,7 @@ namespace teskel
 {
 
 class EntryIntake;
+class LexiconSource;
 class PendingFile;
 class RecordPlan;
 
@@ -52,10 +54,15 @@ public:
     /// Reads the sources, writes the file beside its target, looks words up in it and gives it its
     /// name. On failure returns false, leaves nothing behind and says why in `error`.
     bool build(std::string& error);
+    /// The same from this source instead of those in the options.
+    bool build(LexiconSource& source, std::string& error);
 
     const BuildReport& report() const { return _report; }
 
 private:
+    using Reader = std::function<bool(EntryIntake& intake, std::string& description)>;
+
+    bool build(const Reader& read, std::string& error);
     bool readSources(EntryIntake& intake, std::string& description, std::string& error);
     bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
     bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,

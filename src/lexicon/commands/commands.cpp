@@ -14,6 +14,8 @@ constexpr Command table[] = {
     {"list", "Print headwords, one a line", list},
     {"export", "Print all entries as TSV", exportTsv},
     {"verify", "Check lexicons against every rule of the format", verify},
+    {"diff", "Print the headwords in which two lexicons differ", diff},
+    {"repair", "Make a sound lexicon of what can be read of a damaged one", repair},
 };
 
 } // namespace
