@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""The lookup window: the word list, and one typed character from the key to the painted window."""
+"""The lookup window: the word list, the article, and one typed character from the key to the
+painted window."""
 import display
 import processes
 from table import Row
@@ -21,4 +22,9 @@ def measure(data):
                     rows.append(Row(f"{what} the list, {how}, {name}",
                                     lists[f"{what}/{how}"]["ns"] / 1e3, "us",
                                     lists[f"stock rows/{how}"]["ns"] / 1e3, "QListWidget"))
+            articles = processes.google_benchmark(data.program("bench_article"), option, data,
+                                                  environment)
+            for texts, what in (("articles", "an article"), ("references", "4,500 references")):
+                rows.append(Row(f"set {what}, {name}", articles[f"{texts}/reader"]["ns"] / 1e3,
+                                "us", articles[f"{texts}/stock"]["ns"] / 1e3, "QTextEdit"))
     return rows

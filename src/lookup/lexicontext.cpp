@@ -3,16 +3,12 @@
 
 #include "dictionary/cursorposition.h"
 #include "dictionary/dictionary.h"
+#include "script/transliteration.h"
 
 #include <algorithm>
 
 namespace teskel
 {
-
-QString composed(const QString& text)
-{
-    return text.normalized(QString::NormalizationForm_C);
-}
 
 QStringList askedWords(const QString& text)
 {
@@ -20,7 +16,7 @@ QStringList askedWords(const QString& text)
     word.reserve(text.size());
     bool followsControl = false;
     bool hasControl = false;
-    for (const QChar character : composed(text)) {
+    for (const QChar character : inLatin1(text)) {
         const bool isControl = character.category() == QChar::Other_Control && !character.isNull();
         if (!isControl)
             word += character;
@@ -68,15 +64,16 @@ std::optional<QString> knownPart(Dictionary& dictionary, const QString& text)
         return !dictionary.findWord(word.constData(), CursorPosition::invalid(), prefix)
                     .isInvalid();
     };
-    if (const auto word = toLexiconBytes(text); word && holds(*word, false))
-        return text;
+    const QString asked = inLatin1(text);
+    if (const auto word = toLexiconBytes(asked); word && holds(*word, false))
+        return text.normalized(QString::NormalizationForm_C);
 
-    qsizetype length = std::min(lexiconLength(text), std::max<qsizetype>(text.size() - 1, 0));
-    QByteArray beginning = text.first(length).toLatin1();
+    qsizetype length = std::min(lexiconLength(asked), std::max<qsizetype>(asked.size() - 1, 0));
+    QByteArray beginning = asked.first(length).toLatin1();
     for (; length >= 0; --length) {
         beginning.truncate(length);
         if (holds(beginning, true))
-            return text.first(length);
+            return asked.first(length);
     }
     return std::nullopt;
 }

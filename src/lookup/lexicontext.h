@@ -12,10 +12,8 @@ class Dictionary;
 namespace teskel
 {
 
-/// Brings text from a person to the form that lexicons use: one character per accented letter.
-QString composed(const QString& text);
-
-/// The words that a person may ask for with `text`, composed, in the order in which to try them.
+/// The words that a person may ask for with `text`, as headwords are written (inLatin1()), in the
+/// order in which to try them.
 ///
 /// As it stands, blanks included, which lead on to further words; then without blanks at its ends.
 /// Pasted text comes with line ends and tabs: control characters count as a blank, and a text that
@@ -36,9 +34,9 @@ QString withoutOuterPunctuation(const QString& text);
 
 /// The part of `text` under which `dictionary` knows a word, or nothing.
 ///
-/// That is the whole text if it is a word of the dictionary, else its longest beginning with which
-/// some word begins; the last beginning tried is the empty one.
-/// @param text composed text
+/// That is the whole text, composed, if it is a word of the dictionary as headwords are written
+/// (inLatin1()), else its longest beginning with which some word begins, written so; the last
+/// beginning tried is the empty one.
 std::optional<QString> knownPart(Dictionary& dictionary, const QString& text);
 
 } // namespace teskel

@@ -377,7 +377,7 @@ bool TeskelMainWidget::transferTranslation2Word(bool notify)
                                     "selected in the article field."));
         return false;
     }
-    const QString word = teskel::composed(stripString(selected));
+    const QString word = stripString(selected);
     // Nothing can be known while no dictionary is open.
     if (!TESKEL_ASSERT(_dictionary.isOpen(), "_dictionary.isOpen()", unit))
         return true;

@@ -3,8 +3,10 @@
 
 #include "script/letterreference.h"
 
-#include <QByteArray>
+#include <QList>
 #include <QtGlobal>
+
+#include <utility>
 
 #include <unicode/translit.h>
 #include <unicode/unistr.h>

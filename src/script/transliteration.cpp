@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -96,7 +97,7 @@ void appendWord(QString& result, QStringView word)
         letters += isRun ? Romanizer::ofLexicons().romanized(part) : part.toString();
         at += part.size();
     }
-    letters = std::move(letters).trimmed();
+    letters = std::move(letters).simplified();
     result += letters.isEmpty() ? Romanizer::codePoints(word) : letters;
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/childprocess.h"
 #include "tests/support/dictionarywriter.h"
 
 #include <QFile>
@@ -10,6 +11,9 @@
 using namespace Qt::StringLiterals;
 
 using teskel::test::DictionaryWriter;
+using teskel::test::limitFileSize;
+using teskel::test::ProgramResult;
+using teskel::test::runToEnd;
 
 /// The program that takes pictures of the reader, seen from outside.
 class TestSnapshot : public QObject
@@ -21,9 +25,10 @@ private slots:
     void savesAPictureOfTheSizeAskedFor();
     void fullDiskIsAnError_data();
     void fullDiskIsAnError();
+    void fullStandardOutputIsAnError();
 
 private:
-    int run(const QString& script, QByteArray& errors) const;
+    ProgramResult run(QProcess& process, const QStringList& arguments) const;
 
     QTemporaryDir _directory;
 };
@@ -34,49 +39,55 @@ void TestSnapshot::initTestCase()
         DictionaryWriter().addRecord({{"house", "Haus"}}).write(_directory.filePath(u"a.PDB"_s)));
 }
 
-int TestSnapshot::run(const QString& script, QByteArray& errors) const
+ProgramResult TestSnapshot::run(QProcess& process, const QStringList& arguments) const
 {
     // Pictures are as large as asked for on a screen of plain density alone.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(u"QT_SCALE_FACTOR"_s);
-    QProcess process;
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(_directory.path());
-    process.start(u"sh"_s, {u"-c"_s, script.arg(QStringLiteral(TESKEL_SNAPSHOT))});
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
-        return -1;
-    errors = process.readAllStandardError();
-    return process.exitCode();
+    return runToEnd(process, QStringLiteral(TESKEL_SNAPSHOT),
+                    QStringList{u"a.PDB"_s, u"house"_s} + arguments);
 }
 
 void TestSnapshot::savesAPictureOfTheSizeAskedFor()
 {
-    QByteArray errors;
-    QCOMPARE(run(u"%1 a.PDB house picture.png 240x320"_s, errors), 0);
+    QProcess process;
+    QCOMPARE(run(process, {u"picture.png"_s, u"240x320"_s}).code, 0);
     QCOMPARE(QImage(_directory.filePath(u"picture.png"_s)).size(), QSize(240, 320));
 }
 
 void TestSnapshot::fullDiskIsAnError_data()
 {
-    QTest::addColumn<QString>("script");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<quint64>("room");
     QTest::addColumn<QByteArray>("complaint");
+    constexpr quint64 plenty = 1 << 30;
     QTest::newRow("picture less than a buffer")
-        << u"exec %1 a.PDB house /dev/full 80x80"_s
+        << QStringList{u"/dev/full"_s, u"80x80"_s} << plenty
         << QByteArray("/dev/full: the picture cannot be written\n");
     QTest::newRow("picture of several buffers")
-        << u"trap '' XFSZ; ulimit -f 64; exec %1 a.PDB house full.png 4000x4000"_s
+        << QStringList{u"full.png"_s, u"4000x4000"_s} << quint64(32'768)
         << QByteArray("full.png: the picture cannot be written\n");
-    QTest::newRow("standard output")
-        << u"exec %1 a.PDB house picture.png >/dev/full"_s << QByteArray();
 }
 
 void TestSnapshot::fullDiskIsAnError()
 {
-    QFETCH(QString, script);
-    QFETCH(QByteArray, complaint);
-    QByteArray errors;
-    QCOMPARE(run(script, errors), 1);
-    QVERIFY2(errors.contains(complaint), errors.constData());
+    QFETCH(const QStringList, arguments);
+    QFETCH(const quint64, room);
+    QFETCH(const QByteArray, complaint);
+    QProcess process;
+    limitFileSize(process, room);
+    const ProgramResult result = run(process, arguments);
+    QCOMPARE(result.code, 1);
+    QVERIFY2(result.err.contains(complaint), result.err.constData());
+}
+
+void TestSnapshot::fullStandardOutputIsAnError()
+{
+    QProcess process;
+    process.setStandardOutputFile(u"/dev/full"_s);
+    QCOMPARE(run(process, {u"picture.png"_s}).code, 1);
 }
 
 QTEST_GUILESS_MAIN(TestSnapshot)

@@ -525,10 +525,7 @@ void TestTeskelMainWindow::showsMenusInOrder()
 void TestTeskelMainWindow::skipsLastFileThatIsGone()
 {
     QVERIFY(!installEnglish().isEmpty());
-    {
-        PreferencesData record;
-        record.setLastOpenFile(_home->filePath(u"gone.PDB"_s));
-    }
+    PreferencesData().setLastOpenFile(_home->filePath(u"gone.PDB"_s));
     TeskelMainWindow window;
     const ModalVisitor visitor(acceptDialog);
     window.tryOpen();
@@ -540,10 +537,7 @@ void TestTeskelMainWindow::opensLastFileBeforeTheFirstInstalled()
 {
     QVERIFY(!installEnglish().isEmpty());
     const QString german = installGerman();
-    {
-        PreferencesData record;
-        record.setLastOpenFile(german);
-    }
+    PreferencesData().setLastOpenFile(german);
     TeskelMainWindow window;
     window.tryOpen();
     QCOMPARE(window.windowTitle(), u"Teskel-Ger2Eng"_s);
@@ -820,20 +814,14 @@ void TestTeskelMainWindow::preferencesShowTheRecord()
 
 void TestTeskelMainWindow::toolBarAtTheBottomAfterConstruction()
 {
-    {
-        PreferencesData record;
-        record.setMenuPosition(PreferencesData::Bottom);
-    }
+    PreferencesData().setMenuPosition(PreferencesData::Bottom);
     const TeskelMainWindow window;
     QCOMPARE(window.toolBarArea(window.findChild<QPEToolBar*>()), Qt::BottomToolBarArea);
 }
 
 void TestTeskelMainWindow::unknownMenuPositionCountsAsTop()
 {
-    {
-        PreferencesData record;
-        record.setMenuPosition(static_cast<PreferencesData::Position>(7));
-    }
+    PreferencesData().setMenuPosition(static_cast<PreferencesData::Position>(7));
     const TeskelMainWindow window;
     QCOMPARE(window.toolBarArea(window.findChild<QPEToolBar*>()), Qt::TopToolBarArea);
 }
@@ -852,10 +840,7 @@ void TestTeskelMainWindow::toggleViewStoresViewType()
 
 void TestTeskelMainWindow::toggleViewStartsAsStored()
 {
-    {
-        PreferencesData record;
-        record.setViewType(PreferencesData::ToggleViewOff);
-    }
+    PreferencesData().setViewType(PreferencesData::ToggleViewOff);
     const TeskelMainWindow window;
     QVERIFY(!action(window, u"Toggle View"_s)->isChecked());
 }

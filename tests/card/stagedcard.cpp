@@ -2,6 +2,7 @@
 #include "tests/card/stagedcard.h"
 
 #include "platform/storage/mounttable.h"
+#include "tests/support/childprocess.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,9 +26,7 @@ bool run(const QString& program, const QStringList& arguments)
 {
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(program, arguments);
-    return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit &&
-           process.exitCode() == 0;
+    return runToEnd(process, program, arguments).code == 0;
 }
 
 } // namespace

@@ -22,6 +22,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <chrono>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -157,7 +158,8 @@ void TestCard::everyMountAndUnmountSendsOneMessage()
 {
     if (!_card->isReal())
         QSKIP("This machine lets no test mount a file system.");
-    const teskel::MountWatcher watcher(_card->roots().mountInfo);
+    teskel::MountWatcher watcher(_card->roots().mountInfo);
+    watcher.setSettlingTime(std::chrono::milliseconds(10));
     QCopChannel channel("QPE/Card");
     QSignalSpy received(&channel, &QCopChannel::received);
 

@@ -67,6 +67,11 @@ private slots:
 
 private:
     QString path(const char* name) { return _directory.filePath(QString::fromUtf8(name)); }
+    template<typename Writer>
+    bool openNew(QtDictionary& dictionary, const Writer& writer)
+    {
+        return writer.write(path("a.PDB")) && dictionary.open(path("a.PDB")) == 0;
+    }
 
     QTemporaryDir _directory;
 };
@@ -176,9 +181,8 @@ void TestQtDictionary::typeIsNotChecked()
 
 void TestQtDictionary::fiveRecordsAreADictionaryWithoutWords()
 {
-    QVERIFY(DictionaryWriter().write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, DictionaryWriter()));
     QCOMPARE(dictionary.getWordRecordCount(), static_cast<unsigned short>(0));
     QVERIFY(dictionary.findWord("a", CursorPosition::invalid(), true).isInvalid());
 }
@@ -211,13 +215,11 @@ void TestQtDictionary::topicDictionaryIsRefusedAndStaysAttached()
 
 void TestQtDictionary::numberSignElsewhereInTheIndexIsAKeyLikeAnother()
 {
-    QVERIFY(DictionaryWriter()
-                .addRecord({{"!", "x"}, {"\" #", "x"}})
-                .addRecord({{"#", "Nummer"}, {"a#", "x"}})
-                .addRecord({{"c#", "Cis"}})
-                .write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, DictionaryWriter()
+                                    .addRecord({{"!", "x"}, {"\" #", "x"}})
+                                    .addRecord({{"#", "Nummer"}, {"a#", "x"}})
+                                    .addRecord({{"c#", "Cis"}})));
     QVERIFY(dictionary.findWord("#", CursorPosition::invalid(), false) == CursorPosition::at(1, 0));
     QVERIFY(dictionary.findWord("C#", CursorPosition::invalid(), false) ==
             CursorPosition::at(2, 0));
@@ -341,9 +343,8 @@ void TestQtDictionary::changedFileIsReadAnew()
 
 void TestQtDictionary::closeForgetsEverything()
 {
-    QVERIFY(animals().write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, animals()));
     QVERIFY(dictionary.getWordRecord(0));
     QCOMPARE(dictionary.close(), 0);
     QVERIFY(!dictionary.isOpen());
@@ -391,9 +392,8 @@ void TestQtDictionary::nameFitsItsBufferExactly()
 
 void TestQtDictionary::descriptionFitsItsBufferExactly()
 {
-    QVERIFY(animals().write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, animals()));
     char buffer[8] = {'?'};
     QVERIFY(!dictionary.getDescription(buffer, 7));
     QCOMPARE(buffer[0], '?');
@@ -403,9 +403,8 @@ void TestQtDictionary::descriptionFitsItsBufferExactly()
 
 void TestQtDictionary::descriptionIsUnpackedOnce()
 {
-    QVERIFY(animals().write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, animals()));
     char buffer[8];
     QVERIFY(dictionary.getDescription(buffer, sizeof buffer));
     QVERIFY(QFile::resize(path("a.PDB"), 0)); // and not read again
@@ -415,15 +414,13 @@ void TestQtDictionary::descriptionIsUnpackedOnce()
 
 void TestQtDictionary::unreadableDescription()
 {
-    QVERIFY(PalmWriter()
-                .addRecord(QByteArray(1, '\0'))
-                .addRecord("x")
-                .addRecord("not packed")
-                .addRecord("x")
-                .addRecord("x")
-                .write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, PalmWriter()
+                                    .addRecord(QByteArray(1, '\0'))
+                                    .addRecord("x")
+                                    .addRecord("not packed")
+                                    .addRecord("x")
+                                    .addRecord("x")));
     char buffer[512] = "?";
     QTest::ignoreMessage(QtWarningMsg, "Decompressed record is null");
     QVERIFY(!dictionary.getDescription(buffer, sizeof buffer));
@@ -463,9 +460,8 @@ void TestQtDictionary::countsEntries_data()
 void TestQtDictionary::countsEntries()
 {
     QFETCH(QByteArray, text);
-    QVERIFY(DictionaryWriter().addPackedRecord("a", literalMember(text)).write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, DictionaryWriter().addPackedRecord("a", literalMember(text))));
     QTEST(dictionary.getTotalWordCount(0), "count");
     // Every headword and article lies within the record, and reads as a text.
     for (quint16 word = 0; word < dictionary.getTotalWordCount(0); ++word) {
@@ -489,9 +485,8 @@ void TestQtDictionary::wordRecordBeyondTheLastWarns_data()
 void TestQtDictionary::wordRecordBeyondTheLastWarns()
 {
     QFETCH(unsigned short, record);
-    QVERIFY(animals().write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, animals()));
     const QString beyondTheFile =
         u"ASSERT: \"recordIndex<records->getCount()\" in qtdictionary.cpp ("_s;
     const QString beyondTheWords =
@@ -509,9 +504,8 @@ void TestQtDictionary::damagedRecordIsMissing()
 {
     QByteArray damaged = literalMember(DictionaryWriter::recordText({{"ant", "Ameise"}}));
     damaged.back() = static_cast<char>(damaged.back() ^ 0x40);
-    QVERIFY(animals().addPackedRecord("cat", damaged).write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, animals().addPackedRecord("cat", damaged)));
     QTest::ignoreMessage(QtWarningMsg, "Decompressed record is null");
     QVERIFY(!dictionary.getWordRecord(2));
     QCOMPARE(dictionary.getTotalWordCount(2), static_cast<unsigned short>(0));
@@ -540,9 +534,8 @@ void TestQtDictionary::damagedRecordIsRememberedUntilTheFileIsOpenedAgain_data()
 void TestQtDictionary::damagedRecordIsRememberedUntilTheFileIsOpenedAgain()
 {
     QFETCH(QByteArray, damaged);
-    QVERIFY(animals().addPackedRecord("cat", damaged).write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, animals().addPackedRecord("cat", damaged)));
     {
         const WarningCapture warnings;
         QVERIFY(dictionary.findWord("dog", CursorPosition::invalid(), false).isInvalid());
@@ -606,9 +599,8 @@ void TestQtDictionary::damagedRecordsTakeNoRoomFromGoodOnes()
         else
             writer.addPackedRecord(word, "damaged");
     }
-    QVERIFY(writer.write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, writer));
     {
         const WarningCapture warnings;
         for (unsigned short record = 0; record < 300; ++record)
@@ -622,9 +614,8 @@ void TestQtDictionary::damagedRecordsTakeNoRoomFromGoodOnes()
 
 void TestQtDictionary::recordOfNoBytesIsMissing()
 {
-    QVERIFY(animals().addPackedRecord("cat", "").addRecord({{"dog", "Hund"}}).write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, animals().addPackedRecord("cat", "").addRecord({{"dog", "Hund"}})));
     const WarningCapture warnings;
     QVERIFY(!dictionary.getWordRecord(2));
     QCOMPARE(warnings.count(u"\"result->size!=0\" in qtpalmdb.cpp"_s), 1);
@@ -638,9 +629,8 @@ void TestQtDictionary::keepsOneHundredRecords()
     QList<Entry> entries;
     for (int i = 1000; i < 1102; ++i)
         entries.append({QByteArray::number(i), "x"});
-    QVERIFY(DictionaryWriter().addEntries(entries, 1).write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, DictionaryWriter().addEntries(entries, 1)));
     for (unsigned short record = 0; record < 101; ++record)
         QVERIFY(dictionary.getWordRecord(record));
     QVERIFY(QFile::resize(path("a.PDB"), 0));
@@ -656,9 +646,8 @@ void TestQtDictionary::aHitMakesARecordTheMostRecent()
     QList<Entry> entries;
     for (int i = 1000; i < 1102; ++i)
         entries.append({QByteArray::number(i), "x"});
-    QVERIFY(DictionaryWriter().addEntries(entries, 1).write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, DictionaryWriter().addEntries(entries, 1)));
     for (unsigned short record = 0; record < 100; ++record)
         QVERIFY(dictionary.getWordRecord(record));
     QVERIFY(dictionary.getWordRecord(0));
@@ -671,18 +660,16 @@ void TestQtDictionary::aHitMakesARecordTheMostRecent()
 
 void TestQtDictionary::rawRecordsEndWithNuls()
 {
-    QVERIFY(DictionaryWriter().addPackedRecord("a", literalMember("ab")).write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, DictionaryWriter().addPackedRecord("a", literalMember("ab"))));
     QCOMPARE(QByteArray(dictionary.getDecompressedRecord(5), 5), QByteArray("ab\0\0\0", 5));
     QCOMPARE(dictionary.getWordRecord(0), dictionary.getDecompressedRecord(5));
 }
 
 void TestQtDictionary::recordBeyondTheLastWarns()
 {
-    QVERIFY(animals().write(path("a.PDB")));
     QtDictionary dictionary;
-    QCOMPARE(dictionary.open(path("a.PDB")), 0);
+    QVERIFY(openNew(dictionary, animals()));
     const WarningCapture warnings;
     QVERIFY(!dictionary.getDecompressedRecord(7));
     QCOMPARE(warnings.count(u"ASSERT: \"recordIndex<records->getCount()\" in qtdictionary.cpp"_s),

@@ -9,16 +9,6 @@ using namespace Qt::StringLiterals;
 namespace teskel::test
 {
 
-namespace
-{
-ProgramResult resultOf(QProcess& process)
-{
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
-} // namespace
-
 bool LexiconProgram::buildSmallLexicon() const
 {
     return run({u"build"_s, QStringLiteral(TEST_DATA "/small.tsv"), u"-o"_s, path("small.PDB")})
@@ -28,19 +18,14 @@ bool LexiconProgram::buildSmallLexicon() const
 ProgramResult LexiconProgram::run(const QStringList& arguments, const QByteArray& input) const
 {
     QProcess process;
-    process.setWorkingDirectory(directory());
-    process.start(QStringLiteral(TESKEL_LEXICON), arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    return resultOf(process);
+    return run(process, arguments, input);
 }
 
-ProgramResult LexiconProgram::runShell(const QString& script) const
+ProgramResult LexiconProgram::run(QProcess& process, const QStringList& arguments,
+                                  const QByteArray& input) const
 {
-    QProcess process;
     process.setWorkingDirectory(directory());
-    process.start(u"sh"_s, {u"-c"_s, script});
-    return resultOf(process);
+    return runToEnd(process, QStringLiteral(TESKEL_LEXICON), arguments, input);
 }
 
 QString LexiconProgram::path(const char* name) const

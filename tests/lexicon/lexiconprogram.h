@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/support/childprocess.h"
+
 #include <QByteArray>
 #include <QStringList>
 #include <QTemporaryDir>
 
 namespace teskel::test
 {
-
-/// How a run ended: code -1 for a run that failed to start, crashed or took too long.
-struct ProgramResult {
-    int code = -1;
-    QByteArray out;
-    QByteArray err;
-};
 
 /// Runs teskel-lexicon as a person does, in a temporary directory.
 class LexiconProgram
@@ -23,7 +18,9 @@ public:
     [[nodiscard]] bool buildSmallLexicon() const;
     [[nodiscard]] ProgramResult run(const QStringList& arguments,
                                     const QByteArray& input = {}) const;
-    [[nodiscard]] ProgramResult runShell(const QString& script) const;
+    /// The same as a process that has limits or an output of its own.
+    [[nodiscard]] ProgramResult run(QProcess& process, const QStringList& arguments,
+                                    const QByteArray& input = {}) const;
 
     [[nodiscard]] QString directory() const { return _directory.path(); }
     /// The path of a file in the directory; `name` is UTF-8.

@@ -6,6 +6,7 @@
 #include <array>
 #include <csignal>
 #include <cstdlib>
+#include <vector>
 
 #include <poll.h>
 #include <pty.h>
@@ -30,13 +31,22 @@ PseudoTerminal::~PseudoTerminal()
         ::close(_terminal);
 }
 
-bool PseudoTerminal::start(const QString& command, const QString& directory)
+bool PseudoTerminal::start(const QStringList& command, const QString& directory, const char* kind)
 {
-    const QByteArray script = "cd '" + directory.toLocal8Bit() + "' && " + command.toLocal8Bit();
+    // Whatever allocates comes before the fork.
+    const QByteArray place = directory.toLocal8Bit();
+    QByteArrayList words;
+    std::vector<char*> arguments;
+    for (const QString& word : command)
+        words += word.toLocal8Bit();
+    for (QByteArray& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
     _child = ::forkpty(&_terminal, nullptr, nullptr, nullptr);
     if (_child == 0) {
-        ::setenv("TERM", "xterm", 1);
-        ::execl("/bin/sh", "sh", "-c", script.constData(), nullptr);
+        ::setenv("TERM", kind, 1);
+        if (::chdir(place.constData()) == 0)
+            ::execv(arguments.front(), arguments.data());
         ::_exit(127);
     }
     return _child > 0;

@@ -2,14 +2,14 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
 
 #include <sys/types.h>
 
 namespace teskel::test
 {
 
-/// A shell command on a terminal of its own, which the test reads and types into.
+/// A program on a terminal of its own, which the test reads and types into.
 class PseudoTerminal
 {
 public:
@@ -18,11 +18,13 @@ public:
     PseudoTerminal& operator=(const PseudoTerminal&) = delete;
     ~PseudoTerminal();
 
-    [[nodiscard]] bool start(const QString& command, const QString& directory);
+    /// `command` is the program and its arguments, `kind` that of the terminal (TERM).
+    [[nodiscard]] bool start(const QStringList& command, const QString& directory,
+                             const char* kind = "xterm");
     void type(const QByteArray& bytes);
-    /// Reads until `text` was shown; false when the command ends or half a minute passes before.
+    /// Reads until `text` was shown; false when the program ends or half a minute passes before.
     [[nodiscard]] bool waitFor(const QByteArray& text);
-    /// Reads until the command ends; its status as of waitpid(), -1 when it did not.
+    /// Reads until the program ends; its status as of waitpid(), -1 when it did not.
     [[nodiscard]] int finish();
 
     /// Everything that was shown.

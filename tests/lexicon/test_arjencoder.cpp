@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dictionary/unpacking/decode.h"
 #include "lexicon/packing/arjmember.h"
+#include "tests/support/childprocess.h"
 #include "tests/support/palmwriter.h"
 
 #include <QProcess>
@@ -144,12 +145,10 @@ int run(const QString& program, const QStringList& arguments, const QString& dir
     QProcess process;
     process.setWorkingDirectory(directory);
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
-        return -1;
-    if (process.exitCode() != 0)
-        qInfo("%s", process.readAll().constData());
-    return process.exitCode();
+    const teskel::test::ProgramResult result = teskel::test::runToEnd(process, program, arguments);
+    if (result.code != 0)
+        qInfo("%s", result.out.constData());
+    return result.code;
 }
 
 } // namespace

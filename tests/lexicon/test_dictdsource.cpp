@@ -3,6 +3,7 @@
 #include "lexicon/sources/dictdindex.h"
 #include "lexicon/sources/dictdsource.h"
 #include "lexicon/sources/inputfile.h"
+#include "tests/support/childprocess.h"
 #include "tests/support/palmwriter.h"
 
 #include <QProcess>
@@ -57,8 +58,7 @@ void TestDictdSource::stage(const QTemporaryDir& directory, const QString& packe
         return;
     QProcess process;
     process.setWorkingDirectory(directory.path());
-    process.start(packer, {u"s.dict"_s});
-    QVERIFY2(process.waitForFinished() && process.exitCode() == 0,
+    QVERIFY2(teskel::test::runToEnd(process, packer, {u"s.dict"_s}).code == 0,
              qPrintable(packer + u" is needed for this test"_s));
     const QString gzipped = directory.filePath(u"s.dict.gz"_s);
     if (QFile::exists(gzipped))
@@ -69,16 +69,16 @@ void TestDictdSource::stage(const QTemporaryDir& directory, const QString& packe
 TestDictdSource::Pairs TestDictdSource::readAll(const std::string& index, std::string& error,
                                                 const TextOptions& options)
 {
-    EntryArena arena;
+    EntrySorter sorter;
     BuildReport report;
-    EntryIntake intake(arena, report, options);
+    EntryIntake intake(sorter, report, options);
     DictdSource source(index);
     if (!source.read(intake, error))
         return {};
-    std::vector<LexiconEntry> entries = intake.take();
-    std::sort(entries.begin(), entries.end(), comesBefore);
+    const auto sorted = sorter.sorted();
     Pairs result;
-    for (const LexiconEntry& entry : entries)
+    LexiconEntry entry;
+    while (sorted->next(entry))
         result.append({QByteArray(entry.text), QByteArray(entry.article().data())});
     return result;
 }
@@ -162,8 +162,7 @@ void TestDictdSource::readsAcrossChunks()
         content += QByteArray::number(i * i) + ' ';
     QVERIFY(writeFile(directory.filePath(u"big"_s), content));
     QProcess dictzip;
-    dictzip.start(u"dictzip"_s, {directory.filePath(u"big"_s)});
-    QVERIFY(dictzip.waitForFinished() && dictzip.exitCode() == 0);
+    QCOMPARE(teskel::test::runToEnd(dictzip, u"dictzip"_s, {directory.filePath(u"big"_s)}).code, 0);
     InputFile reader;
     std::string error;
     QVERIFY(reader.open(stdPath(directory, u"big.dz"_s), error));
@@ -184,9 +183,9 @@ void TestDictdSource::readsAcrossChunks()
 
 void TestDictdSource::describesItself()
 {
-    EntryArena arena;
+    EntrySorter sorter;
     BuildReport report;
-    EntryIntake intake(arena, report);
+    EntryIntake intake(sorter, report);
     DictdSource source(TEST_DATA "/sample.index");
     std::string error;
     QVERIFY(source.read(intake, error));

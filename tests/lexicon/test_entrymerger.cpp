@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/entrymerger.h"
+#include "lexicon/entries/entrysorter.h"
 
 #include <QTest>
 
@@ -30,13 +31,15 @@ using Pairs = QList<QPair<QByteArray, QByteArray>>;
 Pairs merged(const Pairs& source, bool numbers, BuildReport& report,
              LatinForm form = LatinForm::LetterReferences)
 {
-    EntryArena arena;
-    std::vector<LexiconEntry> entries;
+    EntrySorter sorter;
     uint32_t order = 0;
     for (const auto& [headword, article] : source)
-        entries.push_back(arena.make(headword.toStdString(), article.toStdString(), order++));
+        sorter.add(headword.toStdString(), article.toStdString(), order++);
+    const auto sorted = sorter.sorted();
+    EntryMerger merger(*sorted, report, numbers, form);
     Pairs result;
-    for (const LexiconEntry& entry : EntryMerger(arena, report, numbers, form).merge(entries))
+    LexiconEntry entry;
+    while (merger.next(entry))
         result.append({QByteArray(entry.text), QByteArray(entry.article().data())});
     return result;
 }
@@ -151,17 +154,21 @@ void TestEntryMerger::wordsThatFellTogetherStayApart()
 {
     using Entries = QList<QPair<QByteArray, QByteArray>>;
     QFETCH(Entries, entries);
-    EntryArena arena;
-    BuildReport report;
-    std::vector<LexiconEntry> source;
-    for (const auto& [line, article] : entries) {
-        source.push_back(
-            arena.make("d", (line + article).toStdString(), static_cast<uint32_t>(source.size())));
-        source.back().writtenLength = static_cast<uint16_t>(line.size());
+    // In memory, and put aside in files after each entry.
+    for (const size_t room : {EntrySorter::usualRoom, size_t{1}}) {
+        EntrySorter sorter(room);
+        BuildReport report;
+        uint32_t order = 0;
+        for (const auto& [line, article] : entries)
+            QVERIFY(sorter.add("d", (line + article).toStdString(), order++,
+                               static_cast<uint16_t>(line.size())));
+        const auto sorted = sorter.sorted();
+        EntryMerger merger(*sorted, report, true);
+        LexiconEntry merged;
+        QVERIFY(merger.next(merged));
+        QTEST(QByteArray(merged.article().data()), "article");
+        QVERIFY(!merger.next(merged));
     }
-    const auto merged = EntryMerger(arena, report, true).merge(std::move(source));
-    QCOMPARE(merged.size(), size_t{1});
-    QTEST(QByteArray(merged.front().article().data()), "article");
 }
 
 void TestEntryMerger::sortsAsTheReaderCompares()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/oversizesplitter.h"
+#include "tests/lexicon/entrylists.h"
 
 #include <QTest>
 
@@ -25,7 +26,13 @@ private:
     std::vector<LexiconEntry> split(std::vector<LexiconEntry> entries)
     {
         std::sort(entries.begin(), entries.end(), comesBefore);
-        return OversizeSplitter(_arena, _report).split(std::move(entries));
+        const auto merged = test::filed(entries);
+        OversizeSplitter splitter(_report);
+        if (!splitter.isNeeded(*merged))
+            return entries;
+        EntrySorter fitting;
+        splitter.split(*merged, fitting);
+        return test::listed(*fitting.sorted(), _arena);
     }
     LexiconEntry entry(const std::string& headword, const std::string& article)
     {

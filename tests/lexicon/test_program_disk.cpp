@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QProcess>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -97,11 +98,10 @@ void TestProgramDisk::limitedFileSizeKeepsTheOldFile()
     QFETCH(QString, command);
     QFETCH(qint64, left);
     QVERIFY(writeFile(_program.path("target"), "old"));
-    // The shell counts in blocks of 512 bytes.
-    const ProgramResult result = _program.runShell(
-        QStringLiteral("trap '' XFSZ; ulimit -f %1; exec " TESKEL_LEXICON " %2 -o target")
-            .arg(left / 512)
-            .arg(command));
+    QProcess process;
+    limitFileSize(process, static_cast<quint64>(left));
+    const ProgramResult result =
+        _program.run(process, command.split(u' ') + QStringList{u"-o"_s, u"target"_s});
     QCOMPARE(result.code, 3);
     QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write target: File too large\n"));
     QCOMPARE(_program.bytesOf("target"), QByteArray("old"));

@@ -3,6 +3,7 @@
 #include "tests/support/dictionarywriter.h"
 
 #include <QFile>
+#include <QProcess>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -148,8 +149,9 @@ void TestProgramErrors::fullStandardOutputIsAnError_data()
 void TestProgramErrors::fullStandardOutputIsAnError()
 {
     QFETCH(QString, command);
-    const ProgramResult result =
-        _program.runShell(QStringLiteral(TESKEL_LEXICON " %1 >/dev/full").arg(command));
+    QProcess process;
+    process.setStandardOutputFile(u"/dev/full"_s);
+    const ProgramResult result = _program.run(process, command.split(u' '));
     QCOMPARE(result.code, 3);
     QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write to the standard output\n"));
 }

@@ -23,6 +23,8 @@ private slots:
     void exportWritesFiles();
     void infoPrintsFigures();
     void infoPrintsJson();
+    void infoTellsTheForm_data();
+    void infoTellsTheForm();
     void verifyTellsValidFromInvalid();
     void damagedRecordEndsAWalkWithOne();
 
@@ -95,6 +97,7 @@ void TestProgramExport::infoPrintsFigures()
     QVERIFY(result.out.contains("headwords:     7\n"));
     QVERIFY(result.out.contains("word records:  1\n"));
     QVERIFY(result.out.contains("methods:       1\n"));
+    QVERIFY(result.out.contains("characters:    Latin-1 and letter references\n"));
 }
 
 void TestProgramExport::infoPrintsJson()
@@ -106,6 +109,36 @@ void TestProgramExport::infoPrintsJson()
     QCOMPARE(facts[u"wordRecords"_s].toInt(), 1);
     QCOMPARE(facts[u"name"_s].toString(), u"small"_s);
     QCOMPARE(facts[u"fileBytes"_s].toInt(), _program.bytesOf("small.PDB").size());
+}
+
+void TestProgramExport::infoTellsTheForm_data()
+{
+    QTest::addColumn<QByteArray>("tsv");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<bool>("hasReferences");
+    QTest::newRow("digits") << QByteArray("house\t10 Euro\n") << QStringList() << true;
+    QTest::newRow("digits, plain")
+        << QByteArray("house\t10 Euro\n") << words({"--plain-latin"}) << false;
+    QTest::newRow("other letters") << QByteArray("house\tдом\n") << QStringList() << true;
+    QTest::newRow("other letters, plain")
+        << QByteArray("house\tдом\n") << words({"--plain-latin"}) << false;
+    QTest::newRow("description") << QByteArray("\tдом\nhouse\tHaus\n") << QStringList() << true;
+    QTest::newRow("nothing to refer to")
+        << QByteArray("\t1 ä\nhouse\t1. Haus &_z;\n") << QStringList() << false;
+}
+
+void TestProgramExport::infoTellsTheForm()
+{
+    QFETCH(QByteArray, tsv);
+    QFETCH(QStringList, options);
+    QFETCH(bool, hasReferences);
+    QCOMPARE(_program.run(words({"build", "-", "-o", "form.PDB", "-q"}) + options, tsv).code, 0);
+    QCOMPARE(
+        _program.run(words({"info", "form.PDB"})).out.contains("characters:    plain Latin-1\n"),
+        !hasReferences);
+    const ProgramResult json = _program.run(words({"info", "form.PDB", "--json"}));
+    QCOMPARE(QJsonDocument::fromJson(json.out).object()[u"letterReferences"_s].toBool(),
+             hasReferences);
 }
 
 void TestProgramExport::verifyTellsValidFromInvalid()

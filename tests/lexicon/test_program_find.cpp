@@ -18,6 +18,8 @@ private slots:
     void initTestCase();
     void findPrintsArticles_data();
     void findPrintsArticles();
+    void findKnowsWordsOfAnyScript_data();
+    void findKnowsWordsOfAnyScript();
     void findReadsWordsFromStandardInput();
     void findPrintsJsonLines_data();
     void findPrintsJsonLines();
@@ -71,6 +73,33 @@ void TestProgramFind::findPrintsArticles()
     QTEST(result.out, "out");
     QTEST(result.err, "err");
     QTEST(result.code, "code");
+}
+
+void TestProgramFind::findKnowsWordsOfAnyScript_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("word");
+    QTest::addColumn<QByteArray>("out");
+    const QByteArray water = "voda\n<b>вода</b>\nwater, 10 №\n\n";
+    QTest::newRow("as written") << QStringList() << QByteArray("вода") << water;
+    QTest::newRow("in capitals") << QStringList() << QByteArray("ВОДА") << water;
+    QTest::newRow("in Latin letters") << QStringList() << QByteArray("Voda") << water;
+    const QByteArray beta = "b-Strahlen\n<b>β-Strahlen</b>\nbeta rays\n\n";
+    QTest::newRow("letters of two scripts") << QStringList() << QByteArray("β-Strahlen") << beta;
+    QTest::newRow("in the plain form")
+        << words({"--plain-latin", "--force"}) << QByteArray("β-Strahlen")
+        << QByteArray("beta-Strahlen\nbeta rays\n\n");
+}
+
+void TestProgramFind::findKnowsWordsOfAnyScript()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, word);
+    const QByteArray tsv = "вода\twater, 10 №\nβ-Strahlen\tbeta rays\n";
+    QCOMPARE(_program.run(words({"build", "-", "-o", "any.PDB", "-q"}) + options, tsv).code, 0);
+    const ProgramResult result = _program.run(words({"find", "any.PDB", word.constData()}));
+    QTEST(result.out, "out");
+    QCOMPARE(result.code, 0);
 }
 
 void TestProgramFind::findReadsWordsFromStandardInput()

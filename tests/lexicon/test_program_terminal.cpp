@@ -4,6 +4,7 @@
 #include "tests/support/palmwriter.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QTest>
 
 #include <csignal>
@@ -47,9 +48,9 @@ namespace
 constexpr auto clearedLine = "\r\x1B[K";
 constexpr auto interruptKey = "\x03";
 
-QString build()
+QStringList build(std::initializer_list<const char*> arguments)
 {
-    return QStringLiteral(TESKEL_LEXICON " build ");
+    return QStringList{QStringLiteral(TESKEL_LEXICON), u"build"_s} + words(arguments);
 }
 
 QByteArray manyEntries(int count)
@@ -73,7 +74,7 @@ void TestProgramTerminal::initTestCase()
 void TestProgramTerminal::progressIsShownAndTakenAway()
 {
     PseudoTerminal terminal;
-    QVERIFY(terminal.start(build() + u"small.tsv -o out.PDB"_s, _program.directory()));
+    QVERIFY(terminal.start(build({"small.tsv", "-o", "out.PDB"}), _program.directory()));
     QCOMPARE(terminal.finish(), 0);
     QVERIFY(QFile::remove(_program.path("out.PDB")));
     const QByteArray shown = terminal.shown();
@@ -87,7 +88,7 @@ void TestProgramTerminal::progressIsShownAndTakenAway()
 void TestProgramTerminal::quietBuildShowsNothing()
 {
     PseudoTerminal terminal;
-    QVERIFY(terminal.start(build() + u"small.tsv -o out.PDB -q"_s, _program.directory()));
+    QVERIFY(terminal.start(build({"small.tsv", "-o", "out.PDB", "-q"}), _program.directory()));
     QCOMPARE(terminal.finish(), 0);
     QVERIFY(QFile::remove(_program.path("out.PDB")));
     QCOMPARE(terminal.shown(), QByteArray());
@@ -96,8 +97,7 @@ void TestProgramTerminal::quietBuildShowsNothing()
 void TestProgramTerminal::dumbTerminalGetsNoProgress()
 {
     PseudoTerminal terminal;
-    QVERIFY(terminal.start(u"TERM=dumb "_s + build() + u"small.tsv -o out.PDB"_s,
-                           _program.directory()));
+    QVERIFY(terminal.start(build({"small.tsv", "-o", "out.PDB"}), _program.directory(), "dumb"));
     QCOMPARE(terminal.finish(), 0);
     QVERIFY(QFile::remove(_program.path("out.PDB")));
     QVERIFY(!terminal.shown().contains('\x1B'));
@@ -127,7 +127,7 @@ void TestProgramTerminal::interruptEndsABuild()
     QFETCH(QString, source);
     QFETCH(QByteArray, phase);
     PseudoTerminal terminal;
-    QVERIFY(terminal.start(u"exec "_s + build() + u"-o out.PDB "_s + source, _program.directory()));
+    QVERIFY(terminal.start(build({"-o", "out.PDB"}) + QStringList{source}, _program.directory()));
     QVERIFY2(terminal.waitFor(phase), terminal.shown().constData());
     terminal.type(interruptKey);
     const int status = terminal.finish();
@@ -149,11 +149,17 @@ void TestProgramTerminal::shellsSeeTheSignalInTheExitCode()
 {
     QFETCH(QString, signal);
     QFETCH(int, code);
-    const ProgramResult result = _program.runShell(
-        u"trap : INT; (while ! unfinished=$(ls out.PDB.part*); do sleep 0.01; done 2>/dev/null; "
-        "kill -%1 ${unfinished##*.part}) & "_s.arg(signal) +
-        build() + u"large.tsv -o out.PDB; echo $?"_s);
-    QVERIFY2(result.out.endsWith(QByteArray::number(code) + '\n'), result.err.constData());
+    QProcess shell;
+    shell.setWorkingDirectory(_program.directory());
+    shell.start(u"sh"_s,
+                {u"-c"_s,
+                 u"trap : INT; (while ! unfinished=$(ls out.PDB.part*); do sleep 0.01; done "
+                 "2>/dev/null; kill -\"$1\" ${unfinished##*.part}) & "
+                 "\"$0\" build large.tsv -o out.PDB; echo $?"_s,
+                 QStringLiteral(TESKEL_LEXICON), signal});
+    QVERIFY(shell.waitForFinished());
+    const QByteArray out = shell.readAllStandardOutput();
+    QVERIFY2(out.endsWith(QByteArray::number(code) + '\n'), out.constData());
     QCOMPARE(files(), _filesBefore);
 }
 

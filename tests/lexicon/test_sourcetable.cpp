@@ -88,15 +88,16 @@ void TestSourceTable::takesSourcesByContentThenByName()
     QFETCH(QByteArray, name);
     QFETCH(QByteArray, kind);
     QFETCH(QByteArray, articles);
-    EntryArena arena;
+    EntrySorter sorter;
     BuildReport report;
-    EntryIntake intake(arena, report);
+    EntryIntake intake(sorter, report);
     std::string error;
     const auto source = sourceFor(stdPath(name), kind.toStdString(), error);
     QVERIFY2(source, error.c_str());
     QByteArray read;
     if (source->read(intake, error)) {
-        for (const LexiconEntry& entry : intake.take())
+        const auto entries = sorter.sorted();
+        for (LexiconEntry entry; entries->next(entry);)
             read += QByteArray(entry.article().data());
     } else {
         read = QByteArray::fromStdString(error).replace(_directory.path().toUtf8(), "DIR");

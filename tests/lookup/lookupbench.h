@@ -131,4 +131,15 @@ private:
     std::unique_ptr<TeskelMainWidget> _widget;
 };
 
+/// A bench with the dictionary of everyday words open.
+class EverydayBench : public LookupBench
+{
+public:
+    explicit EverydayBench(Prepare prepare = nullptr)
+        : LookupBench(prepare)
+    {
+        open(everydayEntries());
+    }
+};
+
 } // namespace teskel::test

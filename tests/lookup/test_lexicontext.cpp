@@ -10,7 +10,7 @@ class TestLexiconText : public QObject
     Q_OBJECT
 
 private slots:
-    void composesBeforeItBecomesLatin1();
+    void headwordsHoldComposedLetters();
     void refusesWhatNoHeadwordHolds_data();
     void refusesWhatNoHeadwordHolds();
     void wordsAreAskedForWithoutControlCharactersAndAtLastWithoutOuterBlanks_data();
@@ -19,12 +19,12 @@ private slots:
     void stripsOuterPunctuation();
 };
 
-void TestLexiconText::composesBeforeItBecomesLatin1()
+void TestLexiconText::headwordsHoldComposedLetters()
 {
     const QString typed = u"Mu\u0308he"_s;
     QVERIFY(!teskel::toLexiconBytes(typed));
-    QCOMPARE(teskel::toLexiconBytes(teskel::composed(typed)), QByteArray("M\xFChe"));
-    QCOMPARE(teskel::composed(u"\u00A0\u00B2\u00FF"_s), u"\u00A0\u00B2\u00FF"_s);
+    QCOMPARE(teskel::toLexiconBytes(teskel::askedWords(typed).first()), QByteArray("M\xFChe"));
+    QCOMPARE(teskel::askedWords(u"\u00B2\u00BC\u00FF"_s), QStringList{u"\u00B2\u00BC\u00FF"_s});
 }
 
 void TestLexiconText::refusesWhatNoHeadwordHolds_data()
@@ -55,6 +55,11 @@ void TestLexiconText::wordsAreAskedForWithoutControlCharactersAndAtLastWithoutOu
     QTest::newRow("empty") << QString() << QStringList();
     QTest::newRow("word") << u"house"_s << QStringList{u"house"_s};
     QTest::newRow("decomposed") << u"Mu\u0308he"_s << QStringList{u"M\u00FChe"_s};
+    QTest::newRow("another script") << u"вода"_s << QStringList{u"voda"_s};
+    QTest::newRow("another script in lines")
+        << u"пить\u2028воду\r\n"_s << QStringList{u"pit vodu"_s};
+    QTest::newRow("another script with blanks around")
+        << u" вода\u3000"_s << QStringList{u" voda "_s, u"voda"_s};
     QTest::newRow("line feed at the end") << u"house\n"_s << QStringList{u"house"_s};
     QTest::newRow("line end of another system") << u"house\r\n"_s << QStringList{u"house"_s};
     QTest::newRow("tab at the start") << u"\thouse"_s << QStringList{u"house"_s};

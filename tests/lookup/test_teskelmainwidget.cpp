@@ -245,16 +245,14 @@ void TestTeskelMainWidget::openingLooksUpTheEntrysTextAtOnce()
 
 void TestTeskelMainWidget::openingLooksUpTheFirstWordOfTheHistory()
 {
-    LookupBench bench([](PreferencesData& preferences) { preferences.addToMRUList(u"home"_s); });
-    bench.open(everydayEntries());
+    EverydayBench bench([](PreferencesData& preferences) { preferences.addToMRUList(u"home"_s); });
     QCOMPARE(bench.currentWord(), u"home"_s);
     QVERIFY(bench.article().text().startsWith(u"<p><b>home</b></p><p>"_s));
 }
 
 void TestTeskelMainWidget::openingAnotherDictionaryRefillsEverything()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     bench.type(u"w030"_s);
     QCOMPARE(bench.rows().first(), u"w030"_s);
     const QString other = bench.write(u"Other.PDB"_s, {{"ape", "Affe"}, {"bee", "Biene"}});
@@ -276,8 +274,7 @@ void TestTeskelMainWidget::openingEnablesTheEntry()
 
 void TestTeskelMainWidget::openingRecordsTheLastOpenFile()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     QCOMPARE(bench.preferences().getLastOpenFile(), bench.path(u"Words.PDB"_s));
 }
 
@@ -378,8 +375,7 @@ void TestTeskelMainWidget::failureChangesNothing_data()
 void TestTeskelMainWidget::failureChangesNothing()
 {
     QFETCH(QByteArray, content);
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     bench.type(u"house"_s);
     const QStringList rows = bench.rows();
     const QString article = bench.article().text();
@@ -455,8 +451,7 @@ void TestTeskelMainWidget::fontWithoutADictionaryStays()
 
 void TestTeskelMainWidget::destructionStoresTheFontOfTheOpenFile()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     QFont font = bench.article().font();
     font.setPointSize(27);
     bench.widget().setEditFont(font);
@@ -480,8 +475,7 @@ void TestTeskelMainWidget::destructionWithoutADictionaryStoresNothing()
 
 void TestTeskelMainWidget::navigationEventsSwitchTheHistory()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     QEvent start(static_cast<QEvent::Type>(3000));
     QEvent finish(static_cast<QEvent::Type>(3001));
 
@@ -495,8 +489,7 @@ void TestTeskelMainWidget::navigationEventsSwitchTheHistory()
 
 void TestTeskelMainWidget::foreignEventsAreLeftAlone()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     QEvent foreign(static_cast<QEvent::Type>(3002));
     QCoreApplication::sendEvent(&bench.widget(), &foreign);
     bench.list().setSelected(2, true);
@@ -505,8 +498,7 @@ void TestTeskelMainWidget::foreignEventsAreLeftAlone()
 
 void TestTeskelMainWidget::dyingChildrenDoNotReachTheWidget()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     bench.list().setSelected(2, true);
     bool spoke = false;
     QLineEdit* const edit = bench.entry().lineEdit();

@@ -112,8 +112,7 @@ void TestTransfer::stripStringStripsPunctuation()
 
 void TestTransfer::withoutASelectionThereIsAMessage()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     bench.type(u"house"_s);
     MessageWatch watch;
     QVERIFY(!bench.widget().transferTranslation2Word(true));
@@ -130,8 +129,7 @@ void TestTransfer::withoutASelectionThereIsAMessage()
 
 void TestTransfer::selectionIsStrippedAndPutIntoTheEntry()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     selectInArticle(bench, u"my home, house. and garden"_s, u", house."_s);
     QVERIFY(bench.widget().transferTranslation2Word(false));
     QCOMPARE(bench.typed(), u"house"_s);
@@ -147,16 +145,18 @@ void TestTransfer::selectionWithoutAMatchIsCutToTheLongestBeginning_data()
     QTest::newRow("nothing in common") << u"quark"_s << QString();
     QTest::newRow("two words") << u"house of cards"_s << u"house"_s;
     QTest::newRow("begins a word itself") << u"hou"_s << u"ho"_s;
-    QTest::newRow("stops before what Latin-1 lacks") << u"hous\u0436boat"_s << u"hous"_s;
-    QTest::newRow("begins with what Latin-1 lacks") << u"\u0436house"_s << QString();
+    QTest::newRow("foreign letter that no word goes on with") << u"hous\u0436boat"_s << u"hous"_s;
+    QTest::newRow("begins with a foreign letter") << u"\u0436house"_s << u"z"_s;
+    QTest::newRow("foreign letter that the word goes on with") << u"hou\u0441x"_s << u"hous"_s;
+    QTest::newRow("NUL in a foreign word")
+        << QString(u"ho\u0443"_s + QChar(0) + u"se"_s) << u"hou"_s;
 }
 
 void TestTransfer::selectionWithoutAMatchIsCutToTheLongestBeginning()
 {
     QFETCH(QString, selected);
     QFETCH(QString, expected);
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     bench.type(u"cat"_s);
     selectInArticle(bench, selected);
     QVERIFY(bench.widget().transferTranslation2Word(false));
@@ -165,8 +165,7 @@ void TestTransfer::selectionWithoutAMatchIsCutToTheLongestBeginning()
 
 void TestTransfer::selectionOfPunctuationIsTriedAsTheEmptyBeginning()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     bench.type(u"cat"_s);
     selectInArticle(bench, u"house., house"_s, u".,"_s);
     QVERIFY(bench.widget().transferTranslation2Word(true));
@@ -186,8 +185,7 @@ void TestTransfer::selectionInADictionaryWithoutWordsLeavesTheEntry()
 
 void TestTransfer::selectionOfDecomposedLettersIsFound()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     selectInArticle(bench, u"mu\u0308esli"_s);
     QVERIFY(bench.widget().transferTranslation2Word(true));
     QCOMPARE(bench.typed(), u"m\u00FCesli"_s);
@@ -196,8 +194,7 @@ void TestTransfer::selectionOfDecomposedLettersIsFound()
 
 void TestTransfer::transferWithNotifyLooksUp()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     selectInArticle(bench, u"house"_s);
     QVERIFY(bench.widget().transferTranslation2Word(true));
     QCOMPARE(bench.currentWord(), u"house"_s);
@@ -206,8 +203,7 @@ void TestTransfer::transferWithNotifyLooksUp()
 
 void TestTransfer::transferWithoutNotifyOnlyShows()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     const QStringList rows = bench.rows();
     selectInArticle(bench, u"house"_s);
     QVERIFY(bench.widget().transferTranslation2Word(false));
@@ -220,8 +216,7 @@ void TestTransfer::transferWithoutNotifyOnlyShows()
 
 void TestTransfer::transferSelectsTheEntrysText()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     selectInArticle(bench, u"house"_s);
     bench.widget().transferTranslation2Word(true);
     QCOMPARE(bench.selectedInEntry(), u"house"_s);
@@ -239,8 +234,7 @@ void TestTransfer::transferWithoutADictionaryWarnsAndGoesOn()
 
 void TestTransfer::hugeSelectionIsCutDown()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     selectInArticle(bench, u"houseb"_s + QString(30000, u'x'));
     QVERIFY(bench.widget().transferTranslation2Word(true));
     QCOMPARE(bench.typed(), u"houseb"_s);
@@ -248,8 +242,7 @@ void TestTransfer::hugeSelectionIsCutDown()
 
 void TestTransfer::crossLookupEndsInTheOtherDictionary()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     const QString reverse = bench.write(u"Ger2Eng.PDB"_s, {{"House", "Musikstil"}});
     bench.type(u"home"_s);
     selectInArticle(bench, u"a (house)"_s, u"(house)"_s);
@@ -261,8 +254,7 @@ void TestTransfer::crossLookupEndsInTheOtherDictionary()
 
 void TestTransfer::randomWordIsLookedUpAndSelected()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     QStringList words;
     for (int times = 0; times < 5; ++times) {
         bench.widget().randomWord();
@@ -278,8 +270,7 @@ void TestTransfer::randomWordIsLookedUpAndSelected()
 
 void TestTransfer::randomWordWithFindOnEnterOnlyShows()
 {
-    LookupBench bench(findOnEnter);
-    bench.open(everydayEntries());
+    EverydayBench bench(findOnEnter);
     bench.widget().randomWord();
     QVERIFY(!bench.typed().isEmpty());
     QCOMPARE(bench.list().currentItem(), -1);
@@ -310,8 +301,7 @@ void TestTransfer::copyOfAnEmptyEntryLeavesTheClipboard()
 
 void TestTransfer::copyTranslationTakesTheSourceWithItsTags()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     bench.type(u"house"_s);
     bench.widget().editCopyTranslation();
     QVERIFY(QApplication::clipboard()->text().startsWith(u"<p><b>"_s));
@@ -330,8 +320,7 @@ void TestTransfer::copyTranslationOfAnEmptyArticleLeavesTheClipboard()
 
 void TestTransfer::pasteLooksUpAndSelectsNothing()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     QApplication::clipboard()->setText(u"houseboat"_s);
     bench.widget().editPaste();
     QCOMPARE(bench.typed(), u"houseboat"_s);
@@ -341,8 +330,7 @@ void TestTransfer::pasteLooksUpAndSelectsNothing()
 
 void TestTransfer::pasteOfAnEmptyClipboardLeavesTheEntry()
 {
-    LookupBench bench;
-    bench.open(everydayEntries());
+    EverydayBench bench;
     bench.type(u"cat"_s);
     bench.widget().editPaste();
     QCOMPARE(bench.typed(), u"cat"_s);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A small application whose life the tests follow from outside: it reports on standard output.
 #include "platform/application/qpeapplication.h"
+#ifdef TESKEL_WITH_BUS
+#include "platform/application/busdocumentservice.h"
+#endif
 
 #include <QCloseEvent>
 #include <QDialog>
@@ -64,6 +67,10 @@ int main(int argc, char** argv)
 {
     QPEApplication application(argc, argv);
     const QStringList modes = QPEApplication::arguments();
+#ifdef TESKEL_WITH_BUS
+    if (modes.contains(u"--impatient"_s))
+        application.findChild<teskel::BusDocumentService*>()->setPatience({});
+#endif
     report(u"root "_s + qEnvironmentVariable("QPEDIR"));
     Window window(modes);
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDeadlineTimer>
 #include <QProcess>
 #include <QStringList>
 
@@ -21,20 +20,19 @@ public:
         if (_process.state() == QProcess::NotRunning)
             return;
         _process.kill();
-        _process.waitForFinished();
+        _process.waitForFinished(-1);
     }
     Probe(const Probe&) = delete;
     Probe& operator=(const Probe&) = delete;
 
-    /// Waits until the probe has reported `line`.
-    bool waitFor(const QString& line, int milliseconds = 10'000)
+    /// Waits until the probe has reported `line`; false when it ends without.
+    bool waitFor(const QString& line)
     {
-        const QDeadlineTimer deadline(milliseconds);
-        while (!log().contains(line) && !deadline.hasExpired()) {
-            if (!_process.waitForReadyRead(static_cast<int>(deadline.remainingTime())))
+        while (!log().contains(line)) {
+            if (!_process.waitForReadyRead(-1))
                 return log().contains(line);
         }
-        return log().contains(line);
+        return true;
     }
 
     /// Everything reported so far.
@@ -44,11 +42,10 @@ public:
         return QString::fromUtf8(_output).split(u'\n', Qt::SkipEmptyParts);
     }
 
-    /// Waits for the end of the probe; false when it does not come or is a crash.
-    bool waitForEnd(int milliseconds = 10'000)
+    /// Waits for the end of the probe; false when it is a crash.
+    bool waitForEnd()
     {
-        return (_process.state() == QProcess::NotRunning ||
-                _process.waitForFinished(milliseconds)) &&
+        return (_process.state() == QProcess::NotRunning || _process.waitForFinished(-1)) &&
                _process.exitStatus() == QProcess::NormalExit;
     }
 

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <functional>
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,6 +31,7 @@ private slots:
     void newGroupsGoWhereTheySort();
     void newKeysGoWhereTheySort_data();
     void newKeysGoWhereTheySort();
+    void removingLeavesWhatIsNoKey_data();
     void removingLeavesWhatIsNoKey();
     void keyMetAgainIsRemovedEverywhere();
     void settingsOfAnEditedFileAreRead();
@@ -40,7 +43,6 @@ private slots:
     void writingAnEqualValueWritesNothing();
     void emptyGroupIsAnOrdinaryOne();
     void pathsAreGroupNames();
-    void removeAndClear();
     void withoutAGroupNothingIsStored();
     void userDomain_data();
     void userDomain();
@@ -60,6 +62,8 @@ private:
     QString path(const QString& name) const { return _directory->filePath(name); }
     void store(const QString& name, const QByteArray& text) const;
     QByteArray stored(const QString& name) const;
+    /// What a file of this text holds after the changes.
+    QByteArray edited(const QByteArray& text, const std::function<void(Config&)>& edit) const;
 
     std::unique_ptr<QTemporaryDir> _directory;
 };
@@ -84,6 +88,17 @@ QByteArray ConfigTest::stored(const QString& name) const
 {
     QFile file(path(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray ConfigTest::edited(const QByteArray& text,
+                              const std::function<void(Config&)>& edit) const
+{
+    store(u"a.conf"_s, text);
+    {
+        Config config(path(u"a.conf"_s), Config::File);
+        edit(config);
+    }
+    return stored(u"a.conf"_s);
 }
 
 void ConfigTest::missingFileGivesDefaults()
@@ -222,14 +237,12 @@ void ConfigTest::linesOfOtherFormsStay_data()
 void ConfigTest::linesOfOtherFormsStay()
 {
     QFETCH(QByteArray, text);
-    store(u"a.conf"_s, text);
-    {
-        Config config(path(u"a.conf"_s), Config::File);
+    const QByteArray written = edited(text, [](Config& config) {
         config.setGroup(u"g"_s);
         config.writeEntry(u"k"_s, u"new"_s);
         QCOMPARE(config.readEntry(u"k"_s), u"new"_s);
-    }
-    QTEST(stored(u"a.conf"_s), "written");
+    });
+    QTEST(written, "written");
     Config config(path(u"a.conf"_s), Config::File);
     config.setGroup(u"g"_s);
     QCOMPARE(config.readEntry(u"k"_s), u"new"_s);
@@ -255,12 +268,8 @@ void ConfigTest::newGroupsGoWhereTheySort_data()
 void ConfigTest::newGroupsGoWhereTheySort()
 {
     QFETCH(QByteArray, text);
-    store(u"a.conf"_s, text);
-    {
-        Config config(path(u"a.conf"_s), Config::File);
-        config.setGroup(u"g"_s);
-    }
-    QTEST(stored(u"a.conf"_s), "written");
+    const QByteArray written = edited(text, [](Config& config) { config.setGroup(u"g"_s); });
+    QTEST(written, "written");
 }
 
 void ConfigTest::newKeysGoWhereTheySort_data()
@@ -281,38 +290,45 @@ void ConfigTest::newKeysGoWhereTheySort_data()
 void ConfigTest::newKeysGoWhereTheySort()
 {
     QFETCH(QByteArray, text);
-    store(u"a.conf"_s, text);
-    {
-        Config config(path(u"a.conf"_s), Config::File);
+    const QByteArray written = edited(text, [](Config& config) {
         config.setGroup(u"g"_s);
         config.writeEntry(u"k"_s, u"v"_s);
-    }
-    QTEST(stored(u"a.conf"_s), "written");
+    });
+    QTEST(written, "written");
+}
+
+void ConfigTest::removingLeavesWhatIsNoKey_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("written");
+    QTest::newRow("keys alone") << QByteArray("[a]\nk = 1\nl = 2\n[b]\nk = 3\n")
+                                << QByteArray("[a]\nl = 2\n[b]\n");
+    QTest::newRow("comments and other lines")
+        << QByteArray("# head\n[a]\n# of k\nk = 1\nbad\nl = 2\n[b]\n;k = 3\nk = 4\n")
+        << QByteArray("# head\n[a]\n# of k\nbad\nl = 2\n[b]\n;k = 3\n");
 }
 
 void ConfigTest::removingLeavesWhatIsNoKey()
 {
-    store(u"a.conf"_s, "# head\n[a]\n# of k\nk = 1\nbad\nl = 2\n[b]\n;k = 3\nk = 4\n");
-    {
-        Config config(path(u"a.conf"_s), Config::File);
+    QFETCH(QByteArray, text);
+    const QByteArray written = edited(text, [](Config& config) {
         config.setGroup(u"a"_s);
         config.removeEntry(u"k"_s);
         config.setGroup(u"b"_s);
         config.clearGroup();
-    }
-    QCOMPARE(stored(u"a.conf"_s), QByteArray("# head\n[a]\n# of k\nbad\nl = 2\n[b]\n;k = 3\n"));
+    });
+    QTEST(written, "written");
 }
 
 void ConfigTest::keyMetAgainIsRemovedEverywhere()
 {
-    store(u"a.conf"_s, "[a]\nk = 1\nk = 2\n[b]\nk = 3\n[a]\nk = 4\n");
-    {
-        Config config(path(u"a.conf"_s), Config::File);
-        config.setGroup(u"a"_s);
-        config.removeEntry(u"k"_s);
-        QVERIFY(!config.hasKey(u"k"_s));
-    }
-    QCOMPARE(stored(u"a.conf"_s), QByteArray("[a]\n[b]\nk = 3\n[a]\n"));
+    const QByteArray written =
+        edited("[a]\nk = 1\nk = 2\n[b]\nk = 3\n[a]\nk = 4\n", [](Config& config) {
+            config.setGroup(u"a"_s);
+            config.removeEntry(u"k"_s);
+            QVERIFY(!config.hasKey(u"k"_s));
+        });
+    QCOMPARE(written, QByteArray("[a]\n[b]\nk = 3\n[a]\n"));
 }
 
 /// As an editor of another system leaves it.
@@ -394,34 +410,27 @@ void ConfigTest::hostileTextsLeaveOtherGroupsAlone()
 
 void ConfigTest::settingAMissingGroupCreatesIt()
 {
-    store(u"a.conf"_s, "[b]\nk = v\n");
-    {
-        Config config(path(u"a.conf"_s), Config::File);
-        config.setGroup(u"a"_s);
-    }
-    QCOMPARE(stored(u"a.conf"_s), QByteArray("[a]\n[b]\nk = v\n"));
+    const QByteArray written =
+        edited("[b]\nk = v\n", [](Config& config) { config.setGroup(u"a"_s); });
+    QCOMPARE(written, QByteArray("[a]\n[b]\nk = v\n"));
 }
 
 void ConfigTest::settingAPresentGroupWritesNothing()
 {
-    store(u"a.conf"_s, "[b]\n  k=v");
-    {
-        Config config(path(u"a.conf"_s), Config::File);
+    const QByteArray written = edited("[b]\n  k=v", [](Config& config) {
         config.setGroup(u"b"_s);
         QCOMPARE(config.readEntry(u"k"_s), u"v"_s);
-    }
-    QCOMPARE(stored(u"a.conf"_s), QByteArray("[b]\n  k=v"));
+    });
+    QCOMPARE(written, QByteArray("[b]\n  k=v"));
 }
 
 void ConfigTest::writingAnEqualValueWritesNothing()
 {
-    store(u"a.conf"_s, "[b]\n  k=5");
-    {
-        Config config(path(u"a.conf"_s), Config::File);
+    const QByteArray written = edited("[b]\n  k=5", [](Config& config) {
         config.setGroup(u"b"_s);
         config.writeEntry(u"k"_s, 5);
-    }
-    QCOMPARE(stored(u"a.conf"_s), QByteArray("[b]\n  k=5"));
+    });
+    QCOMPARE(written, QByteArray("[b]\n  k=5"));
 }
 
 void ConfigTest::emptyGroupIsAnOrdinaryOne()
@@ -450,19 +459,6 @@ void ConfigTest::pathsAreGroupNames()
     Config config(path(u"a.conf"_s), Config::File);
     config.setGroup(dictionary);
     QCOMPARE(config.readEntry(u"FontName"_s), u"Nimbus Sans [urw]"_s);
-}
-
-void ConfigTest::removeAndClear()
-{
-    store(u"a.conf"_s, "[a]\nk = 1\nl = 2\n[b]\nk = 3\n");
-    {
-        Config config(path(u"a.conf"_s), Config::File);
-        config.setGroup(u"a"_s);
-        config.removeEntry(u"k"_s);
-        config.setGroup(u"b"_s);
-        config.clearGroup();
-    }
-    QCOMPARE(stored(u"a.conf"_s), QByteArray("[a]\nl = 2\n[b]\n"));
 }
 
 void ConfigTest::withoutAGroupNothingIsStored()

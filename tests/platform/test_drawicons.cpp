@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/childprocess.h"
+
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
+
+using teskel::test::limitFileSize;
+using teskel::test::ProgramResult;
+using teskel::test::runToEnd;
 
 /// The program that draws the icons, seen from outside.
 class DrawIconsTest : public QObject
@@ -16,27 +22,23 @@ private slots:
     void fullDiskIsAnError();
 
 private:
-    static int run(const QTemporaryDir& directory, const QString& limits, QByteArray& errors);
+    ProgramResult run(QProcess& process) const;
+
+    QTemporaryDir _directory;
 };
 
-int DrawIconsTest::run(const QTemporaryDir& directory, const QString& limits, QByteArray& errors)
+ProgramResult DrawIconsTest::run(QProcess& process) const
 {
-    QProcess process;
-    process.setWorkingDirectory(directory.path());
-    process.start(u"sh"_s, {u"-c"_s, limits + u"exec " TESKEL_DRAWICONS " pics hicolor"_s});
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
-        return -1;
-    errors = process.readAllStandardError();
-    return process.exitCode();
+    process.setWorkingDirectory(_directory.path());
+    return runToEnd(process, QStringLiteral(TESKEL_DRAWICONS), {u"pics"_s, u"hicolor"_s});
 }
 
 void DrawIconsTest::drawsEveryIconThatIsThere()
 {
-    const QTemporaryDir directory;
-    QByteArray errors;
-    QCOMPARE(run(directory, {}, errors), 0);
+    QProcess process;
+    QCOMPARE(run(process).code, 0);
     const QDir there(QStringLiteral(TESKEL_PICS));
-    const QDir drawn(directory.filePath(u"pics"_s));
+    const QDir drawn(_directory.filePath(u"pics"_s));
     const QStringList sizes = there.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     QVERIFY(!sizes.isEmpty());
     QCOMPARE(drawn.entryList(QDir::Dirs | QDir::NoDotAndDotDot), sizes);
@@ -49,10 +51,11 @@ void DrawIconsTest::drawsEveryIconThatIsThere()
 
 void DrawIconsTest::fullDiskIsAnError()
 {
-    const QTemporaryDir directory;
-    QByteArray errors;
-    QCOMPARE(run(directory, u"trap '' XFSZ; ulimit -f 0; "_s, errors), 3);
-    QVERIFY2(errors.contains("pics/24/copy.png cannot be written\n"), errors.constData());
+    QProcess process;
+    limitFileSize(process, 0);
+    const ProgramResult result = run(process);
+    QCOMPARE(result.code, 3);
+    QVERIFY2(result.err.contains("pics/24/copy.png cannot be written\n"), result.err.constData());
 }
 
 QTEST_GUILESS_MAIN(DrawIconsTest)

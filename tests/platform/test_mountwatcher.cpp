@@ -3,14 +3,19 @@
 #include "platform/storage/mountwatcher.h"
 
 #include <QSignalSpy>
+#include <QSocketNotifier>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <chrono>
+#include <optional>
 
 #include <sched.h>
 #include <sys/mount.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -32,6 +37,84 @@ bool enterOwnMountTable()
 
 bool ownMountTable = false;
 
+// A card that is mounted and unmounted, and the kernel's word that each change was announced.
+class Card
+{
+public:
+    Card()
+    {
+        if (_table.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+            _notifier.emplace(_table.handle(), QSocketNotifier::Exception);
+    }
+    ~Card() { ::umount2(point(), MNT_DETACH); }
+    Card(const Card&) = delete;
+    Card& operator=(const Card&) = delete;
+
+    bool isMounted() const { return _isMounted; }
+    const QSocketNotifier* notifier() const { return &*_notifier; }
+    // Mounts the card, or unmounts it; every watcher made before hears of it first.
+    bool change()
+    {
+        _isMounted = !_isMounted;
+        return _isMounted ? ::mount("card", point(), "tmpfs", 0, nullptr) == 0
+                          : ::umount2(point(), 0) == 0;
+    }
+    bool changeAndWait()
+    {
+        QSignalSpy announced(&*_notifier, &QSocketNotifier::activated);
+        return change() && QTest::qWaitFor([&announced] { return !announced.isEmpty(); });
+    }
+
+private:
+    const char* point() const { return _point.constData(); }
+
+    QTemporaryDir _directory;
+    QByteArray _point = QFile::encodeName(_directory.path());
+    QFile _table{u"/proc/self/mountinfo"_s};
+    std::optional<QSocketNotifier> _notifier;
+    bool _isMounted = false;
+};
+
+// What is sent on the channel of the cards.
+class Listener : public QObject
+{
+public:
+    Listener()
+    {
+        connect(&_channel, &QCopChannel::received, this,
+                [this](const QByteArray& message) { messages.append(message); });
+    }
+    bool waitForMessages(qsizetype count)
+    {
+        return QTest::qWaitFor([this, count] { return messages.size() >= count; });
+    }
+    // Waits for a message of its own, which is sent when `watcher` must have sent what it has.
+    bool waitForLastMessage(const teskel::MountWatcher& watcher)
+    {
+        QTimer::singleShot(2 * watcher.longestDelay() + 1ms, Qt::PreciseTimer, this,
+                           [] { QCopChannel::send("QPE/Card", "last"); });
+        return QTest::qWaitFor([this] { return messages.removeOne("last"); });
+    }
+
+    QByteArrayList messages;
+
+private:
+    QCopChannel _channel{"QPE/Card"};
+};
+
+const QString mountInfo = u"/proc/self/mountinfo"_s;
+
+struct WatchedCard {
+    WatchedCard(std::chrono::milliseconds settlingTime, std::chrono::milliseconds longestDelay)
+    {
+        watcher.setSettlingTime(settlingTime);
+        watcher.setLongestDelay(longestDelay);
+    }
+    teskel::MountWatcher watcher{mountInfo};
+    Card card;
+    Listener listener;
+};
+
 } // namespace
 
 class MountWatcherTest : public QObject
@@ -39,35 +122,40 @@ class MountWatcherTest : public QObject
     Q_OBJECT
 
 private slots:
+    void init();
+    void gathersForAQuarterOfASecondAndAtMostForTwo();
     void eachMountAndEachUnmountSendsOneMessage();
     void severalStepsOfOneChangeAreOneMessage();
     void endlessMountingIsReportedMeanwhile();
-    void withoutATableThereAreNoMessages();
-    void ordinaryFileIsNoEndlessSource();
-
-private:
-    QTemporaryDir _directory;
+    void fileThatIsNoMountTableSendsNothing_data();
+    void fileThatIsNoMountTableSendsNothing();
 };
+
+void MountWatcherTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(u".*"_s));
+}
+
+void MountWatcherTest::gathersForAQuarterOfASecondAndAtMostForTwo()
+{
+    const teskel::MountWatcher watcher(mountInfo);
+    QVERIFY(watcher.settlingTime() == 250ms);
+    QVERIFY(watcher.longestDelay() == 2s);
+}
 
 void MountWatcherTest::eachMountAndEachUnmountSendsOneMessage()
 {
     if (!ownMountTable)
         QSKIP("no right to mount in a private mount namespace");
-    const QByteArray point = _directory.path().toUtf8();
-    QCopChannel channel("QPE/Card");
-    QSignalSpy received(&channel, &QCopChannel::received);
-    const teskel::MountWatcher watcher(u"/proc/self/mountinfo"_s);
-
-    for (int count = 1; count <= 6; ++count) {
-        if (count % 2 == 1)
-            QCOMPARE(::mount("card", point.constData(), "tmpfs", 0, nullptr), 0);
-        else
-            QCOMPARE(::umount2(point.constData(), 0), 0);
-        QVERIFY(received.wait());
-        QCOMPARE(received.count(), count);
-        QCOMPARE(received.constLast()[0].toByteArray(), QByteArray("mtabChanged()"));
-        // A second message for the same change would come within the next settling time.
-        QVERIFY(!received.wait(400));
+    WatchedCard watched(1ms, 10ms);
+    auto& [watcher, card, listener] = watched;
+    QByteArrayList expected;
+    for (int count = 0; count < 6; ++count) {
+        expected.append("mtabChanged()");
+        QVERIFY(card.change());
+        QVERIFY(listener.waitForMessages(expected.size()));
+        QVERIFY(listener.waitForLastMessage(watcher));
+        QCOMPARE(listener.messages, expected);
     }
 }
 
@@ -75,64 +163,55 @@ void MountWatcherTest::severalStepsOfOneChangeAreOneMessage()
 {
     if (!ownMountTable)
         QSKIP("no right to mount in a private mount namespace");
-    const QByteArray point = _directory.path().toUtf8();
-    QCopChannel channel("QPE/Card");
-    QSignalSpy received(&channel, &QCopChannel::received);
-    const teskel::MountWatcher watcher(u"/proc/self/mountinfo"_s);
-    QCOMPARE(::mount("card", point.constData(), "tmpfs", 0, nullptr), 0);
-    QCOMPARE(::mount("card", point.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr), 0);
-    QCOMPARE(::umount2(point.constData(), MNT_DETACH), 0);
-    QVERIFY(received.wait());
-    QVERIFY(!received.wait(400));
-    QCOMPARE(received.count(), 1);
+    WatchedCard watched(1h, 1h);
+    auto& [watcher, card, listener] = watched;
+    for (int step = 0; step < 4; ++step)
+        QVERIFY(card.changeAndWait());
+    QCoreApplication::processEvents();
+    QCOMPARE(listener.messages, QByteArrayList());
+    watcher.setSettlingTime(1ms);
+    QVERIFY(listener.waitForMessages(1));
+    watcher.setLongestDelay(10ms);
+    QVERIFY(listener.waitForLastMessage(watcher));
+    QCOMPARE(listener.messages.size(), 1);
 }
 
 void MountWatcherTest::endlessMountingIsReportedMeanwhile()
 {
     if (!ownMountTable)
         QSKIP("no right to mount in a private mount namespace");
-    const QByteArray point = _directory.path().toUtf8();
-    QCopChannel channel("QPE/Card");
-    QSignalSpy received(&channel, &QCopChannel::received);
-    const teskel::MountWatcher watcher(u"/proc/self/mountinfo"_s);
-    bool mounted = false;
-    QTimer changes;
-    connect(&changes, &QTimer::timeout, this, [&] {
-        const int failed = mounted ? ::umount2(point.constData(), 0)
-                                   : ::mount("card", point.constData(), "tmpfs", 0, nullptr);
-        QCOMPARE(failed, 0);
-        mounted = !mounted;
-    });
-    changes.start(50);
-    QVERIFY(received.wait(10'000));
-    QVERIFY(received.wait(10'000));
-    changes.stop();
+    WatchedCard watched(1h, 10ms);
+    auto& [watcher, card, listener] = watched;
+    // One change calls for the next.
+    const auto changes = connect(card.notifier(), &QSocketNotifier::activated, this,
+                                 [&watched] { QVERIFY(watched.card.change()); });
+    QVERIFY(card.change());
+    QVERIFY(listener.waitForMessages(2));
+    disconnect(changes);
     // The last changes are not forgotten.
-    QVERIFY(received.wait());
-    if (mounted)
-        QCOMPARE(::umount2(point.constData(), 0), 0);
+    const qsizetype before = listener.messages.size();
+    QVERIFY(card.changeAndWait());
+    QVERIFY(listener.waitForMessages(before + 1));
 }
 
-void MountWatcherTest::withoutATableThereAreNoMessages()
+void MountWatcherTest::fileThatIsNoMountTableSendsNothing_data()
 {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    QCopChannel channel("QPE/Card");
-    QSignalSpy received(&channel, &QCopChannel::received);
-    const teskel::MountWatcher watcher(u"/nowhere/mountinfo"_s);
-    QVERIFY(!received.wait(400));
+    QTest::addColumn<QString>("name");
+    QTest::newRow("missing") << u"/nowhere/mountinfo"_s;
+    // Always ready for reading; must be no endless source.
+    QTest::newRow("ordinary file") << QCoreApplication::applicationFilePath();
 }
 
-void MountWatcherTest::ordinaryFileIsNoEndlessSource()
+void MountWatcherTest::fileThatIsNoMountTableSendsNothing()
 {
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
-    QFile file(_directory.filePath(u"mountinfo"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("1 2 8:16 / /card rw - vfat /dev/sdb rw\n");
-    file.close();
-    QCopChannel channel("QPE/Card");
-    QSignalSpy received(&channel, &QCopChannel::received);
-    const teskel::MountWatcher watcher(file.fileName());
-    QVERIFY(!received.wait(400));
+    QFETCH(QString, name);
+    teskel::MountWatcher watcher(name);
+    watcher.setSettlingTime(0ms);
+    watcher.setLongestDelay(0ms);
+    Listener listener;
+    QCoreApplication::processEvents();
+    QVERIFY(listener.waitForLastMessage(watcher));
+    QCOMPARE(listener.messages, QByteArrayList());
 }
 
 int main(int argc, char** argv)

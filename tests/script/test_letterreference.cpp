@@ -1,11 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include "script/letterreference.h"
 
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+bool isReplaced(char32_t c)
+{
+    return c < 0x20 || (c >= 0x7F && c <= 0x9F) || c == 0x2028 || c == 0x2029 || c == 0x202D ||
+           c == 0x202E || (c >= 0x2066 && c <= 0x2069) || (c >= 0xD800 && c <= 0xDFFF) ||
+           (c >= 0xFDD0 && c <= 0xFDEF) || (c & 0xFFFE) == 0xFFFE || c > 0x10FFFF;
+}
+
+/// The character as rich text has it.
+QString shown(char32_t character)
+{
+    QString text;
+    text += QChar::fromUcs4(isReplaced(character) ? 0xFFFD : character);
+    text = text.toHtmlEscaped();
+    return text == u"'"_s ? u"&apos;"_s : text;
+}
+
+} // namespace
 
 class TestLetterReference : public QObject
 {
@@ -26,6 +49,7 @@ private slots:
     void whatMustNotBeShownIsReplaced();
     void markupWithoutReferencesIsShared_data();
     void markupWithoutReferencesIsShared();
+    void nonsenseIsReadAsAPatternReadsIt();
     void manyBeginningsCostNoMoreThanTheirLength();
 };
 
@@ -55,11 +79,6 @@ void TestLetterReference::isWrittenInAsciiLetters()
 
 void TestLetterReference::everyCodePointComesBackOrIsReplaced()
 {
-    const auto isReplaced = [](char32_t c) {
-        return c < 0x20 || (c >= 0x7F && c <= 0x9F) || c == 0x2028 || c == 0x2029 || c == 0x202D ||
-               c == 0x202E || (c >= 0x2066 && c <= 0x2069) || (c >= 0xD800 && c <= 0xDFFF) ||
-               (c >= 0xFDD0 && c <= 0xFDEF) || (c & 0xFFFE) == 0xFFFE;
-    };
     for (char32_t character = 0; character <= 0x10FFFF; ++character) {
         const std::string text = teskel::letterReference(character);
         const auto reference = teskel::readLetterReference(text);
@@ -210,6 +229,33 @@ void TestLetterReference::markupWithoutReferencesIsShared()
     QCOMPARE(resolved, markup);
     QCOMPARE(static_cast<const void*>(resolved.constData()),
              static_cast<const void*>(markup.constData()));
+}
+
+void TestLetterReference::nonsenseIsReadAsAPatternReadsIt()
+{
+    const QRegularExpression pattern(u"&_(?=[a-p])a*+([a-p]{0,6});"_s);
+    const QStringList parts{u"&"_s, u"_"_s,  u"&_"_s, u";"_s,      u"a"_s, u"aaa"_s,
+                            u"b"_s, u"de"_s, u"p"_s,  u"niaa"_s,   u"q"_s, u"D"_s,
+                            u"<"_s, u" "_s,  u"1"_s,  u"\u0434"_s, u"#"_s, u"&_ede;"_s};
+    QRandomGenerator random(1);
+    for (int times = 0; times < 50'000; ++times) {
+        QString markup;
+        for (int left = random.bounded(1, 30); left > 0; --left)
+            markup += parts.at(random.bounded(int(parts.size())));
+        QString expected;
+        qsizetype done = 0;
+        for (auto matches = pattern.globalMatch(markup); matches.hasNext();) {
+            const auto match = matches.next();
+            expected += markup.sliced(done, match.capturedStart() - done);
+            done = match.capturedEnd();
+            QString digits = match.captured(1);
+            for (QChar& digit : digits)
+                digit = u"0123456789abcdef"[digit.unicode() - u'a'];
+            expected += shown(char32_t(digits.toUInt(nullptr, 16)));
+        }
+        expected += markup.sliced(done);
+        QCOMPARE(teskel::withLetterReferencesResolved(markup), expected);
+    }
 }
 
 /// Each is looked at as far as the next one; looking at the rest each time would take hours.

@@ -15,7 +15,7 @@ private slots:
     void rulesThatAreRefusedGiveCodePointsAndOneWarning();
     void rulesAreAppliedInTheirOrder();
     void codePointsAreLetters();
-    void rulesOfLexiconsAreLoadedOnce();
+    void rulesOfLexiconsAreTheSameForAll();
 };
 
 void TestRomanizer::rulesThatAreRefusedGiveCodePointsAndOneWarning()
@@ -45,7 +45,7 @@ void TestRomanizer::codePointsAreLetters()
     QCOMPARE(teskel::Romanizer::codePoints(QString(QChar(0xD83D))), u"pppn"_s);
 }
 
-void TestRomanizer::rulesOfLexiconsAreLoadedOnce()
+void TestRomanizer::rulesOfLexiconsAreTheSameForAll()
 {
     const WarningCapture warnings;
     QCOMPARE(&teskel::Romanizer::ofLexicons(), &teskel::Romanizer::ofLexicons());

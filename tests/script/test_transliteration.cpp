@@ -78,6 +78,7 @@ void TestTransliteration::writesOtherScriptsInLatinLetters_data()
     QTest::newRow("Thai") << u"น้ำ"_s << u"na"_s;
     QTest::newRow("hangul") << u"한국어"_s << u"hangug-eo"_s;
     QTest::newRow("kanji") << u"漢字"_s << u"han zi"_s;
+    QTest::newRow("kanji with a mark that has no reading") << u"一々日"_s << u"yi ri"_s;
     QTest::newRow("hiragana") << u"みず"_s << u"mizu"_s;
     QTest::newRow("hiragana syllables apart") << u"きんえん"_s << u"kinen"_s;
     QTest::newRow("katakana") << u"コーヒー"_s << u"kohi"_s;

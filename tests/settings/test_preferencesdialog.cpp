@@ -36,6 +36,31 @@ QFont knownFont(int size)
     return {QFontInfo(QApplication::font()).family(), size};
 }
 
+/// The dialog at its page of fonts, with these families for those of the machine.
+struct FontPage {
+    FontPage(const QStringList& families, const QFont& font)
+    {
+        list->clear();
+        list->addItems(families);
+        // Room for more rows than there are, whatever their height.
+        list->setMinimumHeight(static_cast<int>(families.size() + 2) * list->sizeHintForRow(0));
+        dialog.setCurrentFont(font);
+        child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
+        dialog.resize(240, 320);
+        dialog.show();
+        dialog.activateWindow();
+    }
+    PreferencesDialog dialog;
+    QListWidget* list = child<QListWidget>(dialog, "listboxFonts");
+};
+
+/// A point that no row covers.
+QPoint below(const QListWidget* list)
+{
+    const QRect last = list->visualItemRect(list->item(list->count() - 1));
+    return {last.center().x(), last.bottom() + last.height() / 2};
+}
+
 } // namespace
 
 /// The Preferences dialog without a window manager or a main window around it.
@@ -340,32 +365,20 @@ void PreferencesDialogTest::sizeIsTheOneThatTheSystemUses()
 
 void PreferencesDialogTest::familyInAnotherCaseIsAnotherFamily()
 {
-    PreferencesDialog dialog;
-    auto* list = child<QListWidget>(dialog, "listboxFonts");
-    const QFont font = knownFont(12);
-    const QString family = QFontInfo(font).family();
+    const QString family = QFontInfo(knownFont(12)).family();
     QVERIFY(family.toUpper() != family.toLower());
-    list->clear();
-    list->addItem(family == family.toUpper() ? family.toLower() : family.toUpper());
-    dialog.setCurrentFont(font);
-    QVERIFY(list->selectedItems().isEmpty());
+    const FontPage page({family == family.toUpper() ? family.toLower() : family.toUpper()},
+                        knownFont(12));
+    QVERIFY(page.list->selectedItems().isEmpty());
 }
 
 void PreferencesDialogTest::focusDoesNotChooseAFamily()
 {
-    PreferencesDialog dialog;
-    auto* list = child<QListWidget>(dialog, "listboxFonts");
-    list->clear();
-    list->addItems({u"Another Family"_s, u"A Third"_s});
-    const QFont font = knownFont(12);
-    dialog.setCurrentFont(font);
-    child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
-    dialog.show();
-    dialog.activateWindow();
-    list->setFocus();
-    QTRY_VERIFY(list->hasFocus());
-    QTRY_VERIFY(list->currentItem() != nullptr);
-    QCOMPARE(dialog.getSelectedFont().family(), font.family());
+    FontPage page({u"Another Family"_s, u"A Third"_s}, knownFont(12));
+    page.list->setFocus();
+    QTRY_VERIFY(page.list->hasFocus());
+    QTRY_VERIFY(page.list->currentItem() != nullptr);
+    QCOMPARE(page.dialog.getSelectedFont().family(), knownFont(12).family());
 }
 
 void PreferencesDialogTest::chosenFamilyStaysChosen_data()
@@ -378,19 +391,16 @@ void PreferencesDialogTest::chosenFamilyStaysChosen_data()
                               list->visualItemRect(list->currentItem()).center());
         };
     };
-    const auto below = [](const QListWidget* list) {
-        return list->visualItemRect(list->item(list->count() - 1)).center() + QPoint(0, 40);
-    };
-    QTest::newRow("click below the last row") << Act([below](QListWidget* list) {
+    QTest::newRow("click below the last row") << Act([](QListWidget* list) {
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, below(list));
     });
-    QTest::newRow("right click below the last row") << Act([below](QListWidget* list) {
+    QTest::newRow("right click below the last row") << Act([](QListWidget* list) {
         QTest::mouseClick(list->viewport(), Qt::RightButton, {}, below(list));
     });
-    QTest::newRow("Ctrl and click below the last row") << Act([below](QListWidget* list) {
+    QTest::newRow("Ctrl and click below the last row") << Act([](QListWidget* list) {
         QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier, below(list));
     });
-    QTest::newRow("pen drawn below the last row") << Act([below](QListWidget* list) {
+    QTest::newRow("pen drawn below the last row") << Act([](QListWidget* list) {
         QTest::mousePress(list->viewport(), Qt::LeftButton, {},
                           list->visualItemRect(list->currentItem()).center());
         QTest::mouseMove(list->viewport(), below(list));
@@ -411,41 +421,29 @@ void PreferencesDialogTest::chosenFamilyStaysChosen()
 {
     using Act = std::function<void(QListWidget*)>;
     QFETCH(const Act, act);
-    PreferencesDialog dialog;
-    auto* list = child<QListWidget>(dialog, "listboxFonts");
-    list->clear();
-    list->addItems({u"Another Family"_s, QFontInfo(knownFont(12)).family()});
-    dialog.setCurrentFont(knownFont(12));
-    child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
-    dialog.resize(240, 320);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    FontPage page({u"Another Family"_s, QFontInfo(knownFont(12)).family()}, knownFont(12));
+    QListWidget* list = page.list;
+    QVERIFY(QTest::qWaitForWindowActive(&page.dialog));
     list->setFocus();
     QCOMPARE(list->selectedItems().size(), 1);
+    QVERIFY(list->viewport()->rect().contains(below(list)));
     act(list);
     QCOMPARE(list->selectedItems(), QList<QListWidgetItem*>{list->item(1)});
-    QCOMPARE(dialog.getSelectedFont().family(), QFontInfo(knownFont(12)).family());
+    QCOMPARE(page.dialog.getSelectedFont().family(), QFontInfo(knownFont(12)).family());
     // Another family can still be chosen.
     QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier,
                       list->visualItemRect(list->item(0)).center());
-    QCOMPARE(dialog.getSelectedFont().family(), u"Another Family"_s);
+    QCOMPARE(page.dialog.getSelectedFont().family(), u"Another Family"_s);
 }
 
 void PreferencesDialogTest::clickBelowTheListChoosesNothing()
 {
-    PreferencesDialog dialog;
-    auto* list = child<QListWidget>(dialog, "listboxFonts");
-    list->clear();
-    list->addItems({u"Another Family"_s, u"A Third"_s});
-    dialog.setCurrentFont(knownFont(12));
-    child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
-    dialog.resize(240, 320);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                      list->visualItemRect(list->item(1)).center() + QPoint(0, 40));
-    QVERIFY(list->selectedItems().isEmpty());
-    QCOMPARE(dialog.getSelectedFont().family(), knownFont(12).family());
+    FontPage page({u"Another Family"_s, u"A Third"_s}, knownFont(12));
+    QVERIFY(QTest::qWaitForWindowActive(&page.dialog));
+    QVERIFY(page.list->viewport()->rect().contains(below(page.list)));
+    QTest::mouseClick(page.list->viewport(), Qt::LeftButton, {}, below(page.list));
+    QVERIFY(page.list->selectedItems().isEmpty());
+    QCOMPARE(page.dialog.getSelectedFont().family(), knownFont(12).family());
 }
 
 void PreferencesDialogTest::chosenFamilyIsReturned()
@@ -519,16 +517,11 @@ void PreferencesDialogTest::weightAndSlantAreKept()
 
 void PreferencesDialogTest::returnInTheFontListChangesNothing()
 {
-    PreferencesDialog dialog;
-    dialog.setCurrentFont(knownFont(18));
-    child<QTabWidget>(dialog, "TabWidget3")->setCurrentIndex(1);
-    dialog.show();
-    dialog.activateWindow();
-    auto* list = child<QListWidget>(dialog, "listboxFonts");
-    list->setFocus();
-    QTRY_VERIFY(list->hasFocus());
-    QTest::keyClick(list, Qt::Key_Return);
-    QVERIFY(child<QPushButton>(dialog, "btnLarge")->isChecked());
+    const FontPage page({u"Another Family"_s}, knownFont(18));
+    page.list->setFocus();
+    QTRY_VERIFY(page.list->hasFocus());
+    QTest::keyClick(page.list, Qt::Key_Return);
+    QVERIFY(child<QPushButton>(page.dialog, "btnLarge")->isChecked());
 }
 
 void PreferencesDialogTest::everyControlIsNamedForAssistiveTools()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/arjarchiver.h"
 
+#include "tests/support/childprocess.h"
 #include "tests/support/palmwriter.h"
 
 #include <QFile>
@@ -51,10 +52,10 @@ QByteArray packWithArj(const QByteArray& original, int method, QString& error)
     QProcess arj;
     arj.setWorkingDirectory(directory.path());
     arj.setProcessChannelMode(QProcess::MergedChannels);
-    arj.start(u"arj"_s, {u"a"_s, u"-y"_s, u"-m%1"_s.arg(method), u"out.arj"_s, u"r"_s});
-    arj.closeWriteChannel();
-    if (!arj.waitForFinished() || arj.exitStatus() != QProcess::NormalExit || arj.exitCode() != 0) {
-        error = QString::fromLocal8Bit(arj.readAll()) + arj.errorString();
+    const ProgramResult result =
+        runToEnd(arj, u"arj"_s, {u"a"_s, u"-y"_s, u"-m%1"_s.arg(method), u"out.arj"_s, u"r"_s});
+    if (result.code != 0) {
+        error = QString::fromLocal8Bit(result.out) + arj.errorString();
         return {};
     }
     QFile archive(directory.filePath(u"out.arj"_s));

@@ -34,14 +34,21 @@ protected:
 /// Where a slot that ends the view is connected.
 enum Slot { Moving, Horizontal, Vertical };
 
-void show(QTeskelScrollView& view)
+/// A view of 200 by 200 pixels without bars and frame.
+class ShownView : public QTeskelScrollView
 {
-    view.resize(200, 200);
-    view.setHScrollBarMode(QTeskelScrollView::AlwaysOff);
-    view.setVScrollBarMode(QTeskelScrollView::AlwaysOff);
-    view.setFrameStyle(QFrame::NoFrame);
-    view.show();
-}
+public:
+    explicit ShownView(int contentsWidth = 0, int contentsHeight = 0)
+    {
+        resize(200, 200);
+        setHScrollBarMode(AlwaysOff);
+        setVScrollBarMode(AlwaysOff);
+        setFrameStyle(NoFrame);
+        show();
+        if (contentsWidth > 0)
+            resizeContents(contentsWidth, contentsHeight);
+    }
+};
 
 /// A left button's event; unlike Qt Test's it leaves alone a receiver that it ended.
 void sendMouse(QWidget* receiver, QEvent::Type type, QPoint position)
@@ -144,9 +151,7 @@ void TestScrollView::frameIsSunkenStyledPanel()
 
 void TestScrollView::rangesFollowContents()
 {
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(500, 1000);
+    ShownView view(500, 1000);
     QCOMPARE(view.horizontalScrollBar()->maximum(), 300);
     QCOMPARE(view.verticalScrollBar()->maximum(), 800);
     QCOMPARE(view.verticalScrollBar()->pageStep(), 200);
@@ -169,9 +174,7 @@ void TestScrollView::rangeIsEmptyWhenContentsFit()
 
 void TestScrollView::barsMoveContents()
 {
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(500, 1000);
+    ShownView view(500, 1000);
     view.verticalScrollBar()->setValue(40);
     view.horizontalScrollBar()->setValue(30);
     QCOMPARE(view.contentsY(), 40);
@@ -183,9 +186,7 @@ void TestScrollView::barsMoveContents()
 
 void TestScrollView::contentsMovingComesBeforeTheMove()
 {
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(500, 1000);
+    ShownView view(500, 1000);
     QList<int> seen;
     connect(&view, &QTeskelScrollView::contentsMoving, this,
             [&](int x, int y) { seen << x << y << view.contentsY(); });
@@ -195,9 +196,7 @@ void TestScrollView::contentsMovingComesBeforeTheMove()
 
 void TestScrollView::contentsMovingTellsOfBothDirections()
 {
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(500, 1000);
+    ShownView view(500, 1000);
     QSignalSpy moving(&view, &QTeskelScrollView::contentsMoving);
     view.setContentsPos(30, 0);
     QCOMPARE(moving.takeFirst(), (QVariantList{30, 0}));
@@ -211,9 +210,7 @@ void TestScrollView::contentsMovingTellsOfBothDirections()
 
 void TestScrollView::scrollingOnInASlotWins()
 {
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(500, 1000);
+    ShownView view(500, 1000);
     connect(
         &view, &QTeskelScrollView::contentsMoving, &view, [&] { view.setContentsPos(20, 300); },
         Qt::SingleShotConnection);
@@ -224,9 +221,7 @@ void TestScrollView::scrollingOnInASlotWins()
 
 void TestScrollView::slidesTakeTheBarsAlong()
 {
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(500, 1000);
+    ShownView view(500, 1000);
     QSignalSpy moving(&view, &QTeskelScrollView::contentsMoving);
     view.hslide(40);
     view.vslide(60);
@@ -313,9 +308,8 @@ void TestScrollView::deletingInASlotIsSafe()
     using Act = void (*)(QTeskelScrollView&);
     QFETCH(Act, act);
     QFETCH(Slot, slot);
-    auto* view = new QTeskelScrollView;
+    auto* view = new ShownView;
     const QPointer<QTeskelScrollView> alive(view);
-    show(*view);
     view->setVScrollBarMode(QTeskelScrollView::AlwaysOn);
     view->resizeContents(1000, 1000);
     view->setContentsPos(100, 100);
@@ -334,9 +328,7 @@ void TestScrollView::positionsAtTheLimitsOfIntAreCut()
 {
     constexpr int least = std::numeric_limits<int>::min();
     constexpr int most = std::numeric_limits<int>::max();
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(1000, 1000);
+    ShownView view(1000, 1000);
     view.setContentsPos(100, 100);
     view.scrollBy(most, most);
     QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(800, 800));
@@ -350,9 +342,7 @@ void TestScrollView::positionsAtTheLimitsOfIntAreCut()
 
 void TestScrollView::positionIsCutToTheRange()
 {
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(500, 1000);
+    ShownView view(500, 1000);
     view.setContentsPos(9999, 9999);
     QCOMPARE(view.contentsX(), 300);
     QCOMPARE(view.contentsY(), 800);
@@ -381,9 +371,7 @@ void TestScrollView::ensureVisible()
     QFETCH(int, y);
     QFETCH(int, margin);
     QFETCH(int, expected);
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(500, 1000);
+    ShownView view(500, 1000);
     view.setContentsPos(0, from);
     view.ensureVisible(0, y, 0, margin);
     QCOMPARE(view.contentsY(), expected);
@@ -391,9 +379,7 @@ void TestScrollView::ensureVisible()
 
 void TestScrollView::marginsAreZeroWhenContentsFit()
 {
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(100, 1000);
+    ShownView view(100, 1000);
     view.ensureVisible(90, 500);
     QCOMPARE(view.contentsX(), 0);
     QCOMPARE(view.contentsY(), 500 - 200 + 50);
@@ -401,9 +387,7 @@ void TestScrollView::marginsAreZeroWhenContentsFit()
 
 void TestScrollView::centerPutsThePointInTheMiddle()
 {
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(1000, 1000);
+    ShownView view(1000, 1000);
     view.center(500, 500);
     QCOMPARE(QPoint(view.contentsX(), view.contentsY()), QPoint(400, 400));
     view.setContentsPos(0, 0);
@@ -413,9 +397,7 @@ void TestScrollView::centerPutsThePointInTheMiddle()
 
 void TestScrollView::coordinatesConvert()
 {
-    QTeskelScrollView view;
-    show(view);
-    view.resizeContents(1000, 1000);
+    ShownView view(1000, 1000);
     view.setContentsPos(10, 20);
     QCOMPARE(view.contentsToViewport({15, 30}), QPoint(5, 10));
     QCOMPARE(view.viewportToContents({5, 10}), QPoint(15, 30));
@@ -423,8 +405,7 @@ void TestScrollView::coordinatesConvert()
 
 void TestScrollView::childrenMoveWithContents()
 {
-    QTeskelScrollView view;
-    show(view);
+    ShownView view;
     auto* child = new QWidget;
     view.setResizePolicy(QTeskelScrollView::Manual);
     view.addChild(child, 50, 60);
@@ -443,8 +424,7 @@ void TestScrollView::childrenMoveWithContents()
 
 void TestScrollView::childrenMoveWithTheClipper()
 {
-    QTeskelScrollView view;
-    show(view);
+    ShownView view;
     view.enableClipper(true);
     view.setResizePolicy(QTeskelScrollView::Manual);
     auto* child = new QWidget;
@@ -457,8 +437,7 @@ void TestScrollView::childrenMoveWithTheClipper()
 
 void TestScrollView::autoOneFollowsTheChild()
 {
-    QTeskelScrollView view;
-    show(view);
+    ShownView view;
     auto* child = new QWidget;
     child->resize(300, 400);
     view.addChild(child);
@@ -478,8 +457,7 @@ void TestScrollView::resizeContentsIsManual()
 
 void TestScrollView::deletedChildIsForgotten()
 {
-    QTeskelScrollView view;
-    show(view);
+    ShownView view;
     auto* child = new QWidget;
     view.addChild(child, 5, 5);
     delete child;
@@ -611,8 +589,7 @@ void TestScrollView::wheelOnTheViewportArrivesOnce()
 
 void TestScrollView::scrollingKeepsOtherChildWidgets()
 {
-    QTeskelScrollView view;
-    show(view);
+    ShownView view;
     auto* overlay = new QWidget(view.viewport());
     overlay->move(10, 10);
     view.resizeContents(1000, 1000);
@@ -637,8 +614,7 @@ void TestScrollView::scrollBarModes()
 
 void TestScrollView::marginsShrinkTheViewport()
 {
-    QTeskelScrollView view;
-    show(view);
+    ShownView view;
     view.setMargins(10, 20, 30, 40);
     QCOMPARE(view.viewport()->geometry(), QRect(10, 20, 160, 140));
     QCOMPARE(view.leftMargin() + view.topMargin() + view.rightMargin() + view.bottomMargin(), 100);

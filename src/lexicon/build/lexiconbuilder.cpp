@@ -101,8 +101,8 @@ bool LexiconBuilder::build(LexiconSource& source, std::string& error)
 
 bool LexiconBuilder::build(const Reader& read, std::string& error)
 {
-    EntryArena arena;
-    EntryIntake intake(arena, _report, _options.text);
+    EntrySorter sorter;
+    EntryIntake intake(sorter, _report, _options.text);
     std::string description;
     _report.progress->begin("reading");
     if (!read(intake, description) || !keepsHeadwords(intake, error))
@@ -110,15 +110,15 @@ bool LexiconBuilder::build(const Reader& read, std::string& error)
     _report.conversions = intake.converter().counts();
 
     _report.progress->begin("sorting");
-    EntryMerger merger(arena, _report, _options.numbers, _options.text.form);
-    OversizeSplitter splitter(arena, _report);
-    const std::vector<LexiconEntry> entries = splitter.split(merger.merge(intake.take()));
-    if (entries.empty()) {
+    const std::unique_ptr<EntryFile> entries = gather(sorter, error);
+    if (!entries)
+        return false;
+    if (entries->count() == 0) {
         error = listOf(_options.sources) +
                 (_options.sources.size() == 1 ? " holds no entries" : " hold no entries");
         return false;
     }
-    const RecordPlan plan(entries, _options.recordSize);
+    const RecordPlan plan(*entries, _options.recordSize);
     if (plan.records().size() > limits::wordRecords) {
         error = "the dictionary is too large: it needs " + std::to_string(plan.records().size()) +
                 " word records, a file holds 65530";
@@ -129,7 +129,7 @@ bool LexiconBuilder::build(const Reader& read, std::string& error)
                                 "records of " + std::to_string(_options.recordSize) +
                                     " bytes would be too many for one file; they have up to " +
                                     std::to_string(plan.recordSize()) + " bytes instead");
-    _report.headwords = entries.size();
+    _report.headwords = entries->count();
     if (_options.strict && _report.diagnostics.warnings() > 0) {
         error = "cannot write " + _options.output + ": --strict makes " +
                 std::to_string(_report.diagnostics.warnings()) + " warnings errors";
@@ -137,11 +137,11 @@ bool LexiconBuilder::build(const Reader& read, std::string& error)
     }
 
     PendingFile file(_options.output);
-    if (!write(file, description, plan, error))
+    if (!write(file, description, plan, *entries, error))
         return false;
     _report.progress->begin("checking");
     SpotCheck check(file.path());
-    if (!check.run(entries, error))
+    if (!check.run(*entries, error))
         return false;
     _report.spotChecks = check.checkedWords();
     _report.progress->end();
@@ -153,14 +153,36 @@ bool LexiconBuilder::keepsHeadwords(const EntryIntake& intake, std::string& erro
     const uint64_t lost = intake.lostHeadwords();
     if (_options.force || lost * mostLostShare <= _report.entriesRead)
         return true;
-    error = std::to_string(lost) + " of " + std::to_string(_report.entriesRead) +
-            " headwords would be empty or \"?\"; is " + listOf(_options.sources) +
-            " UTF-8, with the headword first? --force builds it all the same";
+    error = listOf(_options.sources) + ": " + std::to_string(lost) + " of " +
+            std::to_string(_report.entriesRead) +
+            " headwords would be empty or \"?\": is the source in UTF-8, with the headword first? "
+            "--force builds it all the same";
     return false;
 }
 
+/// Merges the entries and splits what is too large for a record. Null when it failed.
+std::unique_ptr<EntryFile> LexiconBuilder::gather(EntrySorter& sorter, std::string& error)
+{
+    error.clear();
+    const auto sorted = sorter.sorted();
+    EntryMerger merger(*sorted, _report, _options.numbers, _options.text.form);
+    auto entries = std::make_unique<EntryFile>();
+    entries->append(merger);
+    OversizeSplitter splitter(_report);
+    if (splitter.isNeeded(*entries)) {
+        EntrySorter fitting;
+        splitter.split(*entries, fitting);
+        error += entries->error();
+        entries = std::make_unique<EntryFile>();
+        entries->append(*fitting.sorted());
+        error += fitting.error();
+    }
+    error += sorter.error() + entries->error();
+    return error.empty() ? std::move(entries) : nullptr;
+}
+
 bool LexiconBuilder::write(PendingFile& file, const std::string& description,
-                           const RecordPlan& plan, std::string& error)
+                           const RecordPlan& plan, EntryFile& entries, std::string& error)
 {
     ArjEncoder encoder(_options.method);
     const auto recordCount = static_cast<uint16_t>(plan.records().size() + limits::firstWordRecord);
@@ -172,9 +194,14 @@ bool LexiconBuilder::write(PendingFile& file, const std::string& description,
     writer.add(unusedRecord);
     writer.add(unusedRecord);
     _report.progress->begin("packing", _report.headwords);
+    const auto all = entries.read();
+    LexiconEntry entry;
     for (const PlannedRecord& record : plan.records()) {
-        _report.progress->advance(record.last - record.first);
-        const std::string content = plan.content(record);
+        _report.progress->advance(record.entries);
+        std::string content;
+        for (uint64_t left = record.entries; left > 0 && all->next(entry); --left)
+            content += entry.packed();
+        content.push_back('\0');
         _report.unpackedBytes += content.size();
         writer.add(ArjMember::pack(content, encoder));
     }

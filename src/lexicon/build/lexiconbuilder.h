@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,7 +15,9 @@
 namespace teskel
 {
 
+class EntryFile;
 class EntryIntake;
+class EntrySorter;
 class LexiconSource;
 class PendingFile;
 class RecordPlan;
@@ -65,8 +68,9 @@ private:
     bool build(const Reader& read, std::string& error);
     bool readSources(EntryIntake& intake, std::string& description, std::string& error);
     bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
+    std::unique_ptr<EntryFile> gather(EntrySorter& sorter, std::string& error);
     bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,
-               std::string& error);
+               EntryFile& entries, std::string& error);
 
     BuildOptions _options;
     BuildReport _report;

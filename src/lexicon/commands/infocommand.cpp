@@ -17,11 +17,17 @@ namespace teskel::commands
 namespace
 {
 
+const char* formOf(const LexiconFacts& facts)
+{
+    return facts.hasLetterReferences ? "Latin-1 and letter references" : "plain Latin-1";
+}
+
 void printText(const std::string& file, const LexiconFacts& facts)
 {
     std::cout << "file:          " << file << '\n'
               << "name:          " << facts.name << '\n'
               << "description:   " << facts.description << '\n'
+              << "characters:    " << formOf(facts) << '\n'
               << "headwords:     " << facts.headwords << '\n'
               << "word records:  " << facts.records << '\n'
               << "methods:       " << facts.methods << '\n'
@@ -37,6 +43,7 @@ void printJson(const std::string& file, const LexiconFacts& facts)
     printJsonLine({{u"file"_s, jsonText(file)},
                    {u"name"_s, jsonText(facts.name)},
                    {u"description"_s, jsonText(facts.description)},
+                   {u"letterReferences"_s, facts.hasLetterReferences},
                    {u"headwords"_s, number(facts.headwords)},
                    {u"wordRecords"_s, number(facts.records)},
                    {u"methods"_s, jsonText(facts.methods)},

@@ -41,4 +41,19 @@ LexiconEntry EntryArena::make(std::string_view headword, std::string_view articl
     return entry;
 }
 
+LexiconEntry EntryArena::copy(const LexiconEntry& entry)
+{
+    LexiconEntry copied = make(entry.headword(), entry.article(), entry.order);
+    copied.writtenLength = entry.writtenLength;
+    return copied;
+}
+
+/// Keeps a block: to fill it again costs less than to ask for another.
+void EntryArena::clear()
+{
+    _blocks.resize(std::min<size_t>(_blocks.size(), 1));
+    _free = _blocks.empty() ? nullptr : _blocks.front().get();
+    _left = _blocks.empty() ? 0 : blockBytes; // the first may be larger
+}
+
 } // namespace teskel

@@ -15,6 +15,10 @@ class EntryArena
 public:
     /// Copies both texts. The headword has 1 to 511 bytes; neither text holds a NUL.
     LexiconEntry make(std::string_view headword, std::string_view article, uint32_t order);
+    LexiconEntry copy(const LexiconEntry& entry);
+
+    /// Forgets all entries.
+    void clear();
 
 private:
     char* allocate(size_t bytes);

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace teskel
 {
@@ -73,10 +72,10 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
     }
     if (_headword.size() > limits::headwordBytes)
         shorten(where);
-    _entries.push_back(_arena.make(_headword, _article, order));
     // A longer line is one of the article's own.
-    if (_writtenLength <= std::numeric_limits<uint16_t>::max())
-        _entries.back().writtenLength = static_cast<uint16_t>(_writtenLength);
+    const bool isKnown = _writtenLength <= std::numeric_limits<uint16_t>::max();
+    _entries.add(_headword, _article, order,
+                 isKnown ? static_cast<uint16_t>(_writtenLength) : uint16_t{0});
 }
 
 bool EntryIntake::isLost(std::string_view headword)
@@ -124,11 +123,6 @@ std::string EntryIntake::description(std::string_view text, Text kind)
         result.resize(cutPlace(result, limits::descriptionBytes));
     }
     return result;
-}
-
-std::vector<LexiconEntry> EntryIntake::take()
-{
-    return std::exchange(_entries, {});
 }
 
 } // namespace teskel

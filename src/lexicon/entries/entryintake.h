@@ -3,13 +3,12 @@
 
 #include "lexicon/entries/buildreport.h"
 #include "lexicon/entries/conversionnotes.h"
-#include "lexicon/entries/entryarena.h"
+#include "lexicon/entries/entrysorter.h"
 #include "lexicon/text/latin1converter.h"
 #include "lexicon/text/textoptions.h"
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace teskel
 {
@@ -18,9 +17,9 @@ namespace teskel
 class EntryIntake
 {
 public:
-    /// `arena` and `report` must outlive the intake.
-    EntryIntake(EntryArena& arena, BuildReport& report, TextOptions options = {})
-        : _arena(arena)
+    /// `entries` takes what was taken in; it and `report` must outlive the intake.
+    EntryIntake(EntrySorter& entries, BuildReport& report, TextOptions options = {})
+        : _entries(entries)
         , _report(report)
         , _options(options)
         , _converter(options.form)
@@ -40,9 +39,6 @@ public:
     /// Converts a description: at most 511 bytes of rich text.
     std::string description(std::string_view text, Latin1Converter::Text kind);
 
-    /// Everything taken in so far; the intake starts over.
-    std::vector<LexiconEntry> take();
-
     const Latin1Converter& converter() const { return _converter; }
 
     /// How many entries have a headword of which nothing is left: empty, or nothing but "?" that
@@ -55,13 +51,12 @@ private:
     std::string lineOf(std::string_view written);
     void shorten(std::string_view where);
 
-    EntryArena& _arena;
+    EntrySorter& _entries;
     BuildReport& _report;
     TextOptions _options;
     Latin1Converter _converter;
     ConversionNotes _conversionNotes;
     uint64_t _lostHeadwords = 0;
-    std::vector<LexiconEntry> _entries;
     std::string _headword; // kept to reuse their memory
     std::string _article;
     std::size_t _writtenLength = 0; ///< bytes of the line that begins the article

@@ -4,54 +4,66 @@
 #include "lexicon/text/sensenumbers.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace teskel
 {
 
-std::vector<LexiconEntry> EntryMerger::merge(std::vector<LexiconEntry> entries)
+namespace
 {
-    std::sort(entries.begin(), entries.end(), comesBefore);
-    // The merged entries overwrite the front of the list they are made from.
-    size_t written = 0;
-    for (size_t first = 0; first < entries.size();) {
-        size_t last = first + 1;
-        while (last < entries.size() && entries[last].headword() == entries[first].headword())
-            ++last;
-        entries[written++] = last - first == 1
-                                 ? entries[first]
-                                 : mergeGroup(entries.data() + first, entries.data() + last);
-        first = last;
-    }
-    entries.resize(written);
-    return entries;
+
+bool haveOneHeadword(const LexiconEntry& a, const LexiconEntry& b)
+{
+    return a.headword() == b.headword();
 }
 
-std::vector<EntryMerger::Word> EntryMerger::wordsOf(const LexiconEntry* first,
-                                                    const LexiconEntry* last)
+} // namespace
+
+EntryMerger::EntryMerger(EntryStream& sorted, BuildReport& report, bool numbers, LatinForm form)
+    : _groups(sorted, haveOneHeadword)
+    , _report(report)
+    , _numbers(numbers)
+    , _form(form)
 {
-    std::vector<Word> words;
+}
+
+bool EntryMerger::next(LexiconEntry& entry)
+{
+    const std::vector<LexiconEntry>& group = _groups.next();
+    if (group.empty())
+        return false;
+    entry = group.size() == 1 ? group.front() : merged(group);
+    return true;
+}
+
+/// In the order of the source, but the word without a line first.
+std::vector<EntryMerger::Word> EntryMerger::wordsOf(const std::vector<LexiconEntry>& group)
+{
+    std::vector<Word> words(1);
+    std::unordered_map<std::string_view, size_t> places = {{std::string_view(), 0}};
     std::unordered_set<std::string_view> known;
-    for (const LexiconEntry* entry = first; entry != last; ++entry) {
-        if (!known.insert(entry->article()).second) {
+    for (const LexiconEntry& entry : group) {
+        if (!known.insert(entry.article()).second) {
             ++_report.repeatedArticles;
             continue;
         }
-        const std::string_view line = entry->article().substr(0, entry->writtenLength);
-        auto word = std::find_if(words.begin(), words.end(),
-                                 [line](const Word& each) { return each.line == line; });
-        if (word == words.end())
-            word = words.insert(line.empty() ? words.begin() : words.end(), {line, {}});
-        word->articles.push_back(entry->article().substr(line.size()));
+        const std::string_view line = entry.article().substr(0, entry.writtenLength);
+        const auto [place, isNew] = places.emplace(line, words.size());
+        if (isNew)
+            words.push_back({line, {}});
+        words[place->second].articles.push_back(entry.article().substr(line.size()));
     }
+    if (words.front().articles.empty())
+        words.erase(words.begin());
     return words;
 }
 
-LexiconEntry EntryMerger::mergeGroup(const LexiconEntry* first, const LexiconEntry* last)
+LexiconEntry EntryMerger::merged(const std::vector<LexiconEntry>& group)
 {
-    const std::vector<Word> words = wordsOf(first, last);
+    const std::vector<Word> words = wordsOf(group);
     if (words.size() == 1 && words.front().articles.size() == 1)
-        return *first;
+        return group.front();
     ++_report.mergedHeadwords;
     _article.clear();
     for (const Word& word : words) {
@@ -59,7 +71,8 @@ LexiconEntry EntryMerger::mergeGroup(const LexiconEntry* first, const LexiconEnt
             _article += '\n';
         append(word);
     }
-    return _arena.make(first->headword(), _article, first->order);
+    _arena.clear();
+    return _arena.make(group.front().headword(), _article, group.front().order);
 }
 
 bool EntryMerger::isNumbered(std::string_view article) const

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "lexicon/entries/buildreport.h"
-#include "lexicon/entries/entryarena.h"
+#include "lexicon/entries/entrygroups.h"
 #include "lexicon/text/textoptions.h"
 
 #include <string>
@@ -19,20 +19,14 @@ namespace teskel
 /// Where words fell together that are written differently, the articles of each stand below the
 /// word as written and have numbers of their own; those of the word that is written like the
 /// headword come first.
-class EntryMerger
+class EntryMerger : public EntryStream
 {
 public:
-    EntryMerger(EntryArena& arena, BuildReport& report, bool numbers,
-                LatinForm form = LatinForm::LetterReferences)
-        : _arena(arena)
-        , _report(report)
-        , _numbers(numbers)
-        , _form(form)
-    {
-    }
+    /// `sorted` holds the entries in the order of a lexicon; it must outlive the merger.
+    EntryMerger(EntryStream& sorted, BuildReport& report, bool numbers,
+                LatinForm form = LatinForm::LetterReferences);
 
-    /// Sorts the entries and merges them.
-    std::vector<LexiconEntry> merge(std::vector<LexiconEntry> entries);
+    bool next(LexiconEntry& entry) override;
 
 private:
     /// The articles of one word, behind the line that gives it as written.
@@ -41,16 +35,17 @@ private:
         std::vector<std::string_view> articles;
     };
 
-    LexiconEntry mergeGroup(const LexiconEntry* first, const LexiconEntry* last);
-    std::vector<Word> wordsOf(const LexiconEntry* first, const LexiconEntry* last);
+    LexiconEntry merged(const std::vector<LexiconEntry>& group);
+    std::vector<Word> wordsOf(const std::vector<LexiconEntry>& group);
     bool isNumbered(std::string_view article) const;
     std::string number(unsigned sense) const;
     void append(const Word& word);
 
-    EntryArena& _arena;
+    EntryGroups _groups;
     BuildReport& _report;
     bool _numbers;
     LatinForm _form;
+    EntryArena _arena;
     std::string _article; // kept to reuse its memory
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/oversizesplitter.h"
 
+#include "dictionary/latin1fold.h"
+#include "lexicon/entries/entrygroups.h"
 #include "lexicon/text/utf8.h"
 
 #include <algorithm>
@@ -15,20 +17,14 @@ namespace
 constexpr std::string_view continuation = "&hellip;\n";
 /// A shorter beginning of an article is not worth a cut.
 constexpr size_t shortestPiece = 2048;
+/// Of " (4294967295)", the last number there can be.
+constexpr size_t longestSuffix = 13;
 
-size_t groupEnd(const std::vector<LexiconEntry>& entries, size_t first)
-{
-    size_t end = first + 1;
-    while (end < entries.size() && foldsAlike(entries[first], entries[end]))
-        ++end;
-    return end;
-}
-
-size_t bytesOf(const LexiconEntry* first, const LexiconEntry* last)
+size_t bytesOf(const std::vector<LexiconEntry>& group)
 {
     size_t bytes = 0;
-    for (; first != last; ++first)
-        bytes += first->packed().size();
+    for (const LexiconEntry& entry : group)
+        bytes += entry.packed().size();
     return bytes;
 }
 
@@ -41,6 +37,33 @@ size_t unbroken(std::string_view article, size_t place, size_t first, char openi
         article.substr(opened, place - opened).find(closing) != std::string_view::npos)
         return place;
     return opened;
+}
+
+std::string folded(std::string_view headword)
+{
+    std::string result(headword);
+    for (char& c : result)
+        c = static_cast<char>(foldByte(static_cast<unsigned char>(c)));
+    return result;
+}
+
+std::string suffixOf(unsigned part)
+{
+    return " (" + std::to_string(part) + ")";
+}
+
+/// The headword in front of " (2)" or another number, empty when there is no such suffix.
+std::string_view continuedBy(std::string_view headword)
+{
+    if (!headword.ends_with(')'))
+        return {};
+    const size_t open = headword.rfind(" (");
+    const std::string_view digits = open == std::string_view::npos
+                                        ? std::string_view()
+                                        : headword.substr(open + 2, headword.size() - open - 3);
+    const bool isNumber =
+        !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
+    return isNumber ? headword.substr(0, open) : std::string_view();
 }
 
 /// Where an article of more than `room` bytes is best cut: at the last line end, else at the last
@@ -62,31 +85,54 @@ size_t cutPlace(std::string_view article, size_t room)
 
 } // namespace
 
-std::vector<LexiconEntry> OversizeSplitter::split(std::vector<LexiconEntry> entries)
+bool OversizeSplitter::isNeeded(EntryFile& merged)
 {
-    bool changed = false;
-    _fitting.clear();
-    for (size_t first = 0; first < entries.size();) {
-        const size_t end = groupEnd(entries, first);
-        const LexiconEntry* data = entries.data();
-        if (bytesOf(data + first, data + end) > limits::recordPayload) {
-            if (!changed)
-                _fitting.assign(data, data + first);
-            changed = true;
-            splitGroup(Group(data + first, data + end), entries);
-        } else if (changed) {
-            _fitting.insert(_fitting.end(), data + first, data + end);
-        }
-        first = end;
+    const auto entries = merged.read();
+    EntryGroups groups(*entries, foldsAlike);
+    for (const Group* group = &groups.next(); !group->empty(); group = &groups.next()) {
+        if (bytesOf(*group) <= limits::recordPayload)
+            continue;
+        // A long headword is cut to make room for the number.
+        const std::string headword = folded(group->front().headword());
+        for (size_t length = headword.size() - std::min(headword.size() - 1, longestSuffix);
+             length <= headword.size(); ++length)
+            _oversize.insert(headword.substr(0, length));
     }
-    if (!changed)
-        return entries;
-    std::sort(_fitting.begin(), _fitting.end(), comesBefore);
-    return std::move(_fitting);
+    return !_oversize.empty();
 }
 
-void OversizeSplitter::splitGroup(const Group& group, const std::vector<LexiconEntry>& all)
+void OversizeSplitter::noteTakenNames(EntryFile& merged)
 {
+    const auto entries = merged.read();
+    LexiconEntry entry;
+    while (entries->next(entry)) {
+        const std::string_view name = continuedBy(entry.headword());
+        if (!name.empty() && _oversize.contains(folded(name)))
+            _taken.insert(folded(entry.headword()));
+    }
+}
+
+bool OversizeSplitter::split(EntryFile& merged, EntrySorter& fitting)
+{
+    noteTakenNames(merged);
+    const auto entries = merged.read();
+    EntryGroups groups(*entries, foldsAlike);
+    for (const Group* group = &groups.next(); !group->empty(); group = &groups.next()) {
+        if (!splitGroup(*group, fitting))
+            return false;
+    }
+    return true;
+}
+
+bool OversizeSplitter::splitGroup(const Group& group, EntrySorter& fitting)
+{
+    const auto give = [&](std::string_view headword, std::string_view article, uint32_t order) {
+        return fitting.add(headword, article, order);
+    };
+    if (bytesOf(group) <= limits::recordPayload)
+        return std::all_of(group.begin(), group.end(), [&](const LexiconEntry& entry) {
+            return give(entry.headword(), entry.article(), entry.order);
+        });
     const std::string name = utf8::fromLatin1(group.front().headword());
     _report.diagnostics.add(diagnostic::longArticle, {},
                             "the articles of \"" + name +
@@ -97,43 +143,41 @@ void OversizeSplitter::splitGroup(const Group& group, const std::vector<LexiconE
     size_t room = limits::recordPayload;
     for (const LexiconEntry& entry : group) {
         std::string headword(entry.headword());
-        std::string article(entry.article());
-        while (headword.size() + article.size() + 2 > room) {
-            if (room >= headword.size() + 2 + shortestPiece)
-                cut(headword, article, room, entry.order);
-            headword = continuedHeadword(entry.headword(), all);
+        std::string_view rest = entry.article();
+        std::string_view dots; // in front of what was cut off
+        std::string piece;
+        while (headword.size() + dots.size() + rest.size() + 2 > room) {
+            if (room >= headword.size() + 2 + shortestPiece) {
+                const size_t most = room - headword.size() - 2;
+                piece = dots;
+                piece += rest.substr(0, most + 1 - dots.size());
+                const size_t place = cutPlace(piece, most);
+                const bool atSeparator = piece[place] == '\n' || piece[place] == ' ';
+                if (!give(headword, std::string_view(piece).substr(0, place), entry.order))
+                    return false;
+                rest.remove_prefix(place - dots.size() + (atSeparator ? 1 : 0));
+                dots = continuation;
+            }
+            headword = continuedHeadword(entry.headword());
             room = limits::recordPayload;
         }
-        _fitting.push_back(_arena.make(headword, article, entry.order));
+        piece = dots;
+        piece += rest;
+        if (!give(headword, piece, entry.order))
+            return false;
         // A continuation is a headword of its own; nothing else can share its record's room.
-        room = headword == entry.headword() ? room - _fitting.back().packed().size() : 0;
+        room = headword == entry.headword() ? room - headword.size() - piece.size() - 2 : 0;
     }
+    return true;
 }
 
-void OversizeSplitter::cut(const std::string& headword, std::string& article, size_t room,
-                           uint32_t order)
-{
-    const size_t place = cutPlace(article, room - headword.size() - 2);
-    _fitting.push_back(_arena.make(headword, std::string_view(article).substr(0, place), order));
-    const bool atSeparator = article[place] == '\n' || article[place] == ' ';
-    article.replace(0, place + (atSeparator ? 1 : 0), continuation);
-}
-
-std::string OversizeSplitter::continuedHeadword(std::string_view headword,
-                                                const std::vector<LexiconEntry>& all)
+std::string OversizeSplitter::continuedHeadword(std::string_view headword)
 {
     while (true) {
-        const std::string suffix = " (" + std::to_string(++_part) + ")";
+        const std::string suffix = suffixOf(++_part);
         std::string name(headword.substr(0, limits::headwordBytes - suffix.size()));
         name += suffix;
-        const LexiconEntry wanted = _arena.make(name, {}, 0);
-        const auto place = std::lower_bound(
-            all.begin(), all.end(), wanted,
-            [](const LexiconEntry& a, const LexiconEntry& b) { return comesBefore(a, b); });
-        const auto isTaken = [&](auto each) {
-            return each != all.end() && foldsAlike(*each, wanted);
-        };
-        if (!isTaken(place) && !(place != all.begin() && isTaken(std::prev(place))))
+        if (!_taken.contains(folded(name)))
             return name;
     }
 }

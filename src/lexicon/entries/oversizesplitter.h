@@ -2,8 +2,11 @@
 #pragma once
 
 #include "lexicon/entries/buildreport.h"
-#include "lexicon/entries/entryarena.h"
+#include "lexicon/entries/entryfile.h"
+#include "lexicon/entries/entrysorter.h"
 
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace teskel
@@ -16,26 +19,27 @@ namespace teskel
 class OversizeSplitter
 {
 public:
-    OversizeSplitter(EntryArena& arena, BuildReport& report)
-        : _arena(arena)
-        , _report(report)
+    explicit OversizeSplitter(BuildReport& report)
+        : _report(report)
     {
     }
 
-    /// Takes and gives back sorted entries.
-    std::vector<LexiconEntry> split(std::vector<LexiconEntry> entries);
+    /// Whether any of the merged entries has to be split.
+    bool isNeeded(EntryFile& merged);
+    /// Splits what has to be; gives all entries to `fitting`. False when they could not be kept.
+    bool split(EntryFile& merged, EntrySorter& fitting);
 
 private:
     using Group = std::vector<LexiconEntry>;
 
-    void splitGroup(const Group& group, const std::vector<LexiconEntry>& all);
-    void cut(const std::string& headword, std::string& article, size_t room, uint32_t order);
-    std::string continuedHeadword(std::string_view headword, const std::vector<LexiconEntry>& all);
+    void noteTakenNames(EntryFile& merged);
+    bool splitGroup(const Group& group, EntrySorter& fitting);
+    std::string continuedHeadword(std::string_view headword);
 
-    EntryArena& _arena;
     BuildReport& _report;
-    std::vector<LexiconEntry> _fitting;
-    unsigned _part = 1; ///< number of the last continuation of this group
+    std::unordered_set<std::string> _oversize; ///< folded headwords that need continuations
+    std::unordered_set<std::string> _taken;    ///< folded headwords that look like continuations
+    unsigned _part = 1;                        ///< number of this group's last continuation
 };
 
 } // namespace teskel

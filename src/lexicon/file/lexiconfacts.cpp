@@ -6,6 +6,7 @@
 #include "dictionary/unpacking/cfileheader.h"
 #include "lexicon/entries/lexiconentry.h"
 #include "lexicon/file/readablefile.h"
+#include "lexicon/text/givenback.h"
 
 #include <QFile>
 
@@ -20,8 +21,10 @@ LexiconReader::Status LexiconFacts::gather(LexiconReader& reader, const std::str
     name = reader.name();
     description = reader.description();
     records = reader.recordCount();
-    const auto count = [this](std::string_view, std::string_view) {
+    hasLetterReferences = reader.describesInReferences();
+    const auto count = [this](std::string_view, std::string_view article) {
         ++headwords;
+        hasLetterReferences = hasLetterReferences || givenback::hasReferences(article);
         return true;
     };
     const LexiconReader::Status status = reader.visitFrom({}, count, error);

@@ -20,6 +20,9 @@ struct LexiconFacts {
     uint64_t packedBytes = 0; ///< of the word records in the file
     uint64_t textBytes = 0;   ///< of the word records unpacked
     uint64_t fileBytes = 0;
+    /// Whether an article or the description has letter references; else the texts are plain
+    /// Latin-1.
+    bool hasLetterReferences = false;
 
     /// Reads the whole lexicon, which `reader` has open. On failure `error` says why.
     LexiconReader::Status gather(LexiconReader& reader, const std::string& path,

@@ -19,10 +19,10 @@ namespace teskel
 namespace
 {
 
-/// A word as the build would have written it.
-std::string headwordOf(std::string_view word)
+/// A word as a build would have written it.
+std::string headwordOf(std::string_view word, LatinForm form = LatinForm::LetterReferences)
 {
-    return Latin1Converter().converted(word, Latin1Converter::Text::Headword);
+    return Latin1Converter(form).converted(word, Latin1Converter::Text::Headword);
 }
 
 } // namespace
@@ -52,6 +52,12 @@ std::string LexiconReader::description()
 {
     const char* text = _dictionary.getDecompressedRecord(2);
     return text ? givenback::description(text) : std::string();
+}
+
+bool LexiconReader::describesInReferences()
+{
+    const char* text = _dictionary.getDecompressedRecord(2);
+    return text && givenback::hasReferences(text);
 }
 
 unsigned LexiconReader::recordBefore(const std::string& latin1)
@@ -106,10 +112,15 @@ LexiconReader::Status LexiconReader::visitRecord(unsigned record, const Visitor&
 
 void LexiconReader::visitMatches(std::string_view word, bool prefix, const Visitor& visitor)
 {
-    const std::string wanted = headwordOf(word);
     const std::unique_ptr<QtDictionary::QtDictionaryIterator> iterator(
         _dictionary.createIterator());
+    std::string wanted = headwordOf(word);
     CursorPosition position = _dictionary.findWord(wanted.c_str(), CursorPosition(), prefix);
+    if (!iterator->isValid(position)) {
+        // A lexicon does not tell its form.
+        wanted = headwordOf(word, LatinForm::Plain);
+        position = _dictionary.findWord(wanted.c_str(), CursorPosition(), prefix);
+    }
     for (; iterator->isValid(position); position = iterator->move(position, 1)) {
         const std::string headword = _dictionary.getWordAt(position);
         if (_dictionary.wordCompare(headword.c_str(), wanted.c_str(), prefix) != 0)

@@ -29,6 +29,8 @@ public:
 
     std::string name();
     std::string description();
+    /// Whether the description, as it is stored, has letter references.
+    bool describesInReferences();
     unsigned recordCount() { return _dictionary.getWordRecordCount(); }
 
     /// Walks through all entries whose headwords do not compare below `from` (UTF-8). A record that

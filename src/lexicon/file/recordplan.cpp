@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/file/recordplan.h"
 
+#include "lexicon/entries/entrygroups.h"
+
 #include <algorithm>
 
 namespace teskel
@@ -14,62 +16,49 @@ constexpr char topicMark = '#';
 /// Sorts before every headword that begins with the mark, and is no mark.
 constexpr std::string_view keyBeforeTopicMark = "!";
 
+std::string keyOf(const LexiconEntry& first, bool isFirstRecord)
+{
+    const std::string_view headword = first.headword();
+    return std::string(isFirstRecord && headword.front() == topicMark ? keyBeforeTopicMark
+                                                                      : headword);
+}
+
 } // namespace
 
-RecordPlan::RecordPlan(const std::vector<LexiconEntry>& entries, unsigned recordSize)
-    : _entries(entries)
-    , _recordSize(recordSize)
+RecordPlan::RecordPlan(EntryFile& entries, unsigned recordSize)
+    : _recordSize(recordSize)
 {
-    divide();
+    divide(entries);
     while (_records.size() > limits::wordRecords && _recordSize < limits::recordBytes) {
         _recordSize = std::min(2 * _recordSize, limits::recordBytes);
-        divide();
+        divide(entries);
     }
 }
 
-void RecordPlan::divide()
+void RecordPlan::divide(EntryFile& entries)
 {
     _records.clear();
+    const auto all = entries.read();
+    EntryGroups groups(*all, foldsAlike);
     size_t bytes = 0;
-    for (size_t first = 0; first < _entries.size();) {
-        size_t last = first;
+    for (const auto* group = &groups.next(); !group->empty(); group = &groups.next()) {
         size_t groupBytes = 0;
-        do {
-            groupBytes += _entries[last++].packed().size();
-        } while (last < _entries.size() && foldsAlike(_entries[first], _entries[last]));
+        for (const LexiconEntry& entry : *group)
+            groupBytes += entry.packed().size();
         if (_records.empty() || bytes + groupBytes + 1 > _recordSize) {
-            _records.push_back({first, last});
+            _records.push_back({0, keyOf(group->front(), _records.empty())});
             bytes = 0;
         }
-        _records.back().last = last;
+        _records.back().entries += group->size();
         bytes += groupBytes;
-        first = last;
     }
-}
-
-std::string RecordPlan::content(const PlannedRecord& record) const
-{
-    std::string bytes;
-    bytes.reserve(_recordSize);
-    for (size_t i = record.first; i < record.last; ++i)
-        bytes += _entries[i].packed();
-    bytes.push_back('\0');
-    return bytes;
-}
-
-std::string_view RecordPlan::key(const PlannedRecord& record) const
-{
-    const std::string_view headword = _entries[record.first].headword();
-    if (record.first == 0 && headword.front() == topicMark)
-        return keyBeforeTopicMark;
-    return headword;
 }
 
 std::string RecordPlan::index() const
 {
     std::string keys;
     for (const PlannedRecord& record : _records) {
-        keys += key(record);
+        keys += record.key;
         keys.push_back('\0');
     }
     keys.push_back('\0');

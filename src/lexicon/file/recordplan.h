@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/entries/lexiconentry.h"
+#include "lexicon/entries/entryfile.h"
 
 #include <string>
 #include <vector>
@@ -9,10 +9,10 @@
 namespace teskel
 {
 
-/// One word record to be: entries `first` to `last` - 1.
+/// One word record to be.
 struct PlannedRecord {
-    size_t first;
-    size_t last;
+    uint64_t entries = 0; ///< how many of them
+    std::string key;      ///< its name in the word index
 };
 
 /// Divides sorted entries into word records and names the records in the word index.
@@ -22,23 +22,19 @@ struct PlannedRecord {
 class RecordPlan
 {
 public:
-    /// `entries` must outlive the plan. When `recordSize` would make more records than a file can
-    /// hold, it is doubled until they fit; recordSize() tells.
-    RecordPlan(const std::vector<LexiconEntry>& entries, unsigned recordSize);
+    /// When `recordSize` would make more records than a file can hold, it is doubled until they
+    /// fit; recordSize() tells.
+    RecordPlan(EntryFile& entries, unsigned recordSize);
 
     const std::vector<PlannedRecord>& records() const { return _records; }
     unsigned recordSize() const { return _recordSize; }
 
-    /// The unpacked bytes of a record: its entries and the empty headword that ends it.
-    std::string content(const PlannedRecord& record) const;
     /// Record 0 of the file: the keys of all records and the empty one that ends them.
     std::string index() const;
 
 private:
-    void divide();
-    std::string_view key(const PlannedRecord& record) const;
+    void divide(EntryFile& entries);
 
-    const std::vector<LexiconEntry>& _entries;
     unsigned _recordSize;
     std::vector<PlannedRecord> _records;
 };

@@ -12,18 +12,21 @@
 namespace teskel
 {
 
-bool SpotCheck::run(const std::vector<LexiconEntry>& entries, std::string& error)
+bool SpotCheck::run(EntryFile& entries, std::string& error)
 {
     QtDictionary dictionary;
     if (dictionary.open(QFile::decodeName(_path.c_str())) != 0) {
         error = "the file that was written is no readable dictionary";
         return false;
     }
-    for (size_t i = 0; i < entries.size(); i += interval) {
-        if (!find(dictionary, entries[i], error))
+    const auto all = entries.read();
+    LexiconEntry entry;
+    for (uint64_t number = 0; all->next(entry); ++number) {
+        const bool isLast = number + 1 == entries.count();
+        if ((number % interval == 0 || isLast) && !find(dictionary, entry, error))
             return false;
     }
-    return (entries.size() - 1) % interval == 0 || find(dictionary, entries.back(), error);
+    return true;
 }
 
 bool SpotCheck::find(QtDictionary& dictionary, const LexiconEntry& entry, std::string& error)

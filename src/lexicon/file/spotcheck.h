@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/entries/lexiconentry.h"
+#include "lexicon/entries/entryfile.h"
 
 #include <string>
-#include <vector>
 
 class QtDictionary;
 
@@ -16,7 +15,7 @@ class SpotCheck
 {
 public:
     /// Every so many headwords one is looked up, the first and the last among them.
-    static constexpr size_t interval = 1000;
+    static constexpr uint64_t interval = 1000;
 
     /// `path` is in the bytes of the file system.
     explicit SpotCheck(std::string path)
@@ -25,7 +24,7 @@ public:
     }
 
     /// Whether the file holds what went in. If not, `error` names the first difference.
-    bool run(const std::vector<LexiconEntry>& entries, std::string& error);
+    bool run(EntryFile& entries, std::string& error);
 
     size_t checkedWords() const { return _checkedWords; }
 

@@ -23,8 +23,7 @@ namespace
 {
 
 constexpr uint doNotQueue = 4;
-constexpr unsigned long patience = 1000;  // milliseconds
-constexpr int patienceForRequests = 5000; // milliseconds
+constexpr unsigned long patienceAtTheEnd = 1000; // milliseconds
 
 // The bus library cannot be called off, and would wait for a silent bus when the process unwinds.
 void endProcess(int status, void* /*argument*/)
@@ -52,7 +51,7 @@ bool isBusAnnounced()
 
 BusDocumentService::~BusDocumentService()
 {
-    if (_connector == nullptr || _connector->wait(patience))
+    if (_connector == nullptr || _connector->wait(patienceAtTheEnd))
         return;
     // The thread outlives its owner, and nothing that it uses may be taken apart.
     _connector->setParent(nullptr);
@@ -71,7 +70,7 @@ void BusDocumentService::startAndReceive()
         return;
     QEventLoop loop;
     connect(this, &BusDocumentService::ready, &loop, &QEventLoop::quit);
-    QTimer::singleShot(patienceForRequests, &loop, &QEventLoop::quit);
+    QTimer::singleShot(_patience, &loop, &QEventLoop::quit);
     loop.exec();
 }
 

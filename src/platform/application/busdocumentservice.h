@@ -3,6 +3,8 @@
 
 #include "platform/application/documentservice.h"
 
+#include <chrono>
+
 class QThread;
 
 namespace teskel
@@ -26,8 +28,12 @@ public:
 
     bool isStartedByRequest() const override;
     void start() override;
-    /// After five seconds it returns also when the bus is silent.
+    /// When patience ends it returns also where the bus is silent.
     void startAndReceive() override;
+
+    /// How long startAndReceive() waits for a silent bus; five seconds at first.
+    std::chrono::milliseconds patience() const { return _patience; }
+    void setPatience(std::chrono::milliseconds time) { _patience = time; }
 
 signals:
     /// What a bus held for this program has been reported, or there is no bus.
@@ -37,6 +43,7 @@ private:
     void connected();
 
     QThread* _connector = nullptr;
+    std::chrono::milliseconds _patience = std::chrono::seconds(5);
 };
 
 } // namespace teskel

@@ -6,8 +6,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <chrono>
-
 namespace teskel
 {
 
@@ -39,7 +37,7 @@ StylusHoldFilter::StylusHoldFilter(QWidget* widget)
     using namespace std::chrono_literals;
     _timer.setSingleShot(true);
     _timer.setTimerType(Qt::PreciseTimer);
-    _timer.setInterval(500ms);
+    setHoldTime(500ms);
     connect(&_timer, &QTimer::timeout, this, &StylusHoldFilter::hold);
     widget->installEventFilter(this);
 }

@@ -5,6 +5,8 @@
 #include <QPoint>
 #include <QTimer>
 
+#include <chrono>
+
 class QMouseEvent;
 class QWidget;
 
@@ -13,8 +15,9 @@ namespace teskel
 
 /// Makes a held left button act as the right one on one widget.
 ///
-/// After 500 ms within 8 pixels of the press the widget gets a right press. At the release it gets
-/// the right release, and the left one outside of itself, so that the left press is no click.
+/// After the hold time within 8 pixels of the press the widget gets a right press. At the release
+/// it gets the right release, and the left one outside of itself, so that the left press is no
+/// click.
 class StylusHoldFilter : public QObject
 {
     Q_OBJECT
@@ -25,6 +28,11 @@ public:
 
     /// The filter of `widget`, or null.
     static StylusHoldFilter* of(const QWidget* widget);
+
+    /// How long the button is held until it acts as the right one; 500 ms at first.
+    std::chrono::milliseconds holdTime() const { return _timer.intervalAsDuration(); }
+    /// Begins anew for a button that is held already.
+    void setHoldTime(std::chrono::milliseconds time) { _timer.setInterval(time); }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

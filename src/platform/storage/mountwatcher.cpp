@@ -5,8 +5,6 @@
 
 #include <QSocketNotifier>
 
-#include <chrono>
-
 namespace teskel
 {
 
@@ -16,9 +14,9 @@ MountWatcher::MountWatcher(const QString& mountInfo, QObject* parent)
 {
     using namespace std::chrono_literals;
     _settled.setSingleShot(true);
-    _settled.setInterval(250ms);
+    setSettlingTime(250ms);
     _overdue.setSingleShot(true);
-    _overdue.setInterval(2s);
+    setLongestDelay(2s);
     connect(&_settled, &QTimer::timeout, this, &MountWatcher::report);
     connect(&_overdue, &QTimer::timeout, this, &MountWatcher::report);
 

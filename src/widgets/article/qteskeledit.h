@@ -9,8 +9,9 @@
 ///
 /// Markup may come from anyone: pictures and style sheets that it names are not loaded, links are
 /// not followed, and a text whose structure would cost unbounded time or memory is shown as plain
-/// text. Everything else looks as QTextEdit::setHtml shows it, with room for pictures. The page
-/// stays light in a dark palette, so that coloured text keeps its contrast.
+/// text. References to characters (letterReference()) are shown as the characters. Everything else
+/// looks as QTextEdit::setHtml shows it, with room for pictures. The page stays light in a dark
+/// palette, so that coloured text keeps its contrast.
 class QTeskelEdit : public QTextEdit
 {
     Q_OBJECT

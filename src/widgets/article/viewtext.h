@@ -12,8 +12,8 @@ struct ViewText {
     /// Whether `text` is markup for QTextDocument::setHtml rather than plain text.
     bool isRich = false;
 
-    /// The source as `format` reads it. Markup that would cost too much is plain text, tags
-    /// included.
+    /// The source as `format` reads it, the letter references of rich text resolved. Markup that
+    /// would cost too much is plain text, tags included.
     static ViewText of(const QString& source, Qt::TextFormat format);
 };
 

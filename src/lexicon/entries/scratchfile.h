@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace teskel
+{
+
+/// A temporary file without a name, which is gone when the program is, however that ends.
+///
+/// It lies in the directory that TMPDIR names, else in /tmp. Once something failed, nothing more is
+/// written or read, and error() says why.
+class ScratchFile
+{
+public:
+    ScratchFile();
+    ScratchFile(const ScratchFile&) = delete;
+    ScratchFile& operator=(const ScratchFile&) = delete;
+    ~ScratchFile();
+
+    /// Appends bytes.
+    bool append(std::string_view bytes);
+    /// Writes out what append() holds back. To be called before what was appended is read.
+    bool flush();
+
+    /// Reads up to `size` bytes at `offset` into `buffer`. Returns how many there were.
+    size_t read(uint64_t offset, char* buffer, size_t size);
+
+    /// A sentence about what went wrong; empty when nothing did.
+    const std::string& error() const { return _error; }
+
+private:
+    void fail(const char* act, int reason);
+
+    int _descriptor = -1;
+    std::string _directory;
+    std::string _pending;
+    std::string _error;
+};
+
+} // namespace teskel

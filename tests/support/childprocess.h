@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+class QProcess;
+
+namespace teskel::test
+{
+
+/// How a child process ended: code -1 when it failed to start or crashed.
+struct ProgramResult {
+    int code = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+/// Starts `program` as `process` with `input` as its standard input, and waits for its end, however
+/// long it takes.
+[[nodiscard]] ProgramResult runToEnd(QProcess& process, const QString& program,
+                                     const QStringList& arguments, const QByteArray& input = {});
+
+/// Lets every file that `process` writes grow to so many bytes only, as on a full disk. To be
+/// called before its start.
+void limitFileSize(QProcess& process, quint64 bytes);
+
+} // namespace teskel::test
