@@ -2,7 +2,7 @@
 #include "lexicon/entries/entryintake.h"
 #include "lexicon/sources/dictdindex.h"
 #include "lexicon/sources/dictdsource.h"
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 #include "tests/support/childprocess.h"
 #include "tests/support/palmwriter.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 #include "tests/support/palmwriter.h"
 
 #include <QFile>
@@ -42,6 +42,7 @@ private slots:
     void refusesPiecesBeyondTheEnd_data();
     void refusesPiecesBeyondTheEnd();
     void noticesThatTheFileChanged();
+    void saysWhereNothingCanBeUnpackedTo();
 
 private:
     std::string stage(const QByteArray& content, const QString& packer) const;
@@ -331,6 +332,21 @@ void TestInputFile::noticesThatTheFileChanged()
     changed.close();
     QVERIFY(!file.checkUnchanged(error));
     QCOMPARE(error, path + " was changed while it was read");
+}
+
+void TestInputFile::saysWhereNothingCanBeUnpackedTo()
+{
+    const std::string path = stage("house", u"gzip"_s);
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/no/such/place");
+    InputFile file;
+    std::string error;
+    std::string piece;
+    const bool isRead = file.open(path, error) && file.read(0, 1, piece, error);
+    before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
+    QVERIFY(!isRead);
+    QCOMPARE(error, std::string("cannot make a temporary file in /no/such/place: No such file or "
+                                "directory"));
 }
 
 QTEST_GUILESS_MAIN(TestInputFile)

@@ -35,6 +35,8 @@ private slots:
     void malformedLineIsNamed();
     void sourceWithoutEntriesIsRefused();
     void mergesSourcesInTheOrderGiven();
+    void alternativeHeadwordsShareAnArticle();
+    void linesAboutTheDictionaryAreNoEntries();
     void failureLeavesNothingBehind();
 
 private:
@@ -310,6 +312,36 @@ void TestLexiconBuilder::mergesSourcesInTheOrderGiven()
                                                      : QByteArray("1. Geb\xE4ude\n2. Haus"));
         QCOMPARE(articleOf(dictionary, "ant"), QByteArray("Ameise"));
     }
+}
+
+void TestLexiconBuilder::alternativeHeadwordsShareAnArticle()
+{
+    QVERIFY(buildTsv("colour|color\tFarbe\na\\|b\tx\n"));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    for (const char* word : {"colour", "color"})
+        QCOMPARE(articleOf(dictionary, word), QByteArray("Farbe"));
+    QCOMPARE(articleOf(dictionary, "a|b"), QByteArray("x"));
+    QCOMPARE(_report.headwords, uint64_t{3});
+}
+
+void TestLexiconBuilder::linesAboutTheDictionaryAreNoEntries()
+{
+    QVERIFY(buildTsv("##description\tdescribed\n##licence\tMIT\n##description\tagain\n"
+                     "house\tHaus\n"));
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    char text[512];
+    QVERIFY(dictionary.getDescription(text, sizeof text));
+    QCOMPARE(QByteArray(text), QByteArray("described"));
+    QCOMPARE(_report.headwords, uint64_t{1});
+    QCOMPARE(
+        _report.diagnostics.lines(),
+        (std::vector<std::string>{input() + ":2: warning[unknown-property]: \"##licence\" is left "
+                                            "out: \"##description\" alone has a place in a "
+                                            "lexicon",
+                                  input() + ":3: warning[unknown-property]: \"##description\" is "
+                                            "left out: the description is known already"}));
 }
 
 void TestLexiconBuilder::failureLeavesNothingBehind()

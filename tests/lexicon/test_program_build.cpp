@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/lexicon/lexiconprogram.h"
 #include "tests/support/dictionarywriter.h"
+#include "tests/support/stardictwriter.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,6 +12,7 @@
 #include <csignal>
 
 #include <sched.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +37,10 @@ private slots:
     void placeAndTimeChangeNothing();
     void buildReadsStandardInput();
     void buildReadsDictdIndexes();
+    void buildMergesSourcesOfSeveralKinds();
+    void fromOverridesWhatTheSourceLooksLike();
+    void sourcesThatAreNoFilesEndAtOnce_data();
+    void sourcesThatAreNoFilesEndAtOnce();
     void noNumbersLeavesSensesUnnumbered();
     void failedBuildLeavesTheOldFile();
     void fullDiskLeavesNothingBehind();
@@ -285,6 +291,61 @@ void TestProgramBuild::buildReadsDictdIndexes()
                                     "tower\n&lt;v> emporragen &lt;v, intr>\n\n"
                                     "Tower\nKontrollturm &lt;masc>\n"
                                     "Note: im 3. Stock\n\n"));
+}
+
+void TestProgramBuild::buildMergesSourcesOfSeveralKinds()
+{
+    QVERIFY(StarDictWriter().add("house", "Geb\xC3\xA4ude").write(_program.path("star")));
+    QCOMPARE(_program
+                 .run({u"build"_s, u"star.ifo"_s, u"-"_s, QStringLiteral(TEST_DATA "/sample.index"),
+                       u"-o"_s, u"merged.PDB"_s, u"--no-pronunciation"_s},
+                      "house\tHaus\n")
+                 .code,
+             0);
+    QCOMPARE(_program.run(words({"find", "merged.PDB", "house"})).out,
+             QByteArray("house\n1. Geb\xC3\xA4ude\n2. Haus\n"
+                        "3. Haus &lt;neut>, Geb\xC3\xA4ude &lt;neut>\n"
+                        "\"build a house\" - ein Haus bauen\nSynonyms: home; place, building\n"
+                        "see: houses\n4. House-Musik &lt;fem>\n\n"));
+}
+
+void TestProgramBuild::fromOverridesWhatTheSourceLooksLike()
+{
+    QVERIFY(writeFile(_program.path("words.index"), "house\tHaus\n"));
+    ProgramResult result = _program.run(words({"build", "words.index", "-o", "from.PDB"}));
+    QCOMPARE(result.code, 3);
+    QCOMPARE(result.err, QByteArray("teskel-lexicon: words.index:1: not a line of a dictd index "
+                                    "(word, offset and length, divided by tabs)\n"));
+    result = _program.run(words({"build", "words.index", "--from", "tsv", "-o", "from.PDB"}));
+    QCOMPARE(result.code, 0);
+    QCOMPARE(_program.run(words({"build", "words.index", "--from", "pdf", "-o", "x.PDB"})).code, 2);
+}
+
+void TestProgramBuild::sourcesThatAreNoFilesEndAtOnce_data()
+{
+    QTest::addColumn<QStringList>("sources");
+    QTest::addColumn<QByteArray>("reason");
+    const QByteArray irregular = "it is no regular file (\"-\" reads the standard input)\n";
+    QTest::newRow("pipe") << words({"pipe"}) << "cannot read pipe: " + irregular;
+    QTest::newRow("articles in a pipe") << words({"p.index"}) << "cannot read p.dict: " + irregular;
+    QTest::newRow("device") << words({"/dev/zero"}) << "cannot read /dev/zero: " + irregular;
+    QTest::newRow("directory") << words({"."}) << QByteArray("cannot read .: Is a directory\n");
+    QTest::newRow("standard input twice")
+        << words({"-", "-"}) << QByteArray("the standard input can be a source only once\n");
+}
+
+void TestProgramBuild::sourcesThatAreNoFilesEndAtOnce()
+{
+    QFETCH(QStringList, sources);
+    QFETCH(QByteArray, reason);
+    QVERIFY(writeFile(_program.path("p.index"), "house\tA\tB\n"));
+    for (const char* pipe : {"pipe", "p.dict"})
+        ::mkfifo(_program.path(pipe).toUtf8().constData(), 0600);
+    const ProgramResult result =
+        _program.run(words({"build"}) + sources + words({"-o", "none.PDB"}), "house\tHaus\n");
+    QCOMPARE(result.code, 3);
+    QCOMPARE(result.err, "teskel-lexicon: " + reason);
+    QVERIFY(!QFile::exists(_program.path("none.PDB")));
 }
 
 void TestProgramBuild::noNumbersLeavesSensesUnnumbered()

@@ -110,7 +110,7 @@ void TestSourceTable::refusesWhatIsOfNoKind_data()
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QByteArray>("reason");
     const QByteArray unknown =
-        " is no dictionary of a known kind (dictd, tsv); --from says what it is";
+        " is no dictionary of a known kind (dictd, stardict, tei, tsv); --from says what it is";
     for (const char* name : {"prose.txt", "binary", "empty"})
         QTest::newRow(name) << QByteArray(name) << "DIR/" + QByteArray(name) + unknown;
     QTest::newRow("damaged") << QByteArray("damaged")

@@ -35,15 +35,39 @@ constinit const DiagnosticCode controlCharacter{
 constinit const DiagnosticCode invalidUtf8{
     "invalid-utf8", Warning, "A byte that is no UTF-8 is written as the sign for what is unknown."};
 
+constinit const DiagnosticCode unknownProperty{
+    "unknown-property", Warning,
+    "A line of TSV that begins with \"##\" tells something that has no place in a lexicon, or "
+    "tells it again; it is left out."};
+constinit const DiagnosticCode unknownField{
+    "unknown-field", Warning,
+    "A field of a StarDict article is of a type that cannot be shown; it is left out."};
+constinit const DiagnosticCode fieldEncoding{
+    "field-encoding", Warning, "A field of a StarDict article is no UTF-8; it is read as Latin-1."};
+constinit const DiagnosticCode fieldLength{
+    "field-length", Warning,
+    "A field of a StarDict article is longer than the article; what is there is taken."};
+constinit const DiagnosticCode wordCount{
+    "word-count", Warning,
+    "A StarDict .ifo counts other words than the index has; all of them are taken."};
+constinit const DiagnosticCode entryWithoutWord{
+    "entry-without-word", Warning, "An entry of a TEI document has no word; it is left out."};
+constinit const DiagnosticCode externalEntity{
+    "external-entity", Warning,
+    "A TEI document refers to text in another file, which is not read; it is left out."};
+
 } // namespace diagnostic
 
 std::span<const DiagnosticCode* const> allDiagnosticCodes()
 {
     static constexpr const DiagnosticCode* codes[] = {
-        &diagnostic::emptyHeadword, &diagnostic::longHeadword,     &diagnostic::longDescription,
-        &diagnostic::longArticle,   &diagnostic::recordSize,       &diagnostic::namedEntity,
-        &diagnostic::otherLetters,  &diagnostic::unknownCharacter, &diagnostic::controlCharacter,
-        &diagnostic::invalidUtf8,
+        &diagnostic::emptyHeadword,    &diagnostic::longHeadword,     &diagnostic::longDescription,
+        &diagnostic::longArticle,      &diagnostic::recordSize,       &diagnostic::namedEntity,
+        &diagnostic::otherLetters,     &diagnostic::unknownCharacter, &diagnostic::controlCharacter,
+        &diagnostic::invalidUtf8,      &diagnostic::unknownProperty,  &diagnostic::unknownField,
+        &diagnostic::fieldEncoding,    &diagnostic::fieldLength,      &diagnostic::wordCount,
+        &diagnostic::entryWithoutWord, &diagnostic::externalEntity,
+
     };
     return codes;
 }

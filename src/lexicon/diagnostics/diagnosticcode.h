@@ -31,6 +31,13 @@ extern const DiagnosticCode otherLetters;
 extern const DiagnosticCode unknownCharacter;
 extern const DiagnosticCode controlCharacter;
 extern const DiagnosticCode invalidUtf8;
+extern const DiagnosticCode unknownProperty;
+extern const DiagnosticCode unknownField;
+extern const DiagnosticCode fieldEncoding;
+extern const DiagnosticCode fieldLength;
+extern const DiagnosticCode wordCount;
+extern const DiagnosticCode entryWithoutWord;
+extern const DiagnosticCode externalEntity;
 } // namespace diagnostic
 
 /// All of them, in the order of the manual.

@@ -39,6 +39,12 @@ public:
     /// Converts a description: at most 511 bytes of rich text.
     std::string description(std::string_view text, Latin1Converter::Text kind);
 
+    /// Notes what a source could not hand over as it is; see Diagnostics::add().
+    void note(const DiagnosticCode& code, std::string_view where, std::string_view what)
+    {
+        _report.diagnostics.add(code, where, what);
+    }
+
     const Latin1Converter& converter() const { return _converter; }
 
     /// How many entries have a headword of which nothing is left: empty, or nothing but "?" that

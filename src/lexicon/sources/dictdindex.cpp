@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/dictdindex.h"
 
-#include "lexicon/sources/inputfile.h"
 #include "lexicon/sources/lexiconsource.h"
 
 #include <optional>
@@ -63,11 +62,6 @@ std::optional<DictdIndex::Line> lineOf(std::string_view text)
     return line;
 }
 
-bool isMetadata(std::string_view key)
-{
-    return key.starts_with("00database") || key.starts_with("00-database-");
-}
-
 } // namespace
 
 bool DictdIndex::isBegunBy(std::string_view head)
@@ -82,28 +76,33 @@ bool DictdIndex::isBegunBy(std::string_view head)
     return hasLine;
 }
 
-bool DictdIndex::read(const std::string& path, std::string& error)
+bool DictdIndex::Line::isMetadata() const
 {
-    InputFile file;
-    if (!file.open(path, error) || !file.readAll(_text, error) || !file.checkUnchanged(error))
-        return false;
-    uint32_t number = 0;
-    for (std::string_view rest = _text; !rest.empty();) {
-        const size_t end = rest.find('\n');
-        const std::string_view text = rest.substr(0, end);
-        rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-        ++number;
-        if (text.empty())
-            continue;
-        auto line = lineOf(text);
-        if (!line) {
-            error = placeInFile(path, number) +
-                    ": not a line of a dictd index (word, offset and length, divided by tabs)";
+    return key.starts_with("00database") || key.starts_with("00-database-");
+}
+
+bool DictdIndex::open(const std::string& path, std::string& error)
+{
+    return _file.open(path, error);
+}
+
+bool DictdIndex::next(Line& line, bool& isEnd, std::string& error)
+{
+    do {
+        if (!_file.readLine(_text, isEnd, error))
             return false;
-        }
-        line->number = number;
-        (isMetadata(line->key) ? _metadata : _entries).push_back(*line);
+        if (isEnd)
+            return _file.checkUnchanged(error);
+        ++_number;
+    } while (_text.empty());
+    const auto read = lineOf(_text);
+    if (!read) {
+        error = placeInFile(_file.name(), _number) +
+                ": not a line of a dictd index (word, offset and length, divided by tabs)";
+        return false;
     }
+    line = *read;
+    line.number = _number;
     return true;
 }
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lexicon/sources/input/inputfile.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace teskel
 {
@@ -14,29 +15,30 @@ class DictdIndex
 {
 public:
     struct Line {
-        std::string_view key; ///< UTF-8, as dictd compares it
+        std::string_view key; ///< UTF-8, as dictd compares it; until the next line is read
         uint64_t offset = 0;  ///< of the article in the unpacked data, bytes
         uint64_t size = 0;    ///< of the article, bytes
         uint32_t number = 0;  ///< line of the index, from 1
+
+        /// Whether the line tells about the dictionary itself, as "00databaseshort" does.
+        bool isMetadata() const;
     };
 
     /// Whether an index begins with these bytes: whether the lines among them are such lines, the
     /// last one left aside when it has no end.
     static bool isBegunBy(std::string_view head);
 
-    /// Reads the file (path in the bytes of the file system). On failure returns false and says
-    /// why in `error`.
-    bool read(const std::string& path, std::string& error);
+    /// Opens the file (path in the bytes of the file system). On failure returns false and says
+    /// why in `error`, as next() does.
+    bool open(const std::string& path, std::string& error);
 
-    /// The dictionary's entries, in the order of the file.
-    const std::vector<Line>& entries() const { return _entries; }
-    /// Lines that tell about the dictionary itself, such as "00databaseshort".
-    const std::vector<Line>& metadata() const { return _metadata; }
+    /// Reads the next line; `isEnd` tells that there is none.
+    bool next(Line& line, bool& isEnd, std::string& error);
 
 private:
+    InputFile _file;
     std::string _text;
-    std::vector<Line> _entries;
-    std::vector<Line> _metadata;
+    uint32_t _number = 0;
 };
 
 } // namespace teskel

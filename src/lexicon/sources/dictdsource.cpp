@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/dictdsource.h"
 
-#include "lexicon/sources/freedictentry.h"
 #include "lexicon/sources/siblingfile.h"
 
 #include <algorithm>
@@ -86,52 +85,39 @@ bool DictdSource::openArticles(InputFile& articles, std::string& error) const
     return false;
 }
 
-bool DictdSource::readDescription(const DictdIndex& index, InputFile& articles, std::string& error)
+void DictdSource::takeMetadata(const DictdIndex::Line& line, std::string_view text)
 {
-    const auto& lines = index.metadata();
-    const auto name = std::find_if(lines.begin(), lines.end(), isShortName);
-    if (name == lines.end())
-        return true;
-    std::string text;
-    if (!articles.read(name->offset, name->size, text, error))
-        return false;
+    if (!isShortName(line) || !_description.empty())
+        return;
     // Some makers repeat the key in front of the text.
-    std::string_view rest = text;
-    if (rest.starts_with("00-database-short") || rest.starts_with("00databaseshort"))
-        rest.remove_prefix(std::min(rest.find('\n'), rest.size()));
-    _description = firstLineOf(rest);
-    return true;
+    if (text.starts_with("00-database-short") || text.starts_with("00databaseshort"))
+        text.remove_prefix(std::min(text.find('\n'), text.size()));
+    _description = firstLineOf(text);
 }
 
 bool DictdSource::read(EntryIntake& intake, std::string& error)
 {
     DictdIndex index;
     InputFile articles;
-    if (!findFiles(error) || !index.read(_indexPath, error) || !openArticles(articles, error) ||
-        !readDescription(index, articles, error))
-        return false;
-    // In the order of the data everything is unpacked once.
-    std::vector<const DictdIndex::Line*> lines;
-    lines.reserve(index.entries().size());
-    for (const DictdIndex::Line& line : index.entries())
-        lines.push_back(&line);
-    std::sort(lines.begin(), lines.end(), [](const auto* a, const auto* b) {
-        return a->offset != b->offset ? a->offset < b->offset : a->number < b->number;
-    });
-    intake.expect(lines.size());
+    DictdIndex::Line line;
     std::string text;
-    for (const DictdIndex::Line* line : lines) {
-        const std::string where = placeInFile(_indexPath, line->number);
-        if (!articles.read(line->offset, line->size, text, error)) {
+    bool isEnd = false;
+    // The first line tells whether this is an index at all, so it comes before the articles.
+    if (!findFiles(error) || !index.open(_indexPath, error) || !index.next(line, isEnd, error) ||
+        !openArticles(articles, error))
+        return false;
+    while (!isEnd) {
+        const std::string where = placeInFile(_indexPath, line.number);
+        if (!articles.read(line.offset, line.size, text, error)) {
             error = where + ": " + error;
             return false;
         }
-        const FreeDictEntry entry = FreeDictEntry::parse(line->key, text, intake.options());
-        if (entry.pronunciations.empty())
-            add(intake, entry.headword, entry.article, textKind(), line->number, where);
+        if (line.isMetadata())
+            takeMetadata(line, text);
         else
-            add(intake, entry.headword, richText(entry.article, entry.pronunciations),
-                Latin1Converter::Text::MarkupArticle, line->number, where);
+            addLaidOut(intake, line.key, Written::InText, text, line.number, where);
+        if (!index.next(line, isEnd, error))
+            return false;
     }
     return articles.checkUnchanged(error);
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "lexicon/sources/dictdindex.h"
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 #include "lexicon/sources/lexiconsource.h"
 #include "lexicon/sources/likeness.h"
 
@@ -28,7 +28,7 @@ public:
 private:
     bool findFiles(std::string& error);
     bool openArticles(InputFile& articles, std::string& error) const;
-    bool readDescription(const DictdIndex& index, InputFile& articles, std::string& error);
+    void takeMetadata(const DictdIndex::Line& line, std::string_view text);
 
     std::string _path;
     std::string _indexPath;

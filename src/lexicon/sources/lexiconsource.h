@@ -38,6 +38,16 @@ protected:
     void add(EntryIntake& intake, std::string_view headword, std::string_view article,
              Latin1Converter::Text kind, uint32_t number, std::string_view where);
 
+    /// Who knows best how the word is written.
+    enum class Written {
+        InText, ///< the text's first line, of which `key` is a simplified form
+        AsKey,  ///< `key` itself; the first line of the text is that of the word nevertheless
+    };
+    /// Hands on an entry whose text is laid out as those of dictd dictionaries are: the word's own
+    /// line, then plain text.
+    void addLaidOut(EntryIntake& intake, std::string_view key, Written written,
+                    std::string_view text, uint32_t number, std::string_view where);
+
     std::string _description;
 
 private:

@@ -2,7 +2,9 @@
 #include "lexicon/sources/sourcetable.h"
 
 #include "lexicon/sources/dictdsource.h"
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
+#include "lexicon/sources/stardict/stardictsource.h"
+#include "lexicon/sources/tei/teisource.h"
 #include "lexicon/sources/tsvsource.h"
 
 namespace teskel
@@ -40,6 +42,10 @@ std::unique_ptr<LexiconSource> makeOpened(const std::string&, std::unique_ptr<In
 constexpr SourceKind kinds[] = {
     {"dictd", "a dictd dictionary (.index, .dict or .dict.dz)", DictdSource::looksLike,
      makeNamed<DictdSource>},
+    {"stardict", "a StarDict dictionary (.ifo)", StarDictSource::looksLike,
+     makeNamed<StarDictSource>},
+    {"tei", "a TEI document of the FreeDict project (.tei)", TeiSource::looksLike,
+     makeOpened<TeiSource>},
     {"tsv", "tab-separated text in UTF-8 (.tsv, or - for the standard input)", TsvSource::looksLike,
      makeOpened<TsvSource>},
 };

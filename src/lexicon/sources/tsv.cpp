@@ -4,6 +4,11 @@
 namespace teskel::tsv
 {
 
+namespace
+{
+constexpr std::string_view propertyMark = "##";
+} // namespace
+
 std::string escaped(std::string_view text)
 {
     std::string result;
@@ -42,9 +47,54 @@ std::string unescaped(std::string_view text)
     return result;
 }
 
+std::string escapedHeadword(std::string_view text)
+{
+    std::string result = escaped(text);
+    if (result.starts_with(propertyMark))
+        result.insert(0, 1, '\\');
+    for (size_t bar = result.find('|'); bar != std::string::npos; bar = result.find('|', bar + 2))
+        result.insert(bar, 1, '\\');
+    return result;
+}
+
+std::vector<std::string> headwords(std::string_view text)
+{
+    std::vector<std::string> result;
+    std::string word;
+    const auto finish = [&] {
+        if (word.find_first_not_of(' ') != std::string::npos)
+            result.push_back(unescaped(word));
+        word.clear();
+    };
+    const bool isMarkEscaped = text.starts_with('\\') && text.substr(1).starts_with(propertyMark);
+    for (size_t i = isMarkEscaped ? 1 : 0; i < text.size(); ++i) {
+        const char next = text[i] == '\\' && i + 1 < text.size() ? text[i + 1] : '\0';
+        if (next == '|') {
+            word += next;
+            ++i;
+        } else if (next != '\0') {
+            word += text.substr(i++, 2);
+        } else if (text[i] == '|') {
+            finish();
+        } else {
+            word += text[i];
+        }
+    }
+    finish();
+    if (result.empty()) // a bar that divides nothing is a headword
+        result.emplace_back(text);
+    return result;
+}
+
+std::string_view propertyName(std::string_view headword)
+{
+    return headword.starts_with(propertyMark) ? headword.substr(propertyMark.size())
+                                              : std::string_view();
+}
+
 std::string line(std::string_view headword, std::string_view article)
 {
-    std::string result = escaped(headword);
+    std::string result = escapedHeadword(headword);
     result += '\t';
     result += escaped(article);
     return result += '\n';

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/tsvsource.h"
 
+#include "lexicon/diagnostics/diagnosticcode.h"
 #include "lexicon/sources/siblingfile.h"
 #include "lexicon/sources/tsv.h"
 
@@ -50,11 +51,20 @@ bool TsvSource::takeLine(std::string_view line, EntryIntake& intake, std::string
         error = "no tab between headword and article";
         return false;
     }
-    if (headword.empty() && _description.empty())
+    const std::string_view property = tsv::propertyName(headword);
+    const bool isDescription = headword.empty() || property == "description";
+    if (isDescription && _description.empty()) {
         _description = tsv::unescaped(article);
-    else
-        add(intake, tsv::unescaped(headword), tsv::unescaped(article), textKind(), ++_entryNumber,
-            placeInFile(_input->name(), _lineNumber));
+    } else if (!property.empty()) {
+        intake.note(diagnostic::unknownProperty, placeInFile(_input->name(), _lineNumber),
+                    "\"##" + std::string(property) + "\" is left out: " +
+                        (isDescription ? "the description is known already"
+                                       : "\"##description\" alone has a place in a lexicon"));
+    } else {
+        const std::string where = placeInFile(_input->name(), _lineNumber);
+        for (const std::string& word : tsv::headwords(headword))
+            add(intake, word, tsv::unescaped(article), textKind(), ++_entryNumber, where);
+    }
     return true;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 #include "lexicon/sources/lexiconsource.h"
 #include "lexicon/sources/likeness.h"
 

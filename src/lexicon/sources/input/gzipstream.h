@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/sources/bytestream.h"
+#include "lexicon/sources/input/bytestream.h"
 
 #include <string>
 #include <string_view>
@@ -24,7 +24,6 @@ public:
     ~GzipStream() override;
 
     long read(char* out, std::size_t size) override;
-    bool rewind() override;
 
 private:
     bool refill();

@@ -17,8 +17,6 @@ public:
 
     /// Puts up to `size` bytes at `out`. Returns how many, 0 at the end, -1 when reading failed.
     virtual long read(char* out, std::size_t size) = 0;
-    /// Starts again at the first byte; false when that is impossible.
-    virtual bool rewind() = 0;
 
 protected:
     ByteStream() = default;

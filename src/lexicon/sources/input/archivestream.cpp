@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/archivestream.h"
+#include "lexicon/sources/input/archivestream.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -22,16 +22,6 @@ bool ArchiveStream::isBegunBy(std::string_view head)
 ArchiveStream::ArchiveStream(ByteStream& packed)
     : _packed(packed)
 {
-    open();
-}
-
-ArchiveStream::~ArchiveStream()
-{
-    archive_read_free(_reader);
-}
-
-void ArchiveStream::open()
-{
     _reader = archive_read_new();
     archive_entry* entry = nullptr;
     _isReady = _reader && archive_read_support_filter_xz(_reader) == ARCHIVE_OK &&
@@ -42,6 +32,11 @@ void ArchiveStream::open()
     const int code = _isReady ? archive_read_next_header(_reader, &entry) : ARCHIVE_FATAL;
     _isEmpty = code == ARCHIVE_EOF && archive_errno(_reader) == 0;
     _isReady = code == ARCHIVE_OK || _isEmpty;
+}
+
+ArchiveStream::~ArchiveStream()
+{
+    archive_read_free(_reader);
 }
 
 long ArchiveStream::handOver(archive* reader, void* self, const void** bytes)
@@ -62,17 +57,6 @@ long ArchiveStream::read(char* out, std::size_t size)
         return 0;
     const auto got = archive_read_data(_reader, out, size);
     return got < 0 ? -1 : static_cast<long>(got);
-}
-
-bool ArchiveStream::rewind()
-{
-    archive_read_free(_reader);
-    _reader = nullptr;
-    _isReady = false;
-    if (!_packed.rewind())
-        return false;
-    open();
-    return _isReady;
 }
 
 } // namespace teskel

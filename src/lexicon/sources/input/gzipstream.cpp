@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/gzipstream.h"
+#include "lexicon/sources/input/gzipstream.h"
 
 #include <algorithm>
 #include <cstring>
@@ -65,15 +65,6 @@ long GzipStream::read(char* out, std::size_t size)
             _isReady = false;
     }
     return _isReady ? static_cast<long>(room - _inflate.avail_out) : -1;
-}
-
-bool GzipStream::rewind()
-{
-    _inflate.avail_in = 0;
-    _inflate.next_in = reinterpret_cast<Bytef*>(_input.data());
-    _isMemberDone = false;
-    _isReady = inflateReset(&_inflate) == Z_OK && _packed.rewind();
-    return _isReady;
 }
 
 } // namespace teskel

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/inputfile.h"
+#include "lexicon/sources/input/inputfile.h"
 
-#include "lexicon/sources/archivestream.h"
-#include "lexicon/sources/gzipstream.h"
+#include "lexicon/sources/input/archivestream.h"
+#include "lexicon/sources/input/gzipstream.h"
 
 #include <algorithm>
 #include <utility>
@@ -67,36 +67,38 @@ bool InputFile::readAll(std::string& content, std::string& error)
     return !_hasFailed;
 }
 
-/// Brings the bytes into the window, and out of it what stands before them.
-bool InputFile::fillWindow(uint64_t offset, uint64_t size)
+bool InputFile::unpackWhole(std::string& error)
 {
-    if (offset < _windowBegin) {
-        if (!(_unpacked ? _unpacked->rewind() : _file.rewind()))
+    _whole = std::make_unique<ScratchFile>();
+    std::string piece;
+    do {
+        if (!readNext(piece, error))
             return false;
-        _hasFailed = false;
-        _window.clear();
-        _windowBegin = 0;
-    }
-    for (uint64_t end = _windowBegin + _window.size(); offset > end || size > end - offset;
-         end = _windowBegin + _window.size()) {
-        const size_t passed = std::min<uint64_t>(offset - _windowBegin, _window.size());
-        _window.erase(0, passed);
-        _windowBegin += passed;
-        if (!readStep(_window))
-            return false;
-    }
-    return true;
+        _wholeBytes += piece.size();
+    } while (!piece.empty() && _whole->append(piece));
+    _whole->flush();
+    error = _whole->error();
+    return error.empty();
+}
+
+bool InputFile::readUnpacked(uint64_t offset, uint64_t size, std::string& out)
+{
+    if (offset > _wholeBytes || size > _wholeBytes - offset)
+        return false;
+    out.resize(size);
+    return _whole->read(offset, out.data(), size) == size;
 }
 
 bool InputFile::read(uint64_t offset, uint64_t size, std::string& out, std::string& error)
 {
-    if (size > largestPiece || !fillWindow(offset, size)) {
-        error = _path + " is damaged or too short: " + std::to_string(size) + " bytes at " +
-                std::to_string(offset) + " cannot be read";
+    if (_unpacked && !_whole && !unpackWhole(error))
         return false;
-    }
-    out.assign(_window, offset - _windowBegin, size);
-    return true;
+    if (size <= largestPiece &&
+        (_whole ? readUnpacked(offset, size, out) : _file.readAt(offset, size, out)))
+        return true;
+    error = _path + " is damaged or too short: " + std::to_string(size) + " bytes at " +
+            std::to_string(offset) + " cannot be read";
+    return false;
 }
 
 bool InputFile::readNext(std::string& out, std::string& error)
@@ -109,27 +111,46 @@ bool InputFile::readNext(std::string& out, std::string& error)
     return !_hasFailed;
 }
 
-bool InputFile::readLine(std::string& line, bool& isEnd, std::string& error)
+/// Fills the window until it has `size` bytes more behind the last line, if there are so many.
+bool InputFile::fillWindow(size_t size, std::string& error)
 {
-    size_t end = _window.find('\n', _lineBegin);
-    while (end == std::string::npos) {
+    if (_window.size() - _lineBegin < size)
         _window.erase(0, std::exchange(_lineBegin, 0));
-        const size_t known = _window.size();
+    while (_window.size() - _lineBegin < size && readStep(_window)) {
+    }
+    if (_hasFailed)
+        error = reasonOfFailure();
+    return !_hasFailed;
+}
+
+bool InputFile::readLine(std::string& line, bool& isEnd, std::string& error, char lineEnd)
+{
+    size_t known = 0; // bytes of the line that hold no end
+    size_t end = _window.find(lineEnd, _lineBegin);
+    while (end == std::string::npos) {
+        known = _window.size() - _lineBegin;
         if (known > largestPiece) {
             error = name() + ": a line is longer than 64 MiB";
             return false;
         }
-        if (!readStep(_window))
+        if (!fillWindow(known + 1, error))
+            return false;
+        if (_window.size() - _lineBegin == known)
             break;
-        end = _window.find('\n', known);
+        end = _window.find(lineEnd, _lineBegin + known);
     }
-    if (_hasFailed) {
-        error = reasonOfFailure();
-        return false;
-    }
-    isEnd = end == std::string::npos && _lineBegin == _window.size();
+    isEnd = end == std::string::npos && known == 0;
     line.assign(_window, _lineBegin, end == std::string::npos ? end : end - _lineBegin);
     _lineBegin = end == std::string::npos ? _window.size() : end + 1;
+    return true;
+}
+
+bool InputFile::readBytes(size_t size, std::string& bytes, std::string& error)
+{
+    if (!fillWindow(size, error))
+        return false;
+    bytes.assign(_window, _lineBegin, size);
+    _lineBegin += bytes.size();
     return true;
 }
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/sources/bytestream.h"
+#include "lexicon/sources/input/bytestream.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -26,7 +27,9 @@ public:
     /// The bytes that come next, at most `size`; they are still to be read.
     std::string_view head(std::size_t size);
     long read(char* out, std::size_t size) override;
-    bool rewind() override;
+
+    /// Reads `size` bytes at `offset`, wherever read() stands; false when they are not all there.
+    bool readAt(uint64_t offset, uint64_t size, std::string& out) const;
 
     /// Whether the file has the size and the time of change that it had when it was opened.
     bool isUnchanged() const;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/rawfile.h"
+#include "lexicon/sources/input/rawfile.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <limits>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -66,13 +67,23 @@ long RawFile::read(char* out, std::size_t size)
     return static_cast<long>(given);
 }
 
-bool RawFile::rewind()
+bool RawFile::readAt(uint64_t offset, uint64_t size, std::string& out) const
 {
-    _ahead.clear();
-    if (::lseek(_descriptor, 0, SEEK_SET) == 0)
-        return true;
-    _reason = std::strerror(errno);
-    return false;
+    constexpr auto lastOffset = static_cast<uint64_t>(std::numeric_limits<off_t>::max());
+    out.clear();
+    if (offset > lastOffset || size > lastOffset - offset)
+        return false;
+    out.resize(size);
+    for (std::size_t done = 0; done < size;) {
+        const long got =
+            ::pread(_descriptor, out.data() + done, size - done, static_cast<off_t>(offset + done));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            return false;
+        done += static_cast<std::size_t>(got);
+    }
+    return true;
 }
 
 bool RawFile::isUnchanged() const

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/sources/rawfile.h"
+#include "lexicon/entries/scratchfile.h"
+#include "lexicon/sources/input/rawfile.h"
 
 #include <cstdint>
 #include <memory>
@@ -38,31 +39,39 @@ public:
     /// Reads everything. Nothing else may have been read before.
     bool readAll(std::string& content, std::string& error);
 
-    /// Reads `size` bytes at `offset` of the unpacked data; fails when they are not all there. To
-    /// go back to an earlier offset is to read from the beginning.
+    /// Reads `size` bytes at `offset` of the unpacked data; fails when they are not all there. At
+    /// the first time, what is packed is unpacked into a temporary file. Of the other functions
+    /// that read, only head() may be used besides.
     bool read(uint64_t offset, uint64_t size, std::string& out, std::string& error);
 
     /// Reads the next piece of the data, empty at the end.
     bool readNext(std::string& out, std::string& error);
 
-    /// Reads the next line without its end; `isEnd` tells that there is none.
-    bool readLine(std::string& line, bool& isEnd, std::string& error);
+    /// Reads the next line without its end; `isEnd` tells that there is none. Lines may end with
+    /// another sign than the line feed.
+    bool readLine(std::string& line, bool& isEnd, std::string& error, char lineEnd = '\n');
+
+    /// Reads the next `size` bytes behind a line, or as many as there are.
+    bool readBytes(size_t size, std::string& bytes, std::string& error);
 
     /// Fails when the file changed since it was opened: what was read does not belong together.
     bool checkUnchanged(std::string& error) const;
 
 private:
     bool readStep(std::string& out);
-    bool fillWindow(uint64_t offset, uint64_t size);
+    bool unpackWhole(std::string& error);
+    bool readUnpacked(uint64_t offset, uint64_t size, std::string& out);
+    bool fillWindow(size_t size, std::string& error);
     std::string reasonOfFailure() const;
 
     std::string _path;
     RawFile _file;
     std::unique_ptr<ByteStream> _unpacked; ///< null when the file is not packed
     bool _hasFailed = false;
-    std::string _window;       ///< the piece of the data around the last offset
-    uint64_t _windowBegin = 0; ///< its place in the unpacked data, bytes
-    size_t _lineBegin = 0;     ///< place of the next line in the window
+    std::unique_ptr<ScratchFile> _whole; ///< the unpacked data, for read()
+    uint64_t _wholeBytes = 0;
+    std::string _window;   ///< what was unpacked and is still to be handed over
+    size_t _lineBegin = 0; ///< place of the next line in the window
 };
 
 } // namespace teskel

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lexicon/sources/bytestream.h"
+#include "lexicon/sources/input/bytestream.h"
 
 #include <string>
 #include <string_view>
@@ -26,10 +26,8 @@ public:
     ~ArchiveStream() override;
 
     long read(char* out, std::size_t size) override;
-    bool rewind() override;
 
 private:
-    void open();
     /// What libarchive calls for more packed bytes.
     static long handOver(archive* reader, void* self, const void** bytes);
 

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/sources/input/inputdevice.h"
+
+#include <algorithm>
+
+namespace teskel
+{
+
+qint64 InputDevice::readData(char* data, qint64 maxSize)
+{
+    if (_handedOver == _piece.size()) {
+        _handedOver = 0;
+        if (!_reason.empty() || isBeyondLimit() || !_input.readNext(_piece, _reason)) {
+            _piece.clear();
+            return -1;
+        }
+    }
+    const size_t size =
+        std::min(static_cast<size_t>(std::max<qint64>(maxSize, 0)), _piece.size() - _handedOver);
+    _piece.copy(data, size, _handedOver);
+    _handedOver += size;
+    _bytesRead += size;
+    _isEnd = _piece.empty();
+    return static_cast<qint64>(size);
+}
+
+} // namespace teskel

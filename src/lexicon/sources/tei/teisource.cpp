@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/sources/tei/teisource.h"
+
+#include "lexicon/diagnostics/diagnosticcode.h"
+#include "lexicon/sources/siblingfile.h"
+#include "lexicon/sources/tei/teilayout.h"
+
+namespace teskel
+{
+
+Likeness TeiSource::looksLike(const std::string& path, std::string_view head)
+{
+    const size_t begin = head.find_first_not_of("\xEF\xBB\xBF \t\r\n");
+    const bool isXml = begin != std::string_view::npos && head[begin] == '<';
+    for (const std::string_view root : {"<TEI>", "<TEI ", "<TEI\n", "<TEI\r", "<TEI\t", "<TEI.2"}) {
+        if (isXml && head.find(root) != std::string_view::npos)
+            return Likeness::Certain;
+    }
+    const bool isNamed = !siblingfile::base(path, {".tei", ".xml"}).empty();
+    return isNamed ? Likeness::Named : Likeness::None;
+}
+
+TeiSource::TeiSource(std::unique_ptr<InputFile> input)
+    : _input(std::move(input))
+    , _device(*_input)
+    , _reader(&_device)
+{
+}
+
+std::string TeiSource::place(int64_t line) const
+{
+    return placeInFile(_input->name(), static_cast<uint64_t>(line));
+}
+
+/// Goes on to the next token; false at the end and when something is wrong.
+bool TeiSource::next()
+{
+    // A single token may be as long as it likes, were there no limit.
+    _device.setLimit(_entryBegin + largestEntry);
+    const QXmlStreamReader::TokenType token = _reader.readNext();
+    _depth += token == QXmlStreamReader::StartElement ? 1 : 0;
+    _depth -= token == QXmlStreamReader::EndElement ? 1 : 0;
+    if (_device.isBeyondLimit())
+        _failure = "an entry, or what stands between entries, is longer than 4 MiB";
+    else if (_depth > deepest)
+        _failure = "elements nest more than " + std::to_string(deepest) + " deep";
+    else if (token == QXmlStreamReader::EntityReference) // declared in a DTD of another file
+        _failure = "\"&" + _reader.name().toString().toStdString() + ";\" is not declared here";
+    else if (_reader.hasError())
+        _failure = "no well-formed XML: " + _reader.errorString().toStdString();
+    return _failure.empty() && !_reader.atEnd();
+}
+
+/// Reads the element whose beginning is the current token, to its end.
+bool TeiSource::readNode(TeiNode& node)
+{
+    node.name = _reader.name().toString();
+    node.type = _reader.attributes().value(QLatin1String("type")).toString();
+    std::vector<TeiNode*> open = {&node}; // children of the last one alone are added to
+    while (next()) {
+        if (_reader.isStartElement()) {
+            TeiNode child;
+            child.name = _reader.name().toString();
+            child.type = _reader.attributes().value(QLatin1String("type")).toString();
+            open.back()->children.push_back(std::move(child));
+            open.push_back(&open.back()->children.back());
+        } else if (_reader.isEndElement()) {
+            open.pop_back();
+            if (open.empty())
+                return true;
+        } else if (_reader.isCharacters()) {
+            TeiNode text;
+            text.text = _reader.text().toString();
+            open.back()->children.push_back(std::move(text));
+        }
+    }
+    return false;
+}
+
+void TeiSource::noteExternalEntities(EntryIntake& intake)
+{
+    for (const QXmlStreamEntityDeclaration& entity : _reader.entityDeclarations()) {
+        if (!entity.systemId().isEmpty() || !entity.publicId().isEmpty())
+            intake.note(diagnostic::externalEntity, place(_reader.lineNumber()),
+                        "the text of \"&" + entity.name().toString().toStdString() +
+                            ";\" is in another file, which is not read; it is left out");
+    }
+}
+
+void TeiSource::takeTitle()
+{
+    TeiNode title;
+    if (readNode(title) && _description.empty())
+        _description = title.content();
+}
+
+void TeiSource::takeEntry(EntryIntake& intake)
+{
+    const std::string where = place(_reader.lineNumber());
+    TeiNode node;
+    if (!readNode(node))
+        return;
+    const TeiEntry entry = TeiEntry::layOut(node);
+    if (entry.forms.empty())
+        intake.note(diagnostic::entryWithoutWord, where,
+                    "an entry without <orth> is left out: " +
+                        entry.text.substr(0, entry.text.find('\n')));
+    for (const TeiEntry::Form& form : entry.forms)
+        addLaidOut(intake, form.word, Written::AsKey, form.line + "\n" + entry.text, ++_entryNumber,
+                   where);
+}
+
+bool TeiSource::read(EntryIntake& intake, std::string& error)
+{
+    bool isTei = false;
+    bool isInHeader = false;
+    while (next()) {
+        const QStringView name = _reader.name();
+        if (_reader.isDTD())
+            noteExternalEntities(intake);
+        if (_reader.isStartElement() && !isTei) {
+            isTei = name == u"TEI" || name == u"TEI.2";
+            if (!isTei) {
+                error = _input->name() + " is no TEI document: its root is <" +
+                        name.toString().toStdString() + ">";
+                return false;
+            }
+        } else if (name == u"teiHeader") {
+            isInHeader = _reader.isStartElement();
+        } else if (_reader.isStartElement() && isInHeader && name == u"title") {
+            takeTitle();
+        } else if (_reader.isStartElement() && !isInHeader && name == u"entry") {
+            takeEntry(intake);
+        }
+        if (!isInHeader && (_reader.isEndElement() || _reader.isStartElement()))
+            _entryBegin = _device.bytesRead();
+    }
+    if (!_device.reason().empty())
+        error = _device.reason();
+    else if (!_failure.empty())
+        error = place(_reader.lineNumber()) + ": " + _failure;
+    else
+        return _input->checkUnchanged(error);
+    return false;
+}
+
+} // namespace teskel
