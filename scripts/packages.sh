@@ -8,6 +8,7 @@ packages_build=(
 packages_reader=(qt6-qpa-plugins fonts-dejavu-core dict-freedict-eng-deu dict-freedict-deu-eng)
 packages_test=(
     arj 7zip dictzip gzip xz-utils zstd locales # independent witnesses of the packed records
+    sdcv                                       # and of the exports
     xvfb openbox xdotool xclip x11-utils imagemagick
     dbus dbus-daemon at-spi2-core python3 python3-pyatspi # the reader as a screen reader sees it
     dict-freedict-eng-rus dict-freedict-ell-eng dict-wn # texts beyond Latin-1, numbered senses

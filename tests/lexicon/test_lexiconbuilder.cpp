@@ -224,9 +224,10 @@ void TestLexiconBuilder::descriptionOptionIsPlainText()
 void TestLexiconBuilder::longDescriptionIsCutAndReported()
 {
     QVERIFY(buildTsv("\t" + QByteArray("x").repeated(508) + "&amp;\nhouse\tHaus\n"));
-    QCOMPARE(_report.notes.size(), size_t{1});
-    QCOMPARE(_report.notes.front(),
-             std::string("the description has 513 bytes, more than 511; its end is left out"));
+    QCOMPARE(_report.diagnostics.lines().size(), size_t{1});
+    QCOMPARE(_report.diagnostics.lines().front(),
+             std::string("warning[long-description]: the description has 513 bytes, more than 511; "
+                         "its end is left out"));
     QtDictionary dictionary;
     QCOMPARE(dictionary.open(output()), 0);
     char text[512];
@@ -260,9 +261,10 @@ void TestLexiconBuilder::emptyHeadwordIsKeptAndReported()
     BuildOptions options;
     options.force = true;
     QVERIFY(buildTsv("house\tHaus\n  \tnowhere\n", options));
-    QCOMPARE(_report.notes.size(), size_t{1});
-    QCOMPARE(_report.notes.front(),
-             input() + ":2: the headword is empty; its article is under \"?\"");
+    QCOMPARE(_report.diagnostics.lines().size(), size_t{1});
+    QCOMPARE(_report.diagnostics.lines().front(),
+             input() +
+                 ":2: warning[empty-headword]: the headword is empty; its article is under \"?\"");
     QtDictionary dictionary;
     QCOMPARE(dictionary.open(output()), 0);
     QCOMPARE(articleOf(dictionary, "?"), QByteArray("nowhere"));
@@ -273,11 +275,11 @@ void TestLexiconBuilder::longHeadwordIsKeptWholeInItsArticle()
     const QByteArray headword = QByteArray("long & ").repeated(80) + "end";
     QVERIFY(buildTsv(headword + "\tlang\n"));
     verifyValid(output());
-    QCOMPARE(_report.notes.size(), size_t{1});
-    QVERIFY(_report.notes.front().starts_with(input() +
-                                              ":1: the headword has 563 bytes, more than 511; "
-                                              "it is shortened and stands whole in its "
-                                              "article: long & "));
+    QCOMPARE(_report.diagnostics.lines().size(), size_t{1});
+    QVERIFY(_report.diagnostics.lines().front().starts_with(
+        input() + ":1: warning[long-headword]: the headword has 563 bytes, more than 511; "
+                  "it is shortened and stands whole in its "
+                  "article: long & "));
     QtDictionary dictionary;
     QCOMPARE(dictionary.open(output()), 0);
     QCOMPARE(articleOf(dictionary, headword.left(511).trimmed().constData()),
@@ -357,11 +359,12 @@ void TestLexiconBuilder::linesAboutTheDictionaryAreNoEntries()
     QCOMPARE(QByteArray(text), QByteArray("described"));
     QCOMPARE(_report.headwords, uint64_t{1});
     QCOMPARE(
-        _report.notes,
-        (std::vector<std::string>{
-            input() + ":2: \"##licence\" is left out: \"##description\" alone has a place in a "
-                      "lexicon",
-            input() + ":3: \"##description\" is left out: the description is known already"}));
+        _report.diagnostics.lines(),
+        (std::vector<std::string>{input() + ":2: warning[unknown-property]: \"##licence\" is left "
+                                            "out: \"##description\" alone has a place in a "
+                                            "lexicon",
+                                  input() + ":3: warning[unknown-property]: \"##description\" is "
+                                            "left out: the description is known already"}));
 }
 
 void TestLexiconBuilder::failureLeavesNothingBehind()

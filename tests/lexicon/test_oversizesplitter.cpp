@@ -103,7 +103,7 @@ void TestOversizeSplitter::whatFitsStaysAsItIs()
     const auto entries = split({entry("a", "x"), entry("house", lines(32767 - 1 - 2 - 5))});
     QCOMPARE(headwords(entries), (QByteArrayList{"a", "house"}));
     QVERIFY(allFit(entries));
-    QVERIFY(_report.notes.empty());
+    QVERIFY(_report.diagnostics.lines().empty());
 }
 
 void TestOversizeSplitter::longArticleGoesOnUnderANumberedHeadword()
@@ -114,11 +114,11 @@ void TestOversizeSplitter::longArticleGoesOnUnderANumberedHeadword()
     QCOMPARE(headwords(entries), (QByteArrayList{"house", "house (2)", "house (3)", "mouse"}));
     QVERIFY(allFit(entries));
     QVERIFY(joined({entries.begin(), entries.begin() + 3}) == article);
-    QCOMPARE(_report.notes.size(), size_t{1});
-    QCOMPARE(
-        _report.notes.front(),
-        std::string("the articles of \"house\" fill more than one record of 32,767 bytes; they "
-                    "go on under \"house (2)\" and so on"));
+    QCOMPARE(_report.diagnostics.lines().size(), size_t{1});
+    QCOMPARE(_report.diagnostics.lines().front(),
+             std::string("warning[long-article]: the articles of \"house\" fill more than one "
+                         "record of 32,767 bytes; they "
+                         "go on under \"house (2)\" and so on"));
 }
 
 void TestOversizeSplitter::wordsThatFoldAlikeShareOneRecord()

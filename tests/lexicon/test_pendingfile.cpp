@@ -6,7 +6,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +29,8 @@ private slots:
     void saysWhyItCannotBeCreated();
     void saysWhyItCannotBeCommitted();
     void replacesNoPipe();
+    void severalAreWrittenAtATime();
+    void signalRemovesAllThatAreUnfinished();
 };
 
 namespace
@@ -138,6 +144,41 @@ void TestPendingFile::replacesNoPipe()
     QCOMPARE(::stat(target.c_str(), &status), 0);
     QVERIFY(S_ISFIFO(status.st_mode));
     QVERIFY(filesIn(directory).isEmpty());
+}
+
+void TestPendingFile::severalAreWrittenAtATime()
+{
+    const QTemporaryDir directory;
+    std::string error;
+    {
+        PendingFile first(pathIn(directory, "a"));
+        PendingFile second(pathIn(directory, "b"));
+        PendingFile third(pathIn(directory, "c"));
+        QVERIFY(first.write("1") && second.write("2") && third.write("3"));
+        QCOMPARE(filesIn(directory).size(), 3);
+        QVERIFY(first.commit(error) && third.commit(error));
+    }
+    QCOMPARE(filesIn(directory), (QStringList{u"a"_s, u"c"_s}));
+}
+
+void TestPendingFile::signalRemovesAllThatAreUnfinished()
+{
+    const QTemporaryDir directory;
+    const pid_t child = ::fork();
+    if (child == 0) {
+        std::string error;
+        PendingFile done(pathIn(directory, "done"));
+        done.commit(error);
+        const PendingFile first(pathIn(directory, "a"));
+        const PendingFile second(pathIn(directory, "b"));
+        ::raise(SIGTERM);
+        ::_exit(0);
+    }
+    int status = 0;
+    QCOMPARE(::waitpid(child, &status, 0), child);
+    QVERIFY(WIFSIGNALED(status));
+    QCOMPARE(WTERMSIG(status), SIGTERM);
+    QCOMPARE(filesIn(directory), QStringList{u"done"_s});
 }
 
 QTEST_APPLESS_MAIN(TestPendingFile)

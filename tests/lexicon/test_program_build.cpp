@@ -11,6 +11,7 @@
 
 #include <csignal>
 
+#include <sched.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -30,6 +31,10 @@ private slots:
     void manyLostHeadwordsAreRefused();
     void summaryNamesByteOrderMarksWithinTexts();
     void quietBuildPrintsNothing();
+    void strictBuildRefusesWhatItWarnsOf_data();
+    void strictBuildRefusesWhatItWarnsOf();
+    void placeAndTimeChangeNothing_data();
+    void placeAndTimeChangeNothing();
     void buildReadsStandardInput();
     void buildReadsDictdIndexes();
     void buildMergesSourcesOfSeveralKinds();
@@ -72,18 +77,27 @@ void TestProgramBuild::buildPrintsItsSummaryOnStandardError()
         words({"build", "-", "-o", "summary.PDB", "--plain-latin"}), "a…\tx… ń 日\na…\ty\na…\ty\n");
     QCOMPARE(result.code, 0);
     QCOMPARE(result.out, QByteArray());
-    QCOMPARE(result.err, QByteArray("1 characters written as a named entity:\n"
-                                    "  … U+2026 -> \"&hellip;\" 1\n"
-                                    "4 characters written in other letters:\n"
-                                    "  ń U+0144 -> \"n\" 1\n"
-                                    "  … U+2026 -> \"...\" 3\n"
-                                    "1 characters unknown to Latin-1, written as \"?\":\n"
-                                    "  日 U+65E5 -> \"?\" 1\n"
-                                    "3 entries read, 1 headwords written, 1 of them with several "
-                                    "articles, 1 repeated articles kept once\n"
-                                    "1 word records, 28 bytes of text in a file of " +
-                                    QByteArray::number(_program.bytesOf("summary.PDB").size()) +
-                                    " bytes, 1 words looked up again\n"));
+    QCOMPARE(result.err,
+             QByteArray("standard input:1: warning[other-letters]: ń U+0144 is not in "
+                        "Latin-1; written as \"n\"\n"
+                        "standard input:1: note[named-entity]: … U+2026 is not in "
+                        "Latin-1; written as \"&hellip;\"\n"
+                        "standard input:1: warning[other-letters]: … U+2026 is not in "
+                        "Latin-1; written as \"...\"\n"
+                        "standard input:1: warning[unknown-character]: 日 U+65E5 is not "
+                        "in Latin-1; written as \"?\"\n"
+                        "1 characters written as a named entity:\n"
+                        "  … U+2026 -> \"&hellip;\" 1\n"
+                        "4 characters written in other letters:\n"
+                        "  ń U+0144 -> \"n\" 1\n"
+                        "  … U+2026 -> \"...\" 3\n"
+                        "1 characters unknown to Latin-1, written as \"?\":\n"
+                        "  日 U+65E5 -> \"?\" 1\n"
+                        "3 entries read, 1 headwords written, 1 of them with several "
+                        "articles, 1 repeated articles kept once\n"
+                        "1 word records, 28 bytes of text in a file of " +
+                        QByteArray::number(_program.bytesOf("summary.PDB").size()) +
+                        " bytes, 1 words looked up again\n"));
 }
 
 void TestProgramBuild::summaryCountsRomanizedHeadwords()
@@ -92,7 +106,9 @@ void TestProgramBuild::summaryCountsRomanizedHeadwords()
                                               "вода\tx…\n日本\ty \xFF\nwater\tz\n");
     QCOMPARE(result.code, 0);
     QCOMPARE(result.err,
-             QByteArray("1 characters that are no UTF-8:\n"
+             QByteArray("standard input:2: warning[invalid-utf8]: a byte is no UTF-8; written as "
+                        "\"&_pppn;\"\n"
+                        "1 characters that are no UTF-8:\n"
                         "  U+FFFD -> \"&_pppn;\" 1\n"
                         "2 headwords written in Latin letters; each stands in its article as it is "
                         "written\n"
@@ -109,7 +125,7 @@ void TestProgramBuild::manyLostHeadwordsAreRefused_data()
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QByteArray>("refusal");
     const auto refusal = [](int total) {
-        return "teskel-lexicon: -: 1 of " + QByteArray::number(total) +
+        return "teskel-lexicon: standard input: 1 of " + QByteArray::number(total) +
                " headwords would be empty or \"?\": is the source in UTF-8, with the headword "
                "first? --force builds it all the same\n";
     };
@@ -156,6 +172,91 @@ void TestProgramBuild::quietBuildPrintsNothing()
     QCOMPARE(result.code, 0);
     QCOMPARE(result.out, QByteArray());
     QCOMPARE(result.err, QByteArray());
+}
+
+void TestProgramBuild::strictBuildRefusesWhatItWarnsOf_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("tsv");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QByteArray>("err"); // its beginning
+    const QByteArray error =
+        "standard input:2: error[empty-headword]: the headword is empty; its article is under "
+        "\"?\"\nteskel-lexicon: cannot write strict.PDB: --strict makes 1 warnings errors\n";
+    const QByteArray warned = "a\tx\n \ty\n";
+    QTest::newRow("nothing to warn of")
+        << words({"--strict"}) << QByteArray("a\tx\n") << 0 << QByteArray("1 entries read, ");
+    QTest::newRow("empty headword") << words({"--strict"}) << warned << 3 << error;
+    QTest::newRow("errors are told quietly, too")
+        << words({"--strict", "--quiet"}) << warned << 3 << error;
+    QTest::newRow("a warning alone") << QStringList() << warned << 0
+                                     << QByteArray("standard input:2: warning[empty-headword]: ");
+}
+
+void TestProgramBuild::strictBuildRefusesWhatItWarnsOf()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, tsv);
+    QFETCH(int, code);
+    QFETCH(QByteArray, err);
+    const QStringList before = QDir(_program.directory()).entryList();
+    const ProgramResult result =
+        _program.run(words({"build", "-", "-o", "strict.PDB", "--force"}) + options, tsv);
+    QCOMPARE(result.code, code);
+    QVERIFY2(result.err.startsWith(err), result.err.constData());
+    QCOMPARE(QFile::remove(_program.path("strict.PDB")), code == 0);
+    QCOMPARE(QDir(_program.directory()).entryList(), before);
+}
+
+void TestProgramBuild::placeAndTimeChangeNothing_data()
+{
+    QTest::addColumn<QString>("variable");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<bool>("oneCore");
+    QTest::newRow("Turkish") << u"LC_ALL"_s << u"tr_TR.UTF-8"_s << false;
+    QTest::newRow("German, commas in numbers") << u"LC_ALL"_s << u"de_DE.ISO-8859-1"_s << false;
+    QTest::newRow("no locale") << u"LC_ALL"_s << QString() << false;
+    QTest::newRow("tomorrow's side of the date line")
+        << u"TZ"_s << u"Pacific/Kiritimati"_s << false;
+    QTest::newRow("yesterday's side of the date line")
+        << u"TZ"_s << u"Pacific/Pago_Pago"_s << false;
+    QTest::newRow("one core") << u"TZ"_s << u"UTC"_s << true;
+}
+
+// Locales are made for the test, because a machine may lack them.
+void TestProgramBuild::placeAndTimeChangeNothing()
+{
+    QFETCH(QString, variable);
+    QFETCH(QString, value);
+    QFETCH(bool, oneCore);
+    const QTemporaryDir locales;
+    if (const QStringList parts = value.split(u'.'); parts.size() == 2)
+        QCOMPARE(QProcess::execute(u"localedef"_s,
+                                   {u"-i"_s, parts[0], u"-f"_s, parts[1], locales.filePath(value)}),
+                 0);
+    QVERIFY(
+        writeFile(_program.path("many.tsv"),
+                  QByteArray("\tÜber İstanbul\nI\tı İ i\nß\t1,5\nİ\tΣ σ\n") + manyEntries(5000)));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"LOCPATH"_s, locales.path());
+    environment.insert(variable, value);
+    process.setProcessEnvironment(environment);
+    if (oneCore) {
+        process.setChildProcessModifier([] {
+            cpu_set_t cores;
+            CPU_ZERO(&cores);
+            CPU_SET(::sched_getcpu(), &cores);
+            ::sched_setaffinity(0, sizeof cores, &cores);
+        });
+    }
+    const ProgramResult here = _program.run(words({"build", "many.tsv", "-o", "here.PDB"}));
+    const ProgramResult there =
+        _program.run(process, words({"build", "many.tsv", "-o", "there.PDB"}));
+    QVERIFY(_program.bytesOf("here.PDB").size() > 5000);
+    QVERIFY(_program.bytesOf("there.PDB") == _program.bytesOf("here.PDB"));
+    QCOMPARE(there.err, here.err);
+    QCOMPARE(there.code, 0);
 }
 
 void TestProgramBuild::buildReadsStandardInput()

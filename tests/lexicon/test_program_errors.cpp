@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,8 @@ private slots:
     void initTestCase();
     void helpIsDataAndSuccess_data();
     void helpIsDataAndSuccess();
+    void manualsNameEveryCommandAndOption_data();
+    void manualsNameEveryCommandAndOption();
     void wrongCommandLines_data();
     void wrongCommandLines();
     void unreadableFilesEndWithThree_data();
@@ -54,6 +57,39 @@ void TestProgramErrors::helpIsDataAndSuccess()
     QCOMPARE(result.code, 0);
     QVERIFY(result.out.contains(part));
     QCOMPARE(result.err, QByteArray());
+}
+
+void TestProgramErrors::manualsNameEveryCommandAndOption_data()
+{
+    QTest::addColumn<QString>("manual");
+    QTest::newRow("Markdown") << QStringLiteral(TESKEL_DOCS "/teskel-lexicon.md");
+    QTest::newRow("man page") << QStringLiteral(TESKEL_DOCS "/man/teskel-lexicon.1");
+}
+
+void TestProgramErrors::manualsNameEveryCommandAndOption()
+{
+    QFETCH(QString, manual);
+    QFile file(manual);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll()).replace("\\-"_L1, "-"_L1);
+    const QString help = QString::fromUtf8(_program.run(words({"--help"})).out);
+    const QRegularExpression command(u"^  ([a-z]+) +[A-Z]"_s, QRegularExpression::MultilineOption);
+    const QRegularExpression option(u"--[a-z][a-z-]+"_s);
+    int commands = 0;
+    for (const QRegularExpressionMatch& match :
+         command.globalMatch(help.mid(help.indexOf("Subcommands:"_L1)))) {
+        const QString name = match.captured(1);
+        ++commands;
+        QVERIFY2(text.contains("teskel-lexicon "_L1 + name), qPrintable(name));
+        const QString options = QString::fromUtf8(_program.run({name, u"--help"_s}).out);
+        for (const QRegularExpressionMatch& each : option.globalMatch(options)) {
+            // Both are known by their short names.
+            const bool isShort = each.captured() == "--help"_L1 || each.captured() == "--output"_L1;
+            const bool isKnown = isShort || text.contains(each.captured());
+            QVERIFY2(isKnown, qPrintable(name + u' ' + each.captured()));
+        }
+    }
+    QCOMPARE(commands, 8);
 }
 
 void TestProgramErrors::wrongCommandLines_data()

@@ -92,7 +92,7 @@ void TestStarDictSource::readsWordsInTheOrderOfTheIndex()
     QVERIFY(writer.write(file("s")));
     QCOMPARE(read(file("s.ifo")),
              (QByteArrayList{"ant: Ameise", "bee: Biene\nImme", "cow: Ameise"}));
-    QVERIFY(_report.notes.empty());
+    QVERIFY(_report.diagnostics.lines().empty());
 }
 
 void TestStarDictSource::alternativesHaveTheSameArticle()
@@ -145,20 +145,24 @@ void TestStarDictSource::notesWhatIsLeftOut_data()
 {
     QTest::addColumn<QByteArray>("types");
     QTest::addColumn<QByteArray>("article");
+    QTest::addColumn<QByteArray>("code");
     QTest::addColumn<QByteArray>("note");
     const QByteArray end(1, '\0');
     QTest::newRow("unknown type") << QByteArray("mr") << "a" + end + "img:x.png"
+                                  << QByteArray("unknown-field")
                                   << QByteArray(
                                          "a field of type \"r\" is left out: it cannot be shown");
     QTest::newRow("picture") << QByteArray("") << QByteArray("ma\0W\0\0\0\1x", 9)
+                             << QByteArray("unknown-field")
                              << QByteArray("a field of type \"W\" is left out: it cannot be shown");
     QTest::newRow("Latin-1") << QByteArray("l") << QByteArray("\xE4")
+                             << QByteArray("field-encoding")
                              << QByteArray(
                                     "a field of type \"l\" is no UTF-8; it is read as Latin-1");
     QTest::newRow("size beyond the article")
-        << QByteArray("mWm") << QByteArray("a\0\xFF\xFF\xFF\xFFx", 7)
+        << QByteArray("mWm") << QByteArray("a\0\xFF\xFF\xFF\xFFx", 7) << QByteArray("field-length")
         << QByteArray("a field is longer than its article; what is there is taken");
-    QTest::newRow("no end") << QByteArray("mm") << QByteArray("a")
+    QTest::newRow("no end") << QByteArray("mm") << QByteArray("a") << QByteArray("field-length")
                             << QByteArray(
                                    "a field is longer than its article; what is there is taken");
 }
@@ -167,13 +171,15 @@ void TestStarDictSource::notesWhatIsLeftOut()
 {
     QFETCH(QByteArray, types);
     QFETCH(QByteArray, article);
+    QFETCH(QByteArray, code);
     QFETCH(QByteArray, note);
     QVERIFY(StarDictWriter().setTypeSequence(types).add("word", article).write(file("s")));
     QCOMPARE(read(file("s.ifo")).size(), 1);
-    const std::string place = file("s.idx").toStdString() + ":1: ";
-    QVERIFY2(std::find(_report.notes.begin(), _report.notes.end(), place + note.toStdString()) !=
-                 _report.notes.end(),
-             _report.notes.empty() ? "no note" : _report.notes.front().c_str());
+    const std::string place = file("s.idx").toStdString() + ":1: warning[" + code.toStdString();
+    const std::vector<std::string> lines = _report.diagnostics.lines();
+    QVERIFY2(std::find(lines.begin(), lines.end(), place + "]: " + note.toStdString()) !=
+                 lines.end(),
+             lines.empty() ? "no note" : lines.front().c_str());
 }
 
 void TestStarDictSource::knowsArticlesThatRepeatTheirWord()
@@ -250,9 +256,11 @@ void TestStarDictSource::notesAWrongCountOfWords()
 {
     QVERIFY(StarDictWriter().add("a", "x").claim("wordcount", "7").write(file("s")));
     QCOMPARE(read(file("s.ifo")), QByteArrayList{"a: x"});
-    QCOMPARE(_report.notes, std::vector<std::string>{
-                                file("s.ifo").toStdString() +
-                                ": it counts 7 words, the index has 1; all of them are taken"});
+    QCOMPARE(
+        _report.diagnostics.lines(),
+        std::vector<std::string>{
+            file("s.ifo").toStdString() +
+            ": warning[word-count]: it counts 7 words, the index has 1; all of them are taken"});
 }
 
 void TestStarDictSource::refusesDamage_data()

@@ -140,7 +140,7 @@ void TestTeiSource::laysEntriesOut()
     QFETCH(QByteArray, entry);
     QFETCH(QByteArrayList, entries);
     QCOMPARE(read(document("<entry>" + entry + "</entry>")), entries);
-    QVERIFY(_report.notes.empty());
+    QVERIFY(_report.diagnostics.lines().empty());
 }
 
 void TestTeiSource::describesItself()
@@ -160,9 +160,10 @@ void TestTeiSource::laterEntriesFollow()
 void TestTeiSource::notesEntriesWithoutAWord()
 {
     QCOMPARE(read(document("\n<entry><sense><def>lost</def></sense></entry>")), QByteArrayList());
-    QCOMPARE(_report.notes.size(), size_t{1});
-    QVERIFY2(_report.notes.front().ends_with("d.tei:4: an entry without <orth> is left out: lost"),
-             _report.notes.front().c_str());
+    QCOMPARE(_report.diagnostics.lines().size(), size_t{1});
+    QVERIFY2(_report.diagnostics.lines().front().ends_with(
+                 "d.tei:4: warning[entry-without-word]: an entry without <orth> is left out: lost"),
+             _report.diagnostics.lines().front().c_str());
 }
 
 void TestTeiSource::knowsDocumentsByTheirRoot_data()
@@ -240,11 +241,11 @@ void TestTeiSource::readsNoOtherFile()
     QCOMPARE(read("<!DOCTYPE TEI [<!ENTITY e SYSTEM \"e.txt\">]>\n<TEI><text><entry><form>"
                   "<orth>a&e;b</orth></form></entry></text></TEI>"),
              QByteArrayList{"ab: ab"});
-    QCOMPARE(_report.notes.size(), size_t{1});
-    QVERIFY2(
-        _report.notes.front().ends_with("d.tei:1: the text of \"&e;\" is in another file, which "
-                                        "is not read; it is left out"),
-        _report.notes.front().c_str());
+    QCOMPARE(_report.diagnostics.lines().size(), size_t{1});
+    QVERIFY2(_report.diagnostics.lines().front().ends_with(
+                 "d.tei:1: warning[external-entity]: the text of \"&e;\" is in another file, which "
+                 "is not read; it is left out"),
+             _report.diagnostics.lines().front().c_str());
 }
 
 void TestTeiSource::refusesEveryTruncation()

@@ -50,7 +50,7 @@ std::string listOf(const std::vector<std::string>& paths)
 {
     std::string list;
     for (const std::string& path : paths)
-        list += (list.empty() ? "" : ", ") + path;
+        list += (list.empty() ? "" : ", ") + (path == "-" ? "standard input" : path);
     return list;
 }
 
@@ -87,13 +87,32 @@ bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, 
 
 bool LexiconBuilder::build(std::string& error)
 {
+    return build([&](EntryIntake& intake,
+                     std::string& description) { return readSources(intake, description, error); },
+                 error);
+}
+
+bool LexiconBuilder::build(LexiconSource& source, std::string& error)
+{
+    return build(
+        [&](EntryIntake& intake, std::string& description) {
+            description = intake.description(source.description(), source.textKind());
+            return source.read(intake, error);
+        },
+        error);
+}
+
+bool LexiconBuilder::build(const Reader& read, std::string& error)
+{
     EntrySorter sorter;
     EntryIntake intake(sorter, _report, _options.text);
     std::string description;
-    if (!readSources(intake, description, error) || !keepsHeadwords(intake, error))
+    _report.progress->begin("reading");
+    if (!read(intake, description) || !keepsHeadwords(intake, error))
         return false;
     _report.conversions = intake.converter().counts();
 
+    _report.progress->begin("sorting");
     const std::unique_ptr<EntryFile> entries = gather(sorter, error);
     if (!entries)
         return false;
@@ -109,18 +128,26 @@ bool LexiconBuilder::build(std::string& error)
         return false;
     }
     if (plan.recordSize() != _options.recordSize)
-        _report.note("record size", "records of " + std::to_string(_options.recordSize) +
-                                        " bytes would be too many for one file; they have up to " +
-                                        std::to_string(plan.recordSize()) + " bytes instead");
+        _report.diagnostics.add(diagnostic::recordSize, {},
+                                "records of " + std::to_string(_options.recordSize) +
+                                    " bytes would be too many for one file; they have up to " +
+                                    std::to_string(plan.recordSize()) + " bytes instead");
     _report.headwords = entries->count();
+    if (_options.strict && _report.diagnostics.warnings() > 0) {
+        error = "cannot write " + _options.output + ": --strict makes " +
+                std::to_string(_report.diagnostics.warnings()) + " warnings errors";
+        return false;
+    }
 
     PendingFile file(_options.output);
     if (!write(file, description, plan, *entries, error))
         return false;
+    _report.progress->begin("checking");
     SpotCheck check(file.path());
     if (!check.run(*entries, error))
         return false;
     _report.spotChecks = check.checkedWords();
+    _report.progress->end();
     return file.commit(error);
 }
 
@@ -172,9 +199,11 @@ bool LexiconBuilder::write(PendingFile& file, const std::string& description,
         ArjMember::pack(std::string_view(description.c_str(), description.size() + 1), encoder));
     writer.add(unusedRecord);
     writer.add(unusedRecord);
+    _report.progress->begin("packing", _report.headwords);
     const auto all = entries.read();
     LexiconEntry entry;
     for (const PlannedRecord& record : plan.records()) {
+        _report.progress->advance(record.entries);
         std::string content;
         for (uint64_t left = record.entries; left > 0 && all->next(entry); --left)
             content += entry.packed();

@@ -5,6 +5,8 @@
 #include "lexicon/entries/lexiconentry.h"
 #include "lexicon/text/textoptions.h"
 
+#include <functional>
+#include <iosfwd>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,6 +18,7 @@ namespace teskel
 class EntryFile;
 class EntryIntake;
 class EntrySorter;
+class LexiconSource;
 class PendingFile;
 class RecordPlan;
 
@@ -35,6 +38,7 @@ struct BuildOptions {
     int method = defaultMethod;
     unsigned recordSize = defaultRecordSize;
     bool numbers = true; ///< number the senses of merged articles
+    bool strict = false; ///< fail when there is anything to warn of
     TextOptions text;
     /// Make the opposite direction, from the translations in the articles.
     bool reversed = false;
@@ -45,20 +49,27 @@ struct BuildOptions {
 class LexiconBuilder
 {
 public:
-    explicit LexiconBuilder(BuildOptions options)
+    /// Shows how far it has come on `terminal`, unless that is null.
+    explicit LexiconBuilder(BuildOptions options, std::ostream* terminal = nullptr)
         : _options(std::move(options))
     {
+        _report.progress = std::make_shared<Progress>(terminal);
     }
 
     /// Reads the sources, writes the file beside its target, looks words up in it and gives it its
     /// name. On failure returns false, leaves nothing behind and says why in `error`.
     bool build(std::string& error);
+    /// The same from this source instead of those in the options.
+    bool build(LexiconSource& source, std::string& error);
 
     const BuildReport& report() const { return _report; }
 
 private:
-    bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
+    using Reader = std::function<bool(EntryIntake& intake, std::string& description)>;
+
+    bool build(const Reader& read, std::string& error);
     bool readSources(EntryIntake& intake, std::string& description, std::string& error);
+    bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
     std::unique_ptr<EntryFile> gather(EntrySorter& sorter, std::string& error);
     bool write(PendingFile& file, const std::string& description, const RecordPlan& plan,
                EntryFile& entries, std::string& error);

@@ -18,9 +18,12 @@ namespace
 
 int buildOne(const BuildOptions& options, bool quiet)
 {
-    LexiconBuilder builder(options);
+    LexiconBuilder builder(options, quiet ? nullptr : terminal());
     std::string error;
-    if (!builder.build(error)) {
+    const bool isBuilt = builder.build(error);
+    builder.report().progress->end();
+    builder.report().diagnostics.print(std::cerr, {options.strict, quiet});
+    if (!isBuilt) {
         complain(error);
         return Failed;
     }
@@ -85,7 +88,8 @@ Action build(CLI::App& options)
     options.add_flag("--no-pronunciation{false}", request->text.pronunciations,
                      "Leave pronunciations out");
     options.add_flag("--force", request->force, "Build even when many headwords are lost");
-    options.add_flag("-q,--quiet", request->quiet, "Print no summary");
+    options.add_flag("--strict", request->strict, "Take warnings for errors: write nothing");
+    options.add_flag("-q,--quiet", request->quiet, "Print errors alone: no warnings, no summary");
     return [request] {
         request->text.form = request->plainLatin ? LatinForm::Plain : LatinForm::LetterReferences;
         return run(*request, request->reverse, request->quiet);

@@ -34,5 +34,7 @@ Action find(CLI::App& options);
 Action list(CLI::App& options);
 Action exportTsv(CLI::App& options);
 Action verify(CLI::App& options);
+Action diff(CLI::App& options);
+Action repair(CLI::App& options);
 
 } // namespace teskel::commands

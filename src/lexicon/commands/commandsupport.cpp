@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commandsupport.h"
 
+#include <cstdlib>
+#include <cstring>
 #include <iostream>
+
+#include <unistd.h>
 
 namespace teskel::commands
 {
@@ -30,6 +34,13 @@ LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file
     if (status != LexiconReader::Status::Ok)
         complain(error);
     return status;
+}
+
+std::ostream* terminal()
+{
+    const char* kind = std::getenv("TERM");
+    const bool isWritable = kind && std::strcmp(kind, "dumb") != 0;
+    return isWritable && ::isatty(STDERR_FILENO) != 0 ? &std::cerr : nullptr;
 }
 
 int finishOutput(int code)

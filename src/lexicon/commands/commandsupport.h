@@ -3,6 +3,7 @@
 
 #include "lexicon/file/lexiconreader.h"
 
+#include <iosfwd>
 #include <string>
 
 namespace teskel::commands
@@ -24,6 +25,9 @@ int exitCode(LexiconReader::Status status);
 
 /// Opens a lexicon; says why when it cannot.
 LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file);
+
+/// The standard error when it is a terminal that can take a line back, else null.
+std::ostream* terminal();
 
 /// Writes out what is still buffered of the standard output. Returns `code`, or Failed with a
 /// sentence when not everything could be written.

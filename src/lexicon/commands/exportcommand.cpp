@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/exports/exporttable.h"
+#include "lexicon/exports/plaintext.h"
 #include "lexicon/file/pendingfile.h"
 #include "lexicon/sources/tsv.h"
 #include "lexicon/text/givenback.h"
 #include "lexicon/text/utf8.h"
 
+#include <algorithm>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -17,6 +20,15 @@ namespace teskel::commands
 
 namespace
 {
+
+/// The kind of export from which a build makes the same file again.
+constexpr const char* tsvKind = "tsv";
+
+struct ExportOptions {
+    std::string file;
+    std::string kind = tsvKind;
+    std::string output; ///< empty and "-" are the standard output
+};
 
 /// Takes a line of TSV; false ends the export.
 using Sink = std::function<bool(const std::string&)>;
@@ -51,14 +63,8 @@ int exportToFile(LexiconReader& reader, const std::string& file, const std::stri
     return Done;
 }
 
-/// An empty `output` is the standard output.
-int run(const std::string& file, const std::string& output)
+int exportToOutput(LexiconReader& reader, const std::string& file)
 {
-    LexiconReader reader;
-    if (const auto status = openLexicon(reader, file); status != LexiconReader::Status::Ok)
-        return exitCode(status);
-    if (!output.empty() && output != "-")
-        return exportToFile(reader, file, output);
     std::string error;
     const auto write = [](const std::string& line) {
         std::cout << line;
@@ -70,19 +76,69 @@ int run(const std::string& file, const std::string& output)
     return finishOutput(exitCode(status));
 }
 
+/// The description without its markup and on one line, or else the name.
+std::string titleOf(LexiconReader& reader)
+{
+    std::string title = plainText(reader.description());
+    std::replace(title.begin(), title.end(), '\n', ' ');
+    return title.empty() ? reader.name() : title;
+}
+
+int exportFor(LexiconReader& reader, const ExportOptions& options)
+{
+    const auto files = makeExport(options.kind, options.output, titleOf(reader));
+    std::string error;
+    const auto add = [&files](std::string_view headword, std::string_view article) {
+        return files->add(headword, article);
+    };
+    const LexiconReader::Status status = reader.visitFrom({}, add, error);
+    if (status != LexiconReader::Status::Ok) {
+        complain(options.file + ": " + error);
+        return exitCode(status);
+    }
+    if (!files->commit(error)) {
+        complain(error);
+        return Failed;
+    }
+    return Done;
+}
+
+int run(const ExportOptions& options)
+{
+    const bool toOutput = options.output.empty() || options.output == "-";
+    if (toOutput && options.kind != tsvKind) {
+        complain("export: --to " + options.kind + " needs -o, the name of its files");
+        return Usage;
+    }
+    LexiconReader reader;
+    if (const auto status = openLexicon(reader, options.file); status != LexiconReader::Status::Ok)
+        return exitCode(status);
+    if (options.kind != tsvKind)
+        return exportFor(reader, options);
+    return toOutput ? exportToOutput(reader, options.file)
+                    : exportToFile(reader, options.file, options.output);
+}
+
+std::vector<std::string> kinds()
+{
+    std::vector<std::string> names = exportNames();
+    names.insert(names.begin(), tsvKind);
+    return names;
+}
+
 } // namespace
 
 Action exportTsv(CLI::App& options)
 {
-    struct Request {
-        std::string file;
-        std::string output;
-    };
-    const auto request = std::make_shared<Request>();
+    const auto request = std::make_shared<ExportOptions>();
     options.add_option("FILE", request->file)->required();
+    options.add_option("--to", request->kind, "What to write")
+        ->check(CLI::IsMember(kinds()))
+        ->capture_default_str();
     options.add_option("-o,--output", request->output,
-                       "File to write instead of the standard output");
-    return [request] { return run(request->file, request->output); };
+                       "File to write instead of the standard output; for stardict and dictd, the "
+                       "files' name without its suffix");
+    return [request] { return run(*request); };
 }
 
 } // namespace teskel::commands

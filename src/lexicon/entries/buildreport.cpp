@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/buildreport.h"
 
+#include "lexicon/entries/conversionnotes.h"
 #include "lexicon/text/utf8.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdio>
 #include <ostream>
 
 namespace teskel
@@ -13,24 +11,6 @@ namespace teskel
 
 namespace
 {
-
-constexpr uint64_t notesShownOfAKind = 5;
-
-std::string codePoint(char32_t character)
-{
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "U+%04X", static_cast<unsigned>(character));
-    return text.data();
-}
-
-std::string shown(char32_t character)
-{
-    std::string text;
-    if (character >= 0x20 && character != 0x7F && character != utf8::invalid) {
-        text = utf8::encoded({&character, 1}) + ' ';
-    }
-    return text + codePoint(character);
-}
 
 const char* heading(Latin1Converter::Change change)
 {
@@ -50,20 +30,8 @@ const char* heading(Latin1Converter::Change change)
 
 } // namespace
 
-void BuildReport::note(const std::string& kind, const std::string& sentence)
-{
-    if (_notesOfKind[kind]++ < notesShownOfAKind)
-        notes.push_back(sentence);
-}
-
 void BuildReport::print(std::ostream& out) const
 {
-    for (const std::string& sentence : notes)
-        out << sentence << '\n';
-    for (const auto& [kind, times] : _notesOfKind) {
-        if (times > notesShownOfAKind)
-            out << "and " << times - notesShownOfAKind << " more of this kind: " << kind << '\n';
-    }
     printConversions(out);
     if (romanizedHeadwords > 0)
         out << romanizedHeadwords << " headwords written in Latin letters; each stands in its "
@@ -90,8 +58,8 @@ void BuildReport::printConversions(std::ostream& out) const
         out << total << " characters " << heading(change) << ":\n";
         for (const auto& [key, count] : conversions) {
             if (key.second == change)
-                out << "  " << shown(key.first) << " -> \"" << utf8::fromLatin1(count.written)
-                    << "\" " << count.times << "\n";
+                out << "  " << shownCharacter(key.first) << " -> \""
+                    << utf8::fromLatin1(count.written) << "\" " << count.times << "\n";
         }
     }
 }

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lexicon/diagnostics/diagnostics.h"
+#include "lexicon/diagnostics/progress.h"
 #include "lexicon/text/latin1converter.h"
 
 #include <cstdint>
 #include <iosfwd>
-#include <string>
-#include <vector>
+#include <memory>
 
 namespace teskel
 {
@@ -22,19 +23,17 @@ struct BuildReport {
     uint64_t unpackedBytes = 0;
     uint64_t fileBytes = 0;
     uint64_t spotChecks = 0;
-    /// Sentences about input that did not fit a limit, UTF-8.
-    std::vector<std::string> notes;
+    /// What had to be done about input that does not fit.
+    Diagnostics diagnostics;
     Latin1Converter::Counts conversions;
 
-    /// Adds a note; beyond a handful of one kind only their number is kept.
-    void note(const std::string& kind, const std::string& sentence);
+    /// Shows how far the build has come.
+    std::shared_ptr<Progress> progress = std::make_shared<Progress>();
 
     /// Writes the closing summary for people.
     void print(std::ostream& out) const;
 
 private:
-    std::map<std::string, uint64_t> _notesOfKind;
-
     void printConversions(std::ostream& out) const;
 };
 

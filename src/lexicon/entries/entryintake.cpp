@@ -47,6 +47,7 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
                       uint32_t order, std::string_view where)
 {
     ++_report.entriesRead;
+    _report.progress->advance();
     _headword.clear();
     _converter.convert(headword, Text::Headword, _headword);
     _article = storedArticle(_converter, article, kind);
@@ -62,11 +63,12 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
     }
     if (isLost(_headword) && headword.find('?') == std::string_view::npos)
         ++_lostHeadwords;
+    _conversionNotes.tell(_converter.counts(), where, _report.diagnostics);
     if (_headword.empty()) {
         // Nothing is dropped: such an article is found under the sign for "unknown".
         _headword.assign(1, '?');
-        _report.note("entries without a headword",
-                     std::string(where) + ": the headword is empty; its article is under \"?\"");
+        _report.diagnostics.add(diagnostic::emptyHeadword, where,
+                                "the headword is empty; its article is under \"?\"");
     }
     if (_headword.size() > limits::headwordBytes)
         shorten(where);
@@ -103,19 +105,21 @@ void EntryIntake::shorten(std::string_view where)
     _headword.resize(limits::headwordBytes);
     while (_headword.back() == ' ')
         _headword.pop_back();
-    _report.note("headwords that were shortened",
-                 std::string(where) + ": the headword has " + std::to_string(length) +
-                     " bytes, more than 511; it is shortened and stands whole in its article: " +
-                     utf8::fromLatin1(_headword.substr(0, 60)) + "...");
+    _report.diagnostics.add(
+        diagnostic::longHeadword, where,
+        "the headword has " + std::to_string(length) +
+            " bytes, more than 511; it is shortened and stands whole in its article: " +
+            utf8::fromLatin1(_headword.substr(0, 60)) + "...");
 }
 
 std::string EntryIntake::description(std::string_view text, Text kind)
 {
     std::string result = _converter.converted(text, kind);
+    _conversionNotes.tell(_converter.counts(), {}, _report.diagnostics);
     if (result.size() > limits::descriptionBytes) {
-        _report.note("descriptions that were cut",
-                     "the description has " + std::to_string(result.size()) +
-                         " bytes, more than 511; its end is left out");
+        _report.diagnostics.add(diagnostic::longDescription, {},
+                                "the description has " + std::to_string(result.size()) +
+                                    " bytes, more than 511; its end is left out");
         result.resize(cutPlace(result, limits::descriptionBytes));
     }
     return result;

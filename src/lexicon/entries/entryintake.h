@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lexicon/entries/buildreport.h"
+#include "lexicon/entries/conversionnotes.h"
 #include "lexicon/entries/entrysorter.h"
 #include "lexicon/text/latin1converter.h"
 #include "lexicon/text/textoptions.h"
@@ -27,19 +28,21 @@ public:
 
     const TextOptions& options() const { return _options; }
 
+    /// So many entries are to come, where a source knows it; for those who wait.
+    void expect(uint64_t entries) { _report.progress->expect(entries); }
+
     /// Takes an entry in UTF-8. `order` is its place in the source, `where` names that place to
-    /// people ("line 17"). `kind` says what the article is.
+    /// people ("words.tsv:17"). `kind` says what the article is.
     void add(std::string_view headword, std::string_view article, Latin1Converter::Text kind,
              uint32_t order, std::string_view where);
 
     /// Converts a description: at most 511 bytes of rich text.
     std::string description(std::string_view text, Latin1Converter::Text kind);
 
-    /// Notes what a source could not hand over as it is: a name for all such cases, the place
-    /// ("words.tsv:17") and a sentence without it. See BuildReport::note().
-    void note(const std::string& kind, std::string_view where, const std::string& sentence)
+    /// Notes what a source could not hand over as it is; see Diagnostics::add().
+    void note(const DiagnosticCode& code, std::string_view where, std::string_view what)
     {
-        _report.note(kind, std::string(where) + ": " + sentence);
+        _report.diagnostics.add(code, where, what);
     }
 
     const Latin1Converter& converter() const { return _converter; }
@@ -58,6 +61,7 @@ private:
     BuildReport& _report;
     TextOptions _options;
     Latin1Converter _converter;
+    ConversionNotes _conversionNotes;
     uint64_t _lostHeadwords = 0;
     std::string _headword; // kept to reuse their memory
     std::string _article;

@@ -134,11 +134,11 @@ bool OversizeSplitter::splitGroup(const Group& group, EntrySorter& fitting)
             return give(entry.headword(), entry.article(), entry.order);
         });
     const std::string name = utf8::fromLatin1(group.front().headword());
-    _report.note("headwords that fill more than a record",
-                 "the articles of \"" + name +
-                     "\" fill more than one record of 32,767 bytes; they "
-                     "go on under \"" +
-                     name + " (2)\" and so on");
+    _report.diagnostics.add(diagnostic::longArticle, {},
+                            "the articles of \"" + name +
+                                "\" fill more than one record of 32,767 bytes; they "
+                                "go on under \"" +
+                                name + " (2)\" and so on");
     _part = 1;
     size_t room = limits::recordPayload;
     for (const LexiconEntry& entry : group) {

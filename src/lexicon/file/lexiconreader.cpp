@@ -81,19 +81,31 @@ LexiconReader::Status LexiconReader::visitFrom(std::string_view from, const Visi
 {
     const std::string start = headwordOf(from);
     const unsigned records = recordCount();
-    for (unsigned record = start.empty() ? 0 : recordBefore(start); record < records; ++record) {
-        const TextRecord* text = _dictionary.getTextRecord(static_cast<unsigned short>(record));
-        if (!text) {
-            error = "record " + std::to_string(record + limits::firstWordRecord) +
-                    " cannot be unpacked";
-            return Status::Invalid;
-        }
-        for (quint16 entry = 0; entry < text->count(); ++entry) {
-            const std::string_view headword = text->word(entry);
-            const std::string_view article = headword.data() + headword.size() + 1;
-            if (foldedCompare(headword.data(), start.c_str()) >= 0 && !visitor(headword, article))
-                return Status::Ok;
-        }
+    bool goesOn = true;
+    const auto visit = [&](std::string_view headword, std::string_view article) {
+        goesOn = foldedCompare(headword.data(), start.c_str()) < 0 || visitor(headword, article);
+        return goesOn;
+    };
+    Status status = Status::Ok;
+    for (unsigned record = start.empty() ? 0 : recordBefore(start);
+         record < records && goesOn && status == Status::Ok; ++record)
+        status = visitRecord(record, visit, error);
+    return status;
+}
+
+LexiconReader::Status LexiconReader::visitRecord(unsigned record, const Visitor& visitor,
+                                                 std::string& error)
+{
+    const TextRecord* text = _dictionary.getTextRecord(static_cast<unsigned short>(record));
+    if (!text) {
+        error =
+            "record " + std::to_string(record + limits::firstWordRecord) + " cannot be unpacked";
+        return Status::Invalid;
+    }
+    for (quint16 entry = 0; entry < text->count(); ++entry) {
+        const std::string_view headword = text->word(entry);
+        if (!visitor(headword, headword.data() + headword.size() + 1))
+            break;
     }
     return Status::Ok;
 }

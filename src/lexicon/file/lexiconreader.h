@@ -37,6 +37,9 @@ public:
     /// cannot be unpacked ends the walk with Invalid.
     Status visitFrom(std::string_view from, const Visitor& visitor, std::string& error);
 
+    /// Walks through the entries of a word record, from 0; likewise.
+    Status visitRecord(unsigned record, const Visitor& visitor, std::string& error);
+
     /// Walks through the entries whose headwords equal `word` (UTF-8) or, with `prefix`, begin with
     /// it, without regard to case.
     void visitMatches(std::string_view word, bool prefix, const Visitor& visitor);

@@ -17,37 +17,44 @@ namespace
 
 constexpr std::array<int, 4> endingSignals = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
 
-/// Path for the signal handler, which may use nothing that allocates.
-char pendingPath[4096];
+/// Paths for the signal handler, which may use nothing that allocates; empty ones are free.
+constexpr size_t mostFiles = 4;
+char pendingPaths[mostFiles][4096];
 
-extern "C" void removePendingFile(int signal)
+extern "C" void removePendingFiles(int signal)
 {
-    if (pendingPath[0] != '\0')
-        ::unlink(static_cast<const char*>(pendingPath));
+    for (const auto& path : pendingPaths) {
+        if (path[0] != '\0')
+            ::unlink(static_cast<const char*>(path));
+    }
     // The handler is gone by now: end the way the signal meant.
     ::raise(signal);
 }
 
-void watchSignals(const std::string& path)
+void watchSignals()
 {
-    const size_t length = path.size() < sizeof pendingPath ? path.size() : 0;
-    std::memcpy(static_cast<char*>(pendingPath), path.data(), length);
-    pendingPath[length] = '\0';
     for (const int signal : endingSignals) {
         struct sigaction old = {};
         // What the caller chose to ignore stays ignored.
         if (::sigaction(signal, nullptr, &old) != 0 || old.sa_handler == SIG_IGN)
             continue;
         struct sigaction action = {};
-        action.sa_handler = removePendingFile;
+        action.sa_handler = removePendingFiles;
         action.sa_flags = static_cast<int>(SA_RESETHAND);
         ::sigaction(signal, &action, nullptr);
     }
 }
 
-void forgetSignals()
+/// Takes a free place for the path; null when there is none, or the path is too long for it.
+char* remember(const std::string& path)
 {
-    pendingPath[0] = '\0';
+    for (auto& place : pendingPaths) {
+        if (place[0] == '\0' && path.size() < sizeof place) {
+            std::memcpy(static_cast<char*>(place), path.c_str(), path.size() + 1);
+            return static_cast<char*>(place);
+        }
+    }
+    return nullptr;
 }
 
 // A pipe or a device would be gone for everybody. What a rename says of a directory is enough.
@@ -64,7 +71,8 @@ PendingFile::PendingFile(std::string target)
 {
     _path = _target + ".part" + std::to_string(::getpid());
     ::unlink(_path.c_str()); // left by a process that was killed
-    watchSignals(_path);
+    _guarded = remember(_path);
+    watchSignals();
     _file = std::fopen(_path.c_str(), "wbxe");
     check(_file != nullptr);
 }
@@ -75,7 +83,8 @@ PendingFile::~PendingFile()
         std::fclose(_file);
     if (!_isCommitted)
         ::unlink(_path.c_str());
-    forgetSignals();
+    if (_guarded)
+        _guarded[0] = '\0';
 }
 
 /// Keeps the reason when something is not done.

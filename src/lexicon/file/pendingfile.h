@@ -12,7 +12,8 @@ namespace teskel
 /// An output that takes its name only when it is complete: it is written whole or not at all.
 ///
 /// Until then it stands beside its target under a name of its own. It is removed when it is
-/// destroyed without having been committed, and when a signal ends the program. One at a time.
+/// destroyed without having been committed, and when a signal ends the program. At most four at a
+/// time are.
 class PendingFile
 {
 public:
@@ -44,7 +45,8 @@ private:
     std::string _target;
     std::string _path;
     std::FILE* _file;
-    int _reason = 0; ///< errno of the first failure
+    char* _guarded = nullptr; ///< the path as the signal handler knows it
+    int _reason = 0;          ///< errno of the first failure
     bool _isCommitted = false;
 };
 

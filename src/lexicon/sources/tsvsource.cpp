@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/tsvsource.h"
 
+#include "lexicon/diagnostics/diagnosticcode.h"
 #include "lexicon/sources/siblingfile.h"
 #include "lexicon/sources/tsv.h"
 
@@ -55,7 +56,7 @@ bool TsvSource::takeLine(std::string_view line, EntryIntake& intake, std::string
     if (isDescription && _description.empty()) {
         _description = tsv::unescaped(article);
     } else if (!property.empty()) {
-        intake.note("unknown-property", placeInFile(_input->name(), _lineNumber),
+        intake.note(diagnostic::unknownProperty, placeInFile(_input->name(), _lineNumber),
                     "\"##" + std::string(property) + "\" is left out: " +
                         (isDescription ? "the description is known already"
                                        : "\"##description\" alone has a place in a lexicon"));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/stardict/stardictsource.h"
 
+#include "lexicon/diagnostics/diagnosticcode.h"
 #include "lexicon/sources/freedictentry.h"
 #include "lexicon/sources/freedictline.h"
 #include "lexicon/sources/siblingfile.h"
@@ -121,14 +122,14 @@ void StarDictSource::note(EntryIntake& intake, const StarDictArticle& article,
                           const std::string& where)
 {
     for (const char type : article.skipped)
-        intake.note("unknown-field", where,
+        intake.note(diagnostic::unknownField, where,
                     std::string("a field of type \"") + type +
                         "\" is left out: it cannot be shown");
     if (article.wasLatin1)
-        intake.note("field-encoding", where,
+        intake.note(diagnostic::fieldEncoding, where,
                     "a field of type \"l\" is no UTF-8; it is read as Latin-1");
     if (article.isDamaged)
-        intake.note("field-length", where,
+        intake.note(diagnostic::fieldLength, where,
                     "a field is longer than its article; what is there is taken");
 }
 
@@ -163,10 +164,11 @@ bool StarDictSource::read(EntryIntake& intake, std::string& error)
     StarDictArticle article;
     if (!open(error) || !findLayout(error) || !openIndex(index, error))
         return false;
+    intake.expect(_info.wordCount.value_or(0));
     for (bool isEnd = false; index.next(word, isEnd, error);) {
         if (isEnd) {
             if (_info.wordCount && *_info.wordCount != index.wordCount())
-                intake.note("word-count", _infoPath,
+                intake.note(diagnostic::wordCount, _infoPath,
                             "it counts " + std::to_string(*_info.wordCount) +
                                 " words, the index has " + std::to_string(index.wordCount()) +
                                 "; all of them are taken");

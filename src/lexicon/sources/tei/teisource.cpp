@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/tei/teisource.h"
 
+#include "lexicon/diagnostics/diagnosticcode.h"
 #include "lexicon/sources/siblingfile.h"
 #include "lexicon/sources/tei/teilayout.h"
 
@@ -80,7 +81,7 @@ void TeiSource::noteExternalEntities(EntryIntake& intake)
 {
     for (const QXmlStreamEntityDeclaration& entity : _reader.entityDeclarations()) {
         if (!entity.systemId().isEmpty() || !entity.publicId().isEmpty())
-            intake.note("external-entity", place(_reader.lineNumber()),
+            intake.note(diagnostic::externalEntity, place(_reader.lineNumber()),
                         "the text of \"&" + entity.name().toString().toStdString() +
                             ";\" is in another file, which is not read; it is left out");
     }
@@ -101,7 +102,7 @@ void TeiSource::takeEntry(EntryIntake& intake)
         return;
     const TeiEntry entry = TeiEntry::layOut(node);
     if (entry.forms.empty())
-        intake.note("entry-without-word", where,
+        intake.note(diagnostic::entryWithoutWord, where,
                     "an entry without <orth> is left out: " +
                         entry.text.substr(0, entry.text.find('\n')));
     for (const TeiEntry::Form& form : entry.forms)

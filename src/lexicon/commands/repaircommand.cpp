@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/build/lexiconbuilder.h"
+#include "lexicon/commands/commands.h"
+#include "lexicon/commands/commandsupport.h"
+#include "lexicon/repair/salvagesource.h"
+
+#include <iostream>
+#include <memory>
+
+#include <CLI/CLI.hpp>
+
+namespace teskel::commands
+{
+
+namespace
+{
+
+struct RepairOptions {
+    std::string file;
+    std::string output;
+    bool quiet = false;
+};
+
+int run(const RepairOptions& options)
+{
+    Salvage salvage;
+    std::string error;
+    if (!salvage.read(options.file, error)) {
+        complain(error);
+        return Failed;
+    }
+    for (const std::string& loss : salvage.losses())
+        std::cerr << options.file << ": " << loss << '\n';
+    if (salvage.entries().empty()) {
+        complain(options.file + " holds no entry that can be read");
+        return Failed;
+    }
+    SalvageSource source(salvage);
+    BuildOptions build;
+    build.output = options.output;
+    build.numbers = false;
+    build.force = true;
+    build.text.form = source.form();
+    LexiconBuilder builder(build, options.quiet ? nullptr : terminal());
+    const bool isBuilt = builder.build(source, error);
+    builder.report().progress->end();
+    builder.report().diagnostics.print(std::cerr, {false, options.quiet});
+    if (!isBuilt) {
+        complain(error);
+        return Failed;
+    }
+    if (!options.quiet)
+        builder.report().print(std::cerr);
+    return salvage.losses().empty() ? Done : Negative;
+}
+
+} // namespace
+
+Action repair(CLI::App& options)
+{
+    const auto request = std::make_shared<RepairOptions>();
+    options.add_option("FILE", request->file)->required();
+    options.add_option("-o,--output", request->output, "The sound lexicon to write")->required();
+    options.add_flag("-q,--quiet", request->quiet, "Print only what was lost, and errors");
+    return [request] { return run(*request); };
+}
+
+} // namespace teskel::commands

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/repair/salvage.h"
+
+#include "dictionary/container/qtpalmdb.h"
+#include "lexicon/entries/lexiconentry.h"
+#include "lexicon/file/readablefile.h"
+#include "lexicon/text/utf8.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace teskel
+{
+
+namespace
+{
+
+constexpr unsigned indexRecord = 0;
+constexpr unsigned descriptionRecord = 2;
+
+/// No packed record is longer: 32,767 bytes and their header grow by less than the half.
+constexpr qint64 longestMember = qint64{128} << 10;
+constexpr qint64 searchStep = qint64{1} << 20;
+/// The first bytes of a member.
+constexpr std::string_view memberId = "\x60\xEA";
+
+std::string inQuotes(std::string_view latin1)
+{
+    return '"' + utf8::fromLatin1(latin1) + '"';
+}
+
+std::string recordName(unsigned number)
+{
+    return "record " + std::to_string(number);
+}
+
+} // namespace
+
+bool Salvage::read(const std::string& path, std::string& error)
+{
+    _file.setFileName(QFile::decodeName(path.c_str()));
+    // Records are read where they stand, which a pipe does not allow.
+    if (!openReadable(_file) || !_file.seek(0)) {
+        error = whyUnreadable(_file, path);
+        return false;
+    }
+    QtPalmDatabase database;
+    if (database.load(_file.fileName()) == 0) {
+        QtRecords& records = *database.getRecords();
+        readIndex(records);
+        readDescription(records);
+        for (unsigned number = limits::firstWordRecord; number < records.getCount(); ++number)
+            readWordRecord(records, number);
+    } else {
+        lose("the header is cut off");
+    }
+    searchForRecords();
+    if (!_hasDescription)
+        lose("record 2 does not unpack: the description is lost");
+    return true;
+}
+
+void Salvage::readIndex(QtRecords& records)
+{
+    if (const RecordPointer record(records.getData(indexRecord)); record)
+        _index.parse(record->data, record->size, std::numeric_limits<std::size_t>::max());
+}
+
+/// Reads on behind the record's end as the list has it, because that may be what is damaged.
+MemberStatus Salvage::unpackAt(qint64 offset, MemberBlock& block)
+{
+    if (!_file.seek(offset))
+        return MemberStatus::BadHeader;
+    const QByteArray bytes = _file.read(longestMember);
+    const MemberStatus status = decodeMember(
+        bytes.constData(), static_cast<std::size_t>(bytes.size()), block, TextRecord::spareBytes);
+    if (status == MemberStatus::Ok)
+        _known.insert(offset);
+    return status;
+}
+
+void Salvage::readDescription(QtRecords& records)
+{
+    RecordExtent extent;
+    MemberBlock block;
+    if (records.getCount() <= descriptionRecord || !records.locate(descriptionRecord, extent) ||
+        unpackAt(extent.offset, block) != MemberStatus::Ok)
+        return;
+    _hasDescription = true;
+    _description.assign(block.data.get(), ::strnlen(block.data.get(), block.size));
+}
+
+void Salvage::readWordRecord(QtRecords& records, unsigned number)
+{
+    RecordExtent extent;
+    MemberBlock block;
+    if (!records.locate(static_cast<unsigned short>(number), extent)) {
+        lose(recordName(number) + " is not in the record list any more");
+        return;
+    }
+    const MemberStatus status = unpackAt(extent.offset, block);
+    if (status == MemberStatus::Ok)
+        takeEntries(TextRecord(std::move(block)), recordName(number));
+    else
+        lose(recordName(number) + " does not unpack: " + memberStatusText(status) +
+             headwordsOf(number - limits::firstWordRecord));
+}
+
+/// The end of a sentence about a record that is lost, as far as the index knows it.
+std::string Salvage::headwordsOf(unsigned wordRecord) const
+{
+    if (wordRecord >= _index.count())
+        return {};
+    std::string text = "; its headwords are those from " + inQuotes(_index.key(wordRecord));
+    if (wordRecord + 1 < _index.count())
+        text += " to before " + inQuotes(_index.key(wordRecord + 1));
+    return text;
+}
+
+void Salvage::takeEntries(const TextRecord& record, const std::string& name)
+{
+    const quint16 count = record.count();
+    for (quint16 entry = 0; entry < count; ++entry) {
+        const char* headword = record.word(entry);
+        const char* article = headword + std::strlen(headword) + 1;
+        const bool isCut = entry + 1 == count && record.end() > record.size();
+        if (!isCut) {
+            take(headword, article);
+        } else if (article > record.text() + record.size()) {
+            lose(name + " ends within a headword, which is left out: " + inQuotes(headword));
+        } else {
+            lose(name + " ends within the article of " + inQuotes(headword) +
+                 "; what is there is kept");
+            take(headword, article);
+        }
+    }
+    if (count == 0)
+        lose(name + " holds no entry");
+    else if (record.end() + 1 < record.size())
+        lose(name + " goes on behind its end; " + std::to_string(record.size() - record.end() - 1) +
+             " bytes are left out");
+}
+
+void Salvage::take(std::string_view headword, std::string_view article)
+{
+    _entries.emplace_back(headword, article);
+}
+
+void Salvage::searchForRecords()
+{
+    for (qint64 begin = 0; _file.seek(begin); begin += searchStep) {
+        const QByteArray bytes = _file.read(searchStep + qsizetype{1});
+        for (qsizetype at = bytes.indexOf(memberId.data()); at >= 0;
+             at = bytes.indexOf(memberId.data(), at + 1)) {
+            MemberBlock block;
+            if (!_known.contains(begin + at) && unpackAt(begin + at, block) == MemberStatus::Ok)
+                takeFoundRecord(std::move(block), begin + at);
+        }
+        if (bytes.size() <= searchStep)
+            return;
+    }
+}
+
+/// Only what is whole: nothing else says that it is a record of this lexicon.
+void Salvage::takeFoundRecord(MemberBlock block, qint64 offset)
+{
+    const TextRecord record(std::move(block));
+    const bool isText = std::strlen(record.text()) + 1 == record.size();
+    if (isText && !_hasDescription && record.size() <= limits::descriptionBytes + 1) {
+        _description = record.text();
+        _hasDescription = true;
+        return;
+    }
+    if (record.count() == 0 || record.end() + 1 != record.size())
+        return;
+    lose("a record that the list does not name is found at byte " + std::to_string(offset) +
+         " and kept, from " + inQuotes(record.word(0)) + " to " +
+         inQuotes(record.word(static_cast<quint16>(record.count() - 1))));
+    takeEntries(record, {});
+}
+
+} // namespace teskel

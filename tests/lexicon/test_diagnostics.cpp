@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/diagnostics/diagnostics.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <sstream>
+
+using namespace Qt::StringLiterals;
+
+using namespace teskel;
+
+class TestDiagnostics : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void lineNamesPlaceSeverityAndCode_data();
+    void lineNamesPlaceSeverityAndCode();
+    void repeatsAreCountedInTheEnd();
+    void strictMakesWarningsErrors();
+    void quietLeavesErrorsAlone();
+    void codesAreWordsInSmallLetters();
+    void manualListsEveryCode();
+};
+
+namespace
+{
+
+std::string printed(const Diagnostics& diagnostics, DiagnosticForm form = {})
+{
+    std::ostringstream out;
+    diagnostics.print(out, form);
+    return out.str();
+}
+
+} // namespace
+
+void TestDiagnostics::lineNamesPlaceSeverityAndCode_data()
+{
+    QTest::addColumn<bool>("isNote");
+    QTest::addColumn<std::string>("where");
+    QTest::addColumn<std::string>("line");
+    QTest::newRow("line of a file")
+        << false << std::string("a.tsv:7") << std::string("a.tsv:7: warning[long-headword]: x");
+    QTest::newRow("no place") << false << std::string() << std::string("warning[long-headword]: x");
+    QTest::newRow("note") << true << std::string("a.tsv:7")
+                          << std::string("a.tsv:7: note[named-entity]: x");
+}
+
+void TestDiagnostics::lineNamesPlaceSeverityAndCode()
+{
+    QFETCH(bool, isNote);
+    QFETCH(std::string, where);
+    QFETCH(std::string, line);
+    Diagnostics diagnostics;
+    diagnostics.add(isNote ? diagnostic::namedEntity : diagnostic::longHeadword, where, "x");
+    QCOMPARE(printed(diagnostics), line + '\n');
+    QCOMPARE(diagnostics.warnings(), uint64_t{isNote ? 0U : 1U});
+}
+
+void TestDiagnostics::repeatsAreCountedInTheEnd()
+{
+    Diagnostics diagnostics;
+    for (int i = 1; i <= 7; ++i)
+        diagnostics.add(diagnostic::longHeadword, "a:" + std::to_string(i), "x");
+    for (int i = 1; i <= 5; ++i)
+        diagnostics.add(diagnostic::emptyHeadword, "b:" + std::to_string(i), "y");
+    QCOMPARE(diagnostics.lines().size(), size_t{10});
+    const std::string text = printed(diagnostics);
+    QVERIFY(text.starts_with("a:1: warning[long-headword]: x\na:2: "));
+    QVERIFY(text.ends_with("a:5: warning[long-headword]: x\n"
+                           "b:1: warning[empty-headword]: y\n"
+                           "b:2: warning[empty-headword]: y\n"
+                           "b:3: warning[empty-headword]: y\n"
+                           "b:4: warning[empty-headword]: y\n"
+                           "b:5: warning[empty-headword]: y\n"
+                           "warning[long-headword]: and 2 more of this kind\n"));
+    QCOMPARE(diagnostics.warnings(), uint64_t{12});
+}
+
+void TestDiagnostics::strictMakesWarningsErrors()
+{
+    Diagnostics diagnostics;
+    diagnostics.add(diagnostic::unknownCharacter, "a:1", "x");
+    diagnostics.add(diagnostic::namedEntity, "a:2", "y");
+    QCOMPARE(printed(diagnostics, {true, false}),
+             std::string("a:1: error[unknown-character]: x\na:2: note[named-entity]: y\n"));
+}
+
+void TestDiagnostics::quietLeavesErrorsAlone()
+{
+    Diagnostics diagnostics;
+    diagnostics.add(diagnostic::namedEntity, "a:2", "y");
+    for (int i = 0; i < 6; ++i)
+        diagnostics.add(diagnostic::unknownCharacter, "a:1", "x");
+    QCOMPARE(printed(diagnostics, {false, true}), std::string());
+    const std::string text = printed(diagnostics, {true, true});
+    QVERIFY(text.starts_with("a:1: error[unknown-character]: x\n"));
+    QVERIFY(text.ends_with("\nerror[unknown-character]: and 1 more of this kind\n"));
+}
+
+void TestDiagnostics::codesAreWordsInSmallLetters()
+{
+    const QRegularExpression code(u"^[a-z]+(-[a-z0-9]+)*$"_s);
+    for (const DiagnosticCode* each : allDiagnosticCodes())
+        QVERIFY2(code.match(QString::fromUtf8(each->name)).hasMatch(), each->name);
+}
+
+void TestDiagnostics::manualListsEveryCode()
+{
+    QFile manual(QStringLiteral(TESKEL_DOCS "/teskel-lexicon.md"));
+    QVERIFY(manual.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(manual.readAll());
+    const qsizetype begin = text.indexOf("\n## Diagnostics"_L1);
+    QVERIFY(begin >= 0);
+    const QString section = text.sliced(begin, text.indexOf("\n## "_L1, begin + 1) - begin);
+    QStringList listed;
+    static const QRegularExpression row(u"\\n\\| `([^`]+)` \\| ([a-z]+) \\| ([^|]+) \\|"_s);
+    for (const QRegularExpressionMatch& match : row.globalMatch(section))
+        listed += match.captured(1) + u' ' + match.captured(2) + u' ' + match.captured(3);
+    QStringList expected;
+    for (const DiagnosticCode* code : allDiagnosticCodes()) {
+        const bool isNote = code->severity == DiagnosticCode::Severity::Note;
+        expected += QString::fromUtf8(code->name) + (isNote ? u" note "_s : u" warning "_s) +
+                    QString::fromUtf8(code->meaning);
+    }
+    QCOMPARE(listed, expected);
+}
+
+QTEST_APPLESS_MAIN(TestDiagnostics)
+#include "test_diagnostics.moc"
