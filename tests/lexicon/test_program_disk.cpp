@@ -103,7 +103,14 @@ void TestProgramDisk::limitedFileSizeKeepsTheOldFile()
     const ProgramResult result =
         _program.run(process, command.split(u' ') + QStringList{u"-o"_s, u"target"_s});
     QCOMPARE(result.code, 3);
-    QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write target: File too large\n"));
+    // The temporary file of a build is a file, too, and meets the limit first.
+    const bool isTemporary =
+        result.err.startsWith("teskel-lexicon: cannot write a temporary file in ");
+    QVERIFY2(isTemporary ? command.startsWith("build"_L1)
+                         : result.err.startsWith("teskel-lexicon: cannot write target: "),
+             result.err.constData());
+    QVERIFY2(result.err.endsWith(": File too large\n"), result.err.constData());
+    QCOMPARE(result.err.count('\n'), 1);
     QCOMPARE(_program.bytesOf("target"), QByteArray("old"));
     QVERIFY(QDir(_program.directory())
                 .entryList({u"target.*"_s}, QDir::Files | QDir::Hidden)
