@@ -148,17 +148,19 @@ void TestRealTexts::viewShowsTheTextOfTheSource()
     for (const SourceEntry& entry : sample) {
         const QString expected = expectedText(entry);
         QStringList shown;
-        reader.visitMatches(wordOf(entry.text).toStdString(), false,
-                            [&](std::string_view headword, std::string_view article) {
-                                const auto text = [](std::string_view latin1) {
-                                    return QString::fromLatin1(
-                                        latin1.data(), static_cast<qsizetype>(latin1.size()));
-                                };
-                                view.setText(ArticleFormatter::headword(text(headword)) +
-                                             ArticleFormatter::format(text(article)));
-                                shown += withoutWhiteSpace(view.toPlainText());
-                                return !shown.back().contains(expected);
-                            });
+        const auto show = [&](std::string_view headword, std::string_view article) {
+            const auto text = [](std::string_view latin1) {
+                return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size()));
+            };
+            view.setText(ArticleFormatter::headword(text(headword)) +
+                         ArticleFormatter::format(text(article)));
+            shown += withoutWhiteSpace(view.toPlainText());
+            return !shown.back().contains(expected);
+        };
+        // Where the first line does not begin with the word alone, the index has it.
+        reader.visitMatches(wordOf(entry.text).toStdString(), false, show);
+        if (shown.isEmpty())
+            reader.visitMatches(entry.key.toStdString(), false, show);
         QVERIFY2(!shown.isEmpty() && shown.back().contains(expected),
                  qPrintable(expected + "\nis not in\n"_L1 + shown.join(u'\n')));
     }
