@@ -10,8 +10,9 @@ namespace teskel
 
 /// A temporary file without a name, which is gone when the program is, however that ends.
 ///
-/// The first bytes are held in memory: what is small needs no file. The file lies in the directory that TMPDIR names, else in /tmp. Once something failed, nothing more is
-/// written or read, and error() says why.
+/// The first bytes are held in memory: what is small needs no file. The file lies in the directory
+/// that TMPDIR names, else in /tmp. Once something failed, nothing more is written or read, and
+/// error() says why.
 class ScratchFile
 {
 public:
