@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/sourcetable.h"
+#include "lexicon/build/sourcetable.h"
 #include "tests/support/palmwriter.h"
 
 #include <QProcess>

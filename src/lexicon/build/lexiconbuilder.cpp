@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/build/lexiconbuilder.h"
 
+#include "lexicon/build/sourcetable.h"
 #include "lexicon/entries/entryintake.h"
 #include "lexicon/entries/entrymerger.h"
 #include "lexicon/entries/oversizesplitter.h"
@@ -9,7 +10,6 @@
 #include "lexicon/file/recordplan.h"
 #include "lexicon/file/spotcheck.h"
 #include "lexicon/packing/arjmember.h"
-#include "lexicon/sources/sourcetable.h"
 #include "lexicon/text/givenback.h"
 
 #include <utility>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/build/lexiconbuilder.h"
+#include "lexicon/build/sourcetable.h"
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
-#include "lexicon/sources/sourcetable.h"
 
 #include <algorithm>
 #include <iostream>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/sources/sourcetable.h"
+#include "lexicon/build/sourcetable.h"
 
 #include "lexicon/sources/dictdsource.h"
 #include "lexicon/sources/input/inputfile.h"
