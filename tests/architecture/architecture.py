@@ -3,10 +3,11 @@
 """Holds the sources to the pictures in docs/architecture.md: architecture.py ROOT
 
 A picture is a Mermaid block whose first comment, "%% src" or "%% src/FOLDER", says which folder's
-rooms it draws. Its arrows are the includes between those rooms, all of them and no others; in a
-picture of rooms, the folder's own name stands for the files directly in it. Besides: nothing
-includes in a circle, neither rooms nor files; no class is defined in two .cpp files; no folder
-holds more than 30 files; and the engine uses Qt Core alone.
+rooms it draws; every folder that has folders of sources in it, however deep it is, has a picture.
+Its arrows are the includes between those rooms, all of them and no others; in a picture of rooms,
+the folder's own name stands for the files directly in it. Besides: nothing includes in a circle,
+neither rooms nor files; no class is defined in two .cpp files; no folder holds more than 30 files;
+and the engine uses Qt Core alone.
 """
 import collections
 import pathlib
@@ -60,7 +61,7 @@ class Sources:
 
 
 def parse_pictures(document):
-    """folder (relative to src, "" for src itself) -> (rooms, arrows)"""
+    """folder (relative to src, which itself is ".") -> (rooms, arrows)"""
     pictures = {}
     for block in re.findall(r"```mermaid\n(.*?)```", document, re.DOTALL):
         named = re.search(r"^\s*%%\s*src(?:/(\S+))?\s*$", block, re.MULTILINE)
@@ -76,7 +77,7 @@ def parse_pictures(document):
                 rooms.update(names)
             for begins, ends in zip(stations, stations[1:]):
                 arrows.update((begin, end) for begin in begins for end in ends)
-        pictures[named[1] or ""] = (rooms, arrows)
+        pictures[pathlib.PurePath(named[1] or "")] = (rooms, arrows)
     return pictures
 
 
@@ -110,19 +111,16 @@ def circles(arrows):
 
 def room_of(unit, folder):
     """The room of `folder` in which a unit stands; the folder itself for its own files."""
-    parts = unit.parts
-    if not folder:
-        return parts[0]
-    if parts[0] != folder:
+    if not unit.is_relative_to(folder):
         return None
-    return parts[1] if len(parts) > 2 else folder
+    parts = unit.relative_to(folder).parts
+    return parts[0] if len(parts) > 1 else folder.name or parts[0]
 
 
 def check_arrows(root, sources, pictures):
-    folders = [""] + sorted({path.parent.parent.name for path in sources.texts
-                             if path.parent.parent.parent == sources.folder})
-    for folder in folders:
-        place = f"src/{folder}".rstrip("/")
+    folders = {folder for path in sources.texts for folder in sources.unit(path).parent.parents}
+    for folder in sorted(folders):
+        place = str("src" / folder)
         if folder not in pictures:
             yield f"docs/architecture.md has no picture of the rooms of {place}"
             continue
@@ -137,7 +135,7 @@ def check_arrows(root, sources, pictures):
                 yield (f"{path.relative_to(root)}:{number}: {begin} may not include "
                        f"{target}.h: the picture of {place} has no arrow to {end}")
         standing = {room_of(sources.unit(path), folder) for path in sources.texts} - {None}
-        for room in sorted(standing - rooms - {folder}):
+        for room in sorted(standing - rooms - {folder.name}):
             yield f"the picture of {place} does not show {room}"
         for room in sorted(rooms - standing):
             yield f"the picture of {place} shows {room}, which is not there"
@@ -148,7 +146,7 @@ def check_arrows(root, sources, pictures):
 
 
 def check_links(root, pictures):
-    _, arrows = pictures.get("", (set(), set()))
+    _, arrows = pictures.get(pathlib.PurePath(), (set(), set()))
     for lists in sorted((root / "src").glob("*/CMakeLists.txt")):
         folder = lists.parent.name
         for library in sorted(set(re.findall(r"\bteskel_([a-z]+)\b", lists.read_text()))):

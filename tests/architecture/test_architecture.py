@@ -21,6 +21,11 @@ graph TD
     %% src/engine
     engine --> reading --> bits
 ```
+```mermaid
+graph TD
+    %% src/engine/reading
+    reading --> streams
+```
 """
 
 SOUND = {
@@ -32,7 +37,9 @@ SOUND = {
     "src/engine/words.h": '#include "base/assertion.h"\n#include "engine/reading/file.h"\n',
     "src/engine/words.cpp": "int Words::count()\n{\n}\nWords::Words()\n{\n}\n",
     "src/engine/CMakeLists.txt": "",
-    "src/engine/reading/file.h": '#include "engine/bits/bits.h"\n',
+    "src/engine/reading/file.h": '#include "engine/bits/bits.h"\n'
+                                 '#include "engine/reading/streams/stream.h"\n',
+    "src/engine/reading/streams/stream.h": "",
     "src/engine/bits/bits.h": "",
 }
 
@@ -67,6 +74,15 @@ class ArchitectureTest(unittest.TestCase):
                  "src/engine/bits/bits.h": '#include "engine/reading/other.h"\n',
                  "src/engine/reading/other.h": ""},
                 "rooms that include each other: bits, reading"),
+            "include that runs up between rooms of a room": (
+                {"src/engine/reading/streams/stream.h": '#include "engine/reading/block.h"\n',
+                 "src/engine/reading/block.h": ""},
+                "stream.h:1: streams may not include engine/reading/block.h"),
+            "rooms of a room in a circle": (
+                {"docs/architecture.md": DOCUMENT.replace("--> streams", "--> streams --> reading"),
+                 "src/engine/reading/streams/stream.h": '#include "engine/reading/block.h"\n',
+                 "src/engine/reading/block.h": ""},
+                "src/engine/reading: rooms that include each other: reading, streams"),
             "arrow that nothing uses": (
                 {"src/app/window.cpp": ""},
                 "has an arrow from app to engine; nothing includes so"),
@@ -77,6 +93,11 @@ class ArchitectureTest(unittest.TestCase):
             "rooms without a picture": (
                 {"src/app/odd/odd.h": ""},
                 "docs/architecture.md has no picture of the rooms of src/app"),
+            "rooms of a room without a picture": (
+                {"docs/architecture.md": DOCUMENT.replace("%% src/engine/reading", "")},
+                "docs/architecture.md has no picture of the rooms of src/engine/reading"),
+            "file beside the folders": (
+                {"src/odd.h": ""}, "the picture of src does not show odd"),
             "room that is only drawn": (
                 {"docs/architecture.md": DOCUMENT.replace("--> bits", "--> bits --> air")},
                 "shows air, which is not there"),
