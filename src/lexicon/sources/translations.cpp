@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/translations.h"
 
+#include "lexicon/text/plaintext.h"
 #include "lexicon/text/utf8.h"
-#include "script/letterreference.h"
 
 #include <QChar>
 
@@ -19,33 +19,6 @@ constexpr size_t mostWords = 6;
 /// Lines that tell something else than translations.
 constexpr std::string_view otherLines[] = {
     "\"", "see:", "Synonym:", "Synonyms:", "Antonym:", "Antonyms:", "Note:"};
-
-constexpr std::pair<std::string_view, char> references[] = {
-    {"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}, {"&quot;", '"'}};
-
-/// The text that rich text shows.
-std::string shown(std::string_view markup)
-{
-    std::string text;
-    while (!markup.empty()) {
-        size_t length = 1;
-        if (markup.front() == '<') {
-            length = std::min(markup.find('>'), markup.size() - 1) + 1;
-        } else if (const LetterReference letter = readLetterReference(markup); letter.length > 0) {
-            text += utf8::encoded({&letter.character, 1});
-            length = letter.length;
-        } else {
-            const auto* const known =
-                std::find_if(std::begin(references), std::end(references),
-                             [&](const auto& pair) { return markup.starts_with(pair.first); });
-            const bool isKnown = known != std::end(references);
-            text += isKnown ? known->second : markup.front();
-            length = isKnown ? known->first.size() : 1;
-        }
-        markup.remove_prefix(length);
-    }
-    return text;
-}
 
 std::string_view trimmed(std::string_view text)
 {
@@ -74,6 +47,14 @@ bool isTranslation(std::string_view text)
            std::count(text.begin(), text.end(), ' ') < static_cast<long>(mostWords);
 }
 
+/// Whether the sign at a place of the line compares what stands around it, as in "x < y", instead
+/// of being a bracket.
+bool compares(std::string_view line, size_t place)
+{
+    const std::string_view around = line.substr(place > 0 ? place - 1 : 0, 3);
+    return around == " < " || around == " > ";
+}
+
 /// Takes one line apart.
 void gather(std::string_view line, std::vector<std::string>& translations)
 {
@@ -86,10 +67,12 @@ void gather(std::string_view line, std::vector<std::string>& translations)
             translations.emplace_back(text);
         piece.clear();
     };
-    for (const char c : line) {
-        if (opening.find(c) != std::string_view::npos)
+    for (size_t i = 0; i < line.size(); ++i) {
+        const char c = line[i];
+        const bool isBracket = !compares(line, i);
+        if (isBracket && opening.find(c) != std::string_view::npos)
             ++depth;
-        else if (closing.find(c) != std::string_view::npos)
+        else if (isBracket && closing.find(c) != std::string_view::npos)
             depth -= depth > 0 ? 1 : 0;
         else if (depth == 0 && (c == ',' || c == ';'))
             finish();
@@ -105,7 +88,7 @@ std::vector<std::string> translationsIn(std::string_view article, Latin1Converte
 {
     std::string plain;
     if (kind == Latin1Converter::Text::MarkupArticle) {
-        plain = shown(article);
+        plain = plainText(article);
         article = plain;
     }
     std::vector<std::string> translations;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/exports/plaintext.h"
+#include "lexicon/text/plaintext.h"
 
 #include "lexicon/text/characterreference.h"
 #include "lexicon/text/charactertables.h"
