@@ -2,6 +2,7 @@
 #include "lexicon/sources/translations.h"
 
 #include "lexicon/text/plaintext.h"
+#include "lexicon/text/textlines.h"
 #include "lexicon/text/utf8.h"
 
 #include <QChar>
@@ -19,14 +20,6 @@ constexpr size_t mostWords = 6;
 /// Lines that tell something else than translations.
 constexpr std::string_view otherLines[] = {
     "\"", "see:", "Synonym:", "Synonyms:", "Antonym:", "Antonyms:", "Note:"};
-
-std::string_view trimmed(std::string_view text)
-{
-    const size_t begin = text.find_first_not_of(" \t\r");
-    if (begin == std::string_view::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(" \t\r") - begin + 1);
-}
 
 /// Senses are numbered from 1 on without a gap; any other number belongs to its line. `sense` is
 /// the last one.
@@ -94,9 +87,7 @@ std::vector<std::string> translationsIn(std::string_view article, Latin1Converte
     std::vector<std::string> translations;
     unsigned sense = 0;
     while (!article.empty()) {
-        const size_t end = article.find('\n');
-        const std::string_view line = withoutSenseNumber(trimmed(article.substr(0, end)), sense);
-        article.remove_prefix(end == std::string_view::npos ? article.size() : end + 1);
+        const std::string_view line = withoutSenseNumber(trimmed(takeLine(article)), sense);
         if (std::none_of(std::begin(otherLines), std::end(otherLines),
                          [&](std::string_view other) { return line.starts_with(other); }))
             gather(line, translations);
