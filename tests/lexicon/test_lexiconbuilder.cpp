@@ -28,6 +28,8 @@ private slots:
     void wordsThatFoldAlikeStayInOneRecord();
     void descriptionComesFromTheSource();
     void descriptionOptionIsPlainText();
+    void nameIsTheDescriptionAsItReads_data();
+    void nameIsTheDescriptionAsItReads();
     void longDescriptionIsCutAndReported();
     void longDescriptionIsCutOutsideReferences_data();
     void longDescriptionIsCutOutsideReferences();
@@ -219,6 +221,27 @@ void TestLexiconBuilder::descriptionOptionIsPlainText()
     char text[512];
     QVERIFY(dictionary.getDescription(text, sizeof text));
     QCOMPARE(QByteArray(text), QByteArray("1 &lt; 2 &amp; 3"));
+}
+
+void TestLexiconBuilder::nameIsTheDescriptionAsItReads_data()
+{
+    QTest::addColumn<QByteArray>("description");
+    QTest::addColumn<QByteArray>("name");
+    const auto row = [](const char* name, const char* description, const char* latin1) {
+        QTest::newRow(name) << QByteArray(description) << QByteArray(latin1);
+    };
+    row("tags", "<b>Words</b> <i>and</i> more", "Words and more");
+    row("lines", "Words<br>and more\\nof them", "Words and more of them");
+    row("references", "Caf&eacute; &amp; R&D", "Caf\xE9 & R&D");
+    row("letters beyond Latin-1", "Wörter д", "W\xF6rter d");
+    row("signs that are no tags", "1 < 2 > 0", "1 < 2 > 0");
+}
+
+void TestLexiconBuilder::nameIsTheDescriptionAsItReads()
+{
+    QFETCH(QByteArray, description);
+    QVERIFY(buildTsv("\t" + description + "\na\tb\n"));
+    QTEST(QByteArray(outputBytes().left(32).constData()), "name"); // as a Palm database begins
 }
 
 void TestLexiconBuilder::longDescriptionIsCutAndReported()

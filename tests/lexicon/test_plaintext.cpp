@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/exports/plaintext.h"
+#include "lexicon/text/plaintext.h"
 
 #include <QTest>
 
@@ -23,6 +23,8 @@ void TestPlainText::markupBecomesPlain_data()
     row("plain text, UTF-8", "Bäume\nд", "Bäume\nд");
     row("tags", "a <i>b</i> <font color=\"&_db;\">c</font><!-- d -->", "a b c");
     row("tags that end a line", "a<br>b<P>c<br/>d", "a\nb\nc\nd");
+    row("lists and tables end lines", "<dl><dt>a<dd>b</dl><ol><li>c</ol><tr><td>d<td>e",
+        "\na\nb\n\nc\n\nd\ne");
     row("no tag", "1 < 2 <3", "1 < 2 <3");
     row("tag without an end", "a <b", "a <b");
     row("basic entities", "&lt;&gt;&amp;&quot;", "<>&\"");

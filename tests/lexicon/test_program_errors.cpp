@@ -7,6 +7,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 using namespace teskel::test;
@@ -26,6 +28,8 @@ private slots:
     void wrongCommandLines();
     void unreadableFilesEndWithThree_data();
     void unreadableFilesEndWithThree();
+    void lexiconsThatAreNoFilesEndAtOnce_data();
+    void lexiconsThatAreNoFilesEndAtOnce();
     void foreignFilesEndWithOne_data();
     void foreignFilesEndWithOne();
     void fullStandardOutputIsAnError_data();
@@ -145,6 +149,30 @@ void TestProgramErrors::unreadableFilesEndWithThree()
     QCOMPARE(result.out, QByteArray());
     QVERIFY(result.err.startsWith("teskel-lexicon: "));
     QCOMPARE(result.err.count('\n'), 1);
+    QVERIFY(!QFile::exists(_program.path("x.PDB")));
+}
+
+void TestProgramErrors::lexiconsThatAreNoFilesEndAtOnce_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QByteArray>("file");
+    for (const char* command : {"info %1", "list %1", "export %1", "find %1 house", "verify %1",
+                                "diff %1 small.PDB", "repair %1 -o x.PDB"}) {
+        for (const char* file : {"pipe", "/dev/zero"})
+            QTest::addRow("%s, %s", command, file)
+                << QString::fromLatin1(command) << QByteArray(file);
+    }
+}
+
+void TestProgramErrors::lexiconsThatAreNoFilesEndAtOnce()
+{
+    QFETCH(QString, command);
+    QFETCH(QByteArray, file);
+    ::mkfifo(_program.path("pipe").toUtf8().constData(), 0600);
+    const ProgramResult result = _program.run(command.arg(QString::fromLatin1(file)).split(u' '));
+    QCOMPARE(result.code, 3);
+    QCOMPARE(result.out, QByteArray());
+    QCOMPARE(result.err, "teskel-lexicon: cannot read " + file + ": it is no regular file\n");
     QVERIFY(!QFile::exists(_program.path("x.PDB")));
 }
 

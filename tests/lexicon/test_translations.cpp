@@ -57,6 +57,7 @@ void TestTranslations::plainArticles_data()
     row("explanation", "a building in which people live", {"a building in which people live"});
     row("long explanation", "a building in which people of all kinds live", {});
     row("no letters", "-, 7, ...", {});
+    row("signs that compare", "x < y, z > w, a < b > c", {"x < y", "z > w", "a < b > c"});
     row("other scripts", "дом, 家", {"дом", "家"});
     row("nothing", "", {});
 }
@@ -72,6 +73,11 @@ void TestTranslations::richArticles_data()
     row("tags", "<b>Haus</b>, <i>n</i> Heim", {"Haus", "n Heim"});
     row("references", "Haus &lt;neut>, A &amp; B", {"Haus", "A & B"});
     row("letter references", "&_ede;&_edo;", {"до"});
+    row("entities", "caf&eacute; noir, &OElig;uvre, d&#233;j&#xE0;",
+        {"café noir", "Œuvre", "déjà"});
+    row("signs that are no tags", "x < y > w, p < q", {"x < y > w", "p < q"});
+    row("as many signs as make it long", "x < y and z > w", {});
+    row("tags that end a line", "Haus<br>Heim<p>Hof</p>", {"Haus", "Heim", "Hof"});
     row("tag without an end", "Haus, <b", {"Haus"});
 }
 

@@ -11,6 +11,7 @@
 #include "lexicon/file/spotcheck.h"
 #include "lexicon/packing/arjmember.h"
 #include "lexicon/text/givenback.h"
+#include "lexicon/text/plaintext.h"
 
 #include <utility>
 
@@ -26,24 +27,11 @@ constexpr std::string_view unusedRecord("\0", 1);
 /// Of the headwords of a sound source, fewer than one in so many are lost.
 constexpr uint64_t mostLostShare = 100;
 
-/// The name inside the database, Latin-1: the description without its markup.
-std::string databaseName(const std::string& description)
+/// The name inside the database, Latin-1: the description without its markup, on one line.
+std::string databaseName(const std::string& description, LatinForm form)
 {
-    std::string text = description;
-    if (givenback::hasReferences(description))
-        text = Latin1Converter().converted(givenback::description(description),
+    return Latin1Converter(form).converted(plainText(givenback::description(description)),
                                            Latin1Converter::Text::Headword);
-    std::string name;
-    bool inTag = false;
-    for (const char c : text) {
-        if (c == '<')
-            inTag = true;
-        else if (c == '>' && inTag)
-            inTag = false;
-        else if (!inTag)
-            name += c;
-    }
-    return name;
 }
 
 std::string listOf(const std::vector<std::string>& paths)
@@ -192,7 +180,7 @@ bool LexiconBuilder::write(PendingFile& file, const std::string& description,
 {
     ArjEncoder encoder(_options.method);
     const auto recordCount = static_cast<uint16_t>(plan.records().size() + limits::firstWordRecord);
-    PalmDatabaseWriter writer(file, databaseName(description), recordCount);
+    PalmDatabaseWriter writer(file, databaseName(description, _options.text.form), recordCount);
     writer.add(plan.index());
     writer.add(unusedRecord);
     writer.add(

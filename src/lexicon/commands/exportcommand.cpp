@@ -2,7 +2,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/exports/exporttable.h"
-#include "lexicon/exports/plaintext.h"
+#include "lexicon/text/plaintext.h"
 #include "lexicon/file/pendingfile.h"
 #include "lexicon/sources/tsv.h"
 #include "lexicon/text/givenback.h"

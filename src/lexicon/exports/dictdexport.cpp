@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/exports/dictdexport.h"
 
-#include "lexicon/exports/plaintext.h"
+#include "lexicon/text/plaintext.h"
 #include "lexicon/text/utf8.h"
 
 #include <QString>

@@ -4,6 +4,8 @@
 #include "lexicon/text/utf8.h"
 #include "script/letterreference.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 #include <limits>
 
@@ -42,10 +44,11 @@ std::string cutKey(std::string key)
     return key;
 }
 
+/// Most significant byte first.
 void appendNumber(std::string& bytes, uint32_t number)
 {
-    for (int shift = 24; shift >= 0; shift -= 8)
-        bytes += static_cast<char>(number >> shift & 0xFF);
+    const uint32_t bigEndian = qToBigEndian(number);
+    bytes.append(reinterpret_cast<const char*>(&bigEndian), sizeof bigEndian);
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 #include "dictionary/unpacking/cbuffer.h"
 #include "dictionary/unpacking/cfileheader.h"
 #include "lexicon/entries/lexiconentry.h"
-#include "lexicon/file/readablefile.h"
+#include "lexicon/file/lexiconfile.h"
 #include "lexicon/text/givenback.h"
 
 #include <QFile>
@@ -35,10 +35,12 @@ LexiconReader::Status LexiconFacts::gather(LexiconReader& reader, const std::str
 
 bool LexiconFacts::gatherRecords(const std::string& path, std::string& error)
 {
-    QFile file(QFile::decodeName(path.c_str()));
+    QFile file;
+    if (!openLexiconFile(file, path, error))
+        return false;
     QtPalmDatabase database;
-    if (!openReadable(file) || database.load(file.fileName()) != 0) {
-        error = whyUnreadable(file, path);
+    if (database.load(file.fileName()) != 0) {
+        error = path + " is no lexicon any more";
         return false;
     }
     fileBytes = static_cast<uint64_t>(database.fileSize());

@@ -4,7 +4,7 @@
 #include "dictionary/latin1fold.h"
 #include "lexicon/entries/lexiconentry.h"
 #include "lexicon/file/articleof.h"
-#include "lexicon/file/readablefile.h"
+#include "lexicon/file/lexiconfile.h"
 #include "lexicon/text/givenback.h"
 #include "lexicon/text/latin1converter.h"
 #include "lexicon/text/utf8.h"
@@ -29,11 +29,9 @@ std::string headwordOf(std::string_view word, LatinForm form = LatinForm::Letter
 
 LexiconReader::Status LexiconReader::open(const std::string& path, std::string& error)
 {
-    QFile file(QFile::decodeName(path.c_str()));
-    if (!openReadable(file)) {
-        error = whyUnreadable(file, path);
+    QFile file;
+    if (!openLexiconFile(file, path, error))
         return Status::Unreadable;
-    }
     if (_dictionary.open(file.fileName()) != 0) {
         error = path + " is no lexicon";
         return Status::Invalid;

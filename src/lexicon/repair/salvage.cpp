@@ -3,7 +3,7 @@
 
 #include "dictionary/container/qtpalmdb.h"
 #include "lexicon/entries/lexiconentry.h"
-#include "lexicon/file/readablefile.h"
+#include "lexicon/file/lexiconfile.h"
 #include "lexicon/text/utf8.h"
 
 #include <algorithm>
@@ -39,12 +39,8 @@ std::string recordName(unsigned number)
 
 bool Salvage::read(const std::string& path, std::string& error)
 {
-    _file.setFileName(QFile::decodeName(path.c_str()));
-    // Records are read where they stand, which a pipe does not allow.
-    if (!openReadable(_file) || !_file.seek(0)) {
-        error = whyUnreadable(_file, path);
+    if (!openLexiconFile(_file, path, error))
         return false;
-    }
     QtPalmDatabase database;
     if (database.load(_file.fileName()) == 0) {
         QtRecords& records = *database.getRecords();

@@ -2,6 +2,7 @@
 #include "lexicon/sources/dictdindex.h"
 
 #include "lexicon/sources/lexiconsource.h"
+#include "lexicon/text/textlines.h"
 
 #include <optional>
 
@@ -67,11 +68,12 @@ std::optional<DictdIndex::Line> lineOf(std::string_view text)
 bool DictdIndex::isBegunBy(std::string_view head)
 {
     bool hasLine = false;
-    for (size_t end = head.find('\n'); end != std::string_view::npos; end = head.find('\n')) {
-        if (end > 0 && !lineOf(head.substr(0, end)))
+    head = head.substr(0, head.rfind('\n') + 1); // behind it the line may go on
+    while (!head.empty()) {
+        const std::string_view line = takeLine(head);
+        if (!line.empty() && !lineOf(line))
             return false;
-        hasLine = hasLine || end > 0;
-        head.remove_prefix(end + 1);
+        hasLine = hasLine || !line.empty();
     }
     return hasLine;
 }

@@ -2,6 +2,7 @@
 #include "lexicon/sources/dictdsource.h"
 
 #include "lexicon/sources/siblingfile.h"
+#include "lexicon/text/textlines.h"
 
 #include <algorithm>
 
@@ -24,14 +25,10 @@ std::string_view baseOf(std::string_view path)
 }
 
 /// The first line that holds anything, without the blanks around it.
-std::string firstLineOf(std::string_view text)
+std::string firstTextOf(std::string_view text)
 {
-    const size_t begin = text.find_first_not_of(" \t\r\n");
-    if (begin == std::string_view::npos)
-        return {};
-    text.remove_prefix(begin);
-    text = text.substr(0, text.find('\n'));
-    return std::string(text.substr(0, text.find_last_not_of(" \t\r") + 1));
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+    return std::string(trimmed(firstLine(text)));
 }
 
 bool isShortName(const DictdIndex::Line& line)
@@ -91,8 +88,8 @@ void DictdSource::takeMetadata(const DictdIndex::Line& line, std::string_view te
         return;
     // Some makers repeat the key in front of the text.
     if (text.starts_with("00-database-short") || text.starts_with("00databaseshort"))
-        text.remove_prefix(std::min(text.find('\n'), text.size()));
-    _description = firstLineOf(text);
+        takeLine(text);
+    _description = firstTextOf(text);
 }
 
 bool DictdSource::read(EntryIntake& intake, std::string& error)

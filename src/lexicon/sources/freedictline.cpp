@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/freedictline.h"
 
+#include "lexicon/text/textlines.h"
+
 namespace teskel::freedict
 {
 
@@ -8,14 +10,6 @@ namespace
 {
 
 constexpr auto npos = std::string_view::npos;
-
-std::string_view trimmed(std::string_view text)
-{
-    const size_t begin = text.find_first_not_of(" \t\r");
-    if (begin == npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(" \t\r") - begin + 1);
-}
 
 bool isClosing(char c)
 {

@@ -5,6 +5,7 @@
 #include "lexicon/sources/freedictline.h"
 #include "lexicon/sources/translations.h"
 #include "lexicon/text/plainarticle.h"
+#include "lexicon/text/textlines.h"
 
 #include <algorithm>
 
@@ -30,7 +31,7 @@ void LexiconSource::addLaidOut(EntryIntake& intake, std::string_view key, Writte
     TextOptions options = intake.options();
     if (_isReversed) {
         // A form of a word has the article of the word, which is an entry of its own.
-        const auto first = freedict::readFirstLine(text.substr(0, text.find('\n')));
+        const auto first = freedict::readFirstLine(firstLine(text));
         if (FreeDictEntry::normalized(first.word) != FreeDictEntry::normalized(key))
             return;
         options.pronunciations = false;

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/translations.h"
 
+#include "lexicon/text/plaintext.h"
+#include "lexicon/text/textlines.h"
 #include "lexicon/text/utf8.h"
-#include "script/letterreference.h"
 
 #include <QChar>
 
@@ -19,41 +20,6 @@ constexpr size_t mostWords = 6;
 /// Lines that tell something else than translations.
 constexpr std::string_view otherLines[] = {
     "\"", "see:", "Synonym:", "Synonyms:", "Antonym:", "Antonyms:", "Note:"};
-
-constexpr std::pair<std::string_view, char> references[] = {
-    {"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}, {"&quot;", '"'}};
-
-/// The text that rich text shows.
-std::string shown(std::string_view markup)
-{
-    std::string text;
-    while (!markup.empty()) {
-        size_t length = 1;
-        if (markup.front() == '<') {
-            length = std::min(markup.find('>'), markup.size() - 1) + 1;
-        } else if (const LetterReference letter = readLetterReference(markup); letter.length > 0) {
-            text += utf8::encoded({&letter.character, 1});
-            length = letter.length;
-        } else {
-            const auto* const known =
-                std::find_if(std::begin(references), std::end(references),
-                             [&](const auto& pair) { return markup.starts_with(pair.first); });
-            const bool isKnown = known != std::end(references);
-            text += isKnown ? known->second : markup.front();
-            length = isKnown ? known->first.size() : 1;
-        }
-        markup.remove_prefix(length);
-    }
-    return text;
-}
-
-std::string_view trimmed(std::string_view text)
-{
-    const size_t begin = text.find_first_not_of(" \t\r");
-    if (begin == std::string_view::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(" \t\r") - begin + 1);
-}
 
 /// Senses are numbered from 1 on without a gap; any other number belongs to its line. `sense` is
 /// the last one.
@@ -74,6 +40,14 @@ bool isTranslation(std::string_view text)
            std::count(text.begin(), text.end(), ' ') < static_cast<long>(mostWords);
 }
 
+/// Whether the sign at a place of the line compares what stands around it, as in "x < y", instead
+/// of being a bracket.
+bool compares(std::string_view line, size_t place)
+{
+    const std::string_view around = line.substr(place > 0 ? place - 1 : 0, 3);
+    return around == " < " || around == " > ";
+}
+
 /// Takes one line apart.
 void gather(std::string_view line, std::vector<std::string>& translations)
 {
@@ -86,10 +60,12 @@ void gather(std::string_view line, std::vector<std::string>& translations)
             translations.emplace_back(text);
         piece.clear();
     };
-    for (const char c : line) {
-        if (opening.find(c) != std::string_view::npos)
+    for (size_t i = 0; i < line.size(); ++i) {
+        const char c = line[i];
+        const bool isBracket = !compares(line, i);
+        if (isBracket && opening.find(c) != std::string_view::npos)
             ++depth;
-        else if (closing.find(c) != std::string_view::npos)
+        else if (isBracket && closing.find(c) != std::string_view::npos)
             depth -= depth > 0 ? 1 : 0;
         else if (depth == 0 && (c == ',' || c == ';'))
             finish();
@@ -105,15 +81,13 @@ std::vector<std::string> translationsIn(std::string_view article, Latin1Converte
 {
     std::string plain;
     if (kind == Latin1Converter::Text::MarkupArticle) {
-        plain = shown(article);
+        plain = plainText(article);
         article = plain;
     }
     std::vector<std::string> translations;
     unsigned sense = 0;
     while (!article.empty()) {
-        const size_t end = article.find('\n');
-        const std::string_view line = withoutSenseNumber(trimmed(article.substr(0, end)), sense);
-        article.remove_prefix(end == std::string_view::npos ? article.size() : end + 1);
+        const std::string_view line = withoutSenseNumber(trimmed(takeLine(article)), sense);
         if (std::none_of(std::begin(otherLines), std::end(otherLines),
                          [&](std::string_view other) { return line.starts_with(other); }))
             gather(line, translations);

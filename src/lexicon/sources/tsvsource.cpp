@@ -4,23 +4,19 @@
 #include "lexicon/diagnostics/diagnosticcode.h"
 #include "lexicon/sources/siblingfile.h"
 #include "lexicon/sources/tsv.h"
+#include "lexicon/text/textlines.h"
+#include "lexicon/text/utf8.h"
 
 namespace teskel
 {
-
-namespace
-{
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-} // namespace
 
 Likeness TsvSource::looksLike(const std::string& path, std::string_view head)
 {
     if (path == "-" || siblingfile::withoutPackerSuffix(path).ends_with(".tsv"))
         return Likeness::Named;
     const bool isText = head.find('\0') == std::string_view::npos;
-    const std::string_view firstLine = head.substr(0, head.find('\n'));
-    return isText && firstLine.find('\t') != std::string_view::npos ? Likeness::Possible
-                                                                    : Likeness::None;
+    const bool hasTab = firstLine(head).find('\t') != std::string_view::npos;
+    return isText && hasTab ? Likeness::Possible : Likeness::None;
 }
 
 bool TsvSource::read(EntryIntake& intake, std::string& error)
@@ -30,9 +26,7 @@ bool TsvSource::read(EntryIntake& intake, std::string& error)
     for (; _input->readLine(line, isEnd, error);) {
         if (isEnd)
             return _input->checkUnchanged(error);
-        std::string_view text = line;
-        if (++_lineNumber == 1 && text.starts_with(byteOrderMark))
-            text.remove_prefix(byteOrderMark.size());
+        std::string_view text = ++_lineNumber == 1 ? utf8::withoutByteOrderMark(line) : line;
         if (text.ends_with('\r'))
             text.remove_suffix(1);
         if (!text.empty() && !takeLine(text, intake, error)) {

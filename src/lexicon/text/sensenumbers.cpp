@@ -2,6 +2,7 @@
 #include "lexicon/text/sensenumbers.h"
 
 #include "lexicon/text/articlewalk.h"
+#include "lexicon/text/textlines.h"
 #include "script/letterreference.h"
 
 #include <algorithm>
@@ -28,14 +29,11 @@ bool isNumberAt(std::string_view text, size_t position)
 bool isSequence(std::string_view article)
 {
     unsigned expected = 1;
-    for (size_t line = 0; line < article.size();) {
-        const size_t start = std::min(article.find_first_not_of(" \t", line), article.size());
-        if (isNumberAt(article, start)) {
-            if (static_cast<unsigned>(article[start] - '0') != expected++)
-                return false;
-        }
-        const size_t end = article.find('\n', line);
-        line = end == std::string_view::npos ? article.size() : end + 1;
+    while (!article.empty()) {
+        const std::string_view line = takeLine(article);
+        const size_t start = std::min(line.find_first_not_of(" \t"), line.size());
+        if (isNumberAt(line, start) && static_cast<unsigned>(line[start] - '0') != expected++)
+            return false;
     }
     return expected > 2;
 }

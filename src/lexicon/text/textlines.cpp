@@ -12,4 +12,17 @@ std::string_view takeLine(std::string_view& text)
     return line;
 }
 
+std::string_view firstLine(std::string_view text)
+{
+    return takeLine(text);
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    const size_t begin = text.find_first_not_of(" \t\r");
+    if (begin == std::string_view::npos)
+        return {};
+    return text.substr(begin, text.find_last_not_of(" \t\r") - begin + 1);
+}
+
 } // namespace teskel

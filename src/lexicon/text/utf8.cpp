@@ -28,6 +28,11 @@ bool mayCombine(QChar character)
 
 } // namespace
 
+std::string_view withoutByteOrderMark(std::string_view text)
+{
+    return text.starts_with(byteOrderMark) ? text.substr(byteOrderMark.size()) : text;
+}
+
 std::u32string decoded(std::string_view text)
 {
     return toUtf16(text).toStdU32String();

@@ -11,6 +11,12 @@ namespace teskel::utf8
 /// Stands for bytes that are no UTF-8.
 inline constexpr char32_t invalid = 0xFFFD;
 
+/// U+FEFF, with which some programs begin a file.
+inline constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+/// The text without a byte-order mark at its beginning.
+std::string_view withoutByteOrderMark(std::string_view text);
+
 /// The characters of a text. Every byte that begins no well-formed character gives `invalid`.
 std::u32string decoded(std::string_view text);
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/verify/lexiconverifier.h"
 
-#include "lexicon/file/readablefile.h"
+#include "lexicon/file/lexiconfile.h"
 #include "lexicon/verify/checktable.h"
 
 #include <QFile>
@@ -57,12 +57,9 @@ std::vector<std::string> LexiconVerifier::leftOut() const
 
 bool LexiconVerifier::run(const std::string& path, std::string& error)
 {
-    QFile file(QFile::decodeName(path.c_str()));
-    // Records are read where they stand, which a pipe does not allow.
-    if (!openReadable(file) || !file.seek(0)) {
-        error = whyUnreadable(file, path);
+    QFile file;
+    if (!openLexiconFile(file, path, error))
         return false;
-    }
     _file.load(file.fileName());
     for (size_t place = 0; place < allChecks().size(); ++place) {
         const Check& check = allChecks()[place];

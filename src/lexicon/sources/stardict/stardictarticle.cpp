@@ -5,6 +5,10 @@
 #include "lexicon/text/characterreference.h"
 #include "lexicon/text/utf8.h"
 
+#include <QtEndian>
+
+#include <algorithm>
+
 namespace teskel
 {
 
@@ -23,12 +27,11 @@ std::string_view takeText(std::string_view& data, char type, bool isLast, bool& 
     size_t length = data.size();
     size_t passed = length;
     if (!isLast && type >= 'A' && type <= 'Z') {
-        constexpr size_t lengthBytes = 4;
-        size_t claimed = 0;
-        for (const char c : data.substr(0, lengthBytes))
-            claimed = claimed << 8 | static_cast<unsigned char>(c);
-        isDamaged = isDamaged || data.size() < lengthBytes || claimed > data.size() - lengthBytes;
+        constexpr size_t lengthBytes = sizeof(quint32);
+        const bool hasLength = data.size() >= lengthBytes;
+        const size_t claimed = hasLength ? qFromBigEndian<quint32>(data.data()) : 0;
         data.remove_prefix(std::min(lengthBytes, data.size()));
+        isDamaged = isDamaged || !hasLength || claimed > data.size();
         length = passed = std::min(claimed, data.size());
     } else if (!isLast) {
         const size_t end = data.find('\0');

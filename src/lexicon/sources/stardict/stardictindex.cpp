@@ -3,6 +3,8 @@
 
 #include "lexicon/sources/lexiconsource.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 
 namespace teskel
@@ -14,13 +16,11 @@ namespace
 constexpr size_t sizeBytes = 4;
 constexpr size_t targetBytes = 4;
 
-/// A number, most significant byte first.
+/// A number of four or eight bytes, most significant byte first.
 uint64_t number(std::string_view bytes)
 {
-    uint64_t value = 0;
-    for (const char c : bytes)
-        value = value << 8 | static_cast<unsigned char>(c);
-    return value;
+    return bytes.size() == sizeof(quint64) ? qFromBigEndian<quint64>(bytes.data())
+                                           : qFromBigEndian<quint32>(bytes.data());
 }
 
 } // namespace

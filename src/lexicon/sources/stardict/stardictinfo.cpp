@@ -3,6 +3,8 @@
 
 #include "lexicon/sources/input/inputfile.h"
 #include "lexicon/sources/lexiconsource.h"
+#include "lexicon/text/textlines.h"
+#include "lexicon/text/utf8.h"
 
 #include <charconv>
 
@@ -12,13 +14,7 @@ namespace teskel
 namespace
 {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view firstLine = "StarDict's dict ifo file";
-
-std::string_view withoutMark(std::string_view text)
-{
-    return text.starts_with(byteOrderMark) ? text.substr(byteOrderMark.size()) : text;
-}
+constexpr std::string_view openingLine = "StarDict's dict ifo file";
 
 std::optional<uint64_t> number(std::string_view text)
 {
@@ -29,19 +25,11 @@ std::optional<uint64_t> number(std::string_view text)
     return value;
 }
 
-std::string_view trimmed(std::string_view text)
-{
-    const size_t begin = text.find_first_not_of(" \t\r");
-    if (begin == std::string_view::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(" \t\r") - begin + 1);
-}
-
 } // namespace
 
 bool StarDictInfo::isBegunBy(std::string_view head)
 {
-    return withoutMark(head).starts_with(firstLine);
+    return utf8::withoutByteOrderMark(head).starts_with(openingLine);
 }
 
 bool StarDictInfo::take(std::string_view key, std::string_view value, std::string& error)

@@ -7,6 +7,7 @@
 #include "lexicon/sources/siblingfile.h"
 #include "lexicon/sources/stardict/stardictarticle.h"
 #include "lexicon/text/plainarticle.h"
+#include "lexicon/text/textlines.h"
 
 #include <algorithm>
 
@@ -108,8 +109,7 @@ bool StarDictSource::findLayout(std::string& error)
             break;
         if (article.plain.empty())
             continue;
-        const std::string_view text = article.plain;
-        const std::string first = freedict::readFirstLine(text.substr(0, text.find('\n'))).word;
+        const std::string first = freedict::readFirstLine(firstLine(article.plain)).word;
         ++plain;
         if (FreeDictEntry::normalized(first) == FreeDictEntry::normalized(word.key))
             ++repeated;

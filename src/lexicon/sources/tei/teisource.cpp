@@ -4,13 +4,15 @@
 #include "lexicon/diagnostics/diagnosticcode.h"
 #include "lexicon/sources/siblingfile.h"
 #include "lexicon/sources/tei/teilayout.h"
+#include "lexicon/text/textlines.h"
+#include "lexicon/text/utf8.h"
 
 namespace teskel
 {
 
 Likeness TeiSource::looksLike(const std::string& path, std::string_view head)
 {
-    const size_t begin = head.find_first_not_of("\xEF\xBB\xBF \t\r\n");
+    const size_t begin = head.find_first_not_of(std::string(utf8::byteOrderMark) + " \t\r\n");
     const bool isXml = begin != std::string_view::npos && head[begin] == '<';
     for (const std::string_view root : {"<TEI>", "<TEI ", "<TEI\n", "<TEI\r", "<TEI\t", "<TEI.2"}) {
         if (isXml && head.find(root) != std::string_view::npos)
@@ -103,8 +105,7 @@ void TeiSource::takeEntry(EntryIntake& intake)
     const TeiEntry entry = TeiEntry::layOut(node);
     if (entry.forms.empty())
         intake.note(diagnostic::entryWithoutWord, where,
-                    "an entry without <orth> is left out: " +
-                        entry.text.substr(0, entry.text.find('\n')));
+                    "an entry without <orth> is left out: " + std::string(firstLine(entry.text)));
     for (const TeiEntry::Form& form : entry.forms)
         addLaidOut(intake, form.word, Written::AsKey, form.line + "\n" + entry.text, ++_entryNumber,
                    where);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "lexicon/exports/plaintext.h"
+#include "lexicon/text/plaintext.h"
 
 #include "lexicon/text/characterreference.h"
 #include "lexicon/text/charactertables.h"
+#include "lexicon/text/tags.h"
 #include "lexicon/text/utf8.h"
 #include "script/letterreference.h"
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
 #include <map>
 
@@ -63,28 +63,6 @@ CharacterReference readReference(std::string_view text)
     return readDigitReference(utf8::decoded(spelling));
 }
 
-/// The tag or comment at the beginning of `text`; empty when there is none.
-std::string_view readTag(std::string_view text)
-{
-    const char second = text.size() > 1 ? text[1] : '\0';
-    const bool isTag =
-        std::isalpha(static_cast<unsigned char>(second)) || second == '/' || second == '!';
-    const size_t end = isTag ? text.find('>') : std::string_view::npos;
-    return end == std::string_view::npos ? std::string_view() : text.substr(0, end + 1);
-}
-
-bool endsLine(std::string_view tag)
-{
-    std::string name;
-    for (const char c : tag.substr(1)) {
-        if (!std::isalpha(static_cast<unsigned char>(c)))
-            break;
-        name += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    static constexpr std::string_view names[] = {"br", "p", "li", "div", "tr", "hr"};
-    return std::find(std::begin(names), std::end(names), name) != std::end(names);
-}
-
 } // namespace
 
 std::string plainText(std::string_view markup)
@@ -92,9 +70,8 @@ std::string plainText(std::string_view markup)
     std::string plain;
     for (size_t at = 0; at < markup.size();) {
         const std::string_view rest = markup.substr(at);
-        if (const std::string_view tag = rest.front() == '<' ? readTag(rest) : std::string_view();
-            !tag.empty()) {
-            if (endsLine(tag))
+        if (const std::string_view tag = tags::atBeginning(rest); !tag.empty()) {
+            if (tags::breaksLine(tag))
                 plain += '\n';
             at += tag.size();
             continue;
