@@ -5,7 +5,7 @@
 
 #include <QtEndian>
 
-#include <algorithm>
+#include <charconv>
 
 namespace teskel
 {
@@ -15,12 +15,27 @@ namespace
 
 constexpr size_t sizeBytes = 4;
 constexpr size_t targetBytes = 4;
+constexpr size_t mostDigits = 20;
 
 /// A number of four or eight bytes, most significant byte first.
 uint64_t number(std::string_view bytes)
 {
     return bytes.size() == sizeof(quint64) ? qFromBigEndian<quint64>(bytes.data())
                                            : qFromBigEndian<quint32>(bytes.data());
+}
+
+/// A number as a headword that sorts where it does.
+std::string sortKey(uint64_t number)
+{
+    const std::string digits = std::to_string(number);
+    return std::string(mostDigits - digits.size(), '0') + digits;
+}
+
+uint64_t numberOf(std::string_view sortKey)
+{
+    uint64_t value = 0;
+    std::from_chars(sortKey.data(), sortKey.data() + sortKey.size(), value);
+    return value;
 }
 
 } // namespace
@@ -41,27 +56,40 @@ bool StarDictIndex::readWord(InputFile& file, size_t numberBytes, Word& word, bo
     return false;
 }
 
+/// They stand in the order of their own words; the index names the words that they stand for.
 bool StarDictIndex::readAlternatives(const std::string& path, std::string& error)
 {
     InputFile file;
     if (!file.open(path, error))
         return false;
     _alternativesName = file.name();
+    _alternatives = std::make_unique<EntrySorter>();
+    Word word;
     bool isEnd = false;
-    while (true) {
-        Alternative alternative;
-        alternative.word.isAlternative = true;
-        alternative.word.place = static_cast<uint32_t>(_alternatives.size() + 1);
-        if (!readWord(file, targetBytes, alternative.word, isEnd, error))
+    for (word.place = 1; !isEnd; ++word.place) {
+        if (!readWord(file, targetBytes, word, isEnd, error))
             return false;
-        if (isEnd)
-            break;
-        alternative.target = static_cast<uint32_t>(number(_numbers));
-        _alternatives.push_back(std::move(alternative));
+        if (!isEnd)
+            _alternatives->add(sortKey(number(_numbers)), word.key, word.place);
     }
-    std::stable_sort(_alternatives.begin(), _alternatives.end(),
-                     [](const auto& a, const auto& b) { return a.target < b.target; });
+    error = _alternatives->error();
+    if (!error.empty())
+        return false;
+    _byTarget = _alternatives->sorted();
+    readAlternative();
     return true;
+}
+
+void StarDictIndex::readAlternative()
+{
+    LexiconEntry entry;
+    _hasAlternative = _byTarget->next(entry);
+    if (!_hasAlternative)
+        return;
+    _alternative.key = entry.article();
+    _alternative.place = entry.order;
+    _alternative.isAlternative = true;
+    _target = numberOf(entry.headword());
 }
 
 bool StarDictIndex::open(const std::string& path, const std::string& alternativesPath,
@@ -75,9 +103,9 @@ bool StarDictIndex::open(const std::string& path, const std::string& alternative
 bool StarDictIndex::next(Word& word, bool& isEnd, std::string& error)
 {
     isEnd = false;
-    if (_wordCount > 0 && _nextAlternative < _alternatives.size() &&
-        _alternatives[_nextAlternative].target == _wordCount - 1) {
-        word = _alternatives[_nextAlternative++].word;
+    if (_hasAlternative && _target + 1 == _wordCount) {
+        word = _alternative;
+        readAlternative();
         word.offset = _word.offset;
         word.size = _word.size;
         return true;
@@ -103,11 +131,9 @@ bool StarDictIndex::checkEnd(std::string& error) const
                 " bytes unpacked, but the .ifo says " + std::to_string(*_info.indexBytes);
         return false;
     }
-    if (_nextAlternative < _alternatives.size()) {
-        const Alternative& alternative = _alternatives[_nextAlternative];
-        error = placeInFile(_alternativesName, alternative.word.place) + ": it stands for word " +
-                std::to_string(alternative.target) + " of the index, which has " +
-                std::to_string(_wordCount);
+    if (_hasAlternative) {
+        error = placeInFile(_alternativesName, _alternative.place) + ": it stands for word " +
+                std::to_string(_target) + " of the index, which has " + std::to_string(_wordCount);
         return false;
     }
     return true;

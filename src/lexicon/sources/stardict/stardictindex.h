@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lexicon/entries/entrysorter.h"
 #include "lexicon/sources/input/inputfile.h"
 #include "lexicon/sources/stardict/stardictinfo.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
-#include <vector>
 
 namespace teskel
 {
@@ -37,21 +38,20 @@ public:
     uint32_t wordCount() const { return _wordCount; }
 
 private:
-    struct Alternative {
-        uint32_t target; ///< number of the word that it stands for, from 0
-        Word word;
-    };
-
     bool readAlternatives(const std::string& path, std::string& error);
+    void readAlternative();
     bool readWord(InputFile& file, size_t numberBytes, Word& word, bool& isEnd, std::string& error);
     bool checkEnd(std::string& error) const;
 
     InputFile _file;
     StarDictInfo _info;
     std::string _alternativesName;
-    std::vector<Alternative> _alternatives; ///< by their targets
-    size_t _nextAlternative = 0;
-    Word _word; ///< the last one of the .idx
+    std::unique_ptr<EntrySorter> _alternatives;
+    std::unique_ptr<EntryStream> _byTarget;
+    Word _alternative;            ///< the next one
+    uint64_t _target = 0;         ///< number of the word that it stands for, from 0
+    bool _hasAlternative = false; ///< whether there is a next one
+    Word _word;                   ///< the last one of the .idx
     uint32_t _wordCount = 0;
     uint64_t _bytesRead = 0;
     std::string _numbers; ///< behind the word that was read last
