@@ -17,6 +17,7 @@ private slots:
     void mergesInThePlainForm();
     void wordsThatFellTogetherStayApart_data();
     void wordsThatFellTogetherStayApart();
+    void hugeGroupIsMergedInParts();
     void sortsAsTheReaderCompares();
     void smallLettersComeBeforeCapitals();
     void sensesKeepTheOrderOfTheSource();
@@ -169,6 +170,30 @@ void TestEntryMerger::wordsThatFellTogetherStayApart()
         QTEST(QByteArray(merged.article().data()), "article");
         QVERIFY(!merger.next(merged));
     }
+}
+
+void TestEntryMerger::hugeGroupIsMergedInParts()
+{
+    EntrySorter sorter;
+    BuildReport report;
+    const std::string article(1'000'000, 'x');
+    constexpr uint32_t articles = 20;
+    for (uint32_t order = 0; order < articles; ++order)
+        sorter.add("d", std::to_string(order) + article, order);
+    sorter.add("e", "x", articles);
+    const auto sorted = sorter.sorted();
+    EntryMerger merger(*sorted, report, true);
+    QByteArrayList headwords;
+    size_t bytes = 0;
+    LexiconEntry entry;
+    while (merger.next(entry)) {
+        headwords += QByteArray(entry.text);
+        bytes += entry.articleLength;
+        QVERIFY(entry.articleLength < EntryGroups::largestGroup + 2 * article.size());
+    }
+    QVERIFY(headwords.count("d") > 1);
+    QCOMPARE(headwords.last(), QByteArray("e"));
+    QVERIFY(bytes > articles * article.size());
 }
 
 void TestEntryMerger::sortsAsTheReaderCompares()

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <set>
 
 using namespace teskel;
 
@@ -21,6 +22,7 @@ private slots:
     void articleWithoutLinesOrBlanksIsCutOutsideReferences_data();
     void articleWithoutLinesOrBlanksIsCutOutsideReferences();
     void splittingAgainChangesNothing();
+    void hugeGroupKeepsItsNumbering();
 
 private:
     std::vector<LexiconEntry> split(std::vector<LexiconEntry> entries)
@@ -189,6 +191,25 @@ void TestOversizeSplitter::splittingAgainChangesNothing()
     const auto again = split(once);
     QCOMPARE(headwords(again), headwords(once));
     QVERIFY(allFit(once));
+}
+
+void TestOversizeSplitter::hugeGroupKeepsItsNumbering()
+{
+    std::vector<LexiconEntry> source;
+    constexpr unsigned articles = 10;
+    for (unsigned i = 0; i < articles; ++i)
+        source.push_back(entry("set", lines(1'000'000)));
+    const auto entries = split(source);
+    QVERIFY(allFit(entries));
+    std::set<std::string_view> headwords;
+    size_t bytes = 0;
+    for (const LexiconEntry& each : entries) {
+        headwords.insert(each.headword());
+        bytes += each.articleLength;
+    }
+    QCOMPARE(headwords.size(), entries.size());
+    QVERIFY(headwords.contains("set (" + std::to_string(entries.size()) + ")"));
+    QVERIFY(bytes >= articles * (1'000'000 - 40)); // blanks and line ends at the cuts
 }
 
 QTEST_APPLESS_MAIN(TestOversizeSplitter)

@@ -17,6 +17,9 @@ public:
     /// Appends all that is left of a stream.
     bool append(EntryStream& entries);
 
+    /// Ends the appending and gives its memory back.
+    bool finish() { return _file.finish(); }
+
     /// All entries from the first on. Nothing is appended any more then; the file must outlive the
     /// stream.
     std::unique_ptr<EntryStream> read();

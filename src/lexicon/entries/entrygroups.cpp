@@ -21,10 +21,16 @@ const std::vector<LexiconEntry>& EntryGroups::next()
     std::swap(_arena, _lastArena);
     _arena.clear();
     _ahead = _arena.copy(_ahead);
+    _isContinued = std::exchange(_isCut, false);
+    size_t bytes = 0;
     do {
         _group.push_back(_ahead);
+        bytes += _ahead.packed().size();
         readAhead();
-    } while (_ahead.text != nullptr && _alike(_group.front(), _ahead));
+        if (_ahead.text == nullptr || !_alike(_group.front(), _ahead))
+            return _group;
+    } while (bytes < largestGroup);
+    _isCut = true;
     return _group;
 }
 

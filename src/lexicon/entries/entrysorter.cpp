@@ -100,7 +100,7 @@ bool EntrySorter::putAside()
     sortHeld();
     Held entries(_held);
     _runs.push_back(std::make_unique<EntryFile>());
-    const bool isWritten = _runs.back()->append(entries);
+    const bool isWritten = _runs.back()->append(entries) && _runs.back()->finish();
     _held.clear();
     _heldBytes = 0;
     _arena = std::make_unique<EntryArena>();

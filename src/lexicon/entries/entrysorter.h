@@ -19,7 +19,7 @@ class EntrySorter
 {
 public:
     /// Bytes of entries that are held in memory.
-    static constexpr size_t usualRoom = size_t{48} << 20;
+    static constexpr size_t usualRoom = size_t{32} << 20;
 
     explicit EntrySorter(size_t room = usualRoom)
         : _room(room)

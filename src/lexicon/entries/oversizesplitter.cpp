@@ -90,7 +90,7 @@ bool OversizeSplitter::isNeeded(EntryFile& merged)
     const auto entries = merged.read();
     EntryGroups groups(*entries, foldsAlike);
     for (const Group* group = &groups.next(); !group->empty(); group = &groups.next()) {
-        if (bytesOf(*group) <= limits::recordPayload)
+        if (bytesOf(*group) <= limits::recordPayload && !groups.isContinued())
             continue;
         // A long headword is cut to make room for the number.
         const std::string headword = folded(group->front().headword());
@@ -118,29 +118,24 @@ bool OversizeSplitter::split(EntryFile& merged, EntrySorter& fitting)
     const auto entries = merged.read();
     EntryGroups groups(*entries, foldsAlike);
     for (const Group* group = &groups.next(); !group->empty(); group = &groups.next()) {
-        if (!splitGroup(*group, fitting))
+        if (!splitGroup(*group, groups.isContinued(), fitting))
             return false;
     }
     return true;
 }
 
-bool OversizeSplitter::splitGroup(const Group& group, EntrySorter& fitting)
+bool OversizeSplitter::splitGroup(const Group& group, bool isContinued, EntrySorter& fitting)
 {
     const auto give = [&](std::string_view headword, std::string_view article, uint32_t order) {
         return fitting.add(headword, article, order);
     };
-    if (bytesOf(group) <= limits::recordPayload)
+    if (bytesOf(group) <= limits::recordPayload && !isContinued)
         return std::all_of(group.begin(), group.end(), [&](const LexiconEntry& entry) {
             return give(entry.headword(), entry.article(), entry.order);
         });
-    const std::string name = utf8::fromLatin1(group.front().headword());
-    _report.diagnostics.add(diagnostic::longArticle, {},
-                            "the articles of \"" + name +
-                                "\" fill more than one record of 32,767 bytes; they "
-                                "go on under \"" +
-                                name + " (2)\" and so on");
-    _part = 1;
-    size_t room = limits::recordPayload;
+    if (!isContinued)
+        report(group.front().headword());
+    size_t room = isContinued ? 0 : limits::recordPayload;
     for (const LexiconEntry& entry : group) {
         std::string headword(entry.headword());
         std::string_view rest = entry.article();
@@ -169,6 +164,17 @@ bool OversizeSplitter::splitGroup(const Group& group, EntrySorter& fitting)
         room = headword == entry.headword() ? room - headword.size() - piece.size() - 2 : 0;
     }
     return true;
+}
+
+void OversizeSplitter::report(std::string_view headword)
+{
+    const std::string name = utf8::fromLatin1(headword);
+    _report.diagnostics.add(diagnostic::longArticle, {},
+                            "the articles of \"" + name +
+                                "\" fill more than one record of 32,767 bytes; they "
+                                "go on under \"" +
+                                name + " (2)\" and so on");
+    _part = 1;
 }
 
 std::string OversizeSplitter::continuedHeadword(std::string_view headword)

@@ -33,7 +33,8 @@ private:
     using Group = std::vector<LexiconEntry>;
 
     void noteTakenNames(EntryFile& merged);
-    bool splitGroup(const Group& group, EntrySorter& fitting);
+    bool splitGroup(const Group& group, bool isContinued, EntrySorter& fitting);
+    void report(std::string_view headword);
     std::string continuedHeadword(std::string_view headword);
 
     BuildReport& _report;

@@ -58,7 +58,11 @@ bool ScratchFile::append(std::string_view bytes)
 
 bool ScratchFile::finish()
 {
-    return _descriptor < 0 && _error.empty() ? true : writeOut();
+    if (_descriptor < 0 && _error.empty())
+        return true;
+    const bool isWritten = writeOut();
+    _held.shrink_to_fit();
+    return isWritten;
 }
 
 bool ScratchFile::writeOut()
