@@ -182,7 +182,7 @@ void TeskelMainWindow::setCaption(const QString& name)
 {
     // Qt takes "[*]" for the place of a mark, and shows it where it stands twice.
     QString shown = teskel::oneLine(name);
-    shown.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    shown.replace("[*]"_L1, "[*][*]"_L1);
     setWindowTitle(tr("Teskel-") + shown);
 }
 

@@ -24,13 +24,13 @@ QString userFileName(const QString& name)
 {
     QString directory = qEnvironmentVariable("XDG_CONFIG_HOME");
     if (!QDir::isAbsolutePath(directory))
-        directory = QDir::homePath() + QLatin1String("/.config");
-    return directory + QLatin1String("/teskel/") + name + QLatin1String(".conf");
+        directory = QDir::homePath() + "/.config"_L1;
+    return directory + "/teskel/"_L1 + name + ".conf"_L1;
 }
 
 QString handheldFileName(const QString& name)
 {
-    return QDir::homePath() + QLatin1String("/Settings/") + name + QLatin1String(".conf");
+    return QDir::homePath() + "/Settings/"_L1 + name + ".conf"_L1;
 }
 
 bool makeDirectory(const QString& path)

@@ -21,7 +21,7 @@ QString compiledIn(const QString& name)
 {
     static const bool registered = (registerPictures(), true);
     Q_UNUSED(registered);
-    return QLatin1String(":/pics/") + name + QLatin1String(".png");
+    return ":/pics/"_L1 + name + ".png"_L1;
 }
 
 QString installed(const QString& name)
@@ -32,7 +32,7 @@ QString installed(const QString& name)
     QList<QByteArray> formats{"png", "xpm"};
     formats += QImageReader::supportedImageFormats();
     for (const QByteArray& format : std::as_const(formats)) {
-        QString path = root + QLatin1String("/pics/") + name + u'.' + QLatin1String(format);
+        QString path = root + "/pics/"_L1 + name + u'.' + QLatin1String(format);
         if (QFile::exists(path))
             return path;
     }
@@ -45,7 +45,7 @@ QPixmap Resource::loadPixmap(const QString& name)
 {
     if (!QFile::exists(compiledIn(name)))
         return QPixmap(installed(name));
-    return QPixmap(compiledIn(qApp->devicePixelRatio() > 1 ? name + QLatin1String("@2x") : name));
+    return QPixmap(compiledIn(qApp->devicePixelRatio() > 1 ? name + "@2x"_L1 : name));
 }
 
 QIcon Resource::loadIcon(const QString& name)

@@ -3,7 +3,6 @@
 
 #include "script/letterreference.h"
 
-#include <QList>
 #include <QtGlobal>
 
 #include <utility>

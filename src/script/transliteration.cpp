@@ -122,13 +122,4 @@ QString inLatin1(const QString& text)
     return result;
 }
 
-std::string inLatin1(std::string_view utf8)
-{
-    const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
-    if (std::all_of(utf8.begin(), utf8.end(), isAscii))
-        return std::string(utf8);
-    return inLatin1(QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())))
-        .toStdString();
-}
-
 } // namespace teskel

@@ -3,9 +3,6 @@
 
 #include <QString>
 
-#include <string>
-#include <string_view>
-
 namespace teskel
 {
 
@@ -15,8 +12,5 @@ namespace teskel
 /// is, shared; in other texts the characters of Latin-1 stay as well. A word, between white space,
 /// of which no letter would be left is given by its code points (hexadecimalLetters()).
 QString inLatin1(const QString& text);
-
-/// The same for UTF-8, in and out; a malformed sequence counts as U+FFFD.
-std::string inLatin1(std::string_view utf8);
 
 } // namespace teskel

@@ -268,10 +268,11 @@ void TestDictdSource::saysThatAWholeInputIsDamaged()
     QVERIFY(packed.resize(packed.size() * 2 / 3));
     const std::string path = stdPath(directory, u"s.dict.dz"_s);
     InputFile file;
-    std::string content;
+    std::string piece;
     std::string error;
     QVERIFY(file.open(path, error));
-    QVERIFY(!file.readAll(content, error));
+    while (file.readNext(piece, error) && !piece.empty()) {
+    }
     QCOMPARE(error, path + " is damaged: it cannot be unpacked");
 }
 

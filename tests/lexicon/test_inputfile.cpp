@@ -66,13 +66,23 @@ void addPackers()
         QTest::newRow(*packer ? packer : "not packed") << QString::fromLatin1(packer);
 }
 
+/// What is still to be read; nothing when not all of it can be read.
+QByteArray readRest(InputFile& file, std::string& error)
+{
+    std::string content;
+    std::string piece;
+    do {
+        if (!file.readNext(piece, error))
+            return {};
+        content += piece;
+    } while (!piece.empty());
+    return QByteArray::fromStdString(content);
+}
+
 QByteArray readAll(const std::string& path, std::string& error)
 {
     InputFile file;
-    std::string content;
-    if (!file.open(path, error) || !file.readAll(content, error))
-        return {};
-    return QByteArray::fromStdString(content);
+    return file.open(path, error) ? readRest(file, error) : QByteArray();
 }
 } // namespace
 
@@ -183,9 +193,8 @@ void TestInputFile::headIsStillToBeRead()
     std::string error;
     QVERIFY(file.open(stage(_numbers, u"xz"_s), error));
     QCOMPARE(std::string(file.head(4)), std::string("0\n7\n"));
-    std::string content;
-    QVERIFY(file.readAll(content, error));
-    QVERIFY(QByteArray::fromStdString(content) == _numbers);
+    QVERIFY(readRest(file, error) == _numbers);
+    QCOMPARE(error, std::string());
 }
 
 void TestInputFile::severalMembersAreOneInput_data()

@@ -120,7 +120,6 @@ void TestTransliteration::writesOtherScriptsInLatinLetters()
     QFETCH(QString, expected);
     QCOMPARE(teskel::inLatin1(text), expected);
     QCOMPARE(teskel::inLatin1(expected), expected);
-    QCOMPARE(teskel::inLatin1(text.toStdString()), expected.toStdString());
 }
 
 void TestTransliteration::isTheSameInEveryLocale_data()
@@ -175,7 +174,6 @@ void TestTransliteration::latin1IsShared()
     QCOMPARE(result, text);
     QCOMPARE(static_cast<const void*>(result.constData()),
              static_cast<const void*>(text.constData()));
-    QCOMPARE(teskel::inLatin1(text.toStdString()), text.toStdString());
 }
 
 void TestTransliteration::everyCharacterBecomesLatin1()
@@ -220,8 +218,8 @@ void TestTransliteration::malformedTextBecomesLatin1()
 {
     QCOMPARE(teskel::inLatin1(QString(QChar(0xD83D))), u"pppn"_s);
     QCOMPARE(teskel::inLatin1(u"a"_s + QChar(0xDE00) + u"b"_s), u"ab"_s);
-    QCOMPARE(teskel::inLatin1(std::string_view("a\xFF")), std::string("a"));
-    QCOMPARE(teskel::inLatin1(std::string_view("\xD0")), std::string("pppn"));
+    QCOMPARE(teskel::inLatin1(QString::fromUtf8("a\xFF")), u"a"_s);
+    QCOMPARE(teskel::inLatin1(QString::fromUtf8("\xD0")), u"pppn"_s);
 }
 
 QTEST_GUILESS_MAIN(TestTransliteration)

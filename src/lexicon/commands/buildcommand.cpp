@@ -5,7 +5,6 @@
 #include "lexicon/commands/commandsupport.h"
 
 #include <algorithm>
-#include <iostream>
 #include <memory>
 
 #include <CLI/CLI.hpp>
@@ -18,18 +17,9 @@ namespace
 
 int buildOne(const BuildOptions& options, bool quiet)
 {
-    LexiconBuilder builder(options, quiet ? nullptr : terminal());
-    std::string error;
-    const bool isBuilt = builder.build(error);
-    builder.report().progress->end();
-    builder.report().diagnostics.print(std::cerr, {options.strict, quiet});
-    if (!isBuilt) {
-        complain(error);
-        return Failed;
-    }
-    if (!quiet)
-        builder.report().print(std::cerr);
-    return Done;
+    return runBuild(options, quiet, [](LexiconBuilder& builder, std::string& error) {
+        return builder.build(error);
+    });
 }
 
 /// An empty `reverse` is no file.

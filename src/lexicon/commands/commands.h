@@ -32,7 +32,7 @@ Action build(CLI::App& options);
 Action info(CLI::App& options);
 Action find(CLI::App& options);
 Action list(CLI::App& options);
-Action exportTsv(CLI::App& options);
+Action exportLexicon(CLI::App& options);
 Action verify(CLI::App& options);
 Action diff(CLI::App& options);
 Action repair(CLI::App& options);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commandsupport.h"
 
+#include "lexicon/build/lexiconbuilder.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
@@ -41,6 +43,37 @@ std::ostream* terminal()
     const char* kind = std::getenv("TERM");
     const bool isWritable = kind && std::strcmp(kind, "dumb") != 0;
     return isWritable && ::isatty(STDERR_FILENO) != 0 ? &std::cerr : nullptr;
+}
+
+int runBuild(const BuildOptions& options, bool quiet,
+             const std::function<bool(LexiconBuilder& builder, std::string& error)>& build)
+{
+    LexiconBuilder builder(options, quiet ? nullptr : terminal());
+    std::string error;
+    const bool isBuilt = build(builder, error);
+    builder.report().progress->end();
+    builder.report().diagnostics.print(std::cerr, {options.strict, quiet});
+    if (!isBuilt) {
+        complain(error);
+        return Failed;
+    }
+    if (!quiet)
+        builder.report().print(std::cerr);
+    return Done;
+}
+
+int finishFiles(LexiconReader::Status status, const std::string& file, std::string& error,
+                const std::function<bool(std::string& error)>& commit)
+{
+    if (status != LexiconReader::Status::Ok) {
+        complain(file + ": " + error);
+        return exitCode(status);
+    }
+    if (!commit(error)) {
+        complain(error);
+        return Failed;
+    }
+    return Done;
 }
 
 int finishOutput(int code)

@@ -3,8 +3,15 @@
 
 #include "lexicon/file/lexiconreader.h"
 
+#include <functional>
 #include <iosfwd>
 #include <string>
+
+namespace teskel
+{
+class LexiconBuilder;
+struct BuildOptions;
+} // namespace teskel
 
 namespace teskel::commands
 {
@@ -28,6 +35,16 @@ LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file
 
 /// The standard error when it is a terminal that can take a line back, else null.
 std::ostream* terminal();
+
+/// Has a lexicon built by `build`, which gets the builder and says in `error` why it failed, and
+/// prints what the build tells. `quiet` leaves out all but errors. Returns the exit code.
+int runBuild(const BuildOptions& options, bool quiet,
+             const std::function<bool(LexiconBuilder& builder, std::string& error)>& build);
+
+/// Ends the writing of files from the lexicon `file`: with `commit` when it was read to its end,
+/// which `status` tells, else with `error`. Returns the exit code.
+int finishFiles(LexiconReader::Status status, const std::string& file, std::string& error,
+                const std::function<bool(std::string& error)>& commit);
 
 /// Writes out what is still buffered of the standard output. Returns `code`, or Failed with a
 /// sentence when not everything could be written.

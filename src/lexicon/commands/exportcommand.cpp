@@ -2,10 +2,10 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/exports/exporttable.h"
-#include "lexicon/text/plaintext.h"
 #include "lexicon/file/pendingfile.h"
 #include "lexicon/sources/tsv.h"
 #include "lexicon/text/givenback.h"
+#include "lexicon/text/plaintext.h"
 #include "lexicon/text/utf8.h"
 
 #include <algorithm>
@@ -52,15 +52,8 @@ int exportToFile(LexiconReader& reader, const std::string& file, const std::stri
     std::string error;
     const auto write = [&pending](const std::string& line) { return pending.write(line); };
     const LexiconReader::Status status = writeEntries(reader, write, error);
-    if (status != LexiconReader::Status::Ok) {
-        complain(file + ": " + error);
-        return exitCode(status);
-    }
-    if (!pending.commit(error)) {
-        complain(error);
-        return Failed;
-    }
-    return Done;
+    return finishFiles(status, file, error,
+                       [&pending](std::string& why) { return pending.commit(why); });
 }
 
 int exportToOutput(LexiconReader& reader, const std::string& file)
@@ -92,15 +85,8 @@ int exportFor(LexiconReader& reader, const ExportOptions& options)
         return files->add(headword, article);
     };
     const LexiconReader::Status status = reader.visitFrom({}, add, error);
-    if (status != LexiconReader::Status::Ok) {
-        complain(options.file + ": " + error);
-        return exitCode(status);
-    }
-    if (!files->commit(error)) {
-        complain(error);
-        return Failed;
-    }
-    return Done;
+    return finishFiles(status, options.file, error,
+                       [&files](std::string& why) { return files->commit(why); });
 }
 
 int run(const ExportOptions& options)
@@ -128,7 +114,7 @@ std::vector<std::string> kinds()
 
 } // namespace
 
-Action exportTsv(CLI::App& options)
+Action exportLexicon(CLI::App& options)
 {
     const auto request = std::make_shared<ExportOptions>();
     options.add_option("FILE", request->file)->required();

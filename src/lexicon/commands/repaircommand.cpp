@@ -41,17 +41,11 @@ int run(const RepairOptions& options)
     build.numbers = false;
     build.force = true;
     build.text.form = source.form();
-    LexiconBuilder builder(build, options.quiet ? nullptr : terminal());
-    const bool isBuilt = builder.build(source, error);
-    builder.report().progress->end();
-    builder.report().diagnostics.print(std::cerr, {false, options.quiet});
-    if (!isBuilt) {
-        complain(error);
-        return Failed;
-    }
-    if (!options.quiet)
-        builder.report().print(std::cerr);
-    return salvage.losses().empty() ? Done : Negative;
+    const auto buildFromSalvage = [&source](LexiconBuilder& builder, std::string& why) {
+        return builder.build(source, why);
+    };
+    const int code = runBuild(build, options.quiet, buildFromSalvage);
+    return code == Done && !salvage.losses().empty() ? Negative : code;
 }
 
 } // namespace

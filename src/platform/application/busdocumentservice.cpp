@@ -44,7 +44,7 @@ bool isBusAnnounced()
     if (!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
         return true;
     const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return !runtime.isEmpty() && QFile::exists(runtime + QLatin1String("/bus"));
+    return !runtime.isEmpty() && QFile::exists(runtime + "/bus"_L1);
 }
 
 } // namespace

@@ -28,7 +28,7 @@ QString attribute(const QString& directory, const QString& name)
 // "/dev/mapper/card" is a link to "/dev/dm-0" where udev runs; sysfs knows the name in any case.
 QString directoryOfMapping(const QString& sysfs, const QString& name)
 {
-    const QDir devices(sysfs + QLatin1String("/class/block"));
+    const QDir devices(sysfs + "/class/block"_L1);
     const QStringList names = devices.entryList({u"dm-*"_s}, QDir::Dirs);
     for (const QString& device : names) {
         QString path = devices.filePath(device);
@@ -46,21 +46,21 @@ QString directoryOf(const StorageRoots& roots, const QString& source, const QStr
     const QString& sysfs = roots.sysfs;
     const QString target = QFileInfo(roots.dev + source.sliced(devices.size())).canonicalFilePath();
     const QString name = QFileInfo(target.isEmpty() ? source : target).fileName();
-    QString byName = sysfs + QLatin1String("/class/block/") + name;
+    QString byName = sysfs + "/class/block/"_L1 + name;
     if (!name.isEmpty() && QFileInfo(byName).isDir())
         return byName;
-    if (source.startsWith(QLatin1String("/dev/mapper/"))) {
+    if (source.startsWith("/dev/mapper/"_L1)) {
         QString mapping = directoryOfMapping(sysfs, QFileInfo(source).fileName());
         if (!mapping.isEmpty())
             return mapping;
     }
-    const QString byNumber = sysfs + QLatin1String("/dev/block/") + device;
+    const QString byNumber = sysfs + "/dev/block/"_L1 + device;
     return QFileInfo(byNumber).isDir() ? byNumber : QString();
 }
 
 bool isRemovableDisk(const QString& directory)
 {
-    if (attribute(directory, u"removable"_s) == QLatin1String("1"))
+    if (attribute(directory, u"removable"_s) == "1"_L1)
         return true;
     static const QRegularExpression hotBus(u"/(usb\\d+|pcmcia[^/]*)/"_s);
     if (hotBus.match(directory).hasMatch())
@@ -68,18 +68,18 @@ bool isRemovableDisk(const QString& directory)
     const QString name = QFileInfo(directory).fileName();
     // The slot of a built-in reader does not count as removable, nor does a soldered chip, which
     // has the type "MMC".
-    if (name.startsWith(QLatin1String("mmcblk")))
-        return attribute(directory, u"device/type"_s) == QLatin1String("SD");
-    return name.startsWith(QLatin1String("mspblk")) || name.startsWith(QLatin1String("msblk"));
+    if (name.startsWith("mmcblk"_L1))
+        return attribute(directory, u"device/type"_s) == "SD"_L1;
+    return name.startsWith("mspblk"_L1) || name.startsWith("msblk"_L1);
 }
 
 bool isRemovableStack(const QString& directory, int depth)
 {
     if (directory.isEmpty() || depth > deepestStack)
         return false;
-    if (QFile::exists(directory + QLatin1String("/partition")))
+    if (QFile::exists(directory + "/partition"_L1))
         return isRemovableStack(QFileInfo(directory).path(), depth + 1);
-    const QDir slaves(directory + QLatin1String("/slaves"));
+    const QDir slaves(directory + "/slaves"_L1);
     const QFileInfoList parts = slaves.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QFileInfo& part : parts) {
         if (isRemovableStack(part.canonicalFilePath(), depth + 1))

@@ -11,6 +11,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -27,7 +29,7 @@ StorageRoots& currentRoots()
 // its subvolumes, which looks the same.
 bool isWhole(const teskel::Mount& mount)
 {
-    return mount.root == QLatin1String("/") || mount.type == QLatin1String("btrfs");
+    return mount.root == "/"_L1 || mount.type == "btrfs"_L1;
 }
 
 bool canBeReached(const QString& directory)

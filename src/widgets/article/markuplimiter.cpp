@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -17,10 +19,10 @@ constexpr qint64 styleSheetOverhead = 16;
 /// The part of a text that the document reads: editors mark what they put on the clipboard.
 QStringView fragmentOf(QStringView markup)
 {
-    const qsizetype begin = markup.indexOf(QLatin1StringView("<!--StartFragment-->"));
+    const qsizetype begin = markup.indexOf("<!--StartFragment-->"_L1);
     if (begin < 0)
         return markup;
-    const qsizetype end = markup.indexOf(QLatin1StringView("<!--EndFragment-->"));
+    const qsizetype end = markup.indexOf("<!--EndFragment-->"_L1);
     return begin < end ? markup.sliced(begin, end - begin) : markup.sliced(begin);
 }
 } // namespace
@@ -152,14 +154,14 @@ bool MarkupLimiter::readSpans(const MarkupTokenizer& tag)
 {
     _columnSpan = 1;
     _rowSpan = 1;
-    if (tag.name() != QLatin1StringView("td") && tag.name() != QLatin1StringView("th"))
+    if (tag.name() != "td"_L1 && tag.name() != "th"_L1)
         return true;
     for (const MarkupTokenizer::Attribute& attribute : tag.attributes()) {
         const QString name = attribute.name.toString().toLower();
-        const bool isColumnSpan = name == QLatin1StringView("colspan");
+        const bool isColumnSpan = name == "colspan"_L1;
         if (MarkupTokenizer::mayHoldMarkup(name))
             return false;
-        if (!isColumnSpan && name != QLatin1StringView("rowspan"))
+        if (!isColumnSpan && name != "rowspan"_L1)
             continue;
         if (MarkupTokenizer::mayHoldMarkup(attribute.value))
             return false;

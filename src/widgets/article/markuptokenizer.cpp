@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/article/markuptokenizer.h"
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -98,7 +100,7 @@ void MarkupTokenizer::skipDeclaration()
 {
     ++_position;
     if (isAt(u'-') && isAt(u'-', 1)) {
-        const qsizetype end = _markup.indexOf(QLatin1String("-->"), _position + 2);
+        const qsizetype end = _markup.indexOf("-->"_L1, _position + 2);
         _position = end < 0 ? _markup.size() : end + 3;
     } else {
         skipPast(u'>');

@@ -243,7 +243,7 @@ bool MarkupTree::open(const QString& name, bool isSelfClosed)
     const bool isTaken = takeNode();
     const ElementType* const type = typeOf(name);
     const Kind kind = type == nullptr ? Kind::Other : type->kind;
-    if (kind == Kind::Row || name == QLatin1StringView("td"))
+    if (kind == Kind::Row || name == "td"_L1)
         addMissingTable(kind);
 
     const int parent = parentOf(kind);

@@ -57,16 +57,6 @@ std::string_view InputFile::head(size_t size)
     return std::string_view(_window).substr(0, size);
 }
 
-bool InputFile::readAll(std::string& content, std::string& error)
-{
-    content = std::exchange(_window, {});
-    while (readStep(content)) {
-    }
-    if (_hasFailed)
-        error = reasonOfFailure();
-    return !_hasFailed;
-}
-
 bool InputFile::unpackWhole(std::string& error)
 {
     _whole = std::make_unique<ScratchFile>();

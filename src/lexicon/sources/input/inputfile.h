@@ -36,9 +36,6 @@ public:
     /// still to be read.
     std::string_view head(size_t size);
 
-    /// Reads everything. Nothing else may have been read before.
-    bool readAll(std::string& content, std::string& error);
-
     /// Reads `size` bytes at `offset` of the unpacked data; fails when they are not all there. At
     /// the first time, what is packed is unpacked into a temporary file. Of the other functions
     /// that read, only head() may be used besides.

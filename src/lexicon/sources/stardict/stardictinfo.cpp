@@ -79,8 +79,6 @@ bool StarDictInfo::read(const std::string& path, std::string& error)
             return false;
         }
     }
-    if (error.empty() && !isEnd)
-        error = path + " cannot be read";
     return error.empty();
 }
 

@@ -7,6 +7,8 @@
 #include "lexicon/text/textlines.h"
 #include "lexicon/text/utf8.h"
 
+using namespace Qt::StringLiterals;
+
 namespace teskel
 {
 
@@ -57,13 +59,13 @@ bool TeiSource::next()
 bool TeiSource::readNode(TeiNode& node)
 {
     node.name = _reader.name().toString();
-    node.type = _reader.attributes().value(QLatin1String("type")).toString();
+    node.type = _reader.attributes().value("type"_L1).toString();
     std::vector<TeiNode*> open = {&node}; // children of the last one alone are added to
     while (next()) {
         if (_reader.isStartElement()) {
             TeiNode child;
             child.name = _reader.name().toString();
-            child.type = _reader.attributes().value(QLatin1String("type")).toString();
+            child.type = _reader.attributes().value("type"_L1).toString();
             open.back()->children.push_back(std::move(child));
             open.push_back(&open.back()->children.back());
         } else if (_reader.isEndElement()) {
