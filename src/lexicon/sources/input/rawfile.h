@@ -17,6 +17,8 @@ class RawFile : public ByteStream
 {
 public:
     RawFile() = default;
+    RawFile(const RawFile&) = delete;
+    RawFile& operator=(const RawFile&) = delete;
     ~RawFile() override;
 
     /// Opens a file (path in the bytes of the file system), or the standard input for "-". Returns
