@@ -73,7 +73,7 @@ std::vector<SourceEntry> sampleOf(const QString& base)
     return sample;
 }
 
-QString withoutWhiteSpace(QString text)
+QString withoutWhiteSpace(const QString& text)
 {
     static const QRegularExpression whiteSpace(u"\\s+"_s,
                                                QRegularExpression::UseUnicodePropertiesOption);

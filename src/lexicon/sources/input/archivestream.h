@@ -23,6 +23,8 @@ public:
 
     /// `packed` stands at its beginning and must outlive the stream.
     explicit ArchiveStream(ByteStream& packed);
+    ArchiveStream(const ArchiveStream&) = delete;
+    ArchiveStream& operator=(const ArchiveStream&) = delete;
     ~ArchiveStream() override;
 
     long read(char* out, std::size_t size) override;

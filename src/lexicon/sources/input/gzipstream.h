@@ -21,6 +21,8 @@ public:
 
     /// `packed` stands at its beginning and must outlive the stream.
     explicit GzipStream(ByteStream& packed);
+    GzipStream(const GzipStream&) = delete;
+    GzipStream& operator=(const GzipStream&) = delete;
     ~GzipStream() override;
 
     long read(char* out, std::size_t size) override;
