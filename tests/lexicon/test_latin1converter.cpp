@@ -96,6 +96,11 @@ void TestLatin1Converter::convertsToPlainLatin_data()
     row("reference with a digit in its name", "&frac12;&sup2;", "&frac12;&sup2;",
         "&amp;frac12;&amp;sup2;", "\xBD\xB2");
     row("reference with a letter like a digit", "&#ı60;", "&#i60;", "&amp;#i60;", "&#i60;");
+    row("letter references", "&_ede;&_gb;&_dm;&_cg; &_cacg;", "&_ede;&_gb;&_dm;&_cg; &_cacg;",
+        "&amp;_ede;&amp;_gb;&amp;_dm;&amp;_cg; &amp;_cacg;", "?a&lt;&amp; &hellip;");
+    row("letter reference to a digit is none of a sense", "&_db;. &_dc; <h&_db;.>",
+        "&_db;. &_dc; <h&_db;.>", "&amp;_db;. &amp;_dc; &lt;h&amp;_db;.>", "1<i></i>. 2 <h1.>");
+    row("malformed letter reference", "&_ed &_z;", "&_ed &_z;", "&amp;_ed &amp;_z;", "&_ed &_z;");
     row("no reference", "R&D &#; &#x; &#999999999;", "R&D &#; &#x; &#999999999;",
         "R&amp;D &amp;#; &amp;#x; &amp;#999999999;", "R&D &#; &#x; &#999999999;");
 }

@@ -120,6 +120,8 @@ void TestProgramExport::infoTellsTheForm_data()
     QTest::newRow("digits") << QByteArray("house\t10 Euro\n") << QStringList() << true;
     QTest::newRow("digits, plain")
         << QByteArray("house\t10 Euro\n") << words({"--plain-latin"}) << false;
+    QTest::newRow("spelled references, plain")
+        << QByteArray("\t&_ede;\nhouse\t&_ede; 10 &_db;\n") << words({"--plain-latin"}) << false;
     QTest::newRow("other letters") << QByteArray("house\tдом\n") << QStringList() << true;
     QTest::newRow("other letters, plain")
         << QByteArray("house\tдом\n") << words({"--plain-latin"}) << false;
