@@ -22,6 +22,8 @@ private slots:
     void isItsOwnFixedPointOnMarkup_data();
     void isItsOwnFixedPointOnMarkup();
     void latin1BecomesUtf8();
+    void composesEveryScript_data();
+    void composesEveryScript();
 };
 
 void TestLatin1Converter::convertsToPlainLatin_data()
@@ -238,6 +240,31 @@ void TestLatin1Converter::latin1BecomesUtf8()
                                       "a\xFF"),
              std::string("\xC3\xA4\xC2\x80"
                          "a\xC3\xBF"));
+}
+
+void TestLatin1Converter::composesEveryScript_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("composed");
+    const auto row = [](const char* name, const char* text, const char* composed) {
+        QTest::newRow(name) << QByteArray(text) << QByteArray(composed);
+    };
+    row("Latin", "e\u0301", "\u00E9");
+    row("Arabic", "\u0627\u0654", "\u0623");
+    row("Arabic vowel signs", "\u0628\u0651\u064E", "\u0628\u064E\u0651");
+    row("kana", "\u304B\u3099", "\u304C");
+    row("Hangul", "\u1112\u1161\u11AB", "\uD55C");
+    row("Bengali", "\u0995\u09C7\u09BE", "\u0995\u09CB");
+    row("beyond the first plane", "\U00011099\U000110BA", "\U0001109A");
+    row("nothing to compose", "\u0434\u3042", "\u0434\u3042");
+}
+
+void TestLatin1Converter::composesEveryScript()
+{
+    QFETCH(QByteArray, text);
+    QTEST(QByteArray::fromStdString(
+              teskel::utf8::encoded(teskel::utf8::composed(text.toStdString()))),
+          "composed");
 }
 
 QTEST_APPLESS_MAIN(TestLatin1Converter)
