@@ -51,8 +51,10 @@ void TestProgramExport::exportAndBuildGiveTheSameFile()
 {
     QFETCH(QStringList, options);
     const QByteArray headword = QByteArray("long\\ & <head> 1. ").repeated(40);
-    QByteArray tsv =
-        "\tdescribed\n#1\tfirst\n\\##2\tmarks\na\\|b|c\tbars\n" + headword + "\tlong\n \tempty\n";
+    QByteArray tsv = "\tdescribed\n#1\tfirst\n\\##2\tmarks\na\\|b|c\tbars\n" + headword +
+                     "\tlong\n \tempty\n"
+                     "<g>\tx\n<g>\ty\n<д>\tx\n<d>\ty\n&lt;\tx\n<b" +
+                     QByteArray(600, 'b') + "\tlong\n";
     for (int i = 0; i < 20; ++i)
         tsv += "house\tsense 3. of\\n1. \\\\n…\\t<b>&#8211;</b> ½ " + QByteArray(3000, 'x') + "\n";
     for (int i = 0; i < 20; ++i)
