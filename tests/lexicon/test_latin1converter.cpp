@@ -79,6 +79,7 @@ void TestLatin1Converter::convertsToPlainLatin_data()
     row("surrogate", "\xED\xA0\x80", "???", "???", "???");
     row("blanks", "  a \t b\n", "a b", "  a \t b\n", "  a \t b\n");
     row("control characters", "a\x01\rb", "a b", "a  b", "a  b");
+    row("further control characters", "a\u0080b\u009Fc", "a b c", "a b c", "a b c");
     row("no-break space",
         "a\xC2\xA0"
         "b",
@@ -154,6 +155,8 @@ void TestLatin1Converter::convertsToLetterReferences_data()
         "a\xFF"
         "b",
         "a?b", "a&_pppn;b", "a&_pppn;b");
+    row("further control characters", "a\u0080b\u009Fc", "a b c", "a b c", "a b c");
+    row("reference to a control character", "a&#133;b", "a&#133;b", "a&amp;#133;b", "a b");
     row("line separator",
         "a\xE2\x80\xA8"
         "b",
@@ -185,10 +188,11 @@ void TestLatin1Converter::countsWhatIsNotShown()
 {
     using Change = Latin1Converter::Change;
     Latin1Converter converter;
-    converter.converted("д \xFF \xE2\x80\xA8 \x01", Text::PlainArticle);
-    converter.converted("д \xFF", Text::Headword);
+    converter.converted("д \xFF \xE2\x80\xA8 \x01 \u0085", Text::PlainArticle);
+    converter.converted("д \xFF \u0085", Text::Headword);
     const auto& counts = converter.counts();
-    QCOMPARE(counts.size(), size_t{3});
+    QCOMPARE(counts.size(), size_t{4});
+    QCOMPARE(counts.at({U'\x85', Change::Control}).times, uint64_t{2});
     QCOMPARE(counts.at({teskel::utf8::invalid, Change::InvalidByte}).times, uint64_t{2});
     QCOMPARE(counts.at({U'\u2028', Change::Control}).times, uint64_t{1});
     QCOMPARE(counts.at({U'\x01', Change::Control}).times, uint64_t{1});

@@ -23,7 +23,7 @@ constexpr char32_t highestOfLatin1 = 0xFF;
 
 bool isControl(char32_t character)
 {
-    return character < 0x20 || character == 0x7F;
+    return character < 0x20 || (character >= 0x7F && character <= 0x9F);
 }
 
 bool isBlank(char32_t character)
