@@ -42,7 +42,7 @@ bool isShowable(char32_t character)
            !QChar::isNonCharacter(character);
 }
 
-/// @param text a string view of 8-bit or 16-bit characters
+/// @param text  a string view of 8-bit, 16-bit or 32-bit characters
 template<typename Text>
 LetterReference read(Text text)
 {
@@ -107,6 +107,11 @@ std::string letterReference(char32_t character)
 }
 
 LetterReference readLetterReference(std::string_view text)
+{
+    return read(text);
+}
+
+LetterReference readLetterReference(std::u32string_view text)
 {
     return read(text);
 }

@@ -32,6 +32,8 @@ struct LetterReference {
 /// Reads the reference that Latin-1 or UTF-8 `text` begins with: at most six letters after any
 /// number of leading a's.
 LetterReference readLetterReference(std::string_view text);
+/// The same in code points.
+LetterReference readLetterReference(std::u32string_view text);
 
 /// Rich text with its references resolved. What would be markup becomes a named entity.
 /// @return `markup` itself when there is no "&_" in it

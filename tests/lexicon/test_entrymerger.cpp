@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/entrymerger.h"
 #include "lexicon/entries/entrysorter.h"
+#include "lexicon/text/givenback.h"
+#include "lexicon/text/storedarticle.h"
+#include "lexicon/text/utf8.h"
 
+#include <QRandomGenerator>
 #include <QTest>
+
+#include <array>
 
 using namespace teskel;
 
@@ -22,6 +28,8 @@ private slots:
     void smallLettersComeBeforeCapitals();
     void sensesKeepTheOrderOfTheSource();
     void countsRepeatedArticles();
+    void mergedArticlesAreBuiltAgain_data();
+    void mergedArticlesAreBuiltAgain();
 };
 
 namespace
@@ -49,6 +57,18 @@ Pairs merged(const Pairs& source, bool numbers = true)
 {
     BuildReport report;
     return merged(source, numbers, report);
+}
+
+/// Rich text of what makes trouble when articles stand one under the other.
+std::string randomArticle(QRandomGenerator& random)
+{
+    static constexpr std::array<std::string_view, 20> pieces = {
+        "<",  "<b", ">", "<br>", "</b>", "<!--", "-->", "&_db;", "&_ede;",    "&_dab;",
+        "\n", "1",  "2", "9",    ".",    ". ",   "10.", " ",     "<i>n</i> ", "a"};
+    std::string text;
+    for (int length = random.bounded(6); length >= 0; --length)
+        text += pieces[static_cast<size_t>(random.bounded(static_cast<int>(pieces.size())))];
+    return text;
 }
 
 QByteArrayList headwords(const Pairs& entries)
@@ -92,6 +112,8 @@ void TestEntryMerger::merges_data()
         << QByteArrayList{"a", "b", "a"} << true << QByteArray("1. a\n2. b");
     QTest::newRow("only repetitions are not numbered")
         << QByteArrayList{"a", "a"} << true << QByteArray("a");
+    QTest::newRow("a tag across two articles")
+        << QByteArrayList{"<b", ">"} << true << QByteArray("1. <b\n&_dc;. >");
     QTest::newRow("empty articles") << QByteArrayList{"", "a"} << true << QByteArray("1. \n2. a");
 }
 
@@ -214,8 +236,8 @@ void TestEntryMerger::smallLettersComeBeforeCapitals()
 
 void TestEntryMerger::sensesKeepTheOrderOfTheSource()
 {
-    const Pairs source = {{"b", "z"}, {"a", "2nd"}, {"b", "y"}, {"A", "?"}, {"a", "1st"}};
-    QCOMPARE(merged(source), (Pairs{{"a", "1. 2nd\n2. 1st"}, {"A", "?"}, {"b", "1. z\n2. y"}}));
+    const Pairs source = {{"b", "z"}, {"a", "w"}, {"b", "y"}, {"A", "?"}, {"a", "v"}};
+    QCOMPARE(merged(source), (Pairs{{"a", "1. w\n2. v"}, {"A", "?"}, {"b", "1. z\n2. y"}}));
 }
 
 void TestEntryMerger::countsRepeatedArticles()
@@ -224,6 +246,36 @@ void TestEntryMerger::countsRepeatedArticles()
     merged({{"a", "x"}, {"a", "x"}, {"a", "y"}, {"b", "x"}, {"b", "x"}}, true, report);
     QCOMPARE(report.repeatedArticles, uint64_t{2});
     QCOMPARE(report.mergedHeadwords, uint64_t{1});
+}
+
+void TestEntryMerger::mergedArticlesAreBuiltAgain_data()
+{
+    QTest::addColumn<bool>("isPlainForm");
+    QTest::newRow("letter references") << false;
+    QTest::newRow("plain form") << true;
+}
+
+void TestEntryMerger::mergedArticlesAreBuiltAgain()
+{
+    QFETCH(bool, isPlainForm);
+    const LatinForm form = isPlainForm ? LatinForm::Plain : LatinForm::LetterReferences;
+    const auto stored = [form](const std::string& text) {
+        Latin1Converter converter(form);
+        return storedArticle(converter, text, Latin1Converter::Text::MarkupArticle);
+    };
+    QRandomGenerator random(3);
+    for (int i = 0; i < 20000; ++i) {
+        Pairs source;
+        for (int left = 1 + random.bounded(3); left >= 0; --left)
+            source.append({"house", QByteArray::fromStdString(stored(randomArticle(random)))});
+        BuildReport report;
+        const QByteArray once = merged(source, true, report, form).front().second;
+        const std::string given = isPlainForm ? utf8::fromLatin1(once.toStdString())
+                                              : givenback::article(once.toStdString());
+        const QByteArray again = QByteArray::fromStdString(stored(given));
+        if (again != once)
+            QCOMPARE(again, once);
+    }
 }
 
 QTEST_APPLESS_MAIN(TestEntryMerger)

@@ -39,7 +39,7 @@ std::string stored(std::string_view utf8, Text kind)
 /// A text of what makes trouble next to each other.
 std::string randomText(QRandomGenerator& random)
 {
-    static constexpr std::array<std::string_view, 48> pieces = {"1",
+    static constexpr std::array<std::string_view, 52> pieces = {"1",
                                                                 "2",
                                                                 "9",
                                                                 "0",
@@ -61,6 +61,10 @@ std::string randomText(QRandomGenerator& random)
                                                                 "&_cg;",
                                                                 "&_daa;",
                                                                 "&_dap;",
+                                                                "&_dai;",
+                                                                "\u1100",
+                                                                "\u1161",
+                                                                "&_bbgb;",
                                                                 ";",
                                                                 "_",
                                                                 "<",
@@ -135,7 +139,11 @@ void TestGivenBack::givesCharactersBack_data()
     row("another spelling", "&_aaede;", "&_aaede;");
     row("what is not shown", "&_caco; &_a;", "&_caco; &_a;");
     row("malformed", "&_ed &_; &_z;", "&_ed &_; &_z;");
-    row("a mark that would join its letter", "o&_dai; &_ede;", "o&_dai; &_ede;");
+    row("a mark that would join its letter", "o&_dai; &_ede; &_db;0", "o&_dai; д 10");
+    row("a mark in a tag", "<p a='o&_dai;&_ede;'>", "<p a='o&_dai;д'>");
+    row("a mark that joins nothing", "x&_dad; &_ede;", "x\u0303 д");
+    row("parts of a syllable", "&_bbaa;&_bbgb; &_ede;", "\u1100&_bbgb; д");
+    row("a sign that is another", "o&_dai; &_cbcg; &_ede;", "o&_dai; &_cbcg; д");
     row("digits that would make a reference", "&#&_dg;&_dg;; &_ede;", "&#&_dg;&_dg;; &_ede;");
 }
 

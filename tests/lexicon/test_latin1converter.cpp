@@ -22,6 +22,8 @@ private slots:
     void isItsOwnFixedPointOnMarkup_data();
     void isItsOwnFixedPointOnMarkup();
     void latin1BecomesUtf8();
+    void composesEveryScript_data();
+    void composesEveryScript();
 };
 
 void TestLatin1Converter::convertsToPlainLatin_data()
@@ -77,6 +79,7 @@ void TestLatin1Converter::convertsToPlainLatin_data()
     row("surrogate", "\xED\xA0\x80", "???", "???", "???");
     row("blanks", "  a \t b\n", "a b", "  a \t b\n", "  a \t b\n");
     row("control characters", "a\x01\rb", "a b", "a  b", "a  b");
+    row("further control characters", "a\u0080b\u009Fc", "a b c", "a b c", "a b c");
     row("no-break space",
         "a\xC2\xA0"
         "b",
@@ -96,6 +99,11 @@ void TestLatin1Converter::convertsToPlainLatin_data()
     row("reference with a digit in its name", "&frac12;&sup2;", "&frac12;&sup2;",
         "&amp;frac12;&amp;sup2;", "\xBD\xB2");
     row("reference with a letter like a digit", "&#ı60;", "&#i60;", "&amp;#i60;", "&#i60;");
+    row("letter references", "&_ede;&_gb;&_dm;&_cg; &_cacg;", "&_ede;&_gb;&_dm;&_cg; &_cacg;",
+        "&amp;_ede;&amp;_gb;&amp;_dm;&amp;_cg; &amp;_cacg;", "?a&lt;&amp; &hellip;");
+    row("letter reference to a digit is none of a sense", "&_db;. &_dc; <h&_db;.>",
+        "&_db;. &_dc; <h&_db;.>", "&amp;_db;. &amp;_dc; &lt;h&amp;_db;.>", "1<i></i>. 2 <h1.>");
+    row("malformed letter reference", "&_ed &_z;", "&_ed &_z;", "&amp;_ed &amp;_z;", "&_ed &_z;");
     row("no reference", "R&D &#; &#x; &#999999999;", "R&D &#; &#x; &#999999999;",
         "R&amp;D &amp;#; &amp;#x; &amp;#999999999;", "R&D &#; &#x; &#999999999;");
 }
@@ -147,6 +155,8 @@ void TestLatin1Converter::convertsToLetterReferences_data()
         "a\xFF"
         "b",
         "a?b", "a&_pppn;b", "a&_pppn;b");
+    row("further control characters", "a\u0080b\u009Fc", "a b c", "a b c", "a b c");
+    row("reference to a control character", "a&#133;b", "a&#133;b", "a&amp;#133;b", "a b");
     row("line separator",
         "a\xE2\x80\xA8"
         "b",
@@ -178,10 +188,11 @@ void TestLatin1Converter::countsWhatIsNotShown()
 {
     using Change = Latin1Converter::Change;
     Latin1Converter converter;
-    converter.converted("д \xFF \xE2\x80\xA8 \x01", Text::PlainArticle);
-    converter.converted("д \xFF", Text::Headword);
+    converter.converted("д \xFF \xE2\x80\xA8 \x01 \u0085", Text::PlainArticle);
+    converter.converted("д \xFF \u0085", Text::Headword);
     const auto& counts = converter.counts();
-    QCOMPARE(counts.size(), size_t{3});
+    QCOMPARE(counts.size(), size_t{4});
+    QCOMPARE(counts.at({U'\x85', Change::Control}).times, uint64_t{2});
     QCOMPARE(counts.at({teskel::utf8::invalid, Change::InvalidByte}).times, uint64_t{2});
     QCOMPARE(counts.at({U'\u2028', Change::Control}).times, uint64_t{1});
     QCOMPARE(counts.at({U'\x01', Change::Control}).times, uint64_t{1});
@@ -233,6 +244,31 @@ void TestLatin1Converter::latin1BecomesUtf8()
                                       "a\xFF"),
              std::string("\xC3\xA4\xC2\x80"
                          "a\xC3\xBF"));
+}
+
+void TestLatin1Converter::composesEveryScript_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("composed");
+    const auto row = [](const char* name, const char* text, const char* composed) {
+        QTest::newRow(name) << QByteArray(text) << QByteArray(composed);
+    };
+    row("Latin", "e\u0301", "\u00E9");
+    row("Arabic", "\u0627\u0654", "\u0623");
+    row("Arabic vowel signs", "\u0628\u0651\u064E", "\u0628\u064E\u0651");
+    row("kana", "\u304B\u3099", "\u304C");
+    row("Hangul", "\u1112\u1161\u11AB", "\uD55C");
+    row("Bengali", "\u0995\u09C7\u09BE", "\u0995\u09CB");
+    row("beyond the first plane", "\U00011099\U000110BA", "\U0001109A");
+    row("nothing to compose", "\u0434\u3042", "\u0434\u3042");
+}
+
+void TestLatin1Converter::composesEveryScript()
+{
+    QFETCH(QByteArray, text);
+    QTEST(QByteArray::fromStdString(
+              teskel::utf8::encoded(teskel::utf8::composed(text.toStdString()))),
+          "composed");
 }
 
 QTEST_APPLESS_MAIN(TestLatin1Converter)

@@ -35,6 +35,8 @@ private slots:
     void longDescriptionIsCutOutsideReferences();
     void emptyHeadwordIsKeptAndReported();
     void longHeadwordIsKeptWholeInItsArticle();
+    void headwordThatReadsAsMarkupStandsInItsArticle_data();
+    void headwordThatReadsAsMarkupStandsInItsArticle();
     void longArticleIsKeptWhole();
     void malformedLineIsNamed();
     void sourceWithoutEntriesIsRefused();
@@ -307,6 +309,50 @@ void TestLexiconBuilder::longHeadwordIsKeptWholeInItsArticle()
     QCOMPARE(dictionary.open(output()), 0);
     QCOMPARE(articleOf(dictionary, headword.left(511).trimmed().constData()),
              QByteArray("long &amp; ").repeated(80) + "end\nlang");
+}
+
+void TestLexiconBuilder::headwordThatReadsAsMarkupStandsInItsArticle_data()
+{
+    QTest::addColumn<QByteArray>("tsv");
+    QTest::addColumn<QByteArray>("headword");
+    QTest::addColumn<QByteArray>("article");
+    const auto row = [](const char* tsv, const char* headword, const char* article) {
+        QTest::addRow("%s", tsv) << QByteArray(tsv) << QByteArray(headword) << QByteArray(article);
+    };
+    row("<g>\tx", "<g>", "<b>&lt;g></b>\nx");
+    row("<gr&d>\tx", "<gr&d>", "<b>&lt;gr&amp;d></b>\nx");
+    row("</\tx", "</", "<b>&lt;/</b>\nx");
+    row("a <!2\tx", "a <!2", "<b>a &lt;!&_dc;</b>\nx");
+    row("&lt;\tx", "&lt;", "<b>&amp;lt;</b>\nx");
+    row("&#60;\tx", "&#60;", "<b>&amp;#&_dg;0;</b>\nx");
+    row("&_ede;\tx", "&_ede;", "<b>&amp;_ede;</b>\nx");
+    row("<g>\tx\n<g>\ty", "<g>", "<b>&lt;g></b>\n1. x\n2. y");
+    row("<д>\tx", "<d>", "<b>&lt;&_ede;></b>\nx");
+    row("<д>\tx\n<d>\ty", "<d>", "<b>&lt;&_ede;></b>\nx\n<b>&lt;d></b>\ny");
+    row("<g>\t<b>&lt;g></b>\\nx", "<g>", "<b>&lt;g></b>\nx");
+    row("<d>\t<b>&lt;&_ede;></b>\\nx", "<d>", "<b>&lt;&_ede;></b>\nx");
+    row("<g>\t<b>&lt;h></b>\\nx", "<g>", "<b>&lt;g></b>\n<b>&lt;h></b>\nx");
+    row("1 < 2\tx", "1 < 2", "x");
+    row("R&D; <3\tx", "R&D; <3", "<b>R&amp;D; &lt;&_dd;</b>\nx");
+    row("R & D;\tx", "R & D;", "x");
+    row("&;\tx", "&;", "x");
+}
+
+void TestLexiconBuilder::headwordThatReadsAsMarkupStandsInItsArticle()
+{
+    QFETCH(QByteArray, tsv);
+    QFETCH(QByteArray, headword);
+    QVERIFY(buildTsv(tsv + '\n'));
+    verifyValid(output());
+    QtDictionary dictionary;
+    QCOMPARE(dictionary.open(output()), 0);
+    QTEST(articleOf(dictionary, headword.constData()), "article");
+    BuildOptions plain;
+    plain.text.form = LatinForm::Plain;
+    QVERIFY(buildTsv(tsv + '\n', plain));
+    QCOMPARE(dictionary.open(output()), 0);
+    if (!tsv.contains("</b>"))
+        QVERIFY(!articleOf(dictionary, headword.constData()).contains("<b>"));
 }
 
 void TestLexiconBuilder::longArticleIsKeptWhole()

@@ -51,8 +51,10 @@ void TestProgramExport::exportAndBuildGiveTheSameFile()
 {
     QFETCH(QStringList, options);
     const QByteArray headword = QByteArray("long\\ & <head> 1. ").repeated(40);
-    QByteArray tsv =
-        "\tdescribed\n#1\tfirst\n\\##2\tmarks\na\\|b|c\tbars\n" + headword + "\tlong\n \tempty\n";
+    QByteArray tsv = "\tdescribed\n#1\tfirst\n\\##2\tmarks\na\\|b|c\tbars\n" + headword +
+                     "\tlong\n \tempty\n"
+                     "<g>\tx\n<g>\ty\n<д>\tx\n<d>\ty\n&lt;\tx\n<b" +
+                     QByteArray(600, 'b') + "\tlong\n";
     for (int i = 0; i < 20; ++i)
         tsv += "house\tsense 3. of\\n1. \\\\n…\\t<b>&#8211;</b> ½ " + QByteArray(3000, 'x') + "\n";
     for (int i = 0; i < 20; ++i)
@@ -120,6 +122,8 @@ void TestProgramExport::infoTellsTheForm_data()
     QTest::newRow("digits") << QByteArray("house\t10 Euro\n") << QStringList() << true;
     QTest::newRow("digits, plain")
         << QByteArray("house\t10 Euro\n") << words({"--plain-latin"}) << false;
+    QTest::newRow("spelled references, plain")
+        << QByteArray("\t&_ede;\nhouse\t&_ede; 10 &_db;\n") << words({"--plain-latin"}) << false;
     QTest::newRow("other letters") << QByteArray("house\tдом\n") << QStringList() << true;
     QTest::newRow("other letters, plain")
         << QByteArray("house\tдом\n") << words({"--plain-latin"}) << false;

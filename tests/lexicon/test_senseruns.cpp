@@ -47,6 +47,9 @@ void TestSenseRuns::readsCandidates_data()
     row("8.\r", "", 8, '.');
     row("99. a", "", 99, '.');
     row("100. a", "", 0, '\0');
+    row("01. a", "", 0, '\0');
+    row("n 00: a", "", 0, '\0');
+    row("n 0: a", "n", 0, ':');
     row("1.5 kg", "", 0, '\0');
     row("1.Klasse", "", 0, '\0');
     row("(1. a", "", 0, '\0');
@@ -89,6 +92,7 @@ void TestSenseRuns::sensesBecomeSenseNumbers_data()
     row("a label counts on", "n 1: a\nv 2: b\n3: c", "<i>n</i> 1. a\n<i>v</i> 2. b\n3. c");
     row("two runs", "1. a\n2. b\n1. c\n2. d", "1. a\n2. b\n1. c\n2. d");
     row("one run within another", "1. a\n1) b\n2) c\n2. d", "1. a\n1. b\n2. c\n2. d");
+    row("numbers that a nought begins", "01. a\n02. b", "01. a\n02. b");
     row("a single number", "1. Klasse", "&_db;. Klasse");
     row("a single number of another mark", "1) Klasse", "&_db;) Klasse");
     row("an ordinal number", "17. Lebensjahr", "&_db;7. Lebensjahr");

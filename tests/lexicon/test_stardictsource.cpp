@@ -123,6 +123,11 @@ void TestStarDictSource::readsEveryType_data()
     row("HTML", "h", "<p>a<br>b</p>\n<i>c</i>", "a\nb\n<i>c</i>");
     row("XDXF", "x", "<k>word</k>\n<ex>c</ex>", "<b>word</b>\n<i>c</i>");
     row("Pango", "g", "<span foreground=\"red\">a</span> <b>c</b>", "a <b>c</b>");
+    row("a spelled letter reference, HTML", "h", "<b>&_db;</b> &_db &amp;",
+        "<b>&amp;_db;</b> &_db &amp;");
+    row("a spelled letter reference, XDXF", "x", "&_db;", "&amp;_db;");
+    row("a spelled letter reference, Pango", "g", "&_db;", "&amp;_db;");
+    row("a spelled letter reference, plain", "m", "&_db;", "&amp;_db;");
     row("several", "mh", "a < b" + end + "<b>c</b>", "a &lt; b\n<b>c</b>");
     row("several of one type", "mm", "a" + end + "b", "a\nb");
     row("own type", "", "ma" + end, "a");

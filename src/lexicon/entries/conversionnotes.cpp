@@ -57,7 +57,7 @@ std::string shownCharacter(char32_t character)
 {
     std::array<char, 16> number{};
     std::snprintf(number.data(), number.size(), "U+%04X", static_cast<unsigned>(character));
-    if (character < 0x20 || character == 0x7F || character == utf8::invalid)
+    if (character < 0x20 || (character >= 0x7F && character <= 0x9F) || character == utf8::invalid)
         return number.data();
     return utf8::encoded({&character, 1}) + ' ' + number.data();
 }

@@ -2,8 +2,10 @@
 #include "lexicon/entries/entryintake.h"
 
 #include "lexicon/text/characterreference.h"
+#include "lexicon/text/plaintext.h"
 #include "lexicon/text/sensenumbers.h"
 #include "lexicon/text/storedarticle.h"
+#include "lexicon/text/tags.h"
 #include "lexicon/text/utf8.h"
 #include "script/letterreference.h"
 
@@ -17,6 +19,9 @@ namespace
 {
 
 using Text = Latin1Converter::Text;
+
+const std::string boldOpening = "<b>";
+const std::string boldClosing = "</b>\n";
 
 /// Where to cut rich text so that neither a reference nor a tag is broken.
 size_t cutPlace(std::string_view text, size_t limit)
@@ -52,15 +57,8 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
     _converter.convert(headword, Text::Headword, _headword);
     _article = storedArticle(_converter, article, kind);
     _writtenLength = 0;
-    if (_options.form == LatinForm::LetterReferences && mayLackLatin1(headword)) {
-        const std::string written = Latin1Converter::asWritten(headword);
-        if (utf8::fromLatin1(_headword) != written) {
-            const std::string line = "<b>" + lineOf(written) + "</b>\n";
-            _writtenLength = line.size();
-            _article.insert(0, line);
-            ++_report.romanizedHeadwords;
-        }
-    }
+    if (_options.form == LatinForm::LetterReferences)
+        writeHeadword(headword);
     if (isLost(_headword) && headword.find('?') == std::string_view::npos)
         ++_lostHeadwords;
     _conversionNotes.tell(_converter.counts(), where, _report.diagnostics);
@@ -76,6 +74,38 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
     const bool isKnown = _writtenLength <= std::numeric_limits<uint16_t>::max();
     _entries.add(_headword, _article, order,
                  isKnown ? static_cast<uint16_t>(_writtenLength) : uint16_t{0});
+}
+
+/// Begins the article with the headword as written, if the headword does not show it.
+void EntryIntake::writeHeadword(std::string_view headword)
+{
+    const bool isMarkup = tags::areIn(_headword);
+    if (!isMarkup && !mayLackLatin1(headword))
+        return;
+    const std::string written = Latin1Converter::asWritten(headword);
+    const bool isRomanized = utf8::fromLatin1(_headword) != written;
+    if (!isRomanized && (!isMarkup || (_writtenLength = writtenAlready()) > 0))
+        return;
+    const std::string line = boldOpening + lineOf(written) + boldClosing;
+    _writtenLength = line.size();
+    _article.insert(0, line);
+    _report.romanizedHeadwords += isRomanized ? 1 : 0;
+}
+
+/// Length of the line that an article of another lexicon brings along for the headword: that is
+/// Latin-1 there and may be shortened.
+size_t EntryIntake::writtenAlready()
+{
+    const size_t end = _article.find(boldClosing);
+    if (!_article.starts_with(boldOpening) || end == std::string::npos)
+        return 0;
+    const size_t begin = boldOpening.size();
+    const std::string line = _article.substr(begin, end - begin);
+    const std::string written = plainText(utf8::fromLatin1(line));
+    const std::string headword = Latin1Converter().converted(written, Text::Headword);
+    const bool isIt = headword.size() > limits::headwordBytes ? headword.starts_with(_headword)
+                                                              : headword == _headword;
+    return isIt && lineOf(written) == line ? end + boldClosing.size() : 0;
 }
 
 bool EntryIntake::isLost(std::string_view headword)

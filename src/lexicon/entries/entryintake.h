@@ -55,6 +55,8 @@ private:
     static bool isLost(std::string_view headword);
     /// The line, as it stands in an article, that gives a headword as written, UTF-8.
     std::string lineOf(std::string_view written);
+    void writeHeadword(std::string_view headword);
+    std::size_t writtenAlready();
     void shorten(std::string_view where);
 
     EntrySorter& _entries;

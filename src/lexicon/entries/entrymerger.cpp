@@ -71,6 +71,11 @@ LexiconEntry EntryMerger::merged(const std::vector<LexiconEntry>& group)
             _article += '\n';
         append(word);
     }
+    // What is open at an article's end, such as a tag, goes on in the next one.
+    if (_form == LatinForm::Plain)
+        sensenumbers::protect(_article, sensenumbers::LineStart::Trusted);
+    else
+        sensenumbers::referDigits(_article);
     _arena.clear();
     return _arena.make(group.front().headword(), _article, group.front().order);
 }

@@ -7,6 +7,8 @@
 #include "lexicon/text/utf8.h"
 #include "script/letterreference.h"
 
+#include <QString>
+
 namespace teskel::givenback
 {
 
@@ -16,6 +18,21 @@ namespace
 constexpr char32_t highestOfLatin1 = 0xFF;
 
 enum class Digits { Given, Kept };
+/// References to marks, and to what else composition would change or join with what is before it.
+enum class Joining { Given, Kept };
+
+/// Whether composition may change `character` behind the text `before`, UTF-8.
+bool isJoining(std::string_view before, char32_t character)
+{
+    if (QChar::combiningClass(character) > 0)
+        return true;
+    size_t last = before.size();
+    while (last > 0 && (static_cast<unsigned char>(before[--last]) & 0xC0) == 0x80) {
+    }
+    const std::string pair = std::string(before.substr(last)) + utf8::encoded({&character, 1});
+    const QString text = QString::fromStdString(pair);
+    return text.normalized(QString::NormalizationForm_C) != text;
+}
 
 /// The character of a reference that a build writes for it; 0 for any other reference.
 char32_t givenCharacter(std::string_view reference, Digits digits)
@@ -27,7 +44,7 @@ char32_t givenCharacter(std::string_view reference, Digits digits)
 }
 
 /// Text without line beginnings, such as a tag.
-std::string given(std::string_view latin1, Digits digits)
+std::string given(std::string_view latin1, Digits digits, Joining joining)
 {
     std::string result;
     size_t done = 0;
@@ -36,6 +53,9 @@ std::string given(std::string_view latin1, Digits digits)
         const char32_t character = givenCharacter(latin1.substr(at, length), digits);
         if (character != 0) {
             result += utf8::fromLatin1(latin1.substr(done, at - done));
+            done = at;
+        }
+        if (character != 0 && (joining == Joining::Given || !isJoining(result, character))) {
             result += utf8::encoded({&character, 1});
             done = at + length;
         }
@@ -44,7 +64,7 @@ std::string given(std::string_view latin1, Digits digits)
     return result += utf8::fromLatin1(latin1.substr(done));
 }
 
-std::string givenArticle(std::string_view latin1)
+std::string givenArticle(std::string_view latin1, Joining joining)
 {
     std::string result;
     size_t done = 0; // bytes that stand for themselves are taken over in one piece
@@ -58,8 +78,9 @@ std::string givenArticle(std::string_view latin1)
         const bool wouldBeSense = step.atLineStart && sensenumbers::isSenseDigit(character) &&
                                   latin1.substr(step.end).starts_with('.');
         if (step.kind == ArticleWalk::Kind::Tag)
-            result += given(step.text, Digits::Given);
-        else if (character == 0 || wouldBeSense)
+            result += given(step.text, Digits::Given, joining);
+        else if (character == 0 || wouldBeSense ||
+                 (joining == Joining::Kept && isJoining(result, character)))
             result += step.text;
         else
             result += utf8::encoded({&character, 1});
@@ -74,13 +95,17 @@ std::string article(std::string_view latin1)
 {
     if (!hasReferences(latin1))
         return utf8::fromLatin1(latin1);
-    std::string result = givenArticle(latin1);
-    // What a reference gives back may join with its neighbours, a combining mark with its letter.
-    Latin1Converter converter;
-    if (storedArticle(converter, result, Latin1Converter::Text::MarkupArticle) != latin1) {
-        std::string kept = utf8::fromLatin1(latin1);
-        if (storedArticle(converter, kept, Latin1Converter::Text::MarkupArticle) == latin1)
-            return kept;
+    const auto isBuiltAgain = [latin1](std::string_view text) {
+        Latin1Converter converter;
+        return storedArticle(converter, text, Latin1Converter::Text::MarkupArticle) == latin1;
+    };
+    std::string result = givenArticle(latin1, Joining::Given);
+    if (isBuiltAgain(result))
+        return result;
+    for (const std::string& careful :
+         {givenArticle(latin1, Joining::Kept), utf8::fromLatin1(latin1)}) {
+        if (isBuiltAgain(careful))
+            return careful;
     }
     return result;
 }
@@ -89,7 +114,7 @@ std::string description(std::string_view latin1)
 {
     if (!hasReferences(latin1))
         return utf8::fromLatin1(latin1);
-    std::string result = given(latin1, Digits::Kept);
+    std::string result = given(latin1, Digits::Kept, Joining::Given);
     const std::string again =
         Latin1Converter().converted(result, Latin1Converter::Text::MarkupArticle);
     return again == latin1 ? result : utf8::fromLatin1(latin1);

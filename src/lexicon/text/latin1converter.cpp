@@ -23,7 +23,7 @@ constexpr char32_t highestOfLatin1 = 0xFF;
 
 bool isControl(char32_t character)
 {
-    return character < 0x20 || character == 0x7F;
+    return character < 0x20 || (character >= 0x7F && character <= 0x9F);
 }
 
 bool isBlank(char32_t character)
@@ -128,7 +128,10 @@ void Latin1Converter::convertArticle(std::u32string_view text, bool isMarkup, st
 {
     for (size_t position = 0; position < text.size(); ++position) {
         const char32_t character = text[position];
-        if (character == U'&' && isMarkup) {
+        if (character == U'&' && isMarkup && _form == LatinForm::Plain &&
+            readLetterReference(text.substr(position)).length > 0) {
+            position += putReferred(text.substr(position), out) - 1;
+        } else if (character == U'&' && isMarkup) {
             const CharacterReference reference = readDigitReference(text.substr(position));
             if (reference.length == 0) {
                 out += '&';
@@ -137,10 +140,8 @@ void Latin1Converter::convertArticle(std::u32string_view text, bool isMarkup, st
                 if (_form == LatinForm::LetterReferences &&
                     sensenumbers::isSenseDigit(reference.character))
                     out += letterReference(reference.character);
-                else if (reference.character == '<' || reference.character == '&')
-                    out += escapedMarkup(std::string(1, static_cast<char>(reference.character)));
                 else
-                    putCharacter(reference.character, out);
+                    putAsText(reference.character, out);
             }
         } else if (character == U'&') {
             out += "&amp;";
@@ -150,6 +151,27 @@ void Latin1Converter::convertArticle(std::u32string_view text, bool isMarkup, st
             putCharacter(character, out);
         }
     }
+}
+
+/// Puts the character of the letter reference that `text` begins with, and tells its length.
+size_t Latin1Converter::putReferred(std::u32string_view text, std::string& out)
+{
+    const LetterReference reference = readLetterReference(text);
+    putAsText(reference.character, out);
+    const size_t bracket = out.find_last_of("<>");
+    const bool isInTag = bracket != std::string::npos && out[bracket] == '<';
+    if (sensenumbers::isSenseDigit(reference.character) && !isInTag &&
+        text.substr(reference.length).starts_with(U'.'))
+        out += sensenumbers::separator;
+    return reference.length;
+}
+
+void Latin1Converter::putAsText(char32_t character, std::string& out)
+{
+    if (character == '<' || character == '&')
+        out += escapedMarkup(std::string(1, static_cast<char>(character)));
+    else
+        putCharacter(character, out);
 }
 
 void Latin1Converter::putCharacter(char32_t character, std::string& out)

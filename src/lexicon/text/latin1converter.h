@@ -3,6 +3,7 @@
 
 #include "lexicon/text/textoptions.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -26,7 +27,8 @@ public:
     enum class Text {
         Headword,      ///< shown as it is: no references
         PlainArticle,  ///< plain text that becomes rich text: "<" and "&" are escaped
-        MarkupArticle, ///< rich text already: only references that hold digits are rewritten
+        MarkupArticle, ///< rich text already: only references that hold digits are rewritten and,
+                       ///< in the plain form, letter references
     };
     /// How a character was written, if not as itself, as a letter reference or, in a headword, by
     /// the rules of inLatin1().
@@ -61,6 +63,8 @@ private:
     void convertHeadword(std::u32string_view text, std::string& out);
     void convertPlainHeadword(std::u32string_view text, std::string& out);
     void convertArticle(std::u32string_view text, bool isMarkup, std::string& out);
+    std::size_t putReferred(std::u32string_view text, std::string& out);
+    void putAsText(char32_t character, std::string& out);
     void putCharacter(char32_t character, std::string& out);
     void putStandIn(char32_t character, bool entitiesAllowed, std::string& out);
     void count(char32_t character, Change change, std::string_view written);

@@ -13,8 +13,6 @@ namespace teskel::sensenumbers
 namespace
 {
 
-constexpr std::string_view separator = "<i></i>";
-
 bool isDigit(char c)
 {
     return isSenseDigit(static_cast<unsigned char>(c));

@@ -20,6 +20,9 @@ enum class LineStart {
 /// Highest sense number that the reader knows.
 inline constexpr unsigned highest = 9;
 
+/// Shows nothing; between a digit and its full stop it keeps them from being a sense number.
+inline constexpr std::string_view separator = "<i></i>";
+
 /// Whether the reader leaves the character out unless a full stop makes it a sense number.
 inline bool isSenseDigit(char32_t c)
 {
@@ -34,8 +37,8 @@ std::string written(unsigned number);
 /// lines. Does nothing a second time.
 void referDigits(std::string& article);
 
-/// For the plain form: keeps digits that are no sense numbers from being shown as such, by an empty
-/// pair of tags between digit and full stop, which shows nothing. Does nothing a second time.
+/// For the plain form: keeps digits that are no sense numbers from being shown as such, by a
+/// separator. Does nothing a second time.
 void protect(std::string& article, LineStart lineStart);
 
 /// For the plain form: whether the article begins with a sense number.

@@ -71,7 +71,8 @@ Candidate readCandidate(std::string_view line)
         candidate.number = candidate.number * 10 + static_cast<unsigned>(line[at] - '0');
     const size_t count = at - digits;
     const char mark = charAt(line, at);
-    if (count == 0 || count > mostDigits ||
+    const bool isPadded = count > 1 && line[digits] == '0'; // written again, it would lose a digit
+    if (count == 0 || count > mostDigits || isPadded ||
         !(opens ? mark == ')' : mark == '.' || mark == ':' || mark == ')'))
         return {};
     if (++at < line.size() && !isBlank(line[at]))

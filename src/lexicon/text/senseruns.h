@@ -22,7 +22,8 @@ struct Candidate {
 /// Whether it is a word class in the form that stands in front of a first sense, such as "adj".
 bool isLabel(std::string_view text);
 
-/// The candidate that a line begins with. Numbers are followed by a blank or the line's end.
+/// The candidate that a line begins with. Numbers are followed by a blank or the line's end; "01"
+/// is none.
 Candidate readCandidate(std::string_view line);
 
 /// Those candidates of a text that are senses, their places counted from the text's beginning. For

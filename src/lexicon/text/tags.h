@@ -14,4 +14,8 @@ std::string_view atBeginning(std::string_view text);
 /// Whether what follows the tag stands on a new line.
 bool breaksLine(std::string_view tag);
 
+/// Whether plain text, shown as rich text, may be read as more than itself: it has what begins a
+/// tag, or a reference such as "&lt;".
+bool areIn(std::string_view plain);
+
 } // namespace teskel::tags

@@ -20,10 +20,14 @@ QString toUtf16(std::string_view text)
     return decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
 }
 
-/// The common combining marks, and the few Greek signs that share their first byte.
-bool mayCombine(QChar character)
+/// Whether a character may join the one before it, or change places with it.
+bool mayCombine(char32_t character)
 {
-    return character >= QChar(0x0300) && character <= QChar(0x037F);
+    constexpr char32_t firstMark = 0x300;
+    constexpr char32_t firstJamo = 0x1100; // the parts of Hangul syllables
+    constexpr char32_t lastJamo = 0x11FF;
+    return character >= firstMark &&
+           (QChar::isMark(character) || (character >= firstJamo && character <= lastJamo));
 }
 
 } // namespace
@@ -40,11 +44,11 @@ std::u32string decoded(std::string_view text)
 
 std::u32string composed(std::string_view text)
 {
-    QString characters = toUtf16(text);
-    if (std::any_of(characters.cbegin(), characters.cend(), mayCombine) &&
-        !characters.contains(QChar::ReplacementCharacter))
-        characters = characters.normalized(QString::NormalizationForm_C);
-    return characters.toStdU32String();
+    std::u32string characters = decoded(text);
+    if (std::any_of(characters.begin(), characters.end(), mayCombine) &&
+        characters.find(invalid) == std::u32string::npos)
+        characters = toUtf16(text).normalized(QString::NormalizationForm_C).toStdU32String();
+    return characters;
 }
 
 std::string encoded(std::u32string_view characters)

@@ -20,8 +20,8 @@ std::string_view withoutByteOrderMark(std::string_view text);
 /// The characters of a text. Every byte that begins no well-formed character gives `invalid`.
 std::u32string decoded(std::string_view text);
 
-/// The characters of a text, canonically composed (NFC) when combining marks are among them and no
-/// `invalid`.
+/// The characters of a text, canonically composed (NFC) when combining marks or parts of Hangul
+/// syllables are among them, and no `invalid`.
 std::u32string composed(std::string_view text);
 
 /// The UTF-8 form of characters.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/stardict/markuprewriter.h"
 
+#include "script/letterreference.h"
+
 #include <algorithm>
 #include <cctype>
 #include <set>
@@ -168,6 +170,8 @@ public:
             }
             if (text.front() == '<')
                 put("&lt;");
+            else if (readLetterReference(text).length > 0) // text: no source writes them
+                put("&amp;");
             else if (text.starts_with("&apos;")) // not known to HTML 4
                 put("'");
             else

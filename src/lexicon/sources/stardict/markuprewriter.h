@@ -5,7 +5,7 @@
 #include <string_view>
 
 /// Other markup languages as the rich text of a lexicon. UTF-8. References stay as they are, and a
-/// "<" that begins no tag is escaped.
+/// "<" that begins no tag is escaped, as is the "&" of what would be a letter reference.
 namespace teskel::markup
 {
 
