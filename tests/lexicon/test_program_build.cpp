@@ -397,7 +397,7 @@ void TestProgramBuild::fullDiskLeavesNothingBehind()
     const QStringList before = QDir(_program.directory()).entryList();
     // A limit on the size of files stands in for the end of the disk.
     QProcess process;
-    limitFileSize(process, 10'240);
+    limitFileSize(process, 10'240, BeyondLimit::SignalKills);
     const ProgramResult result =
         _program.run(process, words({"build", "big.tsv", "-o", "full.PDB"}));
     QCOMPARE(result.code, 3);
