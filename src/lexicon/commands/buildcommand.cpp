@@ -3,6 +3,7 @@
 #include "lexicon/build/sourcetable.h"
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/sources/siblingfile.h"
 
 #include <algorithm>
 #include <iostream>
@@ -32,6 +33,24 @@ int buildOne(const BuildOptions& options, bool quiet)
     return Done;
 }
 
+/// Whether no file is written that is read as well, or written twice.
+bool areApart(const BuildOptions& options, const std::string& reverse)
+{
+    std::vector<std::string> outputs = {options.output};
+    if (!reverse.empty())
+        outputs.push_back(reverse);
+    for (const std::string& output : outputs) {
+        for (const std::string& source : options.sources) {
+            const std::string path = source == "-" ? "/dev/stdin" : source;
+            for (const std::string& file : siblingfile::family(path)) {
+                if (!isApart(output, "source", file))
+                    return false;
+            }
+        }
+    }
+    return reverse.empty() || isApart(reverse, "output", options.output);
+}
+
 /// An empty `reverse` is no file.
 int run(const BuildOptions& options, const std::string& reverse, bool quiet)
 {
@@ -40,6 +59,8 @@ int run(const BuildOptions& options, const std::string& reverse, bool quiet)
         complain("--reverse reads its sources twice, which the standard input does not allow");
         return Usage;
     }
+    if (!areApart(options, reverse))
+        return Usage;
     const int code = buildOne(options, quiet);
     if (code != Done || reverse.empty())
         return code;

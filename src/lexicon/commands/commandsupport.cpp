@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commandsupport.h"
 
+#include "lexicon/file/samefile.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
@@ -34,6 +36,14 @@ LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file
     if (status != LexiconReader::Status::Ok)
         complain(error);
     return status;
+}
+
+bool isApart(const std::string& output, const std::string& role, const std::string& other)
+{
+    if (!isSameFile(output, other))
+        return true;
+    complain("cannot write " + output + ": it is the same file as the " + role + ' ' + other);
+    return false;
 }
 
 std::ostream* terminal()

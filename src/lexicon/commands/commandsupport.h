@@ -26,6 +26,10 @@ int exitCode(LexiconReader::Status status);
 /// Opens a lexicon; says why when it cannot.
 LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file);
 
+/// Whether `output` may be written: not when it is the same file as `other`, which is then called
+/// `role` in a sentence.
+bool isApart(const std::string& output, const std::string& role, const std::string& other);
+
 /// The standard error when it is a terminal that can take a line back, else null.
 std::ostream* terminal();
 

@@ -2,10 +2,10 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/exports/exporttable.h"
-#include "lexicon/text/plaintext.h"
 #include "lexicon/file/pendingfile.h"
 #include "lexicon/sources/tsv.h"
 #include "lexicon/text/givenback.h"
+#include "lexicon/text/plaintext.h"
 #include "lexicon/text/utf8.h"
 
 #include <algorithm>
@@ -87,6 +87,10 @@ std::string titleOf(LexiconReader& reader)
 int exportFor(LexiconReader& reader, const ExportOptions& options)
 {
     const auto files = makeExport(options.kind, options.output, titleOf(reader));
+    for (const std::string& file : files->files()) {
+        if (!isApart(file, "lexicon", options.file))
+            return Usage;
+    }
     std::string error;
     const auto add = [&files](std::string_view headword, std::string_view article) {
         return files->add(headword, article);
@@ -115,8 +119,11 @@ int run(const ExportOptions& options)
         return exitCode(status);
     if (options.kind != tsvKind)
         return exportFor(reader, options);
-    return toOutput ? exportToOutput(reader, options.file)
-                    : exportToFile(reader, options.file, options.output);
+    if (toOutput)
+        return exportToOutput(reader, options.file);
+    return isApart(options.output, "lexicon", options.file)
+               ? exportToFile(reader, options.file, options.output)
+               : Usage;
 }
 
 std::vector<std::string> kinds()

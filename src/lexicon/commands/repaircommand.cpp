@@ -23,6 +23,8 @@ struct RepairOptions {
 
 int run(const RepairOptions& options)
 {
+    if (!isApart(options.output, "lexicon", options.file))
+        return Usage;
     Salvage salvage;
     std::string error;
     if (!salvage.read(options.file, error)) {
