@@ -17,20 +17,35 @@ namespace teskel::commands
 namespace
 {
 
-int buildOne(const BuildOptions& options, bool quiet)
+bool prepare(LexiconBuilder& builder, const BuildOptions& options, bool quiet)
 {
-    LexiconBuilder builder(options, quiet ? nullptr : terminal());
     std::string error;
-    const bool isBuilt = builder.build(error);
+    const bool isPrepared = builder.prepare(error);
     builder.report().progress->end();
     builder.report().diagnostics.print(std::cerr, {options.strict, quiet});
-    if (!isBuilt) {
+    if (!isPrepared)
         complain(error);
-        return Failed;
+    return isPrepared;
+}
+
+bool commit(LexiconBuilder& builder, bool quiet)
+{
+    std::string error;
+    if (!builder.commit(error)) {
+        complain(error);
+        return false;
     }
     if (!quiet)
         builder.report().print(std::cerr);
-    return Done;
+    return true;
+}
+
+BuildOptions reversed(BuildOptions options, const std::string& output)
+{
+    options.output = output;
+    options.reversed = true;
+    options.numbers = false; // words one below the other, not senses
+    return options;
 }
 
 /// Whether no file is written that is read as well, or written twice.
@@ -61,14 +76,15 @@ int run(const BuildOptions& options, const std::string& reverse, bool quiet)
     }
     if (!areApart(options, reverse))
         return Usage;
-    const int code = buildOne(options, quiet);
-    if (code != Done || reverse.empty())
-        return code;
-    BuildOptions reversed = options;
-    reversed.output = reverse;
-    reversed.reversed = true;
-    reversed.numbers = false; // words one below the other, not senses
-    return buildOne(reversed, quiet);
+    std::ostream* progress = quiet ? nullptr : terminal();
+    LexiconBuilder builder(options, progress);
+    LexiconBuilder opposite(reversed(options, reverse), progress);
+    // Neither file gets its name when the other one fails.
+    if (!prepare(builder, options, quiet) ||
+        (!reverse.empty() && !prepare(opposite, options, quiet)))
+        return Failed;
+    const bool isWritten = commit(builder, quiet) && (reverse.empty() || commit(opposite, quiet));
+    return isWritten ? Done : Failed;
 }
 
 } // namespace
