@@ -24,6 +24,7 @@ private slots:
     void helpIsDataAndSuccess();
     void manualsNameEveryCommandAndOption_data();
     void manualsNameEveryCommandAndOption();
+    void manPageDescribesEachOptionOnce();
     void wrongCommandLines_data();
     void wrongCommandLines();
     void unreadableFilesEndWithThree_data();
@@ -94,6 +95,20 @@ void TestProgramErrors::manualsNameEveryCommandAndOption()
         }
     }
     QCOMPARE(commands, 8);
+}
+
+void TestProgramErrors::manPageDescribesEachOptionOnce()
+{
+    QFile file(QStringLiteral(TESKEL_DOCS "/man/teskel-lexicon.1"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll()).replace("\\-"_L1, "-"_L1);
+    // Options of two commands may share a name; what they take differs then.
+    const QRegularExpression tag(u"\\n\\.TP\\n\\.B[^\\n]*?(--[a-z-]+(?: \" ?[A-Z]+)?)"_s);
+    QStringList options;
+    for (const QRegularExpressionMatch& match : tag.globalMatch(text))
+        options += match.captured(1);
+    QVERIFY(options.size() > 20);
+    QCOMPARE(options.removeDuplicates(), 0);
 }
 
 void TestProgramErrors::wrongCommandLines_data()
