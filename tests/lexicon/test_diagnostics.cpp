@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <algorithm>
 #include <sstream>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +25,7 @@ private slots:
     void codesAreWordsInSmallLetters();
     void manualListsEveryCode_data();
     void manualListsEveryCode();
+    void manualTellsWarningsFromNotes();
 };
 
 namespace
@@ -143,6 +145,27 @@ void TestDiagnostics::manualListsEveryCode()
                     QString::fromUtf8(code->meaning);
     }
     QCOMPARE(listed, expected);
+}
+
+void TestDiagnostics::manualTellsWarningsFromNotes()
+{
+    QFile file(QStringLiteral(TESKEL_DOCS "/teskel-lexicon.md"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll());
+    QVERIFY(!text.contains("with a note"_L1)); // it names its code instead
+    static const QRegularExpression mention(u"\\ba\\s+(note|warning)\\s+\\(`([^`]+)`\\)"_s);
+    int mentions = 0;
+    for (const QRegularExpressionMatch& match : mention.globalMatch(text)) {
+        ++mentions;
+        const auto codes = allDiagnosticCodes();
+        const auto code = std::find_if(codes.begin(), codes.end(), [&](const auto* each) {
+            return match.captured(2) == QLatin1String(each->name);
+        });
+        QVERIFY2(code != codes.end(), qPrintable(match.captured()));
+        const bool isNote = (*code)->severity == DiagnosticCode::Severity::Note;
+        QVERIFY2((match.captured(1) == "note"_L1) == isNote, qPrintable(match.captured()));
+    }
+    QCOMPARE(mentions, 4);
 }
 
 QTEST_APPLESS_MAIN(TestDiagnostics)
