@@ -74,7 +74,7 @@ int run(const BuildOptions& options, const std::string& reverse, bool quiet)
         complain("--reverse reads its sources twice, which the standard input does not allow");
         return Usage;
     }
-    if (!areApart(options, reverse))
+    if (!isFileName(options.output) || !isFileName(reverse) || !areApart(options, reverse))
         return Usage;
     std::ostream* progress = quiet ? nullptr : terminal();
     LexiconBuilder builder(options, progress);

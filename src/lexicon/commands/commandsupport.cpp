@@ -7,6 +7,7 @@
 #include <cstring>
 #include <iostream>
 
+#include <CLI/CLI.hpp>
 #include <unistd.h>
 
 namespace teskel::commands
@@ -36,6 +37,24 @@ LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file
     if (status != LexiconReader::Status::Ok)
         complain(error);
     return status;
+}
+
+CLI::Validator wholeNumber()
+{
+    const auto check = [](const std::string& text) {
+        const bool isNumber =
+            !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+        return isNumber ? std::string() : text + " is no whole number from 0 on";
+    };
+    return {check, "NUMBER"};
+}
+
+bool isFileName(const std::string& output)
+{
+    if (output != "-")
+        return true;
+    complain("a lexicon cannot be written to the standard output; name a file");
+    return false;
 }
 
 bool isApart(const std::string& output, const std::string& role, const std::string& other)

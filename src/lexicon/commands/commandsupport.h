@@ -6,6 +6,11 @@
 #include <iosfwd>
 #include <string>
 
+namespace CLI
+{
+class Validator;
+}
+
 namespace teskel::commands
 {
 
@@ -25,6 +30,12 @@ int exitCode(LexiconReader::Status status);
 
 /// Opens a lexicon; says why when it cannot.
 LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file);
+
+/// Of an option: takes whole numbers from 0 on.
+CLI::Validator wholeNumber();
+
+/// Whether `output` is the name of a file; says so when it is that of the standard output, "-".
+bool isFileName(const std::string& output);
 
 /// Whether `output` may be written: not when it is the same file as `other`, which is then called
 /// `role` in a sentence.

@@ -23,7 +23,7 @@ struct RepairOptions {
 
 int run(const RepairOptions& options)
 {
-    if (!isApart(options.output, "lexicon", options.file))
+    if (!isFileName(options.output) || !isApart(options.output, "lexicon", options.file))
         return Usage;
     Salvage salvage;
     std::string error;
