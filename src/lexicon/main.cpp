@@ -2,6 +2,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 
+#include <csignal>
 #include <iostream>
 #include <utility>
 #include <vector>
@@ -43,6 +44,8 @@ int run(int argc, char** argv)
 int main(int argc, char** argv)
 {
     std::ios::sync_with_stdio(false);
+    // A file that may not grow any more is a write that failed, with its sentence.
+    (void)std::signal(SIGXFSZ, SIG_IGN);
     try {
         return run(argc, argv);
     } catch (const std::bad_alloc&) {

@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <algorithm>
 #include <sstream>
 
 using namespace Qt::StringLiterals;
@@ -22,7 +23,9 @@ private slots:
     void strictMakesWarningsErrors();
     void quietLeavesErrorsAlone();
     void codesAreWordsInSmallLetters();
+    void manualListsEveryCode_data();
     void manualListsEveryCode();
+    void manualTellsWarningsFromNotes();
 };
 
 namespace
@@ -108,17 +111,32 @@ void TestDiagnostics::codesAreWordsInSmallLetters()
         QVERIFY2(code.match(QString::fromUtf8(each->name)).hasMatch(), each->name);
 }
 
+void TestDiagnostics::manualListsEveryCode_data()
+{
+    QTest::addColumn<QString>("manual");
+    QTest::addColumn<QString>("heading"); // what begins a section
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("row"); // a regular expression
+    QTest::newRow("Markdown") << u"teskel-lexicon.md"_s << u"\n## "_s << u"Diagnostics"_s
+                              << u"\\n\\| `([^`]+)` \\| ([a-z]+) \\| ([^|]+) \\|"_s;
+    QTest::newRow("man page") << u"man/teskel-lexicon.1"_s << u"\n.SH "_s << u"DIAGNOSTICS"_s
+                              << u"\\n\\.TP\\n\\.BR (\\S+) \" \\(([a-z]+)\\)\"\\n([^\\n]+)"_s;
+}
+
 void TestDiagnostics::manualListsEveryCode()
 {
-    QFile manual(QStringLiteral(TESKEL_DOCS "/teskel-lexicon.md"));
-    QVERIFY(manual.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(manual.readAll());
-    const qsizetype begin = text.indexOf("\n## Diagnostics"_L1);
+    QFETCH(QString, manual);
+    QFETCH(QString, heading);
+    QFETCH(QString, title);
+    QFETCH(QString, row);
+    QFile file(QStringLiteral(TESKEL_DOCS "/") + manual);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll()).replace("\\-"_L1, "-"_L1);
+    const qsizetype begin = text.indexOf(heading + title);
     QVERIFY(begin >= 0);
-    const QString section = text.sliced(begin, text.indexOf("\n## "_L1, begin + 1) - begin);
+    const QString section = text.sliced(begin, text.indexOf(heading, begin + 1) - begin);
     QStringList listed;
-    static const QRegularExpression row(u"\\n\\| `([^`]+)` \\| ([a-z]+) \\| ([^|]+) \\|"_s);
-    for (const QRegularExpressionMatch& match : row.globalMatch(section))
+    for (const QRegularExpressionMatch& match : QRegularExpression(row).globalMatch(section))
         listed += match.captured(1) + u' ' + match.captured(2) + u' ' + match.captured(3);
     QStringList expected;
     for (const DiagnosticCode* code : allDiagnosticCodes()) {
@@ -127,6 +145,27 @@ void TestDiagnostics::manualListsEveryCode()
                     QString::fromUtf8(code->meaning);
     }
     QCOMPARE(listed, expected);
+}
+
+void TestDiagnostics::manualTellsWarningsFromNotes()
+{
+    QFile file(QStringLiteral(TESKEL_DOCS "/teskel-lexicon.md"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll());
+    QVERIFY(!text.contains("with a note"_L1)); // it names its code instead
+    static const QRegularExpression mention(u"\\ba\\s+(note|warning)\\s+\\(`([^`]+)`\\)"_s);
+    int mentions = 0;
+    for (const QRegularExpressionMatch& match : mention.globalMatch(text)) {
+        ++mentions;
+        const auto codes = allDiagnosticCodes();
+        const auto code = std::find_if(codes.begin(), codes.end(), [&](const auto* each) {
+            return match.captured(2) == QLatin1String(each->name);
+        });
+        QVERIFY2(code != codes.end(), qPrintable(match.captured()));
+        const bool isNote = (*code)->severity == DiagnosticCode::Severity::Note;
+        QVERIFY2((match.captured(1) == "note"_L1) == isNote, qPrintable(match.captured()));
+    }
+    QCOMPARE(mentions, 4);
 }
 
 QTEST_APPLESS_MAIN(TestDiagnostics)

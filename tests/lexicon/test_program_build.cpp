@@ -40,6 +40,8 @@ private slots:
     void buildMergesSourcesOfSeveralKinds();
     void fromOverridesWhatTheSourceLooksLike();
     void reverseWritesTheOppositeDirection();
+    void reverseWritesBothOrNone_data();
+    void reverseWritesBothOrNone();
     void reverseNeedsFiles();
     void sourcesThatAreNoFilesEndAtOnce_data();
     void sourcesThatAreNoFilesEndAtOnce();
@@ -64,6 +66,16 @@ QByteArray manyEntries(qint64 count)
         tsv += QByteArray::number(i * 7919) + '\t' + QByteArray::number(i * 104729) + '\n';
     return tsv;
 }
+
+/// Words of one translation, so many that they do not fit one article of the opposite direction.
+QByteArray manyHouses()
+{
+    QByteArray tsv;
+    for (int i = 0; i < 100; ++i)
+        tsv += QByteArray(500, 'w') + QByteArray::number(i) + "\tHaus\n";
+    return tsv;
+}
+
 } // namespace
 
 void TestProgramBuild::initTestCase()
@@ -338,6 +350,41 @@ void TestProgramBuild::reverseWritesTheOppositeDirection()
     QCOMPARE(_program.run(words({"verify", "forth.PDB", "back.PDB"})).code, 0);
 }
 
+void TestProgramBuild::reverseWritesBothOrNone_data()
+{
+    QTest::addColumn<QByteArray>("tsv");
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QByteArray>("error"); // its end
+    QTest::newRow("a warning in the opposite direction")
+        << manyHouses() << u"--strict"_s
+        << QByteArray("cannot write back.PDB: --strict makes 1 warnings errors\n");
+    QTest::newRow("nothing in the opposite direction")
+        << QByteArray("house\t(a dwelling)\n") << QString()
+        << QByteArray("many.tsv holds no entries\n");
+    QTest::newRow("no such directory")
+        << QByteArray("house\tHaus\n") << u"--reverse sub/back.PDB"_s
+        << QByteArray("cannot write sub/back.PDB: No such file or directory\n");
+}
+
+void TestProgramBuild::reverseWritesBothOrNone()
+{
+    QFETCH(QByteArray, tsv);
+    QFETCH(QString, options);
+    QFETCH(QByteArray, error);
+    const QTemporaryDir directory;
+    QVERIFY(writeFile(directory.filePath(u"many.tsv"_s), tsv));
+    QProcess process;
+    process.setWorkingDirectory(directory.path());
+    QStringList arguments = words({"build", "many.tsv", "-o", "forth.PDB"});
+    if (!options.startsWith("--reverse"_L1))
+        arguments += words({"--reverse", "back.PDB"});
+    const ProgramResult result = runToEnd(process, QStringLiteral(TESKEL_LEXICON),
+                                          arguments + options.split(u' ', Qt::SkipEmptyParts));
+    QVERIFY2(result.err.endsWith("teskel-lexicon: " + error), result.err.constData());
+    QCOMPARE(result.code, 3);
+    QCOMPARE(QDir(directory.path()).entryList(QDir::Files | QDir::Hidden), words({"many.tsv"}));
+}
+
 void TestProgramBuild::reverseNeedsFiles()
 {
     const ProgramResult result = _program.run(
@@ -397,7 +444,7 @@ void TestProgramBuild::fullDiskLeavesNothingBehind()
     const QStringList before = QDir(_program.directory()).entryList();
     // A limit on the size of files stands in for the end of the disk.
     QProcess process;
-    limitFileSize(process, 10'240);
+    limitFileSize(process, 10'240, BeyondLimit::SignalKills);
     const ProgramResult result =
         _program.run(process, words({"build", "big.tsv", "-o", "full.PDB"}));
     QCOMPARE(result.code, 3);

@@ -24,8 +24,11 @@ private slots:
     void helpIsDataAndSuccess();
     void manualsNameEveryCommandAndOption_data();
     void manualsNameEveryCommandAndOption();
+    void manPageDescribesEachOptionOnce();
     void wrongCommandLines_data();
     void wrongCommandLines();
+    void wrongCommandLinesAreExplained_data();
+    void wrongCommandLinesAreExplained();
     void unreadableFilesEndWithThree_data();
     void unreadableFilesEndWithThree();
     void lexiconsThatAreNoFilesEndAtOnce_data();
@@ -96,6 +99,20 @@ void TestProgramErrors::manualsNameEveryCommandAndOption()
     QCOMPARE(commands, 8);
 }
 
+void TestProgramErrors::manPageDescribesEachOptionOnce()
+{
+    QFile file(QStringLiteral(TESKEL_DOCS "/man/teskel-lexicon.1"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll()).replace("\\-"_L1, "-"_L1);
+    // Options of two commands may share a name; what they take differs then.
+    const QRegularExpression tag(u"\\n\\.TP\\n\\.B[^\\n]*?(--[a-z-]+(?: \" ?[A-Z]+)?)"_s);
+    QStringList options;
+    for (const QRegularExpressionMatch& match : tag.globalMatch(text))
+        options += match.captured(1);
+    QVERIFY(options.size() > 20);
+    QCOMPARE(options.removeDuplicates(), 0);
+}
+
 void TestProgramErrors::wrongCommandLines_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -124,6 +141,37 @@ void TestProgramErrors::wrongCommandLines()
     QCOMPARE(result.code, 2);
     QCOMPARE(result.out, QByteArray());
     QVERIFY(!result.err.isEmpty());
+}
+
+void TestProgramErrors::wrongCommandLinesAreExplained_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QByteArray>("sentence");
+    const QByteArray noFile =
+        "teskel-lexicon: a lexicon cannot be written to the standard output; name a file\n";
+    QTest::newRow("build -") << u"build - -o -"_s << noFile;
+    QTest::newRow("build --reverse -") << u"build a.tsv -o a.PDB --reverse -"_s << noFile;
+    QTest::newRow("repair -") << u"repair small.PDB -o -"_s << noFile;
+    for (const char* number : {"-1", "1.5", "many"}) {
+        const QByteArray rest = QByteArray(": ") + number +
+                                " is no whole number from 0 on\n"
+                                "Run with --help for more information.\n";
+        QTest::addRow("find --limit %s", number)
+            << u"find small.PDB house --limit "_s + QString::fromLatin1(number) << "--limit" + rest;
+        QTest::addRow("list --count %s", number)
+            << u"list small.PDB --count "_s + QString::fromLatin1(number) << "--count" + rest;
+    }
+}
+
+void TestProgramErrors::wrongCommandLinesAreExplained()
+{
+    QFETCH(QString, command);
+    const ProgramResult result = _program.run(command.split(u' '), "house\tHaus\n");
+    QTEST(result.err, "sentence");
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.out, QByteArray());
+    QVERIFY(!QFile::exists(_program.path("-")));
+    QVERIFY(!QFile::exists(_program.path("a.PDB")));
 }
 
 void TestProgramErrors::unreadableFilesEndWithThree_data()

@@ -15,6 +15,8 @@ class TestProgramFind : public QObject
     Q_OBJECT
 
 private slots:
+    void jsonLinesHoldNoLineSeparators_data();
+    void jsonLinesHoldNoLineSeparators();
     void initTestCase();
     void findPrintsArticles_data();
     void findPrintsArticles();
@@ -211,6 +213,25 @@ void TestProgramFind::listPrintsHeadwords()
     QCOMPARE(result.code, 0);
     QTEST(result.out, "out");
     QCOMPARE(result.err, QByteArray());
+}
+
+void TestProgramFind::jsonLinesHoldNoLineSeparators_data()
+{
+    QTest::addColumn<QString>("separator");
+    QTest::addColumn<QByteArray>("escaped");
+    QTest::newRow("next line") << u"\u0085"_s << QByteArray("\\u0085");
+    QTest::newRow("line separator") << u"\u2028"_s << QByteArray("\\u2028");
+    QTest::newRow("paragraph separator") << u"\u2029"_s << QByteArray("\\u2029");
+    QTest::newRow("line feed") << u"\n"_s << QByteArray("\\n");
+}
+
+void TestProgramFind::jsonLinesHoldNoLineSeparators()
+{
+    QFETCH(QString, separator);
+    QFETCH(QByteArray, escaped);
+    const ProgramResult result =
+        _program.run({u"find"_s, u"small.PDB"_s, u"--json"_s, u"no"_s + separator + u"where"_s});
+    QCOMPARE(result.out, "{\"entries\":[],\"word\":\"no" + escaped + "where\"}\n");
 }
 
 QTEST_GUILESS_MAIN(TestProgramFind)

@@ -21,12 +21,12 @@ ProgramResult runToEnd(QProcess& process, const QString& program, const QStringL
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
-void limitFileSize(QProcess& process, quint64 bytes)
+void limitFileSize(QProcess& process, quint64 bytes, BeyondLimit beyond)
 {
-    process.setChildProcessModifier([bytes] {
+    process.setChildProcessModifier([bytes, beyond] {
         const rlimit limit{bytes, bytes};
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        (void)std::signal(SIGXFSZ, SIG_IGN);
+        (void)std::signal(SIGXFSZ, beyond == BeyondLimit::SignalKills ? SIG_DFL : SIG_IGN);
     });
 }
 

@@ -21,8 +21,14 @@ struct ProgramResult {
 [[nodiscard]] ProgramResult runToEnd(QProcess& process, const QString& program,
                                      const QStringList& arguments, const QByteArray& input = {});
 
+/// What becomes of a process that writes beyond its limit, if it does not choose itself.
+enum class BeyondLimit {
+    WriteFails,
+    SignalKills, ///< as after a shell's "ulimit -f"
+};
+
 /// Lets every file that `process` writes grow to so many bytes only, as on a full disk. To be
 /// called before its start.
-void limitFileSize(QProcess& process, quint64 bytes);
+void limitFileSize(QProcess& process, quint64 bytes, BeyondLimit beyond = BeyondLimit::WriteFails);
 
 } // namespace teskel::test

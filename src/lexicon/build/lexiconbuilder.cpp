@@ -44,6 +44,14 @@ std::string listOf(const std::vector<std::string>& paths)
 
 } // namespace
 
+LexiconBuilder::LexiconBuilder(BuildOptions options, std::ostream* terminal)
+    : _options(std::move(options))
+{
+    _report.progress = std::make_shared<Progress>(terminal);
+}
+
+LexiconBuilder::~LexiconBuilder() = default;
+
 /// The first description that a source gives is the lexicon's, unless there is one in the options.
 bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, std::string& error)
 {
@@ -73,24 +81,35 @@ bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, 
     return true;
 }
 
-bool LexiconBuilder::build(std::string& error)
+bool LexiconBuilder::prepare(std::string& error)
 {
-    return build([&](EntryIntake& intake,
-                     std::string& description) { return readSources(intake, description, error); },
-                 error);
-}
-
-bool LexiconBuilder::build(LexiconSource& source, std::string& error)
-{
-    return build(
+    return prepare(
         [&](EntryIntake& intake, std::string& description) {
-            description = intake.description(source.description(), source.textKind());
-            return source.read(intake, error);
+            return readSources(intake, description, error);
         },
         error);
 }
 
-bool LexiconBuilder::build(const Reader& read, std::string& error)
+bool LexiconBuilder::commit(std::string& error)
+{
+    return _file->commit(error);
+}
+
+bool LexiconBuilder::build(std::string& error)
+{
+    return prepare(error) && commit(error);
+}
+
+bool LexiconBuilder::build(LexiconSource& source, std::string& error)
+{
+    const auto read = [&](EntryIntake& intake, std::string& description) {
+        description = intake.description(source.description(), source.textKind());
+        return source.read(intake, error);
+    };
+    return prepare(read, error) && commit(error);
+}
+
+bool LexiconBuilder::prepare(const Reader& read, std::string& error)
 {
     EntrySorter sorter;
     EntryIntake intake(sorter, _report, _options.text);
@@ -127,16 +146,17 @@ bool LexiconBuilder::build(const Reader& read, std::string& error)
         return false;
     }
 
-    PendingFile file(_options.output);
-    if (!write(file, description, plan, *entries, error))
+    auto file = std::make_unique<PendingFile>(_options.output);
+    if (!write(*file, description, plan, *entries, error))
         return false;
     _report.progress->begin("checking");
-    SpotCheck check(file.path());
+    SpotCheck check(file->path());
     if (!check.run(*entries, error))
         return false;
     _report.spotChecks = check.checkedWords();
     _report.progress->end();
-    return file.commit(error);
+    _file = std::move(file);
+    return true;
 }
 
 /// Merges the entries and splits what is too large for a record. Null when it failed.

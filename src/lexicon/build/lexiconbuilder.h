@@ -50,14 +50,20 @@ class LexiconBuilder
 {
 public:
     /// Shows how far it has come on `terminal`, unless that is null.
-    explicit LexiconBuilder(BuildOptions options, std::ostream* terminal = nullptr)
-        : _options(std::move(options))
-    {
-        _report.progress = std::make_shared<Progress>(terminal);
-    }
+    explicit LexiconBuilder(BuildOptions options, std::ostream* terminal = nullptr);
+    LexiconBuilder(const LexiconBuilder&) = delete;
+    LexiconBuilder& operator=(const LexiconBuilder&) = delete;
 
-    /// Reads the sources, writes the file beside its target, looks words up in it and gives it its
-    /// name. On failure returns false, leaves nothing behind and says why in `error`.
+    ~LexiconBuilder();
+
+    /// Reads the sources, writes the file beside its target and looks words up in it. On failure
+    /// returns false, leaves nothing behind and says why in `error`.
+    bool prepare(std::string& error);
+    /// Gives the prepared file its name, or else returns false and says why in `error`. The file is
+    /// removed when its builder is destroyed without this.
+    bool commit(std::string& error);
+
+    /// Prepares the file and commits it.
     bool build(std::string& error);
     /// The same from this source instead of those in the options.
     bool build(LexiconSource& source, std::string& error);
@@ -67,7 +73,7 @@ public:
 private:
     using Reader = std::function<bool(EntryIntake& intake, std::string& description)>;
 
-    bool build(const Reader& read, std::string& error);
+    bool prepare(const Reader& read, std::string& error);
     bool readSources(EntryIntake& intake, std::string& description, std::string& error);
     bool keepsHeadwords(const EntryIntake& intake, std::string& error) const;
     std::unique_ptr<EntryFile> gather(EntrySorter& sorter, std::string& error);
@@ -76,6 +82,7 @@ private:
 
     BuildOptions _options;
     BuildReport _report;
+    std::unique_ptr<PendingFile> _file;
 };
 
 } // namespace teskel

@@ -3,8 +3,10 @@
 #include "lexicon/build/sourcetable.h"
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/sources/siblingfile.h"
 
 #include <algorithm>
+#include <iostream>
 #include <memory>
 
 #include <CLI/CLI.hpp>
@@ -15,11 +17,48 @@ namespace teskel::commands
 namespace
 {
 
-int buildOne(const BuildOptions& options, bool quiet)
+bool prepare(LexiconBuilder& builder, const BuildOptions& options, bool quiet)
 {
-    return runBuild(options, quiet, [](LexiconBuilder& builder, std::string& error) {
-        return builder.build(error);
-    });
+    return runBuild(builder, options.strict, quiet,
+                    [&builder](std::string& error) { return builder.prepare(error); });
+}
+
+bool commit(LexiconBuilder& builder, bool quiet)
+{
+    std::string error;
+    if (!builder.commit(error)) {
+        complain(error);
+        return false;
+    }
+    if (!quiet)
+        builder.report().print(std::cerr);
+    return true;
+}
+
+BuildOptions reversed(BuildOptions options, const std::string& output)
+{
+    options.output = output;
+    options.reversed = true;
+    options.numbers = false; // words one below the other, not senses
+    return options;
+}
+
+/// Whether no file is written that is read as well, or written twice.
+bool areApart(const BuildOptions& options, const std::string& reverse)
+{
+    std::vector<std::string> outputs = {options.output};
+    if (!reverse.empty())
+        outputs.push_back(reverse);
+    for (const std::string& output : outputs) {
+        for (const std::string& source : options.sources) {
+            const std::string path = source == "-" ? "/dev/stdin" : source;
+            for (const std::string& file : siblingfile::family(path)) {
+                if (!isApart(output, "source", file))
+                    return false;
+            }
+        }
+    }
+    return reverse.empty() || isApart(reverse, "output", options.output);
 }
 
 /// An empty `reverse` is no file.
@@ -30,14 +69,17 @@ int run(const BuildOptions& options, const std::string& reverse, bool quiet)
         complain("--reverse reads its sources twice, which the standard input does not allow");
         return Usage;
     }
-    const int code = buildOne(options, quiet);
-    if (code != Done || reverse.empty())
-        return code;
-    BuildOptions reversed = options;
-    reversed.output = reverse;
-    reversed.reversed = true;
-    reversed.numbers = false; // words one below the other, not senses
-    return buildOne(reversed, quiet);
+    if (!isFileName(options.output) || !isFileName(reverse) || !areApart(options, reverse))
+        return Usage;
+    std::ostream* progress = quiet ? nullptr : terminal();
+    LexiconBuilder builder(options, progress);
+    LexiconBuilder opposite(reversed(options, reverse), progress);
+    // Neither file gets its name when the other one fails.
+    if (!prepare(builder, options, quiet) ||
+        (!reverse.empty() && !prepare(opposite, options, quiet)))
+        return Failed;
+    const bool isWritten = commit(builder, quiet) && (reverse.empty() || commit(opposite, quiet));
+    return isWritten ? Done : Failed;
 }
 
 } // namespace

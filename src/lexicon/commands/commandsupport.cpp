@@ -2,11 +2,13 @@
 #include "lexicon/commands/commandsupport.h"
 
 #include "lexicon/build/lexiconbuilder.h"
+#include "lexicon/file/samefile.h"
 
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
 
+#include <CLI/CLI.hpp>
 #include <unistd.h>
 
 namespace teskel::commands
@@ -38,6 +40,32 @@ LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file
     return status;
 }
 
+CLI::Validator wholeNumber()
+{
+    const auto check = [](const std::string& text) {
+        const bool isNumber =
+            !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+        return isNumber ? std::string() : text + " is no whole number from 0 on";
+    };
+    return {check, "NUMBER"};
+}
+
+bool isFileName(const std::string& output)
+{
+    if (output != "-")
+        return true;
+    complain("a lexicon cannot be written to the standard output; name a file");
+    return false;
+}
+
+bool isApart(const std::string& output, const std::string& role, const std::string& other)
+{
+    if (!isSameFile(output, other))
+        return true;
+    complain("cannot write " + output + ": it is the same file as the " + role + ' ' + other);
+    return false;
+}
+
 std::ostream* terminal()
 {
     const char* kind = std::getenv("TERM");
@@ -45,21 +73,16 @@ std::ostream* terminal()
     return isWritable && ::isatty(STDERR_FILENO) != 0 ? &std::cerr : nullptr;
 }
 
-int runBuild(const BuildOptions& options, bool quiet,
-             const std::function<bool(LexiconBuilder& builder, std::string& error)>& build)
+bool runBuild(LexiconBuilder& builder, bool isStrict, bool quiet,
+              const std::function<bool(std::string& error)>& build)
 {
-    LexiconBuilder builder(options, quiet ? nullptr : terminal());
     std::string error;
-    const bool isBuilt = build(builder, error);
+    const bool isBuilt = build(error);
     builder.report().progress->end();
-    builder.report().diagnostics.print(std::cerr, {options.strict, quiet});
-    if (!isBuilt) {
+    builder.report().diagnostics.print(std::cerr, {isStrict, quiet});
+    if (!isBuilt)
         complain(error);
-        return Failed;
-    }
-    if (!quiet)
-        builder.report().print(std::cerr);
-    return Done;
+    return isBuilt;
 }
 
 int finishFiles(LexiconReader::Status status, const std::string& file, std::string& error,

@@ -7,10 +7,14 @@
 #include <iosfwd>
 #include <string>
 
+namespace CLI
+{
+class Validator;
+}
+
 namespace teskel
 {
 class LexiconBuilder;
-struct BuildOptions;
 } // namespace teskel
 
 namespace teskel::commands
@@ -33,13 +37,23 @@ int exitCode(LexiconReader::Status status);
 /// Opens a lexicon; says why when it cannot.
 LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file);
 
+/// Of an option: takes whole numbers from 0 on.
+CLI::Validator wholeNumber();
+
+/// Whether `output` is the name of a file; says so when it is that of the standard output, "-".
+bool isFileName(const std::string& output);
+
+/// Whether `output` may be written: not when it is the same file as `other`, which is then called
+/// `role` in a sentence.
+bool isApart(const std::string& output, const std::string& role, const std::string& other);
+
 /// The standard error when it is a terminal that can take a line back, else null.
 std::ostream* terminal();
 
-/// Has a lexicon built by `build`, which gets the builder and says in `error` why it failed, and
-/// prints what the build tells. `quiet` leaves out all but errors. Returns the exit code.
-int runBuild(const BuildOptions& options, bool quiet,
-             const std::function<bool(LexiconBuilder& builder, std::string& error)>& build);
+/// Has `build` build a lexicon by `builder`, and prints what there is to tell on the way; `build`
+/// says in `error` why it failed. `quiet` leaves out all but errors. Returns whether it was built.
+bool runBuild(LexiconBuilder& builder, bool isStrict, bool quiet,
+              const std::function<bool(std::string& error)>& build);
 
 /// Ends the writing of files from the lexicon `file`: with `commit` when it was read to its end,
 /// which `status` tells, else with `error`. Returns the exit code.

@@ -80,6 +80,10 @@ std::string titleOf(LexiconReader& reader)
 int exportFor(LexiconReader& reader, const ExportOptions& options)
 {
     const auto files = makeExport(options.kind, options.output, titleOf(reader));
+    for (const std::string& file : files->files()) {
+        if (!isApart(file, "lexicon", options.file))
+            return Usage;
+    }
     std::string error;
     const auto add = [&files](std::string_view headword, std::string_view article) {
         return files->add(headword, article);
@@ -101,8 +105,11 @@ int run(const ExportOptions& options)
         return exitCode(status);
     if (options.kind != tsvKind)
         return exportFor(reader, options);
-    return toOutput ? exportToOutput(reader, options.file)
-                    : exportToFile(reader, options.file, options.output);
+    if (toOutput)
+        return exportToOutput(reader, options.file);
+    return isApart(options.output, "lexicon", options.file)
+               ? exportToFile(reader, options.file, options.output)
+               : Usage;
 }
 
 std::vector<std::string> kinds()

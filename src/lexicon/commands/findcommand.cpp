@@ -146,7 +146,7 @@ Action find(CLI::App& options)
         ->required();
     options.add_flag("--prefix", request->prefix, "Find all headwords that begin with a word");
     options.add_option("--limit", request->limit, "Print at most so many entries for a word")
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber());
     options.add_flag("--html", request->html, "Print the rich text that the reader shows");
     options.add_flag("--json", request->json, "Print a JSON object for each word, one a line");
     return [request] { return run(*request); };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/jsonline.h"
 
+#include <QByteArray>
 #include <QJsonDocument>
 
 #include <iostream>
@@ -15,7 +16,12 @@ QString jsonText(const std::string& utf8)
 
 void printJsonLine(const QJsonObject& object)
 {
-    std::cout << QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString() << '\n';
+    QByteArray line = QJsonDocument(object).toJson(QJsonDocument::Compact);
+    // JSON lets them stand as they are, but programs that read lines end one there.
+    line.replace("\xC2\x85", "\\u0085");
+    line.replace("\xE2\x80\xA8", "\\u2028");
+    line.replace("\xE2\x80\xA9", "\\u2029");
+    std::cout << line.toStdString() << '\n';
 }
 
 } // namespace teskel::commands

@@ -61,8 +61,7 @@ Action list(CLI::App& options)
     options.add_option("FILE", request->file)->required();
     options.add_option("--from", request->from,
                        "Begin with the first headword not before this word");
-    options.add_option("--count", request->count, "Print at most so many")
-        ->check(CLI::NonNegativeNumber);
+    options.add_option("--count", request->count, "Print at most so many")->check(wholeNumber());
     options.add_flag("--json", request->json, "Print a JSON object for each headword, one a line");
     return [request] { return run(*request); };
 }

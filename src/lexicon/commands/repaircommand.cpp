@@ -23,6 +23,8 @@ struct RepairOptions {
 
 int run(const RepairOptions& options)
 {
+    if (!isFileName(options.output) || !isApart(options.output, "lexicon", options.file))
+        return Usage;
     Salvage salvage;
     std::string error;
     if (!salvage.read(options.file, error)) {
@@ -41,11 +43,13 @@ int run(const RepairOptions& options)
     build.numbers = false;
     build.force = true;
     build.text.form = source.form();
-    const auto buildFromSalvage = [&source](LexiconBuilder& builder, std::string& why) {
-        return builder.build(source, why);
-    };
-    const int code = runBuild(build, options.quiet, buildFromSalvage);
-    return code == Done && !salvage.losses().empty() ? Negative : code;
+    LexiconBuilder builder(build, options.quiet ? nullptr : terminal());
+    const auto buildFromSalvage = [&](std::string& why) { return builder.build(source, why); };
+    if (!runBuild(builder, build.strict, options.quiet, buildFromSalvage))
+        return Failed;
+    if (!options.quiet)
+        builder.report().print(std::cerr);
+    return salvage.losses().empty() ? Done : Negative;
 }
 
 } // namespace

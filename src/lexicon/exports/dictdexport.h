@@ -18,6 +18,10 @@ public:
     /// `base` is the path without its suffix; `title` is plain UTF-8 on one line.
     DictdExport(const std::string& base, const std::string& title);
 
+    std::vector<std::string> files() const override
+    {
+        return {_index.target(), _articles.target()};
+    }
     bool add(std::string_view headword, std::string_view article) override;
     bool commit(std::string& error) override;
 

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace teskel
 {
@@ -15,6 +16,9 @@ public:
     DictionaryExport(const DictionaryExport&) = delete;
     DictionaryExport& operator=(const DictionaryExport&) = delete;
     virtual ~DictionaryExport() = default;
+
+    /// The paths of the files, in the bytes of the file system.
+    virtual std::vector<std::string> files() const = 0;
 
     /// Takes an entry, Latin-1. False when something could not be written; commit() says what.
     virtual bool add(std::string_view headword, std::string_view article) = 0;

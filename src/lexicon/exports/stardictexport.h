@@ -18,6 +18,10 @@ public:
     /// `base` is the path without its suffix; `title` is plain UTF-8 on one line.
     StarDictExport(const std::string& base, std::string title);
 
+    std::vector<std::string> files() const override
+    {
+        return {_info.target(), _index.target(), _articles.target()};
+    }
     bool add(std::string_view headword, std::string_view article) override;
     bool commit(std::string& error) override;
 

@@ -24,6 +24,7 @@ public:
     ~PendingFile();
 
     const std::string& path() const { return _path; }
+    const std::string& target() const { return _target; }
 
     /// Appends bytes. Nothing is written any more once something could not be, the creation of the
     /// file included; flush() and commit() say why.

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/siblingfile.h"
 
+#include <utility>
+
 #include <unistd.h>
+
+using namespace std::string_view_literals;
 
 namespace teskel::siblingfile
 {
@@ -9,6 +13,11 @@ namespace teskel::siblingfile
 namespace
 {
 constexpr std::string_view packerSuffixes[] = {".dz", ".gz", ".xz", ".zst"};
+
+bool isThere(const std::string& path)
+{
+    return ::access(path.c_str(), F_OK) == 0;
+}
 } // namespace
 
 std::string_view withoutPackerSuffix(std::string_view path)
@@ -35,10 +44,28 @@ std::string find(std::string_view base, std::string_view suffix)
     const std::string plain = std::string(base) + std::string(suffix);
     for (const std::string_view packer : packerSuffixes) {
         std::string packed = plain + std::string(packer);
-        if (::access(packed.c_str(), F_OK) == 0)
+        if (isThere(packed))
             return packed;
     }
-    return ::access(plain.c_str(), F_OK) == 0 ? plain : std::string();
+    return isThere(plain) ? plain : std::string();
+}
+
+std::vector<std::string> family(const std::string& path)
+{
+    const std::initializer_list<std::string_view> suffixes = {".index"sv, ".dict"sv, ".ifo"sv,
+                                                              ".idx"sv, ".syn"sv};
+    const std::string_view common = base(path, suffixes);
+    std::vector<std::string> files = {path};
+    for (const std::string_view suffix : suffixes) {
+        const std::string plain = std::string(common.empty() ? path : common) + std::string(suffix);
+        if (plain != path && isThere(plain))
+            files.push_back(plain);
+        for (const std::string_view packer : packerSuffixes) {
+            if (std::string file = plain + std::string(packer); file != path && isThere(file))
+                files.push_back(std::move(file));
+        }
+    }
+    return files;
 }
 
 } // namespace teskel::siblingfile

@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Dictionaries that consist of several files, whose names differ in their ends. Paths are in the
 /// bytes of the file system.
@@ -20,5 +21,8 @@ std::string_view base(std::string_view path, std::initializer_list<std::string_v
 /// The file whose name is `base` and `suffix`, or which has a packer's suffix behind that; empty
 /// when there is none. A packed one comes first.
 std::string find(std::string_view base, std::string_view suffix);
+
+/// The files there are that may be of one dictionary with `path`, itself included.
+std::vector<std::string> family(const std::string& path);
 
 } // namespace teskel::siblingfile
