@@ -59,6 +59,7 @@ void TestProgramExport::exportAndBuildGiveTheSameFile()
         tsv += "house\tsense 3. of\\n1. \\\\n…\\t<b>&#8211;</b> ½ " + QByteArray(3000, 'x') + "\n";
     for (int i = 0; i < 20; ++i)
         tsv += "House\t" + QByteArray::number(i) + QByteArray(3000, 'x') + "\n";
+    tsv += "<q>\t" + QByteArray(40000, 'x') + "\n<Q>\t" + QByteArray(30000, 'x') + "\n";
     QCOMPARE(_program.run(words({"build", "-", "-o", "first.PDB", "--force"}) + options, tsv).code,
              0);
     const ProgramResult exported = _program.run(words({"export", "first.PDB"}));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/entryintake.h"
 
+#include "lexicon/entries/oversizesplitter.h"
 #include "lexicon/text/characterreference.h"
 #include "lexicon/text/plaintext.h"
 #include "lexicon/text/sensenumbers.h"
@@ -93,9 +94,12 @@ void EntryIntake::writeHeadword(std::string_view headword)
 }
 
 /// Length of the line that an article of another lexicon brings along for the headword: that is
-/// Latin-1 there and may be shortened.
+/// Latin-1 there and may be shortened. A continuation begins in its own way.
 size_t EntryIntake::writtenAlready()
 {
+    const std::string_view continued = OversizeSplitter::continuedBy(_headword);
+    if (!continued.empty() && _article.starts_with(OversizeSplitter::continuation))
+        return OversizeSplitter::continuation.size();
     const size_t end = _article.find(boldClosing);
     if (!_article.starts_with(boldOpening) || end == std::string::npos)
         return 0;
@@ -103,8 +107,8 @@ size_t EntryIntake::writtenAlready()
     const std::string line = _article.substr(begin, end - begin);
     const std::string written = plainText(utf8::fromLatin1(line));
     const std::string headword = Latin1Converter().converted(written, Text::Headword);
-    const bool isIt = headword.size() > limits::headwordBytes ? headword.starts_with(_headword)
-                                                              : headword == _headword;
+    const bool isIt = headword == _headword || headword == continued ||
+                      (headword.size() > limits::headwordBytes && headword.starts_with(_headword));
     return isIt && lineOf(written) == line ? end + boldClosing.size() : 0;
 }
 

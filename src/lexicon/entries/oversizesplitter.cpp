@@ -14,7 +14,6 @@ namespace teskel
 namespace
 {
 
-constexpr std::string_view continuation = "&hellip;\n";
 /// A shorter beginning of an article is not worth a cut.
 constexpr size_t shortestPiece = 2048;
 /// Of " (4294967295)", the last number there can be.
@@ -52,20 +51,6 @@ std::string suffixOf(unsigned part)
     return " (" + std::to_string(part) + ")";
 }
 
-/// The headword in front of " (2)" or another number, empty when there is no such suffix.
-std::string_view continuedBy(std::string_view headword)
-{
-    if (!headword.ends_with(')'))
-        return {};
-    const size_t open = headword.rfind(" (");
-    const std::string_view digits = open == std::string_view::npos
-                                        ? std::string_view()
-                                        : headword.substr(open + 2, headword.size() - open - 3);
-    const bool isNumber =
-        !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
-    return isNumber ? headword.substr(0, open) : std::string_view();
-}
-
 /// Where an article of more than `room` bytes is best cut: at the last line end, else at the last
 /// blank, else where neither a tag nor a reference is broken.
 size_t cutPlace(std::string_view article, size_t room)
@@ -84,6 +69,19 @@ size_t cutPlace(std::string_view article, size_t room)
 }
 
 } // namespace
+
+std::string_view OversizeSplitter::continuedBy(std::string_view headword)
+{
+    if (!headword.ends_with(')'))
+        return {};
+    const size_t open = headword.rfind(" (");
+    const std::string_view digits = open == std::string_view::npos
+                                        ? std::string_view()
+                                        : headword.substr(open + 2, headword.size() - open - 3);
+    const bool isNumber =
+        !digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos;
+    return isNumber ? headword.substr(0, open) : std::string_view();
+}
 
 bool OversizeSplitter::isNeeded(EntryFile& merged)
 {

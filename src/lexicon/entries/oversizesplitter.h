@@ -6,6 +6,7 @@
 #include "lexicon/entries/entrysorter.h"
 
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -19,6 +20,11 @@ namespace teskel
 class OversizeSplitter
 {
 public:
+    /// What the part of an article that was cut off begins with.
+    static constexpr std::string_view continuation = "&hellip;\n";
+    /// The headword in front of " (2)" or another number, empty when there is no such suffix.
+    static std::string_view continuedBy(std::string_view headword);
+
     explicit OversizeSplitter(BuildReport& report)
         : _report(report)
     {
