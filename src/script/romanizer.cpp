@@ -3,6 +3,7 @@
 
 #include "script/letterreference.h"
 
+#include <QList>
 #include <QtGlobal>
 
 #include <utility>

@@ -268,9 +268,9 @@ void TestTeskelMainWindow::hasItsSlotsInOrder()
 {
     const QMetaObject& meta = TeskelMainWindow::staticMetaObject;
     QCOMPARE(meta.className(), "TeskelMainWindow");
-    QStringList slots_;
+    QStringList signatures;
     for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-        slots_.append(QString::fromLatin1(meta.method(i).methodSignature()));
+        signatures.append(QString::fromLatin1(meta.method(i).methodSignature()));
     const QStringList expected{u"openFile(QString)"_s,
                                u"setCaption(QString)"_s,
                                u"lexiconAddEditWord()"_s,
@@ -285,7 +285,7 @@ void TestTeskelMainWindow::hasItsSlotsInOrder()
                                u"setDocument(QString)"_s,
                                u"fileSelected(QTeskelFileInfo)"_s,
                                u"crossLookup()"_s};
-    QCOMPARE(slots_, expected);
+    QCOMPARE(signatures, expected);
 }
 
 void TestTeskelMainWindow::showsToolBarLeftToRight()

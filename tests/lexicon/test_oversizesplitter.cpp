@@ -209,7 +209,7 @@ void TestOversizeSplitter::hugeGroupKeepsItsNumbering()
     }
     QCOMPARE(headwords.size(), entries.size());
     QVERIFY(headwords.contains("set (" + std::to_string(entries.size()) + ")"));
-    QVERIFY(bytes >= articles * (1'000'000 - 40)); // blanks and line ends at the cuts
+    QVERIFY(bytes >= size_t{articles} * (1'000'000 - 40)); // blanks and line ends at the cuts
 }
 
 QTEST_APPLESS_MAIN(TestOversizeSplitter)

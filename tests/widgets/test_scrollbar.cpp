@@ -67,7 +67,7 @@ QImage shotOf(QWidget& widget, const QRect& part = QRect(QPoint(0, 0), QSize(-1,
     return widget.grab(part).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-const QStringList Styles{u"Fusion"_s, u"Windows"_s};
+const QStringList styles{u"Fusion"_s, u"Windows"_s};
 } // namespace
 
 class TestScrollBar : public QObject
@@ -159,7 +159,7 @@ void TestScrollBar::pressActsOnce_data()
         row("subtract page", QStyle::SC_ScrollBarSubPage, 0, 1);
         row("slider", QStyle::SC_ScrollBarSlider, 0, 0);
     };
-    for (const QString& style : Styles) {
+    for (const QString& style : styles) {
         for (const auto orientation : {Qt::Vertical, Qt::Horizontal}) {
             for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft})
                 rows(style, orientation, direction);
@@ -203,7 +203,7 @@ void TestScrollBar::actsAtTheLimit_data()
 {
     QTest::addColumn<QString>("style");
     QTest::addColumn<bool>("add");
-    for (const QString& style : Styles) {
+    for (const QString& style : styles) {
         QTest::addRow("%s maximum", qPrintable(style)) << style << true;
         QTest::addRow("%s minimum", qPrintable(style)) << style << false;
     }
@@ -660,7 +660,7 @@ void TestScrollBar::draggingWithoutTrackingSetsTheValueAtRelease()
 void TestScrollBar::middleButtonJumps_data()
 {
     QTest::addColumn<QString>("style");
-    for (const QString& style : Styles)
+    for (const QString& style : styles)
         QTest::addRow("%s", qPrintable(style)) << style;
 }
 
