@@ -21,6 +21,7 @@ bool GzipStream::isBegunBy(std::string_view head)
 GzipStream::GzipStream(ByteStream& packed)
     : _packed(packed)
 {
+    _inflate.next_in = reinterpret_cast<Bytef*>(_input.data()); // nothing is there yet
     _isReady = inflateInit2(&_inflate, MAX_WBITS + gzipWrapped) == Z_OK;
 }
 
