@@ -43,6 +43,7 @@ std::vector<Row> randomRows(int count)
         return bytes;
     };
     std::vector<Row> rows;
+    rows.reserve(static_cast<size_t>(count));
     for (int number = 0; number < count; ++number)
         rows.emplace_back(text(1, 3), text(0, 40), static_cast<uint32_t>(number));
     return rows;
@@ -51,8 +52,10 @@ std::vector<Row> randomRows(int count)
 /// Of which a run needs a file.
 std::vector<Row> longRows()
 {
+    constexpr uint32_t count = 30;
     std::vector<Row> rows;
-    for (uint32_t number = 0; number < 30; ++number)
+    rows.reserve(count);
+    for (uint32_t number = 0; number < count; ++number)
         rows.emplace_back(QByteArray(1, static_cast<char>('A' + number)), QByteArray(500'000, 'x'),
                           number);
     return rows;

@@ -176,15 +176,14 @@ void Latin1Converter::putAsText(char32_t character, std::string& out)
 
 void Latin1Converter::putCharacter(char32_t character, std::string& out)
 {
-    if (isControl(character) && character != '\n' && character != '\t') {
+    const bool isPlain = character <= highestOfLatin1 || _form == LatinForm::Plain;
+    const std::string reference = isPlain ? std::string() : letterReference(character);
+    const bool isUnshown = !isPlain && readLetterReference(reference).character != character;
+    if (isUnshown || (isControl(character) && character != '\n' && character != '\t')) {
         count(character, Change::Control, " ");
         out += ' ';
-    } else if (character <= highestOfLatin1 || _form == LatinForm::Plain) {
+    } else if (isPlain) {
         putStandIn(character, true, out);
-    } else if (const std::string reference = letterReference(character);
-               readLetterReference(reference).character != character) {
-        count(character, Change::Control, " ");
-        out += ' ';
     } else {
         if (character == utf8::invalid)
             count(character, Change::InvalidByte, reference);
