@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 using namespace teskel;
 using teskel::test::StarDictWriter;
-using teskel::test::writeFile;
 
 /// Reads StarDict dictionaries: every type of article, alternatives, packed files, and what can be
 /// wrong with them.
