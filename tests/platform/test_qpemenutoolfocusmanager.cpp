@@ -24,47 +24,47 @@ class Window : public QMainWindow
 {
 public:
     Window()
-        : _toolBar(new QPEToolBar(this))
-        , _menuBar(new QPEMenuBar(_toolBar))
-        , _entry(new QLineEdit)
-        , _other(new QLineEdit)
+        : toolBar(new QPEToolBar(this))
+        , menuBar(new QPEMenuBar(toolBar))
+        , entry(new QLineEdit)
+        , other(new QLineEdit)
     {
-        _toolBar->addWidget(_menuBar);
+        toolBar->addWidget(menuBar);
         for (const QString& title : {u"Lexicon"_s, u"Edit"_s}) {
-            QMenu* menu = _menuBar->addMenu(title);
+            QMenu* menu = menuBar->addMenu(title);
             menu->addAction(title + u" 1"_s);
             menu->addAction(title + u" 2"_s);
         }
         for (const QString& text : {u"Open"_s, u"Hidden"_s, u"Off"_s, u"Cross"_s})
-            _actions[text] = _toolBar->addAction(text);
-        _actions[u"Hidden"_s]->setVisible(false);
-        _actions[u"Off"_s]->setEnabled(false);
-        addToolBar(_toolBar);
+            actions[text] = toolBar->addAction(text);
+        actions[u"Hidden"_s]->setVisible(false);
+        actions[u"Off"_s]->setEnabled(false);
+        addToolBar(toolBar);
         auto* centre = new QWidget;
         auto* layout = new QVBoxLayout(centre);
-        layout->addWidget(_entry);
-        layout->addWidget(_other);
+        layout->addWidget(entry);
+        layout->addWidget(other);
         setCentralWidget(centre);
         resize(600, 200);
         show();
         activateWindow();
         if (!QTest::qWaitForWindowActive(this))
             qFatal("no active window");
-        _entry->setFocus();
-        QPEMenuToolFocusManager::manager()->addWidget(_toolBar);
+        entry->setFocus();
+        QPEMenuToolFocusManager::manager()->addWidget(toolBar);
     }
 
-    QPEToolBar* _toolBar;
-    QPEMenuBar* _menuBar;
-    QLineEdit* _entry;
-    QLineEdit* _other;
-    QMap<QString, QAction*> _actions;
+    QPEToolBar* toolBar;
+    QPEMenuBar* menuBar;
+    QLineEdit* entry;
+    QLineEdit* other;
+    QMap<QString, QAction*> actions;
 
-    QAction* menuAction(int menu, int entry) const
+    QAction* menuAction(int menu, int index) const
     {
-        return _menuBar->actions()[menu]->menu()->actions()[entry];
+        return menuBar->actions()[menu]->menu()->actions()[index];
     }
-    QWidget* button(const QString& text) const { return _toolBar->widgetForAction(_actions[text]); }
+    QWidget* button(const QString& text) const { return toolBar->widgetForAction(actions[text]); }
 };
 
 // Where the keyboard is: the title of a menu, the text of a button, or "entry".
@@ -74,12 +74,12 @@ QString place(const Window& window)
         return u"menu "_s + popup->title();
     // The offscreen platform leaves no window active once a menu has closed.
     QWidget* focus = window.focusWidget();
-    if (focus == window._menuBar)
-        return window._menuBar->activeAction() != nullptr ? window._menuBar->activeAction()->text()
-                                                          : u"bar"_s;
+    if (focus == window.menuBar)
+        return window.menuBar->activeAction() != nullptr ? window.menuBar->activeAction()->text()
+                                                         : u"bar"_s;
     if (const auto* button = qobject_cast<QToolButton*>(focus))
         return button->text();
-    return focus == window._entry ? u"entry"_s : u"elsewhere"_s;
+    return focus == window.entry ? u"entry"_s : u"elsewhere"_s;
 }
 
 void key(Qt::Key which)
@@ -153,7 +153,7 @@ void QPEMenuToolFocusManagerTest::keysStartAndEnd()
     key(start);
     QCOMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
-    QVERIFY(window._menuBar->activeAction() == nullptr);
+    QVERIFY(window.menuBar->activeAction() == nullptr);
 }
 
 void QPEMenuToolFocusManagerTest::otherKeysDoNotStart_data()
@@ -170,7 +170,7 @@ void QPEMenuToolFocusManagerTest::otherKeysDoNotStart()
     QFETCH(Qt::Key, which);
     QFETCH(Qt::KeyboardModifier, modifier);
     const Window window;
-    QTest::keyClick(window._entry, which, modifier);
+    QTest::keyClick(window.entry, which, modifier);
     QCOMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
 }
@@ -232,16 +232,16 @@ void QPEMenuToolFocusManagerTest::escapeGivesTheFocusBack()
 {
     QFETCH(int, steps);
     const Window window;
-    window._entry->setText(u"house"_s);
-    window._entry->setCursorPosition(2);
+    window.entry->setText(u"house"_s);
+    window.entry->setCursorPosition(2);
     key(Qt::Key_F10);
     for (int i = 0; i < steps; ++i)
         key(Qt::Key_Right);
     key(Qt::Key_Escape);
     QCOMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
-    QCOMPARE(window._entry->cursorPosition(), 2);
-    QVERIFY(!window._entry->hasSelectedText());
+    QCOMPARE(window.entry->cursorPosition(), 2);
+    QVERIFY(!window.entry->hasSelectedText());
 }
 
 void QPEMenuToolFocusManagerTest::buttonIsPressedAfterTheFocusIsBack_data()
@@ -258,7 +258,7 @@ void QPEMenuToolFocusManagerTest::buttonIsPressedAfterTheFocusIsBack()
     Window window;
     QString placeThen;
     int triggered = 0;
-    connect(window._actions[u"Cross"_s], &QAction::triggered, this, [&] {
+    connect(window.actions[u"Cross"_s], &QAction::triggered, this, [&] {
         ++triggered;
         placeThen = place(window);
     });
@@ -268,13 +268,13 @@ void QPEMenuToolFocusManagerTest::buttonIsPressedAfterTheFocusIsBack()
     QCOMPARE(triggered, 1);
     QCOMPARE(placeThen, u"entry"_s);
     QVERIFY(!manager()->isActive());
-    QCOMPARE(window._entry->text(), QString());
+    QCOMPARE(window.entry->text(), QString());
 }
 
 void QPEMenuToolFocusManagerTest::heldKeyPressesOnce()
 {
     const Window window;
-    QSignalSpy triggered(window._actions[u"Cross"_s], &QAction::triggered);
+    QSignalSpy triggered(window.actions[u"Cross"_s], &QAction::triggered);
     key(Qt::Key_F10);
     key(Qt::Key_Left);
     QWidget* button = window.button(u"Cross"_s);
@@ -288,7 +288,7 @@ void QPEMenuToolFocusManagerTest::heldKeyPressesOnce()
     QCOMPARE(triggered.count(), 0);
     QTest::keyRelease(button, Qt::Key_Space);
     QCOMPARE(triggered.count(), 1);
-    QCOMPARE(window._entry->text(), QString());
+    QCOMPARE(window.entry->text(), QString());
 }
 
 void QPEMenuToolFocusManagerTest::menuEntryIsChosen_data()
@@ -314,7 +314,7 @@ void QPEMenuToolFocusManagerTest::menuEntryIsChosen()
     QCOMPARE(triggered.count(), 1);
     QTRY_COMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
-    QVERIFY(window._menuBar->activeAction() == nullptr);
+    QVERIFY(window.menuBar->activeAction() == nullptr);
 }
 
 void QPEMenuToolFocusManagerTest::escapeInAMenuEnds()
@@ -326,7 +326,7 @@ void QPEMenuToolFocusManagerTest::escapeInAMenuEnds()
     key(Qt::Key_Escape);
     QTRY_COMPARE(place(window), u"entry"_s);
     QVERIFY(!manager()->isActive());
-    QVERIFY(window._menuBar->activeAction() == nullptr);
+    QVERIFY(window.menuBar->activeAction() == nullptr);
 }
 
 void QPEMenuToolFocusManagerTest::leftAndRightWalkThroughOpenMenus()
@@ -393,16 +393,16 @@ void QPEMenuToolFocusManagerTest::otherFocusEndsTheWalk()
 {
     const Window window;
     key(Qt::Key_F10);
-    window._other->setFocus();
+    window.other->setFocus();
     QVERIFY(!manager()->isActive());
-    QCOMPARE(QApplication::focusWidget(), window._other);
-    QVERIFY(window._menuBar->activeAction() == nullptr);
+    QCOMPARE(QApplication::focusWidget(), window.other);
+    QVERIFY(window.menuBar->activeAction() == nullptr);
 }
 
 void QPEMenuToolFocusManagerTest::membersComeAndGo()
 {
     Window window;
-    manager()->removeWidget(window._toolBar);
+    manager()->removeWidget(window.toolBar);
     key(Qt::Key_F10);
     QCOMPARE(place(window), u"entry"_s);
     manager()->addWidget(window.button(u"Cross"_s));
@@ -411,7 +411,7 @@ void QPEMenuToolFocusManagerTest::membersComeAndGo()
     QCOMPARE(place(window), u"Cross"_s);
     key(Qt::Key_Right);
     QCOMPARE(place(window), u"Cross"_s);
-    delete window._actions.take(u"Cross"_s);
+    delete window.actions.take(u"Cross"_s);
     key(Qt::Key_F10);
     key(Qt::Key_F10);
     QCOMPARE(place(window), u"entry"_s);
@@ -444,15 +444,15 @@ void QPEMenuToolFocusManagerTest::menuKeyShowsNoContextMenu()
 {
     const Window window;
     QContextMenuEvent keyboard(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
-    QVERIFY(manager()->eventFilter(window._entry, &keyboard));
+    QVERIFY(manager()->eventFilter(window.entry, &keyboard));
     QContextMenuEvent mouse(QContextMenuEvent::Mouse, QPoint(1, 1), QPoint(1, 1));
-    QVERIFY(!manager()->eventFilter(window._entry, &mouse));
+    QVERIFY(!manager()->eventFilter(window.entry, &mouse));
 }
 
 void QPEMenuToolFocusManagerTest::nothingFocusedBeforehand()
 {
     const Window window;
-    window._entry->clearFocus();
+    window.entry->clearFocus();
     QVERIFY(QApplication::focusWidget() == nullptr);
     QTest::keyClick(const_cast<Window*>(&window), Qt::Key_F10);
     QCOMPARE(place(window), u"Lexicon"_s);
@@ -464,8 +464,8 @@ void QPEMenuToolFocusManagerTest::nothingFocusedBeforehand()
 void QPEMenuToolFocusManagerTest::overflowingButtonsAreReached()
 {
     Window window;
-    window.resize(window._menuBar->sizeHint().width() + 60, 200);
-    auto* more = window._toolBar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
+    window.resize(window.menuBar->sizeHint().width() + 60, 200);
+    auto* more = window.toolBar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
     QTRY_VERIFY(more->isVisible());
     key(Qt::Key_F10);
     key(Qt::Key_Left);

@@ -845,7 +845,7 @@ public:
     using PlainItem::PlainItem;
     int height(const QTeskelListBox* list) const override
     {
-        if (++measured == tooOften) {
+        if (++_measured == tooOften) {
             auto* const endless = const_cast<QTeskelListBox*>(list);
             QMetaObject::invokeMethod(
                 endless,
@@ -857,7 +857,7 @@ public:
         }
         return PlainItem::height(list);
     }
-    static inline int measured = 0;
+    static inline int _measured = 0;
 };
 
 void TestListBox::fittedLayoutComesToRest_data()
@@ -886,7 +886,7 @@ void TestListBox::fittedLayoutComesToRest()
     QFETCH(QList<QSize>, sizes);
     QFETCH(QSize, grid);
     QFETCH(bool, bar);
-    MeasuredItem::measured = 0;
+    MeasuredItem::_measured = 0;
     QTeskelListBox list;
     list.setFrameStyle(QFrame::NoFrame);
     list.setVariableWidth(true);
@@ -900,12 +900,12 @@ void TestListBox::fittedLayoutComesToRest()
     list.show();
     QVERIFY(QTest::qWaitForWindowExposed(&list));
     const auto comesToRest = [] {
-        const int before = MeasuredItem::measured;
+        const int before = MeasuredItem::_measured;
         QCoreApplication::processEvents();
-        return MeasuredItem::measured == before;
+        return MeasuredItem::_measured == before;
     };
     QTRY_VERIFY(comesToRest());
-    QVERIFY2(MeasuredItem::measured < MeasuredItem::tooOften, "the list is laid out for ever");
+    QVERIFY2(MeasuredItem::_measured < MeasuredItem::tooOften, "the list is laid out for ever");
     QCOMPARE(QSize(list.numColumns(), list.numRows()), grid);
     QCOMPARE(list.horizontalScrollBar()->isVisible(), rows && bar);
     QCOMPARE(list.verticalScrollBar()->isVisible(), !rows && bar);

@@ -12,10 +12,10 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-const QColor Base(10, 20, 30);
-const QColor Text(200, 210, 220);
-const QColor Highlight(0, 200, 0);
-const QColor HighlightedText(255, 0, 255);
+const QColor baseColour(10, 20, 30);
+const QColor textColour(200, 210, 220);
+const QColor highlightColour(0, 200, 0);
+const QColor highlightedTextColour(255, 0, 255);
 
 /// Notes what it is painted with.
 class SpyItem : public teskel::test::PlainItem
@@ -62,10 +62,10 @@ struct List {
     List()
     {
         QPalette palette;
-        palette.setColor(QPalette::Base, Base);
-        palette.setColor(QPalette::Text, Text);
-        palette.setColor(QPalette::Highlight, Highlight);
-        palette.setColor(QPalette::HighlightedText, HighlightedText);
+        palette.setColor(QPalette::Base, baseColour);
+        palette.setColor(QPalette::Text, textColour);
+        palette.setColor(QPalette::Highlight, highlightColour);
+        palette.setColor(QPalette::HighlightedText, highlightedTextColour);
         list.setPalette(palette);
         list.setFrameStyle(QFrame::NoFrame);
         list.resize(200, 100);
@@ -117,8 +117,8 @@ private slots:
 void TestListBoxPainting::unselectedIsOnBase()
 {
     List l;
-    QCOMPARE(colourAt(l.shot(), 150, 30), Base);
-    QCOMPARE(l.items[1]->pen, Text);
+    QCOMPARE(colourAt(l.shot(), 150, 30), baseColour);
+    QCOMPARE(l.items[1]->pen, textColour);
     QCOMPARE(l.items[1]->origin, QPoint(0, 20));
     QVERIFY(!l.items[1]->customHighlighting());
 }
@@ -128,12 +128,12 @@ void TestListBoxPainting::selectedFillsTheCell()
     List l;
     l.list.setCurrentItem(1);
     const QImage shot = l.shot();
-    QCOMPARE(colourAt(shot, 150, 30), Highlight);
-    QCOMPARE(colourAt(shot, 150, 10), Base);
-    QCOMPARE(colourAt(shot, 150, 50), Base);
-    QCOMPARE(l.items[1]->pen, HighlightedText);
-    QCOMPARE(l.items[1]->background, Highlight);
-    QCOMPARE(l.items[0]->pen, Text);
+    QCOMPARE(colourAt(shot, 150, 30), highlightColour);
+    QCOMPARE(colourAt(shot, 150, 10), baseColour);
+    QCOMPARE(colourAt(shot, 150, 50), baseColour);
+    QCOMPARE(l.items[1]->pen, highlightedTextColour);
+    QCOMPARE(l.items[1]->background, highlightColour);
+    QCOMPARE(l.items[0]->pen, textColour);
 }
 
 void TestListBoxPainting::selectedFillsTheItemWidthInColumns()
@@ -142,8 +142,8 @@ void TestListBoxPainting::selectedFillsTheItemWidthInColumns()
     l.list.setColumnMode(2);
     l.list.setCurrentItem(0);
     const QImage shot = l.shot();
-    QCOMPARE(colourAt(shot, 39, 10), Highlight);
-    QCOMPARE(colourAt(shot, 41, 10), Base);
+    QCOMPARE(colourAt(shot, 39, 10), highlightColour);
+    QCOMPARE(colourAt(shot, 41, 10), baseColour);
 }
 
 void TestListBoxPainting::customHighlightingKeepsTheBase()
@@ -151,9 +151,9 @@ void TestListBoxPainting::customHighlightingKeepsTheBase()
     List l;
     l.items[1]->setCustomHighlighting(true);
     l.list.setCurrentItem(1);
-    QCOMPARE(colourAt(l.shot(), 150, 30), Base);
-    QCOMPARE(l.items[1]->pen, HighlightedText);
-    QCOMPARE(l.items[1]->background, Highlight);
+    QCOMPARE(colourAt(l.shot(), 150, 30), baseColour);
+    QCOMPARE(l.items[1]->pen, highlightedTextColour);
+    QCOMPARE(l.items[1]->background, highlightColour);
 }
 
 void TestListBoxPainting::focusRectangleIsAroundTheCurrentItem()
@@ -171,7 +171,7 @@ void TestListBoxPainting::focusRectangleIsAroundTheCurrentItem()
     const QImage plain = l.shot();
     const QRect row(0, 20, 200, 20);
     QVERIFY(partOf(focused, row) != partOf(plain, row));
-    QCOMPARE(colourAt(custom, 0, 20), Base);
+    QCOMPARE(colourAt(custom, 0, 20), baseColour);
 }
 
 void TestListBoxPainting::focusRectangleIsAroundNoOtherItem()
@@ -239,8 +239,8 @@ void TestListBoxPainting::rowsAreWhereTheyAreScrolledTo()
     l.list.setCurrentItem(2);
     l.list.setContentsPos(0, 30);
     const QImage shot = l.shot();
-    QCOMPARE(colourAt(shot, 100, 5), Base);
-    QCOMPARE(colourAt(shot, 100, 15), Highlight);
+    QCOMPARE(colourAt(shot, 100, 5), baseColour);
+    QCOMPARE(colourAt(shot, 100, 15), highlightColour);
 }
 
 void TestListBoxPainting::onlyTheExposedRowsArePainted()
@@ -275,8 +275,8 @@ void TestListBoxPainting::changingTheCurrentItemRepaintsBoth()
         l.list.setCurrentItem(3);
     QTRY_VERIFY(l.items[0]->painted > 0);
     QTRY_VERIFY(l.items[3]->painted > 0);
-    QCOMPARE(l.items[0]->pen, Text);
-    QCOMPARE(l.items[3]->pen, HighlightedText);
+    QCOMPARE(l.items[0]->pen, textColour);
+    QCOMPARE(l.items[3]->pen, highlightedTextColour);
 }
 
 void TestListBoxPainting::changingAllTextsPaintsOnce()
