@@ -30,6 +30,7 @@ private slots:
     void readsPiecesInAnyOrder();
     void readsLines_data();
     void readsLines();
+    void refusesLinesBeyondAllMeasure();
     void headIsStillToBeRead();
     void severalMembersAreOneInput_data();
     void severalMembersAreOneInput();
@@ -187,6 +188,21 @@ void TestInputFile::readsLines()
     QVERIFY(read == lines);
 }
 
+void TestInputFile::refusesLinesBeyondAllMeasure()
+{
+    InputFile file;
+    std::string error;
+    const std::string path =
+        stage("short\n" + QByteArray(InputFile::largestPiece + (1 << 20), 'x'), u"gzip"_s);
+    QVERIFY(file.open(path, error));
+    std::string line;
+    bool isEnd = false;
+    QVERIFY(file.readLine(line, isEnd, error));
+    QCOMPARE(line, std::string("short"));
+    QVERIFY(!file.readLine(line, isEnd, error));
+    QCOMPARE(error, path + ": a line is longer than 4 MiB");
+}
+
 void TestInputFile::headIsStillToBeRead()
 {
     InputFile file;
@@ -325,7 +341,11 @@ void TestInputFile::refusesPiecesBeyondTheEnd()
     QVERIFY(file.open(path, error));
     QVERIFY(!file.read(5, 1, piece, error));
     QCOMPARE(error, path + " is damaged or too short: 1 bytes at 5 cannot be read");
+    QVERIFY(!file.read(0, InputFile::largestPiece, piece, error));
+    QCOMPARE(error, path + " is damaged or too short: 4194304 bytes at 0 cannot be read");
     QVERIFY(!file.read(0, 1ULL << 47, piece, error));
+    QCOMPARE(error, path + ": 140737488355328 bytes at 0 are more than the 4 MiB that an article "
+                           "may have");
     QVERIFY(file.read(4, 1, piece, error));
     QCOMPARE(piece, std::string("5"));
     QVERIFY(file.read(5, 0, piece, error));

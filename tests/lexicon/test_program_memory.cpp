@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "lexicon/sources/input/inputfile.h"
 #include "tests/lexicon/lexiconprogram.h"
+#include "tests/support/palmwriter.h"
 
 #include <QFile>
 #include <QTest>
@@ -17,6 +19,7 @@ class TestProgramMemory : public QObject
 private slots:
     void largeSourceIsBuiltInLittleMemory_data();
     void largeSourceIsBuiltInLittleMemory();
+    void longestArticleIsBuiltInLittleMemory();
 
 private:
     LexiconProgram _program;
@@ -61,6 +64,19 @@ void TestProgramMemory::largeSourceIsBuiltInLittleMemory()
     const auto result = _program.run(words({"build", "in.tsv", "-o", "out.PDB", "--quiet"}));
     QVERIFY2(result.code == 0, result.err.constData());
     QVERIFY2(peakOfChildren() < mostKilobytes, qPrintable(QString::number(peakOfChildren())));
+}
+
+void TestProgramMemory::longestArticleIsBuiltInLittleMemory()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("sanitizers have a memory of their own");
+#endif
+    // Digits become references of five bytes, so that no text takes more room.
+    const QByteArray line = "word\t" + QByteArray(teskel::InputFile::largestPiece - 10, '1');
+    QVERIFY(writeFile(_program.path("in.tsv"), line + '\n'));
+    const auto result = _program.run(words({"build", "in.tsv", "-o", "out.PDB", "--quiet"}));
+    QVERIFY2(result.code == 0, result.err.constData());
+    QVERIFY2(peakOfChildren() < 240L * 1024, qPrintable(QString::number(peakOfChildren())));
 }
 
 QTEST_GUILESS_MAIN(TestProgramMemory)

@@ -278,7 +278,8 @@ void TestStarDictSource::refusesDamage_data()
     row("offset beyond the articles", StarDictWriter(one).claimPlace(2, 1),
         "DIR/s.idx:1: DIR/s.dict is damaged or too short: 1 bytes at 2 cannot be read");
     row("size beyond the articles", StarDictWriter(one).claimPlace(0, 0xFFFFFFFF),
-        "DIR/s.idx:1: DIR/s.dict is damaged or too short: 4294967295 bytes at 0 cannot be read");
+        "DIR/s.idx:1: DIR/s.dict: 4294967295 bytes at 0 are more than the 4 MiB that an article "
+        "may have");
     row("offset of 64 bits",
         StarDictWriter(one).setLongOffsets().claimPlace(0xFFFFFFFFFFFFFFFFULL, 1),
         "DIR/s.idx:1: DIR/s.dict is damaged or too short: 1 bytes at 18446744073709551615 cannot "

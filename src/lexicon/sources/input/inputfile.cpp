@@ -10,6 +10,8 @@
 namespace teskel
 {
 
+static_assert(InputFile::largestPiece == 4U << 20, "the messages say so");
+
 bool InputFile::open(const std::string& path, std::string& error)
 {
     _path = path;
@@ -81,10 +83,14 @@ bool InputFile::readUnpacked(uint64_t offset, uint64_t size, std::string& out)
 
 bool InputFile::read(uint64_t offset, uint64_t size, std::string& out, std::string& error)
 {
+    if (size > largestPiece) {
+        error = _path + ": " + std::to_string(size) + " bytes at " + std::to_string(offset) +
+                " are more than the 4 MiB that an article may have";
+        return false;
+    }
     if (_unpacked && !_whole && !unpackWhole(error))
         return false;
-    if (size <= largestPiece &&
-        (_whole ? readUnpacked(offset, size, out) : _file.readAt(offset, size, out)))
+    if (_whole ? readUnpacked(offset, size, out) : _file.readAt(offset, size, out))
         return true;
     error = _path + " is damaged or too short: " + std::to_string(size) + " bytes at " +
             std::to_string(offset) + " cannot be read";
@@ -120,7 +126,7 @@ bool InputFile::readLine(std::string& line, bool& isEnd, std::string& error, cha
     while (end == std::string::npos) {
         known = _window.size() - _lineBegin;
         if (known > largestPiece) {
-            error = name() + ": a line is longer than 64 MiB";
+            error = name() + ": a line is longer than 4 MiB";
             return false;
         }
         if (!fillWindow(known + 1, error))

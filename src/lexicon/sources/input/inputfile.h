@@ -20,7 +20,7 @@ class InputFile
 {
 public:
     /// The largest piece that read() and readLine() hand over, bytes: beyond any article.
-    static constexpr uint64_t largestPiece = 64U << 20;
+    static constexpr uint64_t largestPiece = 4U << 20;
 
     InputFile() = default;
 
