@@ -155,8 +155,11 @@ void TestLatin1Converter::convertsToLetterReferences_data()
         "a\xFF"
         "b",
         "a?b", "a&_pppn;b", "a&_pppn;b");
-    row("further control characters", "a\u0080b\u009Fc", "a b c", "a b c", "a b c");
-    row("reference to a control character", "a&#133;b", "a&#133;b", "a&amp;#133;b", "a b");
+    row("control characters", "a\x01\u0081b", "a b", "a  b", "a  b");
+    row("control characters of Windows-1252", "a\u0080b\u0096c", "aEURb-c", "a&_cakm;b&_cabd;c",
+        "a&_cakm;b&_cabd;c");
+    row("reference to a control character", "a&#133;b&#129;", "a&#133;b&#129;",
+        "a&amp;#133;b&amp;#129;", "a&_cacg;b ");
     row("line separator",
         "a\xE2\x80\xA8"
         "b",
@@ -192,7 +195,7 @@ void TestLatin1Converter::countsWhatIsNotShown()
     converter.converted("д \xFF \u0085", Text::Headword);
     const auto& counts = converter.counts();
     QCOMPARE(counts.size(), size_t{4});
-    QCOMPARE(counts.at({U'\x85', Change::Control}).times, uint64_t{2});
+    QCOMPARE(counts.at({U'\x85', Change::Windows}).times, uint64_t{2});
     QCOMPARE(counts.at({teskel::utf8::invalid, Change::InvalidByte}).times, uint64_t{2});
     QCOMPARE(counts.at({U'\u2028', Change::Control}).times, uint64_t{1});
     QCOMPARE(counts.at({U'\x01', Change::Control}).times, uint64_t{1});

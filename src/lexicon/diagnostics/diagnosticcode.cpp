@@ -32,6 +32,9 @@ constinit const DiagnosticCode unknownCharacter{
     "unknown-character", Warning, "A character that Latin-1 lacks is written as \"?\"."};
 constinit const DiagnosticCode controlCharacter{
     "control-character", Warning, "A character that is not to be shown is written as a blank."};
+constinit const DiagnosticCode windowsCharacter{
+    "windows-character", Note,
+    "A control character is read as what Windows-1252 has in its place, such as a dash."};
 constinit const DiagnosticCode invalidUtf8{
     "invalid-utf8", Warning, "A byte that is no UTF-8 is written as the sign for what is unknown."};
 
@@ -64,9 +67,9 @@ std::span<const DiagnosticCode* const> allDiagnosticCodes()
         &diagnostic::emptyHeadword,    &diagnostic::longHeadword,     &diagnostic::longDescription,
         &diagnostic::longArticle,      &diagnostic::recordSize,       &diagnostic::namedEntity,
         &diagnostic::otherLetters,     &diagnostic::unknownCharacter, &diagnostic::controlCharacter,
-        &diagnostic::invalidUtf8,      &diagnostic::unknownProperty,  &diagnostic::unknownField,
-        &diagnostic::fieldEncoding,    &diagnostic::fieldLength,      &diagnostic::wordCount,
-        &diagnostic::entryWithoutWord, &diagnostic::externalEntity,
+        &diagnostic::windowsCharacter, &diagnostic::invalidUtf8,      &diagnostic::unknownProperty,
+        &diagnostic::unknownField,     &diagnostic::fieldEncoding,    &diagnostic::fieldLength,
+        &diagnostic::wordCount,        &diagnostic::entryWithoutWord, &diagnostic::externalEntity,
 
     };
     return codes;

@@ -30,6 +30,7 @@ extern const DiagnosticCode namedEntity;
 extern const DiagnosticCode otherLetters;
 extern const DiagnosticCode unknownCharacter;
 extern const DiagnosticCode controlCharacter;
+extern const DiagnosticCode windowsCharacter;
 extern const DiagnosticCode invalidUtf8;
 extern const DiagnosticCode unknownProperty;
 extern const DiagnosticCode unknownField;

@@ -23,6 +23,8 @@ const char* heading(Latin1Converter::Change change)
         return "unknown to Latin-1, written as \"?\"";
     case Latin1Converter::Change::Control:
         return "not to be shown, written as blanks";
+    case Latin1Converter::Change::Windows:
+        return "that are control characters, read as in Windows-1252";
     default:
         return "that are no UTF-8";
     }
@@ -49,7 +51,7 @@ void BuildReport::printConversions(std::ostream& out) const
 {
     using Change = Latin1Converter::Change;
     for (const Change change : {Change::Entity, Change::Transliterated, Change::Lost,
-                                Change::Control, Change::InvalidByte}) {
+                                Change::Control, Change::Windows, Change::InvalidByte}) {
         uint64_t total = 0;
         for (const auto& [key, count] : conversions)
             total += key.second == change ? count.times : 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/entries/conversionnotes.h"
 
+#include "lexicon/text/charactertables.h"
 #include "lexicon/text/utf8.h"
 
 #include <array>
@@ -25,6 +26,8 @@ const DiagnosticCode& codeOf(Change change)
         return diagnostic::unknownCharacter;
     case Change::Control:
         return diagnostic::controlCharacter;
+    case Change::Windows:
+        return diagnostic::windowsCharacter;
     default:
         return diagnostic::invalidUtf8;
     }
@@ -32,6 +35,9 @@ const DiagnosticCode& codeOf(Change change)
 
 std::string sentence(char32_t character, Change change, const std::string& written)
 {
+    if (change == Change::Windows)
+        return shownCharacter(character) + " is a control character; read as " +
+               shownCharacter(windowsCharacter(character)) + ", as in Windows-1252";
     const std::string what = change == Change::InvalidByte ? "a byte is no UTF-8"
                              : change == Change::Control
                                  ? shownCharacter(character) + " is not to be shown"

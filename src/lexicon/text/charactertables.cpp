@@ -143,4 +143,13 @@ char32_t characterOfDigitEntity(std::string_view name)
     return row != std::end(digitEntities) ? row->character : 0;
 }
 
+char32_t windowsCharacter(char32_t character)
+{
+    constexpr char32_t first = 0x80;
+    constexpr std::u32string_view characters = U"€\x81‚ƒ„…†‡ˆ‰Š‹Œ\x8DŽ\x8F\x90‘’“”•–—˜™š›œ\x9DžŸ";
+    static_assert(characters.size() == 32);
+    const bool isInTable = character >= first && character - first < characters.size();
+    return isInTable ? characters[character - first] : character;
+}
+
 } // namespace teskel

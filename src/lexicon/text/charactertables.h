@@ -20,4 +20,9 @@ std::optional<std::string> transliteration(char32_t character);
 /// The character of an HTML 4 entity whose name holds a digit, such as "frac12"; 0 for other names.
 char32_t characterOfDigitEntity(std::string_view name);
 
+/// The character that Windows-1252 has in the place of a control character from U+0080 to U+009F;
+/// any other character itself. Texts that were once taken for Latin-1 have such places.
+/// Source: the Unicode Consortium's mapping table CP1252.TXT.
+char32_t windowsCharacter(char32_t character);
+
 } // namespace teskel

@@ -64,9 +64,9 @@ std::u32string tidied(std::u32string_view text)
 
 void Latin1Converter::convert(std::string_view text, Text kind, std::string& out)
 {
-    const std::u32string whole = utf8::composed(text);
+    std::u32string whole = utf8::composed(text);
     if (kind == Text::Headword)
-        convertHeadword(whole, out);
+        convertHeadword(std::move(whole), out);
     else
         convertArticle(whole, kind == Text::MarkupArticle, out);
 }
@@ -80,11 +80,15 @@ std::string Latin1Converter::converted(std::string_view text, Text kind)
 
 std::string Latin1Converter::asWritten(std::string_view headword)
 {
-    return utf8::encoded(tidied(utf8::composed(headword)));
+    std::u32string characters = utf8::composed(headword);
+    std::transform(characters.begin(), characters.end(), characters.begin(), windowsCharacter);
+    return utf8::encoded(tidied(characters));
 }
 
-void Latin1Converter::convertHeadword(std::u32string_view text, std::string& out)
+void Latin1Converter::convertHeadword(std::u32string text, std::string& out)
 {
+    for (char32_t& character : text)
+        character = asMeant(character);
     for (const char32_t character : text) {
         if (isControl(character) && !isWhiteSpace(character))
             count(character, Change::Control, " ");
@@ -174,8 +178,18 @@ void Latin1Converter::putAsText(char32_t character, std::string& out)
         putCharacter(character, out);
 }
 
+/// In place of a control character of Windows-1252 the character that was meant.
+char32_t Latin1Converter::asMeant(char32_t character)
+{
+    const char32_t meant = _form == LatinForm::Plain ? character : windowsCharacter(character);
+    if (meant != character)
+        count(character, Change::Windows, letterReference(meant));
+    return meant;
+}
+
 void Latin1Converter::putCharacter(char32_t character, std::string& out)
 {
+    character = asMeant(character);
     const bool isPlain = character <= highestOfLatin1 || _form == LatinForm::Plain;
     const std::string reference = isPlain ? std::string() : letterReference(character);
     const bool isUnshown = !isPlain && readLetterReference(reference).character != character;

@@ -37,6 +37,7 @@ public:
         Transliterated, ///< as its stand-in
         Lost,           ///< as "?"
         Control,        ///< a character that is not to be shown, as a blank
+        Windows,        ///< a control character, as what Windows-1252 has in its place
         InvalidByte,    ///< no UTF-8, as "?" or, in the articles of the other form, as U+FFFD
     };
     struct Count {
@@ -60,13 +61,14 @@ public:
     const Counts& counts() const { return _counts; }
 
 private:
-    void convertHeadword(std::u32string_view text, std::string& out);
+    void convertHeadword(std::u32string text, std::string& out);
     void convertPlainHeadword(std::u32string_view text, std::string& out);
     void convertArticle(std::u32string_view text, bool isMarkup, std::string& out);
     std::size_t putReferred(std::u32string_view text, std::string& out);
     void putAsText(char32_t character, std::string& out);
     void putCharacter(char32_t character, std::string& out);
     void putStandIn(char32_t character, bool entitiesAllowed, std::string& out);
+    char32_t asMeant(char32_t character);
     void count(char32_t character, Change change, std::string_view written);
 
     LatinForm _form;
