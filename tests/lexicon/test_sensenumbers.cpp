@@ -116,13 +116,23 @@ void TestSenseNumbers::onlySenseNumbersStayDigits_data()
 {
     QTest::addColumn<QByteArray>("article");
     QTest::addColumn<QByteArray>("referred");
-    const auto row = [](const char* article, const char* referred) {
-        QTest::addRow("%s", article) << QByteArray(article) << QByteArray(referred);
+    const auto row = [](const QByteArray& article, const QByteArray& referred) {
+        QTest::newRow(article.constData()) << article << referred;
     };
     row("1. house\n2. home", "1. house\n2. home");
     row("  1. house\n\t2. home", "  1. house\n\t2. home");
     row("17. Lebensjahr", "&_db;&_dh;. Lebensjahr");
     row("10. a", "&_db;0. a");
+    const QByteArray nine = "8. a\n9. b";
+    const QByteArray ten = "<b><font color=\"#0000FF\">&_db;0.</font></b>";
+    const QByteArray eleven = "<b><font color=\"#0000FF\">&_db;&_db;.</font></b>";
+    row(nine + "\n10. c\n  11. d", nine + '\n' + ten + " c\n  " + eleven + " d");
+    row(nine + "\n<b><font color=\"#0000FF\">10.</font></b> c\n11. d",
+        nine + '\n' + ten + " c\n" + eleven + " d");
+    row(nine + "\n11. d", nine + "\n&_db;&_db;. d");
+    row(nine + "\n10.5 kg", nine + "\n&_db;0.&_df; kg");
+    row(nine + " 10. c", nine + " &_db;0. c");
+    row("8. a\n10. c", "8. a\n&_db;0. c");
     row("10 Euro", "&_db;0 Euro");
     row("am 3. Mai 2005", "am &_dd;. Mai &_dc;00&_df;");
     row("1. a 2. b", "1. a &_dc;. b");

@@ -13,6 +13,9 @@ namespace teskel::sensenumbers
 namespace
 {
 
+constexpr std::string_view highOpening = "<b><font color=\"#0000FF\">";
+constexpr std::string_view highClosing = "</font></b>";
+
 bool isDigit(char c)
 {
     return isSenseDigit(static_cast<unsigned char>(c));
@@ -21,6 +24,16 @@ bool isDigit(char c)
 bool isNumberAt(std::string_view text, size_t position)
 {
     return position + 1 < text.size() && isDigit(text[position]) && text[position + 1] == '.';
+}
+
+/// The number of two digits and a full stop that a text begins with, if no digit follows; else 0.
+unsigned highNumber(std::string_view text)
+{
+    const auto isAnyDigit = [text](size_t at) { return isDigit(text[at]) || text[at] == '0'; };
+    if (text.size() < 3 || !isDigit(text[0]) || !isAnyDigit(1) || text[2] != '.' ||
+        (text.size() > 3 && isAnyDigit(3)))
+        return 0;
+    return static_cast<unsigned>(text[0] - '0') * 10 + static_cast<unsigned>(text[1] - '0');
 }
 
 /// Whether the numbers at line beginnings are 1, 2 and so on, at least two of them.
@@ -42,7 +55,7 @@ std::string written(unsigned number)
 {
     std::string text = std::to_string(number) + '.';
     if (number > highest)
-        text = "<b><font color=\"#0000FF\">" + text + "</font></b>";
+        text = std::string(highOpening) + text + std::string(highClosing);
     return text;
 }
 
@@ -52,15 +65,30 @@ void referDigits(std::string& article)
         return;
     std::string result;
     result.reserve(article.size() + 64);
-    ArticleWalk walk(article);
-    for (ArticleWalk::Step step; walk.next(step);) {
-        const bool isSenseNumber = step.kind == ArticleWalk::Kind::Byte && step.atLineStart &&
-                                   isNumberAt(article, step.end - 1);
-        for (const char c : step.text) {
-            if (isDigit(c) && !isSenseNumber)
+    const auto refer = [&result](std::string_view text) {
+        for (const char c : text) {
+            if (isDigit(c))
                 result += letterReference(static_cast<unsigned char>(c));
             else
                 result += c;
+        }
+    };
+    unsigned last = 0; // sense number
+    ArticleWalk walk(article);
+    for (ArticleWalk::Step step; walk.next(step);) {
+        const size_t place = step.end - step.text.size();
+        const bool mayBegin = step.kind == ArticleWalk::Kind::Byte && step.atLineStart;
+        if (mayBegin && isNumberAt(article, place)) {
+            last = static_cast<unsigned>(article[place] - '0');
+            result += step.text;
+        } else if (mayBegin && last >= highest &&
+                   highNumber(std::string_view(article).substr(place)) == last + 1) {
+            const std::string number = std::to_string(++last) + '.';
+            refer(result.ends_with(highOpening) ? number : written(last)); // it may have its tags
+            for (size_t passed = 1; passed < number.size(); ++passed)
+                walk.next(step);
+        } else {
+            refer(step.text);
         }
     }
     article = std::move(result);

@@ -34,7 +34,8 @@ inline bool isSenseDigit(char32_t c)
 std::string written(unsigned number);
 
 /// Writes every digit from 1 to 9 as a letter reference, but sense numbers at the beginnings of
-/// lines. Does nothing a second time.
+/// lines. Those above the highest, which count on from it, get their tags. Does nothing a second
+/// time.
 void referDigits(std::string& article);
 
 /// For the plain form: keeps digits that are no sense numbers from being shown as such, by a
