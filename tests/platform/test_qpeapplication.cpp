@@ -120,7 +120,7 @@ void QPEApplicationTest::documentDuringADocumentWaitsItsTurn()
 {
     MainWidget widget;
     QStringList finished;
-    widget.onDocument = [this, &finished](const QString& path) {
+    widget.onDocument = [&finished](const QString& path) {
         if (path == u"/a.PDB"_s)
             application()->openDocument(u"/b.PDB"_s);
         finished.append(path);

@@ -16,7 +16,7 @@ namespace teskel
 namespace
 {
 
-constexpr std::array<int, 3> SIGNALS{SIGTERM, SIGINT, SIGHUP};
+constexpr std::array<int, 3> endingSignals{SIGTERM, SIGINT, SIGHUP};
 
 // The end that the handler writes to; the handler may use nothing but this and write().
 std::atomic<int> handlerSocket{-1};
@@ -44,26 +44,26 @@ public:
         action.sa_handler = handleSignal;
         action.sa_flags = SA_RESTART;
         sigemptyset(&action.sa_mask);
-        for (std::size_t i = 0; i < SIGNALS.size(); ++i) {
-            ::sigaction(SIGNALS[i], nullptr, &_old[i]);
-            _installed[i] = SIGNALS[i] != SIGHUP || _old[i].sa_handler != SIG_IGN;
+        for (std::size_t i = 0; i < endingSignals.size(); ++i) {
+            ::sigaction(endingSignals[i], nullptr, &_old[i]);
+            _installed[i] = endingSignals[i] != SIGHUP || _old[i].sa_handler != SIG_IGN;
             if (_installed[i])
-                ::sigaction(SIGNALS[i], &action, nullptr);
+                ::sigaction(endingSignals[i], &action, nullptr);
         }
     }
     ~Handlers()
     {
-        for (std::size_t i = 0; i < SIGNALS.size(); ++i) {
+        for (std::size_t i = 0; i < endingSignals.size(); ++i) {
             if (_installed[i])
-                ::sigaction(SIGNALS[i], &_old[i], nullptr);
+                ::sigaction(endingSignals[i], &_old[i], nullptr);
         }
     }
     Handlers(const Handlers&) = delete;
     Handlers& operator=(const Handlers&) = delete;
 
 private:
-    std::array<struct sigaction, SIGNALS.size()> _old = {};
-    std::array<bool, SIGNALS.size()> _installed = {};
+    std::array<struct sigaction, endingSignals.size()> _old = {};
+    std::array<bool, endingSignals.size()> _installed = {};
 };
 
 TerminationSignals::TerminationSignals(QObject* parent)
