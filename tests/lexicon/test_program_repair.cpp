@@ -21,6 +21,7 @@ private slots:
     void everyDamagedLexiconBecomesSound();
     void lossesAreNamed_data();
     void lossesAreNamed();
+    void neighboursAreNamedTogether();
     void nothingIsWrittenWhenNothingCanBeRead_data();
     void nothingIsWrittenWhenNothingCanBeRead();
 
@@ -161,6 +162,21 @@ void TestProgramRepair::lossesAreNamed()
     QCOMPARE(result.err, expected);
     QTEST(result.code, "code");
     QTEST(_program.run(words({"export", "repaired.PDB"})).out, "kept");
+}
+
+void TestProgramRepair::neighboursAreNamedTogether()
+{
+    constexpr qsizetype countOffset = 76; // of the number of records, in the header
+    QByteArray header = soundBytes().left(78);
+    header[countOffset] = '\x10';
+    QVERIFY(writeFile(_program.path("damaged.PDB"), header));
+    const ProgramResult result =
+        _program.run(words({"repair", "damaged.PDB", "-o", "repaired.PDB"}));
+    const int last = 0x1000 + header.at(countOffset + 1) - 1;
+    QCOMPARE(result.err, "damaged.PDB: records 5 to " + QByteArray::number(last) +
+                             " are not in the record list any more\n"
+                             "damaged.PDB: record 2 does not unpack: the description is lost\n"
+                             "teskel-lexicon: damaged.PDB holds no entry that can be read\n");
 }
 
 void TestProgramRepair::nothingIsWrittenWhenNothingCanBeRead_data()

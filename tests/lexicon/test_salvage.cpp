@@ -37,8 +37,12 @@ QStringList TestSalvage::salvaged(const QByteArray& bytes, Salvage& salvage) con
     if (!writeFile(path, bytes) || !salvage.read(path.toStdString(), error))
         return {u"cannot be read"_s};
     QStringList entries;
-    for (const auto& [headword, article] : salvage.entries())
-        entries += QString::fromLatin1(QByteArray::fromStdString(headword + '=' + article));
+    const auto stream = salvage.entries();
+    teskel::LexiconEntry entry;
+    while (stream->next(entry)) {
+        const std::string text = std::string(entry.headword()).append("=").append(entry.article());
+        entries += QString::fromLatin1(QByteArray::fromStdString(text));
+    }
     return entries;
 }
 

@@ -31,9 +31,13 @@ int run(const RepairOptions& options)
         complain(error);
         return Failed;
     }
+    if (!salvage.entryError().empty()) {
+        complain(salvage.entryError());
+        return Failed;
+    }
     for (const std::string& loss : salvage.losses())
         std::cerr << options.file << ": " << loss << '\n';
-    if (salvage.entries().empty()) {
+    if (salvage.entryCount() == 0) {
         complain(options.file + " holds no entry that can be read");
         return Failed;
     }

@@ -4,6 +4,7 @@
 #include "dictionary/container/qtpalmdb.h"
 #include "lexicon/entries/lexiconentry.h"
 #include "lexicon/file/lexiconfile.h"
+#include "lexicon/text/givenback.h"
 #include "lexicon/text/utf8.h"
 
 #include <algorithm>
@@ -35,6 +36,13 @@ std::string recordName(unsigned number)
     return "record " + std::to_string(number);
 }
 
+/// How many records the list can name that lies within so many bytes.
+unsigned mostListed(qint64 fileSize)
+{
+    const qint64 listBytes = fileSize - QtPalmDatabase::headerBytes;
+    return static_cast<unsigned>(std::max<qint64>(listBytes / QtRecords::entryBytes, 0));
+}
+
 } // namespace
 
 bool Salvage::read(const std::string& path, std::string& error)
@@ -59,6 +67,8 @@ bool Salvage::read(const std::string& path, std::string& error)
 
 void Salvage::readIndex(QtRecords& records)
 {
+    if (mostListed(_file.size()) <= indexRecord)
+        return;
     if (const RecordPointer record(records.getData(indexRecord)); record)
         _index.parse(record->data, record->size, std::numeric_limits<std::size_t>::max());
 }
@@ -80,27 +90,47 @@ void Salvage::readDescription(QtRecords& records)
 {
     RecordExtent extent;
     MemberBlock block;
-    if (records.getCount() <= descriptionRecord || !records.locate(descriptionRecord, extent) ||
+    const unsigned listed = std::min<unsigned>(records.getCount(), mostListed(_file.size()));
+    if (listed <= descriptionRecord || !records.locate(descriptionRecord, extent) ||
         unpackAt(extent.offset, block) != MemberStatus::Ok)
         return;
     _hasDescription = true;
     _description.assign(block.data.get(), ::strnlen(block.data.get(), block.size));
+    _hasReferences = _hasReferences || givenback::hasReferences(_description);
 }
 
 void Salvage::readWordRecord(QtRecords& records, unsigned number)
 {
     RecordExtent extent;
     MemberBlock block;
-    if (!records.locate(static_cast<unsigned short>(number), extent)) {
-        lose(recordName(number) + " is not in the record list any more");
+    if (number >= mostListed(_file.size()) ||
+        !records.locate(static_cast<unsigned short>(number), extent)) {
+        loseRecord(number, {" is", " are"}, " not in the record list any more");
         return;
     }
     const MemberStatus status = unpackAt(extent.offset, block);
     if (status == MemberStatus::Ok)
         takeEntries(TextRecord(std::move(block)), recordName(number));
     else
-        lose(recordName(number) + " does not unpack: " + memberStatusText(status) +
-             headwordsOf(number - limits::firstWordRecord));
+        loseRecord(number, {" does", " do"},
+                   " not unpack: " + std::string(memberStatusText(status)) +
+                       headwordsOf(number - limits::firstWordRecord));
+}
+
+/// Joins records that follow each other when the same is known of them, which may be thousands.
+void Salvage::loseRecord(unsigned number, const Fate& fate, const std::string& reason)
+{
+    const bool goesOn = number == _lost.next && reason == _lost.reason;
+    if (goesOn)
+        _losses.pop_back();
+    else
+        _lost = {number, number, reason};
+    _lost.next = number + 1;
+    if (_lost.first == number)
+        lose(recordName(number).append(fate.one) + reason);
+    else
+        lose("records " + std::to_string(_lost.first) + " to " + std::to_string(number) +
+             std::string(fate.many) + reason);
 }
 
 /// The end of a sentence about a record that is lost, as far as the index knows it.
@@ -140,7 +170,13 @@ void Salvage::takeEntries(const TextRecord& record, const std::string& name)
 
 void Salvage::take(std::string_view headword, std::string_view article)
 {
-    _entries.emplace_back(headword, article);
+    _text.assign(headword).append(1, '\0').append(article).append(1, '\0');
+    LexiconEntry entry;
+    entry.text = _text.data();
+    entry.headwordLength = static_cast<uint16_t>(headword.size());
+    entry.articleLength = static_cast<uint32_t>(article.size());
+    _entries.append(entry);
+    _hasReferences = _hasReferences || givenback::hasReferences(article);
 }
 
 void Salvage::searchForRecords()
@@ -165,6 +201,7 @@ void Salvage::takeFoundRecord(MemberBlock block, qint64 offset)
     const bool isText = std::strlen(record.text()) + 1 == record.size();
     if (isText && !_hasDescription && record.size() <= limits::descriptionBytes + 1) {
         _description = record.text();
+        _hasReferences = _hasReferences || givenback::hasReferences(_description);
         _hasDescription = true;
         return;
     }

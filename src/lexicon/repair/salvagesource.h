@@ -12,7 +12,7 @@ class SalvageSource : public LexiconSource
 {
 public:
     /// `salvage` must outlive the source.
-    explicit SalvageSource(const Salvage& salvage);
+    explicit SalvageSource(Salvage& salvage);
 
     /// The form that the texts have: the one that was built keeps it.
     LatinForm form() const;
@@ -21,7 +21,7 @@ public:
     Latin1Converter::Text textKind() const override { return Latin1Converter::Text::MarkupArticle; }
 
 private:
-    const Salvage& _salvage;
+    Salvage& _salvage;
 };
 
 } // namespace teskel
