@@ -35,13 +35,6 @@ constexpr bool disturbsParagraph(char32_t character)
            isBetween(character, 0x2066, 0x2069);
 }
 
-bool isShowable(char32_t character)
-{
-    return character <= highestCharacter && !isControl(character) &&
-           !disturbsParagraph(character) && !QChar::isSurrogate(character) &&
-           !QChar::isNonCharacter(character);
-}
-
 /// @param text  a string view of 8-bit, 16-bit or 32-bit characters
 template<typename Text>
 LetterReference read(Text text)
@@ -89,6 +82,13 @@ void appendAsText(QString& markup, char32_t character)
 }
 
 } // namespace
+
+bool isShowable(char32_t character)
+{
+    return character <= highestCharacter && !isControl(character) &&
+           !disturbsParagraph(character) && !QChar::isSurrogate(character) &&
+           !QChar::isNonCharacter(character);
+}
 
 std::string hexadecimalLetters(char32_t character)
 {

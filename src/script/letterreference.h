@@ -20,10 +20,13 @@ std::string hexadecimalLetters(char32_t character);
 /// no name of an HTML entity has an underscore.
 std::string letterReference(char32_t character);
 
+/// Whether an article may show a character: no control, no surrogate, nothing that ends a paragraph
+/// or turns its writing, no noncharacter, nothing beyond U+10FFFF.
+bool isShowable(char32_t character);
+
 /// A reference at the beginning of a text.
 struct LetterReference {
-    /// U+FFFD for what must not be shown: NUL and controls, line and paragraph separators,
-    /// surrogates, bidirectional overrides and isolates, noncharacters, numbers beyond U+10FFFF.
+    /// U+FFFD for what is not isShowable().
     char32_t character = 0;
     /// In bytes; 0 when the text does not begin with a reference.
     std::size_t length = 0;

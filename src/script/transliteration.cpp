@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "script/transliteration.h"
 
+#include "script/letterreference.h"
 #include "script/romanizer.h"
 
 #include <QLatin1StringView>
@@ -98,7 +99,9 @@ void appendWord(QString& result, QStringView word)
         at += part.size();
     }
     letters = std::move(letters).simplified();
-    result += letters.isEmpty() ? Romanizer::codePoints(word) : letters;
+    const QList<uint> characters = word.toUcs4();
+    const bool isVisible = std::any_of(characters.begin(), characters.end(), isShowable);
+    result += letters.isEmpty() && isVisible ? Romanizer::codePoints(word) : letters;
 }
 
 } // namespace

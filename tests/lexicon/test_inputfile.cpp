@@ -340,7 +340,7 @@ void TestInputFile::refusesPiecesBeyondTheEnd()
     const std::string path = stage("12345", packer);
     QVERIFY(file.open(path, error));
     QVERIFY(!file.read(5, 1, piece, error));
-    QCOMPARE(error, path + " is damaged or too short: 1 bytes at 5 cannot be read");
+    QCOMPARE(error, path + " is damaged or too short: 1 byte at 5 cannot be read");
     QVERIFY(!file.read(0, InputFile::largestPiece, piece, error));
     QCOMPARE(error, path + " is damaged or too short: 4194304 bytes at 0 cannot be read");
     QVERIFY(!file.read(0, 1ULL << 47, piece, error));

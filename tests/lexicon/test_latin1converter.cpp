@@ -160,6 +160,8 @@ void TestLatin1Converter::convertsToLetterReferences_data()
         "a&_cakm;b&_cabd;c");
     row("reference to a control character", "a&#133;b&#129;", "a&#133;b&#129;",
         "a&amp;#133;b&amp;#129;", "a&_cacg;b ");
+    row("sign for damage", "a\uFFFD b", "a b", "a&_pppn; b", "a&_pppn; b");
+    row("override of the direction as a word", "\u202E a", "a", "  a", "  a");
     row("line separator",
         "a\xE2\x80\xA8"
         "b",

@@ -98,18 +98,18 @@ void TestProgramBuild::buildPrintsItsSummaryOnStandardError()
                         "Latin-1; written as \"...\"\n"
                         "standard input:1: warning[unknown-character]: 日 U+65E5 is not "
                         "in Latin-1; written as \"?\"\n"
-                        "1 characters written as a named entity:\n"
+                        "1 character written as a named entity:\n"
                         "  … U+2026 -> \"&hellip;\" 1\n"
                         "4 characters written in other letters:\n"
                         "  ń U+0144 -> \"n\" 1\n"
                         "  … U+2026 -> \"...\" 3\n"
-                        "1 characters unknown to Latin-1, written as \"?\":\n"
+                        "1 character unknown to Latin-1, written as \"?\":\n"
                         "  日 U+65E5 -> \"?\" 1\n"
-                        "3 entries read, 1 headwords written, 1 of them with several "
-                        "articles, 1 repeated articles kept once\n"
-                        "1 word records, 28 bytes of text in a file of " +
+                        "3 entries read, 1 headword written, 1 of them with several "
+                        "articles, 1 repeated article kept once\n"
+                        "1 word record, 28 bytes of text in a file of " +
                         QByteArray::number(_program.bytesOf("summary.PDB").size()) +
-                        " bytes, 1 words looked up again\n"));
+                        " bytes, 1 word looked up again\n"));
 }
 
 void TestProgramBuild::summaryCountsRomanizedHeadwords()
@@ -120,12 +120,12 @@ void TestProgramBuild::summaryCountsRomanizedHeadwords()
     QCOMPARE(result.err,
              QByteArray("standard input:2: warning[invalid-utf8]: a byte is no UTF-8; written as "
                         "\"&_pppn;\"\n"
-                        "1 characters that are no UTF-8:\n"
+                        "1 character in place of bytes that are no UTF-8:\n"
                         "  U+FFFD -> \"&_pppn;\" 1\n"
                         "2 headwords written in Latin letters; each stands in its article as it is "
                         "written\n"
                         "3 entries read, 3 headwords written, 0 of them with several articles\n"
-                        "1 word records, 94 bytes of text in a file of ") +
+                        "1 word record, 94 bytes of text in a file of ") +
                  QByteArray::number(_program.bytesOf("romanized.PDB").size()) +
                  " bytes, 2 words looked up again\n");
 }
@@ -194,10 +194,10 @@ void TestProgramBuild::strictBuildRefusesWhatItWarnsOf_data()
     QTest::addColumn<QByteArray>("err"); // its beginning
     const QByteArray error =
         "standard input:2: error[empty-headword]: the headword is empty; its article is under "
-        "\"?\"\nteskel-lexicon: cannot write strict.PDB: --strict makes 1 warnings errors\n";
+        "\"?\"\nteskel-lexicon: cannot write strict.PDB: --strict makes 1 warning an error\n";
     const QByteArray warned = "a\tx\n \ty\n";
     QTest::newRow("nothing to warn of")
-        << words({"--strict"}) << QByteArray("a\tx\n") << 0 << QByteArray("1 entries read, ");
+        << words({"--strict"}) << QByteArray("a\tx\n") << 0 << QByteArray("1 entry read, ");
     QTest::newRow("empty headword") << words({"--strict"}) << warned << 3 << error;
     QTest::newRow("errors are told quietly, too")
         << words({"--strict", "--quiet"}) << warned << 3 << error;
@@ -357,7 +357,7 @@ void TestProgramBuild::reverseWritesBothOrNone_data()
     QTest::addColumn<QByteArray>("error"); // its end
     QTest::newRow("a warning in the opposite direction")
         << manyHouses() << u"--strict"_s
-        << QByteArray("cannot write back.PDB: --strict makes 1 warnings errors\n");
+        << QByteArray("cannot write back.PDB: --strict makes 1 warning an error\n");
     QTest::newRow("nothing in the opposite direction")
         << QByteArray("house\t(a dwelling)\n") << QString()
         << QByteArray("many.tsv holds no entries\n");

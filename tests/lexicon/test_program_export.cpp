@@ -151,7 +151,7 @@ void TestProgramExport::verifyTellsValidFromInvalid()
 {
     const ProgramResult valid = _program.run(words({"verify", "small.PDB"}));
     QCOMPARE(valid.code, 0);
-    QCOMPARE(valid.out, QByteArray("small.PDB: valid, 7 headwords in 1 word records\n"));
+    QCOMPARE(valid.out, QByteArray("small.PDB: valid, 7 headwords in 1 word record\n"));
     QByteArray damaged = _program.bytesOf("small.PDB");
     damaged.chop(1);
     QVERIFY(writeFile(_program.path("damaged.PDB"), damaged));
@@ -159,7 +159,7 @@ void TestProgramExport::verifyTellsValidFromInvalid()
     QCOMPARE(both.code, 1);
     QCOMPARE(both.out, QByteArray("damaged.PDB: unpack: record 5 does not unpack: its bytes do not "
                                   "match their checksum\n"
-                                  "small.PDB: valid, 7 headwords in 1 word records\n"));
+                                  "small.PDB: valid, 7 headwords in 1 word record\n"));
     QCOMPARE(_program.run(words({"verify", "damaged.PDB", "missing.PDB"})).code, 3);
 }
 

@@ -141,7 +141,7 @@ void TestProgramRepair::lossesAreNamed_data()
         << other + "ant\tAmeise\nbee\tBiene\n";
     QTest::newRow("bytes behind the end")
         << damaged("bytes behind the end of a record") << 1
-        << QByteArray("record 6 goes on behind its end; 1 bytes are left out\n")
+        << QByteArray("record 6 goes on behind its end; 1 byte is left out\n")
         << other + "ant\tAmeise\nbee\tBiene\n";
     QTest::newRow("order") << damaged("records out of order") << 0 << QByteArray()
                            << other + "ant\tx\ncat\tx\n";

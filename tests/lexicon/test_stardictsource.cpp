@@ -276,13 +276,13 @@ void TestStarDictSource::refusesDamage_data()
     };
     const StarDictWriter one = StarDictWriter().add("a", "x");
     row("offset beyond the articles", StarDictWriter(one).claimPlace(2, 1),
-        "DIR/s.idx:1: DIR/s.dict is damaged or too short: 1 bytes at 2 cannot be read");
+        "DIR/s.idx:1: DIR/s.dict is damaged or too short: 1 byte at 2 cannot be read");
     row("size beyond the articles", StarDictWriter(one).claimPlace(0, 0xFFFFFFFF),
         "DIR/s.idx:1: DIR/s.dict: 4294967295 bytes at 0 are more than the 4 MiB that an article "
         "may have");
     row("offset of 64 bits",
         StarDictWriter(one).setLongOffsets().claimPlace(0xFFFFFFFFFFFFFFFFULL, 1),
-        "DIR/s.idx:1: DIR/s.dict is damaged or too short: 1 bytes at 18446744073709551615 cannot "
+        "DIR/s.idx:1: DIR/s.dict is damaged or too short: 1 byte at 18446744073709551615 cannot "
         "be read");
     row("index larger than it says", StarDictWriter(one).claim("idxfilesize", "9"),
         "DIR/s.idx has 10 bytes unpacked, but the .ifo says 9");

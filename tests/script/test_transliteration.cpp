@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "script/letterreference.h"
 #include "script/transliteration.h"
 
 #include <QLocale>
@@ -185,7 +186,9 @@ void TestTransliteration::everyCharacterBecomesLatin1()
         const QString result = teskel::inLatin1(text);
         const bool isLatin1 =
             std::all_of(result.begin(), result.end(), [](QChar c) { return c.unicode() <= 0xFF; });
-        if (result.isEmpty() || !isLatin1)
+        const bool isSeen = teskel::isShowable(character) || QChar::isSurrogate(character);
+        const bool isRight = isSeen ? !result.isEmpty() : result.trimmed().isEmpty();
+        if (!isRight || !isLatin1)
             QFAIL(qPrintable(u"U+%1 becomes \"%2\""_s.arg(uint(character), 4, 16).arg(result)));
         QVERIFY(teskel::inLatin1(u'x' + text).startsWith(u'x'));
     }

@@ -10,6 +10,7 @@
 #include "lexicon/file/recordplan.h"
 #include "lexicon/file/spotcheck.h"
 #include "lexicon/packing/arjmember.h"
+#include "lexicon/text/counted.h"
 #include "lexicon/text/givenback.h"
 #include "lexicon/text/plaintext.h"
 
@@ -142,7 +143,7 @@ bool LexiconBuilder::prepare(const Reader& read, std::string& error)
     _report.headwords = entries->count();
     if (_options.strict && _report.diagnostics.warnings() > 0) {
         error = "cannot write " + _options.output + ": --strict makes " +
-                std::to_string(_report.diagnostics.warnings()) + " warnings errors";
+                counted(_report.diagnostics.warnings(), "warning an error", "warnings errors");
         return false;
     }
 

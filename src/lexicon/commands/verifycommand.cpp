@@ -2,6 +2,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/text/counted.h"
 #include "lexicon/verify/checktable.h"
 #include "lexicon/verify/lexiconverifier.h"
 
@@ -44,8 +45,8 @@ void printText(const std::string& file, const LexiconVerifier& verifier)
         return;
     std::cout << file << ": valid, ";
     if (const auto headwords = verifier.headwords())
-        std::cout << *headwords << " headwords in ";
-    std::cout << verifier.wordRecords() << " word records";
+        std::cout << counted(*headwords, "headword") << " in ";
+    std::cout << counted(verifier.wordRecords(), "word record");
     const char* separator = "; not checked: ";
     for (const std::string& name : verifier.leftOut()) {
         std::cout << separator << name;

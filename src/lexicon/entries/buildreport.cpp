@@ -2,6 +2,7 @@
 #include "lexicon/entries/buildreport.h"
 
 #include "lexicon/entries/conversionnotes.h"
+#include "lexicon/text/counted.h"
 #include "lexicon/text/utf8.h"
 
 #include <ostream>
@@ -22,11 +23,11 @@ const char* heading(Latin1Converter::Change change)
     case Latin1Converter::Change::Lost:
         return "unknown to Latin-1, written as \"?\"";
     case Latin1Converter::Change::Control:
-        return "not to be shown, written as blanks";
+        return "not to be shown, written as a blank";
     case Latin1Converter::Change::Windows:
-        return "that are control characters, read as in Windows-1252";
+        return "read as in Windows-1252";
     default:
-        return "that are no UTF-8";
+        return "in place of bytes that are no UTF-8";
     }
 }
 
@@ -36,15 +37,16 @@ void BuildReport::print(std::ostream& out) const
 {
     printConversions(out);
     if (romanizedHeadwords > 0)
-        out << romanizedHeadwords << " headwords written in Latin letters; each stands in its "
-            << "article as it is written\n";
-    out << entriesRead << " entries read, " << headwords << " headwords written, "
-        << mergedHeadwords << " of them with several articles";
+        out << counted(romanizedHeadwords, "headword") << " written in Latin letters; each stands "
+            << "in its article as it is written\n";
+    out << counted(entriesRead, "entry", "entries") << " read, " << counted(headwords, "headword")
+        << " written, " << mergedHeadwords << " of them with several articles";
     if (repeatedArticles > 0)
-        out << ", " << repeatedArticles << " repeated articles kept once";
+        out << ", " << counted(repeatedArticles, "repeated article") << " kept once";
     out << "\n"
-        << records << " word records, " << unpackedBytes << " bytes of text in a file of "
-        << fileBytes << " bytes, " << spotChecks << " words looked up again\n";
+        << counted(records, "word record") << ", " << counted(unpackedBytes, "byte")
+        << " of text in a file of " << counted(fileBytes, "byte") << ", "
+        << counted(spotChecks, "word") << " looked up again\n";
 }
 
 void BuildReport::printConversions(std::ostream& out) const
@@ -57,7 +59,7 @@ void BuildReport::printConversions(std::ostream& out) const
             total += key.second == change ? count.times : 0;
         if (total == 0)
             continue;
-        out << total << " characters " << heading(change) << ":\n";
+        out << counted(total, "character") << ' ' << heading(change) << ":\n";
         for (const auto& [key, count] : conversions) {
             if (key.second == change)
                 out << "  " << shownCharacter(key.first) << " -> \""

@@ -3,6 +3,7 @@
 
 #include "lexicon/text/charactertables.h"
 #include "lexicon/text/utf8.h"
+#include "script/letterreference.h"
 
 #include <array>
 #include <cstdio>
@@ -62,8 +63,9 @@ void ConversionNotes::tell(const Latin1Converter::Counts& counts, std::string_vi
 std::string shownCharacter(char32_t character)
 {
     std::array<char, 16> number{};
-    std::snprintf(number.data(), number.size(), "U+%04X", static_cast<unsigned>(character));
-    if (character < 0x20 || (character >= 0x7F && character <= 0x9F) || character == utf8::invalid)
+    const char32_t shown = character == utf8::invalid ? utf8::replacement : character;
+    std::snprintf(number.data(), number.size(), "U+%04X", static_cast<unsigned>(shown));
+    if (!isShowable(character))
         return number.data();
     return utf8::encoded({&character, 1}) + ' ' + number.data();
 }

@@ -4,6 +4,7 @@
 #include "dictionary/container/qtpalmdb.h"
 #include "lexicon/entries/lexiconentry.h"
 #include "lexicon/file/lexiconfile.h"
+#include "lexicon/text/counted.h"
 #include "lexicon/text/givenback.h"
 #include "lexicon/text/utf8.h"
 
@@ -164,8 +165,8 @@ void Salvage::takeEntries(const TextRecord& record, const std::string& name)
     if (count == 0)
         lose(name + " holds no entry");
     else if (record.end() + 1 < record.size())
-        lose(name + " goes on behind its end; " + std::to_string(record.size() - record.end() - 1) +
-             " bytes are left out");
+        lose(name + " goes on behind its end; " +
+             counted(record.size() - record.end() - 1, "byte is", "bytes are") + " left out");
 }
 
 void Salvage::take(std::string_view headword, std::string_view article)

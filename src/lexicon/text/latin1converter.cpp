@@ -191,15 +191,16 @@ void Latin1Converter::putCharacter(char32_t character, std::string& out)
 {
     character = asMeant(character);
     const bool isPlain = character <= highestOfLatin1 || _form == LatinForm::Plain;
-    const std::string reference = isPlain ? std::string() : letterReference(character);
-    const bool isUnshown = !isPlain && readLetterReference(reference).character != character;
+    const bool isInvalid = character == utf8::invalid;
+    const bool isUnshown = !isPlain && !isInvalid && !isShowable(character);
     if (isUnshown || (isControl(character) && character != '\n' && character != '\t')) {
         count(character, Change::Control, " ");
         out += ' ';
     } else if (isPlain) {
         putStandIn(character, true, out);
     } else {
-        if (character == utf8::invalid)
+        const std::string reference = letterReference(isInvalid ? utf8::replacement : character);
+        if (isInvalid)
             count(character, Change::InvalidByte, reference);
         out += reference;
     }

@@ -39,7 +39,22 @@ std::string_view withoutByteOrderMark(std::string_view text)
 
 std::u32string decoded(std::string_view text)
 {
-    return toUtf16(text).toStdU32String();
+    constexpr std::string_view written = "\xEF\xBF\xBD";
+    std::u32string characters = toUtf16(text).toStdU32String();
+    if (characters.find(replacement) == std::u32string::npos)
+        return characters;
+    // The decoder tells the sign for damage from damage by nothing but its bytes.
+    characters.clear();
+    while (true) {
+        const size_t place = text.find(written);
+        std::u32string part = toUtf16(text.substr(0, place)).toStdU32String();
+        std::replace(part.begin(), part.end(), replacement, invalid);
+        characters += part;
+        if (place == std::string_view::npos)
+            return characters;
+        characters += replacement;
+        text.remove_prefix(place + written.size());
+    }
 }
 
 std::u32string composed(std::string_view text)
@@ -55,7 +70,7 @@ std::string encoded(std::u32string_view characters)
 {
     QString text;
     for (const char32_t character : characters)
-        text += QChar::fromUcs4(character);
+        text += QChar::fromUcs4(character == invalid ? replacement : character);
     return text.toStdString();
 }
 

@@ -8,8 +8,11 @@
 namespace teskel::utf8
 {
 
-/// Stands for bytes that are no UTF-8.
-inline constexpr char32_t invalid = 0xFFFD;
+/// Stands for bytes that are no UTF-8. It is no character, so that U+FFFD in a text is not taken
+/// for one.
+inline constexpr char32_t invalid = 0x110000;
+/// What is shown in its place.
+inline constexpr char32_t replacement = 0xFFFD;
 
 /// U+FEFF, with which some programs begin a file.
 inline constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
@@ -24,7 +27,7 @@ std::u32string decoded(std::string_view text);
 /// syllables are among them, and no `invalid`.
 std::u32string composed(std::string_view text);
 
-/// The UTF-8 form of characters.
+/// The UTF-8 form of characters; that of `replacement` for `invalid`.
 std::string encoded(std::u32string_view characters);
 
 /// The UTF-8 form of Latin-1 bytes.

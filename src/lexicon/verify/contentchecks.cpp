@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/verify/contentchecks.h"
 
+#include "lexicon/text/counted.h"
+
 #include <cstring>
 
 namespace teskel::checks
@@ -16,7 +18,7 @@ bool index(VerifiedFile& file)
         file.report("the list of keys is not ended by an empty key");
     if (keys.count() != file.wordRecords())
         file.report("there are " + std::to_string(keys.count()) + " keys for " +
-                    std::to_string(file.wordRecords()) + " word records");
+                    counted(file.wordRecords(), "word record"));
     return file.findings().size() == before;
 }
 

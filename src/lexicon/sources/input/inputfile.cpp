@@ -3,6 +3,7 @@
 
 #include "lexicon/sources/input/archivestream.h"
 #include "lexicon/sources/input/gzipstream.h"
+#include "lexicon/text/counted.h"
 
 #include <algorithm>
 #include <utility>
@@ -92,7 +93,7 @@ bool InputFile::read(uint64_t offset, uint64_t size, std::string& out, std::stri
         return false;
     if (_whole ? readUnpacked(offset, size, out) : _file.readAt(offset, size, out))
         return true;
-    error = _path + " is damaged or too short: " + std::to_string(size) + " bytes at " +
+    error = _path + " is damaged or too short: " + counted(size, "byte") + " at " +
             std::to_string(offset) + " cannot be read";
     return false;
 }
