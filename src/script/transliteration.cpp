@@ -5,6 +5,7 @@
 #include "script/romanizer.h"
 
 #include <QLatin1StringView>
+#include <QList>
 #include <QStringView>
 
 #include <algorithm>
