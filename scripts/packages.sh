@@ -2,8 +2,8 @@
 # ./run and ./test.
 
 packages_build=(
-    build-essential cmake ninja-build qt6-base-dev zlib1g-dev libicu-dev libarchive-dev libcli11-dev
-    libgl-dev
+    build-essential cmake ninja-build qt6-base-dev zlib1g-dev libpng-dev libicu-dev
+    libarchive-dev libcli11-dev libgl-dev
 )
 packages_reader=(qt6-qpa-plugins fonts-dejavu-core dict-freedict-eng-deu dict-freedict-deu-eng)
 packages_test=(
