@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A bare window up to its first painting; with "--stay" it stays.
+// A bare window up to its first painting; with "--to-end" to the end of the program, and with
+// "--stay" it stays.
 #include "bench/support/barewindow.h"
 #include "bench/support/firstpaint.h"
 
@@ -11,6 +12,7 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char* argv[])
 {
+    const auto asked = teskel::bench::FirstPaint::takeEnd(argc, argv);
     const QApplication application(argc, argv);
     teskel::bench::BareWindow window;
     QStringList rows;
@@ -19,7 +21,7 @@ int main(int argc, char* argv[])
     window.setView({rows, 0, u"<p><b>word</b></p><p>article</p>"_s});
     std::optional<teskel::bench::FirstPaint> end;
     if (!QApplication::arguments().contains(u"--stay"_s))
-        end.emplace(&window);
+        end.emplace(&window, asked);
     window.showMaximized();
     return QApplication::exec();
 }

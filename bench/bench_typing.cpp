@@ -4,64 +4,27 @@
 #include "bench/support/arguments.h"
 #include "bench/support/paintcounter.h"
 #include "bench/support/readerwindow.h"
-#include "bench/support/settle.h"
-#include "bench/support/words.h"
+#include "bench/support/typing.h"
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QTest>
-#include <QWindow>
 
 #include <benchmark/benchmark.h>
 
 using teskel::bench::BareWindow;
+using teskel::bench::Key;
+using teskel::bench::keysOf;
 using teskel::bench::PaintCounter;
+using teskel::bench::press;
 using teskel::bench::ReaderWindow;
-using teskel::bench::settle;
+using teskel::bench::showForTyping;
 using teskel::bench::View;
+using teskel::bench::viewsOf;
 
 namespace
 {
 
 constexpr int wordCount = 60;
-constexpr QSize windowSize(640, 480);
-
-struct Key {
-    QChar letter;
-    bool startsWord;
-};
-
-// The letters of words from all over the dictionary.
-QList<Key> keysOf(const QString& path)
-{
-    QtDictionary dictionary;
-    teskel::bench::openOrDie(dictionary, path);
-    QList<Key> keys;
-    for (const QByteArray& word : teskel::bench::sampleWords(dictionary, wordCount)) {
-        const QString text = QString::fromLatin1(word);
-        for (qsizetype index = 0; index < text.size(); ++index)
-            keys.append({text.at(index), index == 0});
-    }
-    return keys;
-}
-
-void showAt(QMainWindow& window)
-{
-    window.resize(windowSize);
-    window.show();
-    window.activateWindow();
-    settle(200);
-}
-
-// As a keyboard does it: through the window, to whatever has the focus in it.
-void press(QMainWindow& window, QLineEdit* entry, const Key& key)
-{
-    if (key.startsWord)
-        entry->selectAll(); // the letter replaces the word before
-    QTest::sendKeyEvent(QTest::Click, window.windowHandle(), Qt::Key_unknown, QString(key.letter),
-                        Qt::NoModifier);
-    settle();
-}
 
 void finish(benchmark::State& state, const PaintCounter& paints)
 {
@@ -73,9 +36,9 @@ void finish(benchmark::State& state, const PaintCounter& paints)
 
 void reader(benchmark::State& state, const QString& path)
 {
-    const QList<Key> keys = keysOf(path);
+    const QList<Key> keys = keysOf(path, wordCount);
     ReaderWindow window(path);
-    showAt(window);
+    showForTyping(window);
     const PaintCounter paints(&window);
     qsizetype next = 0;
     for ([[maybe_unused]] auto _ : state) {
@@ -87,20 +50,12 @@ void reader(benchmark::State& state, const QString& path)
 
 void bare(benchmark::State& state, const QString& path)
 {
-    const QList<Key> keys = keysOf(path);
-    QList<View> views;
-    {
-        ReaderWindow window(path);
-        showAt(window);
-        for (const Key& key : keys) {
-            press(window, window.entry(), key);
-            views.append(window.view());
-        }
-    }
+    const QList<Key> keys = keysOf(path, wordCount);
+    const QList<View> views = viewsOf(path, keys);
     BareWindow window;
     qsizetype next = 0;
     window.onTyped = [&] { window.setView(views.at(next)); };
-    showAt(window);
+    showForTyping(window);
     const PaintCounter paints(&window);
     for ([[maybe_unused]] auto _ : state) {
         press(window, window.entry(), keys.at(next));

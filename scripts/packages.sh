@@ -2,8 +2,8 @@
 # ./run and ./test.
 
 packages_build=(
-    build-essential cmake ninja-build qt6-base-dev zlib1g-dev libicu-dev libarchive-dev libcli11-dev
-    libgl-dev
+    build-essential cmake ninja-build qt6-base-dev zlib1g-dev libpng-dev libicu-dev
+    libarchive-dev libcli11-dev libgl-dev
 )
 packages_reader=(qt6-qpa-plugins fonts-dejavu-core dict-freedict-eng-deu dict-freedict-deu-eng)
 packages_test=(
@@ -14,7 +14,7 @@ packages_test=(
     dict-freedict-eng-rus dict-freedict-ell-eng dict-wn # texts beyond Latin-1, numbered senses
     desktop-file-utils appstream shared-mime-info groff-base e2fsprogs
 )
-packages_bench=(libbenchmark-dev sdcv)
+packages_bench=(libbenchmark-dev sdcv valgrind)
 packages_screenshots=(qt6-gtk-platformtheme)
 packages_lint=(clang clang-tidy clang-format libclang-rt-14-dev)
 

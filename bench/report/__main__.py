@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Compares the reader with other programs, on the same data in the same run, and prints a table.
 
-usage: python3 bench/report [--smoke] [--lexicon FILE] [--only SECTION,...] [--write]
+usage: python3 bench/report [--smoke] [--lexicon FILE] [--only SECTION,...] [--write] [--counts]
                             BUILD-DIRECTORY
 
 Ends with 1 when a ratio is above its limit.
@@ -13,10 +13,12 @@ from dataclasses import replace
 from pathlib import Path
 
 import corpus
+import counts
 import decoding
 import document
 import growth
 import lookups
+import rest
 import start
 import table
 import window
@@ -29,6 +31,7 @@ SECTIONS = {
     "lookups": lookups.measure,
     "window": window.measure,
     "start": start.measure,
+    "rest": rest.measure,
 }
 
 
@@ -41,12 +44,15 @@ def parse_arguments():
                         help="everything once over on a small made-up dictionary")
     parser.add_argument("--write", action="store_true",
                         help="renew the tables of the measured sections in docs/performance.md")
+    parser.add_argument("--counts", action="store_true",
+                        help="instead, the instructions that fixed work takes, beside those in "
+                             "bench/counts.txt, which --write renews")
     arguments = parser.parse_args()
     chosen = arguments.only.split(",") if arguments.only else list(SECTIONS)
     unknown = [name for name in chosen if name not in SECTIONS]
     if unknown:
         parser.error("no such section: " + ", ".join(unknown))
-    if not arguments.smoke and not arguments.lexicon:
+    if not arguments.smoke and not arguments.lexicon and not arguments.counts:
         parser.error("--lexicon or --smoke is needed")
     return arguments, chosen
 
@@ -57,6 +63,8 @@ def main():
     with tempfile.TemporaryDirectory(prefix="teskel-bench-") as directory:
         data = corpus.Corpus(arguments.build, Path(directory), arguments.lexicon,
                              smoke=arguments.smoke)
+        if arguments.counts:
+            return counts.compare(data, arguments.write)
         for name in chosen:
             print(f"{name}:", flush=True)
             rows = SECTIONS[name](data)

@@ -28,8 +28,17 @@ QByteArray bytesRead()
 }
 } // namespace
 
-FirstPaint::FirstPaint(QWidget* window)
+FirstPaint::End FirstPaint::takeEnd(int& argc, char** argv)
+{
+    if (argc < 2 || qstrcmp(argv[argc - 1], "--to-end") != 0)
+        return End::AtOnce;
+    argv[--argc] = nullptr;
+    return End::AsClosed;
+}
+
+FirstPaint::FirstPaint(QWidget* window, End end)
     : _window(window)
+    , _end(end)
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -40,9 +49,11 @@ bool FirstPaint::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::Paint && !_isPainted && widget && widget->window() == _window) {
         _isPainted = true;
         // Runs after the whole window was painted and handed to the display.
-        QTimer::singleShot(0, this, [] {
+        QTimer::singleShot(0, this, [this] {
             std::cout << bytesRead().constData() << std::endl;
-            _exit(0);
+            if (_end == End::AtOnce)
+                _exit(0);
+            _window->close();
         });
     }
     return QObject::eventFilter(watched, event);

@@ -7,6 +7,7 @@
 #include "files/qteskelfilemenu.h"
 #include "lookup/teskelmainwidget.h"
 #include "platform/application/qpeapplication.h"
+#include "platform/pluginpause.h"
 #include "platform/resource.h"
 #include "platform/toolbar/qpemenubar.h"
 #include "platform/toolbar/qpemenutoolfocusmanager.h"
@@ -48,9 +49,7 @@ TeskelMainWindow::TeskelMainWindow(QWidget* parent, const char* name, Qt::Window
     _mainWidget = new TeskelMainWidget(this, _preferences);
     setCentralWidget(_mainWidget);
 
-    _toolBar = new QPEToolBar(this);
-    _toolBar->setMovable(false);
-    _toolBar->setFloatable(false);
+    createBars();
     QAction* preferences = createMenus();
     createOpenButton();
     createViewCommands();
@@ -80,10 +79,19 @@ QAction* TeskelMainWindow::addCommand(const QString& text, const char* icon, Com
     return action;
 }
 
+void TeskelMainWindow::createBars()
+{
+    // The style reads pictures for their extension buttons, and no plug-in is needed for these.
+    const teskel::PluginPause pause;
+    _toolBar = new QPEToolBar(this);
+    _toolBar->setMovable(false);
+    _toolBar->setFloatable(false);
+    _menuBar = new QPEMenuBar(_toolBar);
+    _toolBar->addWidget(_menuBar);
+}
+
 QAction* TeskelMainWindow::createMenus()
 {
-    auto* menuBar = new QPEMenuBar(_toolBar);
-    _toolBar->addWidget(menuBar);
     auto* lexicon = new QMenu(tr("Lexicon"), this);
     auto* edit = new QMenu(tr("Edit"), this);
 
@@ -106,8 +114,8 @@ QAction* TeskelMainWindow::createMenus()
     lexicon->addSeparator();
     lexicon->addAction(addCommand(tr("About ..."), nullptr, &TeskelMainWindow::optionsAbout));
 
-    menuBar->addMenu(lexicon);
-    menuBar->addMenu(edit);
+    _menuBar->addMenu(lexicon);
+    _menuBar->addMenu(edit);
     return preferences;
 }
 

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 
 class QAction;
+class QPEMenuBar;
 class QPEToolBar;
 struct QTeskelFileInfo;
 class QTeskelFileMenu;
@@ -59,6 +60,7 @@ private:
     using Command = void (TeskelMainWindow::*)();
 
     QAction* addCommand(const QString& text, const char* icon, Command slot);
+    void createBars();
     /// Returns the command that stands in the tool bar too, at its end.
     QAction* createMenus();
     void createOpenButton();
@@ -66,6 +68,7 @@ private:
 
     TeskelMainWidget* _mainWidget = nullptr;
     QPEToolBar* _toolBar = nullptr;
+    QPEMenuBar* _menuBar = nullptr;
     QTeskelFileMenu* _fileMenu = nullptr;
     PreferencesData _preferences;
 };

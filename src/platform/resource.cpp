@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/resource.h"
 
+#include "platform/pictureiconengine.h"
+#include "platform/pngpicture.h"
+
 #include <QFile>
 #include <QGuiApplication>
 #include <QImageReader>
+#include <QResource>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -55,9 +59,9 @@ QIcon Resource::loadIcon(const QString& name)
         return pixmap.isNull() ? QIcon() : QIcon(pixmap);
     }
     // Every size stands for itself: QIcon scales the wrong one once it knows of an "@2x" file.
-    QIcon icon;
-    // With its size given, a picture is read when it is painted and not before.
-    for (const int size : {16, 20, 24, 32, 40, 48})
-        icon.addFile(compiledIn(u"%1-%2"_s.arg(name).arg(size)), QSize(size, size));
-    return icon;
+    const auto read = [name](int size) {
+        const QResource file(compiledIn(u"%1-%2"_s.arg(name).arg(size)));
+        return teskel::pictureFromPng(file.uncompressedData());
+    };
+    return QIcon(new teskel::PictureIconEngine({16, 20, 24, 32, 40, 48}, read));
 }

@@ -15,6 +15,7 @@ public:
     static QPixmap loadPixmap(const QString& name);
 
     /// The picture `name` as an icon that holds every size drawn for it, so that it is sharp in
-    /// menus, tool bars and on screens of twice the density. Null when there is none.
+    /// menus, tool bars and on screens of twice the density. Null when there is none. A compiled-in
+    /// picture is read when it is first painted.
     static QIcon loadIcon(const QString& name);
 };

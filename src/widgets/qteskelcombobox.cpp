@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/qteskelcombobox.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QInputMethod>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QWheelEvent>
 
 namespace
@@ -154,10 +156,17 @@ void QTeskelComboBox::keyPressEvent(QKeyEvent* event)
         QComboBox::keyPressEvent(event);
 }
 
+/// The line edit would paint itself once more, since it begins to count the time of its caret anew,
+/// which it has done at the press; else it does no more than what is done here.
 void QTeskelComboBox::keyReleaseEvent(QKeyEvent* event)
 {
-    if (!redirect(event))
-        QComboBox::keyReleaseEvent(event);
+    if (redirect(event))
+        return;
+    const auto panel = static_cast<QStyle::RequestSoftwareInputPanel>(
+        lineEdit()->style()->styleHint(QStyle::SH_RequestSoftwareInputPanel));
+    if (qApp->autoSipEnabled() && panel == QStyle::RSIP_OnMouseClick)
+        QGuiApplication::inputMethod()->show();
+    QWidget::keyReleaseEvent(event);
 }
 
 void QTeskelComboBox::wheelEvent(QWheelEvent* event)

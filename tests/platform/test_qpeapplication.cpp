@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <atomic>
 #include <csignal>
 #include <functional>
 
@@ -53,6 +54,7 @@ private slots:
     void init();
     void mainWidgetIsShownMaximised();
     void displayNameStaysEmpty();
+    void threadsThatPaintedEndSoon();
     void earlyDocumentsComeBeforeTheWindow();
     void laterDocumentsComeAtOnce();
     void documentDuringADocumentWaitsItsTurn();
@@ -95,6 +97,23 @@ void QPEApplicationTest::displayNameStaysEmpty()
     QCoreApplication::setApplicationName(name);
     QCOMPARE(name, u"teskel"_s);
     QVERIFY(!QApplication::windowIcon().isNull());
+}
+
+void QPEApplicationTest::threadsThatPaintedEndSoon()
+{
+    const auto workers = [] {
+        int count = 0;
+        const QDir tasks(u"/proc/self/task"_s);
+        for (const QString& task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            QFile name(tasks.filePath(task + u"/comm"_s));
+            count += name.open(QIODevice::ReadOnly) && name.readAll() == "Thread (pooled)\n";
+        }
+        return count;
+    };
+    std::atomic<int> seen = 0;
+    QThreadPool::globalInstance()->start([&] { seen = workers(); });
+    QTRY_VERIFY(seen > 0);
+    QTRY_COMPARE(workers(), 0);
 }
 
 void QPEApplicationTest::earlyDocumentsComeBeforeTheWindow()

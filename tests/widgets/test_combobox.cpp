@@ -32,6 +32,19 @@ private:
     }
 };
 
+/// Counts how often a widget is painted.
+class PaintCount : public QObject
+{
+public:
+    explicit PaintCount(QWidget* widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+    int paints = 0;
+};
+
 /// The combo box's items and what it emits.
 struct Combo {
     explicit Combo(const QStringList& items = {}, QWidget* redirector = nullptr)
@@ -87,6 +100,8 @@ private slots:
     void leftAndRightMoveTheCaret();
     void nothingIsCompleted();
     void typingEmitsTextChanged();
+    void releaseOfALetterPaintsNothing();
+    void releaseOfALetterGoesOnToTheParent();
     void historyInsertion_data();
     void historyInsertion();
     void historyInsertionLeavesTheEntryAlone_data();
@@ -250,6 +265,31 @@ void TestComboBox::typingEmitsTextChanged()
     c.combo.lineEdit()->setText(u"set"_s);
     c.combo.lineEdit()->setText(u"set"_s);
     QCOMPARE(c.log, (QStringList{u"text a"_s, u"text ab"_s, u"text set"_s}));
+}
+
+void TestComboBox::releaseOfALetterPaintsNothing()
+{
+    Combo c;
+    c.combo.activateWindow();
+    c.combo.setFocus();
+    QTRY_VERIFY(c.combo.hasFocus());
+    PaintCount entry(c.combo.lineEdit());
+    QTest::keyPress(&c.combo, Qt::Key_A, Qt::NoModifier);
+    QTRY_VERIFY(entry.paints > 0);
+    QCOMPARE(c.combo.currentText(), u"a"_s);
+    QCoreApplication::processEvents();
+    entry.paints = 0;
+    QTest::keyRelease(&c.combo, Qt::Key_A, Qt::NoModifier);
+    QCoreApplication::processEvents();
+    QCOMPARE(entry.paints, 0);
+}
+
+void TestComboBox::releaseOfALetterGoesOnToTheParent()
+{
+    KeySink parent;
+    QTeskelComboBox combo(nullptr, &parent);
+    QTest::keyRelease(&combo, Qt::Key_A);
+    QCOMPARE(parent.keys, QStringList{u"-A"_s});
 }
 
 void TestComboBox::historyInsertion_data()

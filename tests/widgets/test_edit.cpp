@@ -83,6 +83,8 @@ private slots:
     void plainTextIsParsedAsMarkup();
     void formatsCanBeChosen();
     void clearSetsTheEmptyText();
+    void clearOfAnEmptyViewChangesNothing();
+    void clearTakesAwayWhatTheDocumentWasGiven();
     void setTextEndsTheSelectionAndScrollsUp();
     void markedTextMapsSeparators_data();
     void markedTextMapsSeparators();
@@ -222,6 +224,28 @@ void TestEdit::clearSetsTheEmptyText()
     QVERIFY(edit.text().isEmpty());
     QVERIFY(edit.toPlainText().isEmpty());
     QVERIFY(!edit.hasMarkedText());
+}
+
+void TestEdit::clearOfAnEmptyViewChangesNothing()
+{
+    QTeskelEdit edit;
+    edit.setText(u"word"_s);
+    const QSignalSpy changes(edit.document(), &QTextDocument::contentsChanged);
+    edit.clear();
+    const auto once = changes.count();
+    QVERIFY(once > 0);
+    edit.clear();
+    QCOMPARE(changes.count(), once);
+}
+
+void TestEdit::clearTakesAwayWhatTheDocumentWasGiven()
+{
+    QTeskelEdit edit;
+    edit.clear();
+    edit.setPlainText(u"other"_s);
+    edit.clear();
+    QVERIFY(edit.toPlainText().isEmpty());
+    QVERIFY(edit.text().isEmpty());
 }
 
 void TestEdit::setTextEndsTheSelectionAndScrollsUp()

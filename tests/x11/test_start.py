@@ -1,5 +1,7 @@
 # SPDX-License-Identifier: MIT
 """How the reader starts: with nothing, with something missing, and with arguments."""
+from pathlib import Path
+
 from harness.scenario import Scenario
 from harness.waiting import wait_until
 
@@ -27,6 +29,13 @@ class Start(Scenario):
                    detail=lambda: reader.window.rectangle)
         _, _, width, height = reader.window.rectangle
         self.assertGreater(height, self.desktop.height - 40)
+
+    def test_no_plug_in_for_pictures_is_loaded(self):
+        reader = self.start_on("Eng2Ger")
+        self.assertTrue(reader.window.has_state("showing"))
+        mapped = Path("/proc", str(reader.pid), "maps").read_text(encoding="utf-8")
+        self.assertIn("/plugins/platforms/", mapped)
+        self.assertNotIn("/plugins/imageformats/", mapped)
 
     def test_a_last_file_that_is_gone_is_passed_over_silently(self):
         gone = self.home.path / "Gone2Away.PDB"

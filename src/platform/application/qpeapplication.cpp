@@ -18,6 +18,7 @@
 #include <QMetaObject>
 #include <QScopedValueRollback>
 #include <QStandardPaths>
+#include <QThreadPool>
 #include <QTimer>
 
 #include <algorithm>
@@ -26,6 +27,8 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+
+constexpr int workerPatience = 200; // milliseconds
 
 bool takesDocuments(const QWidget* widget)
 {
@@ -46,6 +49,9 @@ QPEApplication::QPEApplication(int& argc, char** argv)
     : QApplication(argc, argv)
 {
     setDefaultRoot();
+    // Qt paints large gradients, such as those of a scroll bar, by threads, and would keep these
+    // for half a minute.
+    QThreadPool::globalInstance()->setExpiryTimeout(workerPatience);
     // The display name stays empty: the windowing system would add it to every caption.
     setApplicationName(u"teskel"_s);
     setDesktopFileName(teskel::DocumentService::serviceName());

@@ -53,7 +53,9 @@ void QTeskelEdit::setText(const QString& text)
 
 void QTeskelEdit::clear()
 {
-    setText(QString());
+    // Of what is typed most is no word yet, and the view is empty from the letter before.
+    if (_shown != document() || !_source.isEmpty())
+        setText(QString());
 }
 
 QString QTeskelEdit::text() const
