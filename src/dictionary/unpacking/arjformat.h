@@ -43,6 +43,12 @@ inline constexpr unsigned fastPositionFirstWidth = 9;
 inline constexpr unsigned fastPositionLastWidth = 13;
 inline constexpr unsigned fastMaxDistance = 15872; ///< farthest distance method 4 can write
 
-static_assert(charCodes == 510);
+/// The length of a match by its character code.
+constexpr unsigned matchLength(unsigned character)
+{
+    return character - literalCount + threshold;
+}
+
+static_assert(charCodes == 510 && matchLength(charCodes - 1) == maxMatch);
 
 } // namespace teskel::arj

@@ -5,6 +5,8 @@
 #include "dictionary/unpacking/cbitbuffer.h"
 #include "dictionary/unpacking/huffmantable.h"
 #include "dictionary/unpacking/outputwindow.h"
+#include "dictionary/unpacking/steploop.h"
+#include "dictionary/unpacking/steptable.h"
 
 #include <bit>
 
@@ -17,11 +19,12 @@ constexpr int wrapWarningLine = 335;
 
 // The code tables of one block.
 struct HuffmanTables {
-    HuffmanTable<12, arj::charCodes> characters;
-    HuffmanTable<8, arj::positionCodes> positions;
-    HuffmanTable<8, arj::lengthCodes> lengths;
+    CharacterCode characters;
+    HuffmanTable<arj::positionCodes> positions;
+    HuffmanTable<arj::lengthCodes> lengths;
+    StepTable steps; // of characters and positions
 
-    static constexpr unsigned noLength = HuffmanTable<8, arj::lengthCodes>::noSymbol;
+    static constexpr unsigned noLength = HuffmanTable<arj::lengthCodes>::noSymbol;
 };
 
 // A character code, a position code and the position's own bits.
@@ -44,7 +47,7 @@ unsigned readCodeLength(BitWindow& window)
 
 // Reads the code of the positions, or of the lengths in which the character code is written.
 template<unsigned Symbols>
-bool readSmallTable(BitWindow& window, HuffmanTable<8, Symbols>& table, unsigned countBits,
+bool readSmallTable(BitWindow& window, HuffmanTable<Symbols>& table, unsigned countBits,
                     unsigned skipIndex)
 {
     window.need(32);
@@ -55,12 +58,12 @@ bool readSmallTable(BitWindow& window, HuffmanTable<8, Symbols>& table, unsigned
     }
     if (count > Symbols)
         return false;
-    std::array<quint8, Symbols> lengths{};
+    CodeLengths<Symbols> lengths;
     for (unsigned i = 0; i < count;) {
         const unsigned length = readCodeLength(window);
         if (length > arj::maxCodeLength)
             return false;
-        lengths[i++] = static_cast<quint8>(length);
+        lengths.add(i++, length);
         if (i == skipIndex) {
             window.need(2);
             i += window.take(2);
@@ -75,12 +78,12 @@ bool readCharacterTable(BitWindow& window, HuffmanTables& tables)
     window.need(32);
     const unsigned count = window.take(arj::charCountBits);
     if (count == 0) {
-        tables.characters.setSingle(window.take(arj::charCountBits));
+        tables.characters.assignSingle(window.take(arj::charCountBits));
         return true;
     }
     if (count > arj::charCodes)
         return false;
-    std::array<quint8, arj::charCodes> lengths{};
+    CodeLengths<arj::charCodes> lengths;
     for (unsigned i = 0; i < count;) {
         window.need(32);
         const unsigned code = tables.lengths.decode(window);
@@ -97,21 +100,86 @@ bool readCharacterTable(BitWindow& window, HuffmanTables& tables)
         case HuffmanTables::noLength:
             return false;
         default:
-            lengths[i++] = static_cast<quint8>(code - 2);
+            lengths.add(i++, code - 2);
             continue;
         }
         i += zeros;
         if (i > arj::charCodes)
             return false;
     }
-    return tables.characters.build(lengths);
+    return tables.characters.assign(lengths);
 }
 
-bool readTables(BitWindow& window, HuffmanTables& tables)
+Q_NEVER_INLINE bool readTables(BitWindow& window, HuffmanTables& tables)
 {
-    return readSmallTable(window, tables.lengths, arj::lengthCountBits, arj::lengthSkipIndex) &&
-           readCharacterTable(window, tables) &&
-           readSmallTable(window, tables.positions, arj::positionCountBits, arj::positionCodes + 1);
+    if (!readSmallTable(window, tables.lengths, arj::lengthCountBits, arj::lengthSkipIndex) ||
+        !readCharacterTable(window, tables) ||
+        !readSmallTable(window, tables.positions, arj::positionCountBits, arj::positionCodes + 1))
+        return false;
+    tables.steps.build(tables.characters, tables.positions.code());
+    return true;
+}
+
+// Bits of a position that are written behind its code: all but the topmost.
+constexpr unsigned ownBits(unsigned symbol)
+{
+    return symbol == 0 ? 0 : symbol - 1;
+}
+
+// The distance of a position whose own bits are at the top of `bits`.
+constexpr unsigned distanceOf(unsigned symbol, quint64 bits)
+{
+    const unsigned own = ownBits(symbol);
+    return symbol == 0 ? 1 : (1U << own) + static_cast<unsigned>(bits >> 1 >> (63 - own)) + 1;
+}
+
+// What runSteps() needs to know of a block.
+class BlockCodes
+{
+public:
+    static constexpr int positionBase = 1;
+
+    BlockCodes(const HuffmanTables& tables, unsigned left)
+        : _tables(tables)
+        , _left(left)
+    {
+    }
+    [[nodiscard]] const step::Step* table() const { return _tables.steps.steps(); }
+    [[nodiscard]] bool areLeft() const { return _left >= 2; }
+    void count(unsigned codes) { _left -= codes; }
+    [[nodiscard]] Position positionAt(quint64 bits) const
+    {
+        const auto found = _tables.positions.find(bits);
+        if (found.symbol >= arj::positionCodes)
+            return {};
+        return {distanceOf(found.symbol, bits << found.length),
+                found.length + ownBits(found.symbol)};
+    }
+    [[nodiscard]] unsigned left() const { return _left; }
+
+private:
+    const HuffmanTables& _tables;
+    unsigned _left;
+};
+
+constexpr unsigned mostCodes = 1U << arj::blockSizeBits; // of a block said to have none
+
+Q_NEVER_INLINE bool readCode(BitWindow& window, OutputWindow& output, const HuffmanTables& tables)
+{
+    window.refill();
+    const auto character = tables.characters.find(window.bits());
+    window.drop(character.length);
+    if (character.symbol < arj::literalCount) {
+        output.putLiteral(character.symbol);
+        return true;
+    }
+    const unsigned position = tables.positions.decode(window);
+    if (character.symbol >= arj::charCodes || position >= arj::positionCodes)
+        return false;
+    const unsigned distance = distanceOf(position, window.bits());
+    window.drop(ownBits(position));
+    output.putMatch(distance, arj::matchLength(character.symbol), wrapWarningLine);
+    return true;
 }
 } // namespace
 
@@ -120,30 +188,28 @@ MemberStatus decodeHuffman(CBitBuffer& bits, OutputWindow& output)
     HuffmanTables tables; // set by the block with which each stream begins
     BitWindow window = bits.window();
     MemberStatus status = MemberStatus::Ok;
-    quint16 codesLeft = 0;
+    unsigned codesLeft = 0;
     while (!output.isFull()) {
         if (codesLeft == 0) {
             window.need(arj::blockSizeBits);
-            codesLeft = static_cast<quint16>(window.take(arj::blockSizeBits));
+            codesLeft = window.take(arj::blockSizeBits);
+            if (codesLeft == 0)
+                codesLeft = mostCodes;
             if (!readTables(window, tables)) {
                 status = MemberStatus::BadCodes;
                 break;
             }
         }
-        --codesLeft; // a block said to have no codes has 65,536
-        window.refill();
-        const unsigned code = tables.characters.decode(window);
-        if (code < arj::literalCount) {
-            output.putLiteral(code);
+        BlockCodes codes(tables, codesLeft);
+        runSteps(window, output, codes);
+        codesLeft = codes.left();
+        if (codesLeft == 0)
             continue;
-        }
-        const unsigned width = tables.positions.decode(window);
-        if (code >= arj::charCodes || width >= arj::positionCodes) {
+        --codesLeft;
+        if (!readCode(window, output, tables)) {
             status = MemberStatus::BadCodes;
             break;
         }
-        const unsigned position = width == 0 ? 0 : (1U << (width - 1)) + window.take(width - 1);
-        output.putMatch(position + 1, code - arj::literalCount + arj::threshold, wrapWarningLine);
     }
     bits.setWindow(window);
     return status;
