@@ -15,7 +15,6 @@ namespace teskel
 
 namespace
 {
-constexpr int wrapWarningLine = 469;
 constexpr unsigned literalBits = 9; // a length of 0 and the byte
 
 // A number whose width is told by leading one bits: each raises it by one, from FirstWidth to
@@ -61,54 +60,53 @@ constexpr step::Step stepAt(quint64 bits)
     const Place place(bits << length.size());
     if (length.size() + place.prefix > step::lookupBits)
         return match + step::openFlag;
-    return match + step::position(place.prefix, place.width, true);
+    return match + step::position(place.prefix, place.width, false);
 }
 
-constexpr auto steps = [] {
+constexpr auto stepTable = [] {
     std::array<step::Step, step::tableSize> table{};
     for (quint64 ahead = 0; ahead < step::tableSize; ++ahead)
         table[ahead] = stepAt(ahead << (64 - step::lookupBits));
     return table;
 }();
 
-// What runSteps() needs to know: there is no end to the codes.
+// The codes of a stream, which has no blocks and nothing that means nothing.
 struct EndlessCodes {
-    static constexpr int positionBase = 1 - (1 << arj::fastPositionFirstWidth);
+    static constexpr unsigned positionBase = 1U - (1U << arj::fastPositionFirstWidth);
+    static constexpr int wrapWarningLine = 469;
 
-    [[nodiscard]] static const step::Step* table() { return steps.data(); }
-    [[nodiscard]] static bool areLeft() { return true; }
+    [[nodiscard]] static const step::Step* steps() { return stepTable.data(); }
+    [[nodiscard]] static unsigned left() { return 2; }
     static void count(unsigned /*codes*/) {}
+
     [[nodiscard]] static Position positionAt(quint64 bits)
     {
         const Place place(bits);
         return {place.value(bits) + 1, place.size()};
     }
-};
 
-void readCode(BitWindow& window, OutputWindow& output)
-{
-    window.refill();
-    if (window.peek(1) == 0) {
-        output.putLiteral(window.take(literalBits));
-        return;
+    static bool readCode(BitWindow& window, OutputWindow& output)
+    {
+        if (window.peek(1) == 0) {
+            output.putLiteral(window.take(literalBits));
+            return true;
+        }
+        const Length length(window.bits());
+        const unsigned bytes = matchLength(length, window.bits());
+        window.drop(length.size());
+        const Position position = positionAt(window.bits());
+        output.putMatch(position.distance, bytes, wrapWarningLine);
+        window.drop(position.bits);
+        return true;
     }
-    const quint64 bits = window.bits();
-    const Length length(bits);
-    const Place place(bits << length.size());
-    output.putMatch(place.value(bits << length.size()) + 1, matchLength(length, bits),
-                    wrapWarningLine);
-    window.drop(length.size() + place.size());
-}
+};
 } // namespace
 
 MemberStatus decodeFastest(CBitBuffer& bits, OutputWindow& output)
 {
     EndlessCodes codes;
     BitWindow window = bits.window();
-    while (!output.isFull()) {
-        runSteps(window, output, codes);
-        readCode(window, output);
-    }
+    decodeCodes(window, output, codes);
     bits.setWindow(window);
     return MemberStatus::Ok;
 }

@@ -21,6 +21,8 @@ public:
     }
 
     [[nodiscard]] bool isFull() const { return _position == _capacity; }
+    /// Bytes that may still be written.
+    [[nodiscard]] unsigned room() const { return _capacity - _position; }
     [[nodiscard]] unsigned position() const { return _position; }
 
     /// Writes a byte; the window must not be full.

@@ -72,7 +72,7 @@ Step second(unsigned symbol, unsigned length)
 
 Step position(unsigned symbol, unsigned length)
 {
-    return step::position(length, symbol == 0 ? 0 : symbol - 1, symbol != 0);
+    return step::position(length, arj::ownBits(symbol), symbol == 0);
 }
 
 Step openStep(unsigned symbol, unsigned length)

@@ -19,7 +19,7 @@ class StepTable
 public:
     void build(const CharacterCode& characters, const PositionCode& positions);
 
-    [[nodiscard]] const step::Step* steps() const { return _steps.data(); }
+    [[nodiscard]] const step::Step* data() const { return _steps.data(); }
 
 private:
     std::array<step::Step, step::tableSize> _steps;
