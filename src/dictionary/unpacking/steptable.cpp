@@ -2,6 +2,7 @@
 #include "dictionary/unpacking/steptable.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace teskel
 {
@@ -21,48 +22,49 @@ public:
     template<unsigned Symbols, typename Addend>
     void fill(unsigned left, const CanonicalCode<Symbols>& code, Addend addend)
     {
-        _size = 1U << left;
-        Step* slot = _addends.data();
+        _size = std::size_t{1} << left;
+        Step* slot = _addends;
         unsigned index = 0;
         for (unsigned length = 0; length <= left; ++length) {
             const unsigned run = 1U << (left - length);
             for (; index < code.countUpTo(length); ++index, slot += run)
                 std::fill_n(slot, run, addend(code.symbolAt(index), length));
         }
-        std::fill(slot, _addends.data() + _size, nothing);
+        std::fill(slot, _addends + _size, nothing);
     }
     // Goes over to one bit less: what differs in that bit does not fit any more.
     void halve()
     {
         _size /= 2;
-        for (unsigned i = 0; i < _size; i += 4) {
-            std::array<Step, 4> halves;
-            for (unsigned k = 0; k < 4; ++k) {
-                const Step first = _addends[2 * (i + k)];
-                const Step second = _addends[2 * (i + k) + 1];
-                halves[k] = first == second ? first : nothing;
-            }
-            std::copy(halves.begin(), halves.end(), _addends.begin() + i);
-        }
+        std::swap(_addends, _other);
+        pairUp(_other, _addends, _size);
     }
     // Writes the steps of a code: as many as the bits left have values.
     Step* write(Step* target, Step code) const
     {
-        if (_size < 4) {
-            for (unsigned i = 0; i < _size; ++i)
-                target[i] = code + _addends[i];
-        } else {
-            for (unsigned i = 0; i < _size; i += 4) {
-                for (unsigned k = i; k < i + 4; ++k)
-                    target[k] = code + _addends[k];
-            }
-        }
+        add(code, _addends, target, _size);
         return target + _size;
     }
 
 private:
-    std::array<Step, step::tableSize / 2> _addends;
-    unsigned _size = 0;
+    // The memory of both is apart, so that the compiler may take several steps at once.
+    static void add(Step code, const Step* __restrict addends, Step* __restrict target,
+                    std::size_t size)
+    {
+        for (std::size_t i = 0; i < size; ++i)
+            target[i] = code + addends[i];
+    }
+    static void pairUp(const Step* __restrict from, Step* __restrict to, std::size_t size)
+    {
+        for (std::size_t i = 0; i < size; ++i)
+            to[i] = from[2 * i] == from[2 * i + 1] ? from[2 * i] : nothing;
+    }
+
+    std::array<Step, step::tableSize / 2> _large;
+    std::array<Step, step::tableSize / 4> _small;
+    Step* _addends = _large.data();
+    Step* _other = _small.data(); // scratch
+    std::size_t _size = 0;
 };
 
 Step second(unsigned symbol, unsigned length)
