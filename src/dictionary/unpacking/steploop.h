@@ -46,16 +46,14 @@ template<typename Codes>
 void runSteps(BitWindow& window, OutputWindow& output, Codes& codes)
 {
     using namespace step;
-    constexpr unsigned pieceSize =
-        16; // copied at once; what it is copied from must lie as far back
+    constexpr unsigned pieceSize = 16; // is copied at once, so it must come from as far back
     constexpr unsigned copiedSize = 2 * pieceSize;
     constexpr unsigned literalsSize = 2;
-    constexpr unsigned room = matchFlag + literalsSize; // that a turn may write to
-    static_assert(copiedSize <= room && OutputWindow::copyMargin <= room);
-    // A turn begins with 56 bits, looks the next step up behind this one, and only then refills.
-    static_assert(lookupBits + arj::maxOwnBits + lookupBits <= 56);
-    // A long code of a position is read behind that of the length.
-    static_assert(lookupBits + arj::maxCodeLength + arj::maxOwnBits <= 56);
+    constexpr unsigned room = matchFlag + literalsSize; // how far from `at` a turn may write
+    static_assert(copiedSize <= matchFlag, "a match's own bytes lie before what it stores");
+    // A turn begins with 56 bits. It looks the next step up behind this one and then refills. The
+    // longest way: a length's code, the long code of a position, its own bits, the next step.
+    static_assert(lookupBits + arj::maxCodeLength + arj::maxOwnBits + lookupBits <= 56);
 
     unsigned at = output.position();
     if (at < pieceSize || output.capacity() < room || !window.hasWord())
@@ -63,18 +61,19 @@ void runSteps(BitWindow& window, OutputWindow& output, Codes& codes)
     unsigned char* const out = output.data();
     const unsigned capacity = output.capacity();
     const Step* const steps = codes.steps();
-    BitWindow ahead = window; // a copy, which stays in registers
+    BitWindow ahead = window; // a copy, so that it stays in registers
 
     ahead.refillFromWord();
     Step next = steps[ahead.peek(lookupBits)];
     while (ahead.hasWord() && at <= capacity - room && codes.left() >= 2) {
         const Step now = next;
-        const unsigned more = now >> bytesShift; // bytes after the first; very many of an open step
+        const unsigned more = now >> bytesShift;     // bytes but one; 256 and up when it is open
         const unsigned literalsAt = now & matchFlag; // 0, or for a match 64
         unsigned distance = writtenPosition(now, ahead.bits()) + Codes::positionBase;
         // Of literals it is `at`. A mask, as the compiler would make a jump of "?:".
         distance = at + ((distance - at) & (0U - literalsAt / matchFlag));
 
+        // Below 16 the first difference wraps, so this asks for 16 <= distance <= at.
         if (distance - pieceSize > at - pieceSize || more >= copiedSize) [[unlikely]] {
             unsigned used = bits(now);
             if (now == unknown)

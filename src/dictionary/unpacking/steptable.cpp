@@ -11,12 +11,16 @@ namespace
 {
 using step::Step;
 
-// What a code can take in of the bits that are left behind it: for each value of them, a number to
-// be added to the code's step.
+// What stands in the bits that are left behind a code: for each value of them, a number to be added
+// to the code's step, or `nothing` if what stands there needs more bits.
 template<Step nothing>
 class Rest
 {
 public:
+    Rest() = default;
+    Q_DISABLE_COPY_MOVE(Rest)
+    ~Rest() = default;
+
     // Fills the table for `left` bits, 0 to 11. `addend` tells what a symbol and the length of its
     // code add.
     template<unsigned Symbols, typename Addend>
@@ -85,6 +89,8 @@ Step openStep(unsigned symbol, unsigned length)
 }
 } // namespace
 
+// Canonical codes ascend with their length, so the table fills from its start to its end. Behind
+// codes of one length there are equally many bits left, and so the same is added.
 void StepTable::build(const CharacterCode& characters, const PositionCode& positions)
 {
     if (characters.countUpTo(0) > 0) {

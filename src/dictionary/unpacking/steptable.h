@@ -17,6 +17,7 @@ using PositionCode = CanonicalCode<arj::positionCodes>;
 class StepTable
 {
 public:
+    /// Makes the table, whatever codes there are; what has none becomes step::unknown.
     void build(const CharacterCode& characters, const PositionCode& positions);
 
     [[nodiscard]] const step::Step* data() const { return _steps.data(); }
