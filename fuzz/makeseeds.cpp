@@ -72,6 +72,33 @@ void decodeSeeds()
     seed("decode/stream-zeros", QByteArray("\0\x7F\xFF", 3) + QByteArray(8, '\0'));
 }
 
+// The head that fuzz_reference.cpp reads, and what follows it.
+QByteArray referenceSeed(char choice, char beyond, quint16 size, const QByteArray& rest)
+{
+    BitWriter head;
+    head.put(static_cast<quint8>(choice), 8).put(static_cast<quint8>(beyond), 8).put(size, 16);
+    head.put(size * 7919U, 32);
+    return head.bytes() + rest;
+}
+
+void referenceSeeds()
+{
+    constexpr char generated = 4;
+    constexpr char otherRoom = 8;
+    constexpr char otherClaim = 16;
+    seed("reference/blocks", referenceSeed(0, 0, 221, blockStream()));
+    seed("reference/blocks-cut-short", referenceSeed(1, 0, 221, blockStream().chopped(4)));
+    seed("reference/blocks-claimed-longer", referenceSeed(otherClaim, 9, 2000, blockStream()));
+    seed("reference/fastest", referenceSeed(3, 0, 100, fastStream()));
+    seed("reference/fastest-small-target", referenceSeed(3 | otherRoom, -3, 70, fastStream()));
+    seed("reference/generated-blocks", referenceSeed(generated, 0, 8000, QByteArray()));
+    seed("reference/generated-blocks-changed",
+         referenceSeed(generated | 2, 0, 9000, QByteArray("\0\5\1\1\2\x80", 6)));
+    seed("reference/generated-fastest", referenceSeed(generated | 3, 0, 20000, QByteArray()));
+    seed("reference/generated-fastest-changed",
+         referenceSeed(generated | 3 | otherRoom, 70, 3000, QByteArray("\0\x20\xFF", 3)));
+}
+
 void dictionarySeeds()
 {
     DictionaryWriter writer;
@@ -108,9 +135,10 @@ int main(int argc, char** argv)
     if (argc != 2)
         return 2;
     folder = QFile::decodeName(argv[1]);
-    for (const char* target : {"decode", "dictionary", "entries"})
+    for (const char* target : {"decode", "dictionary", "entries", "reference"})
         QDir(folder).mkpath(QLatin1String(target));
     decodeSeeds();
+    referenceSeeds();
     dictionarySeeds();
     entrySeeds();
     return isGood ? 0 : 1;

@@ -3,7 +3,7 @@
 
 packages_build=(
     build-essential cmake ninja-build qt6-base-dev zlib1g-dev libpng-dev libicu-dev
-    libarchive-dev libcli11-dev libgl-dev
+    libarchive-dev libcli11-dev libdeflate-dev libgl-dev
 )
 packages_reader=(qt6-qpa-plugins fonts-dejavu-core dict-freedict-eng-deu dict-freedict-deu-eng)
 packages_test=(

@@ -15,6 +15,7 @@ from pathlib import Path
 import corpus
 import counts
 import decoding
+import deflating
 import document
 import growth
 import lookups
@@ -27,6 +28,7 @@ DOCUMENT = Path(__file__).resolve().parents[2] / "docs/performance.md"
 
 SECTIONS = {
     "decoder": decoding.measure,
+    "deflate": deflating.measure,
     "growth": growth.measure,
     "lookups": lookups.measure,
     "window": window.measure,

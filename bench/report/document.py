@@ -38,6 +38,7 @@ def machine():
     with open("/proc/loadavg", encoding="utf-8") as file:
         load = file.read().split()[0]
     versions = ", ".join(f"{title} {version_of(package)}" for title, package in (
-        ("GCC", "g++"), ("Qt", "libqt6core6"), ("7-Zip", "7zip"), ("sdcv", "sdcv")))
+        ("GCC", "g++"), ("Qt", "libqt6core6"), ("7-Zip", "7zip"),
+        ("libdeflate", "libdeflate-dev"), ("sdcv", "sdcv")))
     return (f"Measured on {datetime.date.today():%-d %B %Y}: {processor()}, {platform.system()} "
             f"{platform.machine()}, {versions}; load at the end {load}.")

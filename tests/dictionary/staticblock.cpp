@@ -12,7 +12,7 @@ constexpr int maxLength = 16;
 
 int positionSymbol(int distance)
 {
-    return std::bit_width(static_cast<unsigned>(distance - 1));
+    return static_cast<int>(std::bit_width(static_cast<unsigned>(distance - 1)));
 }
 
 // A code over all 19 symbols in which code lengths are written.

@@ -1,148 +1,118 @@
 // SPDX-License-Identifier: MIT
-// The fast decoder does exactly what a plain one does, on good streams, damaged ones and noise.
-#include "dictionary/unpacking/cbuffer.h"
-#include "dictionary/unpacking/cdecoder.h"
-#include "dictionary/unpacking/cfileheader.h"
-#include "tests/dictionary/plaindecoder.h"
-#include "tests/dictionary/staticblock.h"
-#include "tests/support/arjmember.h"
-#include "tests/support/warningcapture.h"
+// The reader's decoder does exactly what a plain one does, on good streams, damaged ones and noise.
+#include "tests/dictionary/decodercomparison.h"
+#include "tests/dictionary/randomstream.h"
 
 #include <QTest>
 
-using namespace Qt::StringLiterals;
-
 using namespace teskel::test;
-using teskel::MemberStatus;
 
 namespace
 {
-constexpr int runs = 120;
+constexpr int streams = 200;
+constexpr int variants = 12; // of each stream, damaged and measured anew
+constexpr int largest = 32767;
 
-// Blocks of random codes with random literals and matches.
-QByteArray randomStream(QRandomGenerator& generator)
+// Changes a stream and what its header says of it.
+using Change = void (*)(QRandomGenerator& generator, PackedStream& stream);
+
+void leave(QRandomGenerator& /*generator*/, PackedStream& /*stream*/) {}
+
+void cutShort(QRandomGenerator& generator, PackedStream& stream)
 {
-    BitWriter bits;
-    int position = 0;
-    for (int blocks = generator.bounded(1, 4); blocks > 0; --blocks) {
-        const CodeLengths positions = randomLengths(generator, 17, generator.bounded(2, 18));
-        StaticBlock block(randomLengths(generator, 510, generator.bounded(100, 511)), positions);
-        for (int i = generator.bounded(1, 600); i > 0; --i) {
-            const auto byte = static_cast<quint8>(generator.bounded(256));
-            const int length = generator.bounded(3, 257);
-            // Rarely one that begins before the output.
-            const int limit = generator.bounded(50) == 0 ? 65536 : qMax(1, position);
-            const int distance = 1 + static_cast<int>(limit * generator.generateDouble() *
-                                                      generator.generateDouble() * 0.999);
-            if (generator.bounded(2) == 0 && block.canMatch(length, distance)) {
-                block.match(length, distance);
-                position += length;
-            } else {
-                block.literal(byte);
-                ++position;
-            }
-        }
-        block.writeTo(bits);
-    }
-    return bits.bytes();
+    stream.bytes.truncate(generator.bounded(static_cast<int>(stream.bytes.size()) + 1));
+    stream.claimedSize = static_cast<quint32>(stream.bytes.size());
 }
 
-QByteArray noise(QRandomGenerator& generator, int size)
+void flip(QRandomGenerator& generator, PackedStream& stream)
 {
-    QByteArray bytes(size, '\0');
-    for (char& byte : bytes)
-        byte = static_cast<char>(generator.bounded(256));
-    return bytes;
+    flipBits(generator, stream.bytes);
 }
 
-void compareWithPlain(int method, const QByteArray& packed, int size)
+void claimMore(QRandomGenerator& generator, PackedStream& stream)
 {
-    const PlainResult plain = decodePlainly(method, packed, size);
-    QByteArray member = makeMember(static_cast<quint8>(method), packed, plain.output);
-    QCOMPARE(plain.output.size() == size, plain.hasGoodTables);
-    if (!plain.hasGoodTables) {
-        ArjMember header;
-        header.method = static_cast<quint8>(method);
-        header.compressedSize = static_cast<quint32>(packed.size());
-        header.uncompressedSize = static_cast<quint32>(size);
-        member = header.header() + packed;
-    }
+    cutShort(generator, stream);
+    stream.claimedSize += generator.bounded(2) == 0 ? generator.bounded(1U, 200U) : 0xFFFF0000;
+}
 
-    CBuffer input;
-    input.OpenMemory(member.constData(), member.size(), CBuffer::Read_Mode);
-    CFileHeader header(&input);
-    QByteArray target(size, '?');
-    CBuffer output;
-    output.OpenMemory(target.data(), target.size(), CBuffer::Write_Mode);
-    CDecoder decoder;
-    const WarningCapture warnings;
-    const bool isGood = decoder.Decompress(&header, &input, &output);
+void claimLess(QRandomGenerator& generator, PackedStream& stream)
+{
+    stream.claimedSize = generator.bounded(stream.claimedSize + 1);
+}
 
-    QCOMPARE(decoder.status(), plain.hasGoodTables ? MemberStatus::Ok : MemberStatus::BadCodes);
-    QCOMPARE(isGood, plain.hasGoodTables);
-    QCOMPARE(output.Tell(), static_cast<long>(plain.output.size()));
-    QCOMPARE(target.left(plain.output.size()), plain.output);
-    QCOMPARE(warnings.messages().size(), plain.wraps);
-    const QString place = method == 4 ? u"decode.cpp (469)"_s : u"decode.cpp (335)"_s;
-    QCOMPARE(warnings.count(place), plain.wraps);
-    if (plain.hasGoodTables) {
-        const quint64 fetched =
-            qMin<quint64>(2 + (plain.bitsRead + 7) / 8, static_cast<quint64>(packed.size()));
-        QCOMPARE(header.compressedSize(),
-                 static_cast<quint32>(static_cast<quint64>(packed.size()) - fetched));
-    }
+void makeRoomForLess(QRandomGenerator& generator, PackedStream& stream)
+{
+    stream.room = generator.bounded(stream.size + 1);
+}
+
+void makeRoomForMore(QRandomGenerator& generator, PackedStream& stream)
+{
+    stream.room += generator.bounded(1, 100);
+}
+
+void replaceByNoise(QRandomGenerator& generator, PackedStream& stream)
+{
+    stream.bytes = noise(generator, generator.bounded(400));
+    stream.claimedSize = static_cast<quint32>(stream.bytes.size());
 }
 } // namespace
+
+Q_DECLARE_METATYPE(Change)
 
 class TestDecodeReference : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void randomBlocks();
-    void randomBlocksCutShort();
-    void randomBlocksWithFlippedBits();
-    void noiseByEveryMethod();
+    void streamsDecodeAsPlainly_data();
+    void streamsDecodeAsPlainly();
 };
 
-void TestDecodeReference::randomBlocks()
+void TestDecodeReference::streamsDecodeAsPlainly_data()
 {
-    QRandomGenerator generator(1);
-    for (int run = 0; run < runs && !QTest::currentTestFailed(); ++run) {
-        const QByteArray packed = randomStream(generator);
-        compareWithPlain(1, packed, generator.bounded(1, 32768));
+    QTest::addColumn<int>("method");
+    QTest::addColumn<Change>("change");
+    const struct {
+        const char* name;
+        Change change;
+    } changes[] = {
+        {"as they are", leave},
+        {"cut short", cutShort},
+        {"with flipped bits", flip},
+        {"shorter than claimed", claimMore},
+        {"longer than claimed", claimLess},
+        {"into a small target", makeRoomForLess},
+        {"into a large target", makeRoomForMore},
+        {"noise", replaceByNoise},
+    };
+    for (const auto& [name, change] : changes) {
+        for (const int method : {1, 4})
+            QTest::addRow("%s, method %d", name, method) << method << change;
     }
 }
 
-void TestDecodeReference::randomBlocksCutShort()
+void TestDecodeReference::streamsDecodeAsPlainly()
 {
-    QRandomGenerator generator(2);
-    for (int run = 0; run < runs && !QTest::currentTestFailed(); ++run) {
-        const QByteArray packed = randomStream(generator);
-        compareWithPlain(2, packed.left(generator.bounded(static_cast<int>(packed.size()))), 5000);
-    }
-}
-
-void TestDecodeReference::randomBlocksWithFlippedBits()
-{
-    QRandomGenerator generator(3);
-    for (int run = 0; run < runs && !QTest::currentTestFailed(); ++run) {
-        QByteArray packed = randomStream(generator);
-        for (int flips = generator.bounded(1, 4); flips > 0; --flips) {
-            const int at = generator.bounded(qMin(400, static_cast<int>(packed.size())));
-            packed[at] = static_cast<char>(packed.at(at) ^ 1 << generator.bounded(8));
+    QFETCH(int, method);
+    QFETCH(Change, change);
+    QRandomGenerator generator(7);
+    for (int made = 0; made < streams; ++made) {
+        PackedStream whole;
+        whole.bytes = method == 4 ? randomFastest(generator) : randomBlocks(generator);
+        whole.claimedSize = static_cast<quint32>(whole.bytes.size());
+        for (int variant = 0; variant < variants; ++variant) {
+            PackedStream stream = whole;
+            stream.method = method == 4 ? 4 : generator.bounded(1, 4);
+            stream.size = generator.bounded(1, variant == 0 ? largest + 1 : 3000);
+            stream.room = stream.size;
+            change(generator, stream);
+            const QString difference = differenceFromPlain(stream);
+            if (!difference.isEmpty())
+                QFAIL(qPrintable(QStringLiteral("stream %1, variant %2: %3")
+                                     .arg(made)
+                                     .arg(variant)
+                                     .arg(difference)));
         }
-        compareWithPlain(3, packed, generator.bounded(1, 20000));
-    }
-}
-
-void TestDecodeReference::noiseByEveryMethod()
-{
-    QRandomGenerator generator(4);
-    for (int run = 0; run < runs && !QTest::currentTestFailed(); ++run) {
-        const QByteArray packed = noise(generator, generator.bounded(2000));
-        for (int method = 1; method <= 4; ++method)
-            compareWithPlain(method, packed, generator.bounded(1, 32768));
     }
 }
 

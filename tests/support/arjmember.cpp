@@ -48,16 +48,19 @@ QByteArray ArjMember::header() const
            littleEndian<quint32>(0) + extendedHeaders + littleEndian<quint16>(0);
 }
 
+quint32 checksum(const QByteArray& bytes)
+{
+    return static_cast<quint32>(::crc32(0, reinterpret_cast<const Bytef*>(bytes.constData()),
+                                        static_cast<uInt>(bytes.size())));
+}
+
 QByteArray makeMember(quint8 method, const QByteArray& packed, const QByteArray& original)
 {
     ArjMember member;
     member.method = method;
     member.compressedSize = static_cast<quint32>(packed.size());
     member.uncompressedSize = static_cast<quint32>(original.size());
-    // zlib's, which shares nothing with the code that reads it.
-    member.crc =
-        static_cast<quint32>(::crc32(0, reinterpret_cast<const Bytef*>(original.constData()),
-                                     static_cast<uInt>(original.size())));
+    member.crc = checksum(original);
     return member.header() + packed;
 }
 

@@ -24,6 +24,9 @@ struct ArjMember {
     [[nodiscard]] QByteArray header() const;
 };
 
+/// CRC-32 by zlib, which shares nothing with the code that is tested.
+[[nodiscard]] quint32 checksum(const QByteArray& bytes);
+
 /// A member of `packed` bytes that should unpack to `original`.
 [[nodiscard]] QByteArray makeMember(quint8 method, const QByteArray& packed,
                                     const QByteArray& original);

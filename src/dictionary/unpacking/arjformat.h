@@ -43,6 +43,19 @@ inline constexpr unsigned fastPositionFirstWidth = 9;
 inline constexpr unsigned fastPositionLastWidth = 13;
 inline constexpr unsigned fastMaxDistance = 15872; ///< farthest distance method 4 can write
 
-static_assert(charCodes == 510);
+/// Bits that follow the code of a position: all of it but the topmost, which is set.
+constexpr unsigned ownBits(unsigned positionSymbol)
+{
+    return positionSymbol == 0 ? 0 : positionSymbol - 1;
+}
+inline constexpr unsigned maxOwnBits = ownBits(positionCodes - 1);
+
+/// The length of a match by its character code.
+constexpr unsigned matchLength(unsigned character)
+{
+    return character - literalCount + threshold;
+}
+
+static_assert(charCodes == 510 && matchLength(charCodes - 1) == maxMatch);
 
 } // namespace teskel::arj

@@ -21,23 +21,30 @@ public:
     /// @param available bytes that are there
     /// @param claimed   bytes that the stream is said to have
     BitWindow(const unsigned char* data, std::size_t available, std::size_t claimed)
-        : _data(data)
-        , _available(available < claimed ? available : claimed)
-        , _claimed(claimed)
+        : _begin(data)
+        , _next(data)
+        , _end(data + (available < claimed ? available : claimed))
+        , _wordsEnd(_end - _begin < wordSize ? _begin : _end - wordSize + 1)
+        , _missing(claimed - static_cast<std::size_t>(_end - _begin))
     {
     }
 
     /// Makes at least 56 bits ready.
     void refill()
     {
-        if (_next + 8 <= _available) [[likely]] {
-            _bits |= qFromBigEndian<quint64>(_data + _next) >> _ready;
-            const unsigned bytes = (63 - _ready) >> 3;
-            _next += bytes;
-            _ready += 8 * bytes;
-        } else {
+        if (hasWord()) [[likely]]
+            refillFromWord();
+        else
             refillAtEnd();
-        }
+    }
+    /// Whether eight more bytes are there to be fetched.
+    [[nodiscard]] bool hasWord() const { return _next < _wordsEnd; }
+    /// The same as refill() where hasWord().
+    void refillFromWord()
+    {
+        _bits |= qFromBigEndian<quint64>(_next) >> _ready;
+        _next += (63 - _ready) >> 3;
+        _ready |= 56; // adds as many whole bytes as there is room for
     }
     /// Makes at least `n` bits ready, 1 to 56.
     void need(unsigned n)
@@ -66,26 +73,33 @@ public:
         return value;
     }
     /// Bits passed over since the start of the stream.
-    [[nodiscard]] quint64 consumed() const { return quint64{_next} * 8 - _ready; }
+    [[nodiscard]] quint64 consumed() const
+    {
+        return (static_cast<quint64>(_next - _begin) + _beyond) * 8 - _ready;
+    }
 
 private:
+    static constexpr std::ptrdiff_t wordSize = 8;
+
     void refillAtEnd()
     {
-        for (; _ready <= 56; _ready += 8, ++_next) {
+        for (; _ready <= 56; _ready += 8) {
             quint64 byte = 0;
-            if (_next < _available)
-                byte = _data[_next];
-            else if (_next < _claimed)
+            if (_next < _end)
+                byte = *_next++;
+            else if (_beyond++ < _missing)
                 byte = 0xFF;
             _bits |= byte << (56 - _ready);
         }
     }
 
-    const unsigned char* _data = nullptr;
-    std::size_t _available = 0;
-    std::size_t _claimed = 0;
-    std::size_t _next = 0; // byte that is fetched next
-    quint64 _bits = 0;     // below the ready bits: zeros, or the very bits that come next
+    const unsigned char* _begin = nullptr;
+    const unsigned char* _next = nullptr;     // byte that is fetched next
+    const unsigned char* _end = nullptr;      // of the bytes that are there
+    const unsigned char* _wordsEnd = nullptr; // before it eight bytes can be fetched
+    quint64 _missing = 0;                     // bytes that are not there but claimed
+    quint64 _beyond = 0;                      // bytes fetched beyond the end
+    quint64 _bits = 0; // below the ready bits: zeros, or the very bits that come next
     unsigned _ready = 0;
 };
 

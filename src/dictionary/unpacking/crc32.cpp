@@ -5,6 +5,10 @@
 
 #include <array>
 
+#ifdef TESKEL_HAVE_LIBDEFLATE
+#include <libdeflate.h>
+#endif
+
 namespace teskel
 {
 
@@ -37,6 +41,15 @@ constexpr Slices slices = makeSlices();
 } // namespace
 
 quint32 crc32(const void* data, std::size_t size)
+{
+#ifdef TESKEL_HAVE_LIBDEFLATE
+    return libdeflate_crc32(0, data, size);
+#else
+    return crc32ByTable(data, size);
+#endif
+}
+
+quint32 crc32ByTable(const void* data, std::size_t size)
 {
     const auto* bytes = static_cast<const unsigned char*>(data);
     quint32 crc = 0xFFFFFFFF;

@@ -4,8 +4,10 @@
 #include "dictionary/unpacking/arjformat.h"
 #include "dictionary/unpacking/cbitbuffer.h"
 #include "dictionary/unpacking/outputwindow.h"
+#include "dictionary/unpacking/steploop.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 
 namespace teskel
@@ -13,38 +15,98 @@ namespace teskel
 
 namespace
 {
-constexpr int wrapWarningLine = 469;
 constexpr unsigned literalBits = 9; // a length of 0 and the byte
 
 // A number whose width is told by leading one bits: each raises it by one, from FirstWidth to
 // LastWidth, and adds the numbers that the narrower width could hold.
 template<unsigned FirstWidth, unsigned LastWidth>
-unsigned readNumber(BitWindow& window)
+struct Number {
+    unsigned prefix; // bits that tell the width
+    unsigned width;
+    unsigned base;
+
+    // The number at the top of `bits`.
+    constexpr explicit Number(quint64 bits)
+    {
+        constexpr unsigned maxOnes = LastWidth - FirstWidth;
+        const auto counted = static_cast<unsigned>(std::countl_one(bits));
+        const unsigned ones = std::min(counted, maxOnes);
+        prefix = ones < maxOnes ? ones + 1 : ones;
+        width = FirstWidth + ones;
+        base = ((1U << ones) - 1) << FirstWidth;
+    }
+    [[nodiscard]] constexpr unsigned size() const { return prefix + width; }
+    [[nodiscard]] constexpr unsigned value(quint64 bits) const
+    {
+        return base + static_cast<unsigned>((bits << prefix) >> 1 >> (63 - width));
+    }
+};
+using Length = Number<arj::fastLengthFirstWidth, arj::fastLengthLastWidth>;
+using Place = Number<arj::fastPositionFirstWidth, arj::fastPositionLastWidth>;
+
+constexpr unsigned matchLength(const Length& length, quint64 bits)
 {
-    constexpr unsigned maxOnes = LastWidth - FirstWidth;
-    const auto counted = static_cast<unsigned>(std::countl_one(window.bits()));
-    const unsigned ones = std::min(counted, maxOnes);
-    window.drop(ones < maxOnes ? ones + 1 : ones);
-    const unsigned base = ((1U << ones) - 1) << FirstWidth;
-    return base + window.take(FirstWidth + ones);
+    return length.value(bits) - 1 + arj::threshold;
 }
+
+constexpr step::Step stepAt(quint64 bits)
+{
+    if (bits >> 63 == 0)
+        return step::literal(static_cast<unsigned>(bits >> (64 - literalBits)), literalBits);
+    const Length length(bits);
+    if (length.size() > step::lookupBits)
+        return step::unknown;
+    const step::Step match = step::match(matchLength(length, bits), length.size());
+    const Place place(bits << length.size());
+    if (length.size() + place.prefix > step::lookupBits)
+        return match + step::openFlag;
+    return match + step::position(place.prefix, place.width, false);
+}
+
+constexpr auto stepTable = [] {
+    std::array<step::Step, step::tableSize> table{};
+    for (quint64 ahead = 0; ahead < step::tableSize; ++ahead)
+        table[ahead] = stepAt(ahead << (64 - step::lookupBits));
+    return table;
+}();
+
+// The codes of a stream, which has no blocks and nothing that means nothing.
+struct EndlessCodes {
+    static constexpr unsigned positionBase = 1U - (1U << arj::fastPositionFirstWidth);
+    static constexpr int wrapWarningLine = 469;
+
+    [[nodiscard]] static const step::Step* steps() { return stepTable.data(); }
+    [[nodiscard]] static unsigned left() { return 2; }
+    static void count(unsigned /*codes*/) {}
+
+    [[nodiscard]] static Position positionAt(quint64 bits)
+    {
+        const Place place(bits);
+        return {place.value(bits) + 1, place.size()};
+    }
+
+    static bool readCode(BitWindow& window, OutputWindow& output)
+    {
+        if (window.peek(1) == 0) {
+            output.putLiteral(window.take(literalBits));
+            return true;
+        }
+        const Length length(window.bits());
+        const unsigned bytes = matchLength(length, window.bits());
+        window.drop(length.size());
+        const Position position = positionAt(window.bits());
+        output.putMatch(position.distance, bytes, wrapWarningLine);
+        window.drop(position.bits);
+        return true;
+    }
+};
 } // namespace
 
 MemberStatus decodeFastest(CBitBuffer& bits, OutputWindow& output)
 {
+    EndlessCodes codes;
     BitWindow window = bits.window();
-    while (!output.isFull()) {
-        window.need(32);
-        if (window.peek(1) == 0) {
-            output.putLiteral(window.take(literalBits));
-            continue;
-        }
-        const unsigned length =
-            readNumber<arj::fastLengthFirstWidth, arj::fastLengthLastWidth>(window);
-        const unsigned position =
-            readNumber<arj::fastPositionFirstWidth, arj::fastPositionLastWidth>(window);
-        output.putMatch(position + 1, length - 1 + arj::threshold, wrapWarningLine);
-    }
+    decodeCodes(window, output, codes);
     bits.setWindow(window);
     return MemberStatus::Ok;
 }

@@ -2,148 +2,90 @@
 #include "dictionary/unpacking/huffmandecoder.h"
 
 #include "dictionary/unpacking/arjformat.h"
+#include "dictionary/unpacking/blocktables.h"
 #include "dictionary/unpacking/cbitbuffer.h"
-#include "dictionary/unpacking/huffmantable.h"
 #include "dictionary/unpacking/outputwindow.h"
-
-#include <bit>
+#include "dictionary/unpacking/steploop.h"
 
 namespace teskel
 {
 
 namespace
 {
-constexpr int wrapWarningLine = 335;
-
-// The code tables of one block.
-struct HuffmanTables {
-    HuffmanTable<12, arj::charCodes> characters;
-    HuffmanTable<8, arj::positionCodes> positions;
-    HuffmanTable<8, arj::lengthCodes> lengths;
-
-    static constexpr unsigned noLength = HuffmanTable<8, arj::lengthCodes>::noSymbol;
-};
+constexpr unsigned mostCodes = 1U << arj::blockSizeBits; // of a block said to have none
 
 // A character code, a position code and the position's own bits.
-static_assert(2 * arj::maxCodeLength + arj::positionCodes - 2 <= 56, "one refill serves a match");
+static_assert(2 * arj::maxCodeLength + arj::maxOwnBits <= 56, "one refill serves a match");
 
-// The length of one code of the position or length alphabet: three bits, and from 7 on as many one
-// bits as it is longer than 7, ended by a zero bit.
-unsigned readCodeLength(BitWindow& window)
+// The codes of one block.
+class BlockCodes
 {
-    window.need(32);
-    unsigned length = window.peek(3);
-    if (length < 7) {
-        window.drop(3);
-        return length;
+public:
+    static constexpr unsigned positionBase = 1;
+    static constexpr int wrapWarningLine = 335;
+
+    // Reads the beginning of a block; false when its tables are damaged.
+    bool start(BitWindow& window)
+    {
+        window.need(arj::blockSizeBits);
+        const unsigned count = window.take(arj::blockSizeBits);
+        _left = count == 0 ? mostCodes : count;
+        return _tables.read(window);
     }
-    length += static_cast<unsigned>(std::countl_one(window.bits() << 3));
-    window.drop(length <= arj::maxCodeLength ? length - 3 : 0);
-    return length;
-}
 
-// Reads the code of the positions, or of the lengths in which the character code is written.
-template<unsigned Symbols>
-bool readSmallTable(BitWindow& window, HuffmanTable<8, Symbols>& table, unsigned countBits,
-                    unsigned skipIndex)
-{
-    window.need(32);
-    const unsigned count = window.take(countBits);
-    if (count == 0) {
-        table.setSingle(window.take(countBits));
+    [[nodiscard]] const step::Step* steps() const { return _tables.steps().data(); }
+    [[nodiscard]] unsigned left() const { return _left; }
+    void count(unsigned codes) { _left -= codes; }
+
+    [[nodiscard]] Position positionAt(quint64 bits) const
+    {
+        const CodeEntry code = _tables.positions().find(bits);
+        if (code.symbol >= arj::positionCodes)
+            return {};
+        return {distance(code.symbol, bits << code.length),
+                code.length + arj::ownBits(code.symbol)};
+    }
+
+    bool readCode(BitWindow& window, OutputWindow& output) const
+    {
+        const CodeEntry character = _tables.characters().find(window.bits());
+        window.drop(character.length);
+        if (character.symbol < arj::literalCount) {
+            output.putLiteral(character.symbol);
+            return true;
+        }
+        const CodeEntry position = _tables.positions().find(window.bits());
+        window.drop(position.length);
+        if (character.symbol >= arj::charCodes || position.symbol >= arj::positionCodes)
+            return false;
+        output.putMatch(distance(position.symbol, window.bits()),
+                        arj::matchLength(character.symbol), wrapWarningLine);
+        window.drop(arj::ownBits(position.symbol));
         return true;
     }
-    if (count > Symbols)
-        return false;
-    std::array<quint8, Symbols> lengths{};
-    for (unsigned i = 0; i < count;) {
-        const unsigned length = readCodeLength(window);
-        if (length > arj::maxCodeLength)
-            return false;
-        lengths[i++] = static_cast<quint8>(length);
-        if (i == skipIndex) {
-            window.need(2);
-            i += window.take(2);
-        }
-    }
-    return table.build(lengths);
-}
 
-// Reads the code of the characters, whose lengths are themselves coded, with runs of zeros.
-bool readCharacterTable(BitWindow& window, HuffmanTables& tables)
-{
-    window.need(32);
-    const unsigned count = window.take(arj::charCountBits);
-    if (count == 0) {
-        tables.characters.setSingle(window.take(arj::charCountBits));
-        return true;
+private:
+    // Of a position whose own bits are at the top of `bits`.
+    static unsigned distance(unsigned symbol, quint64 bits)
+    {
+        const unsigned own = arj::ownBits(symbol);
+        const auto written = static_cast<unsigned>(bits >> 1 >> (63 - own));
+        return symbol == 0 ? 1 : positionBase + (1U << own) + written;
     }
-    if (count > arj::charCodes)
-        return false;
-    std::array<quint8, arj::charCodes> lengths{};
-    for (unsigned i = 0; i < count;) {
-        window.need(32);
-        const unsigned code = tables.lengths.decode(window);
-        unsigned zeros = 1;
-        switch (code) {
-        case 0:
-            break;
-        case 1:
-            zeros = window.take(4) + 3;
-            break;
-        case 2:
-            zeros = window.take(arj::charCountBits) + 20;
-            break;
-        case HuffmanTables::noLength:
-            return false;
-        default:
-            lengths[i++] = static_cast<quint8>(code - 2);
-            continue;
-        }
-        i += zeros;
-        if (i > arj::charCodes)
-            return false;
-    }
-    return tables.characters.build(lengths);
-}
 
-bool readTables(BitWindow& window, HuffmanTables& tables)
-{
-    return readSmallTable(window, tables.lengths, arj::lengthCountBits, arj::lengthSkipIndex) &&
-           readCharacterTable(window, tables) &&
-           readSmallTable(window, tables.positions, arj::positionCountBits, arj::positionCodes + 1);
-}
+    BlockTables _tables;
+    unsigned _left = 0;
+};
 } // namespace
 
 MemberStatus decodeHuffman(CBitBuffer& bits, OutputWindow& output)
 {
-    HuffmanTables tables; // set by the block with which each stream begins
+    BlockCodes codes;
     BitWindow window = bits.window();
     MemberStatus status = MemberStatus::Ok;
-    quint16 codesLeft = 0;
-    while (!output.isFull()) {
-        if (codesLeft == 0) {
-            window.need(arj::blockSizeBits);
-            codesLeft = static_cast<quint16>(window.take(arj::blockSizeBits));
-            if (!readTables(window, tables)) {
-                status = MemberStatus::BadCodes;
-                break;
-            }
-        }
-        --codesLeft; // a block said to have no codes has 65,536
-        window.refill();
-        const unsigned code = tables.characters.decode(window);
-        if (code < arj::literalCount) {
-            output.putLiteral(code);
-            continue;
-        }
-        const unsigned width = tables.positions.decode(window);
-        if (code >= arj::charCodes || width >= arj::positionCodes) {
+    while (status == MemberStatus::Ok && !output.isFull()) {
+        if (!codes.start(window) || !decodeCodes(window, output, codes))
             status = MemberStatus::BadCodes;
-            break;
-        }
-        const unsigned position = width == 0 ? 0 : (1U << (width - 1)) + window.take(width - 1);
-        output.putMatch(position + 1, code - arj::literalCount + arj::threshold, wrapWarningLine);
     }
     bits.setWindow(window);
     return status;

@@ -21,6 +21,8 @@ public:
     }
 
     [[nodiscard]] bool isFull() const { return _position == _capacity; }
+    /// Bytes that may still be written.
+    [[nodiscard]] unsigned room() const { return _capacity - _position; }
     [[nodiscard]] unsigned position() const { return _position; }
 
     /// Writes a byte; the window must not be full.
@@ -38,9 +40,28 @@ public:
         unsigned char* target = _data + _position;
         const unsigned char* source = target - distance;
         _position += length;
-        // By eights, up to fifteen bytes beyond the match where there is room for them: they are
-        // overwritten by what comes next. Few matches are longer than the first two.
-        if (distance >= 8 && _capacity - _position >= 16) [[likely]] {
+        if (_capacity - _position >= copyMargin) [[likely]] {
+            copyRoomily(target, distance, length);
+        } else {
+            for (const unsigned char* end = target + length; target < end; ++target, ++source)
+                *target = *source;
+        }
+    }
+
+    /// For bulk work: the bytes themselves, of which capacity() may be written.
+    [[nodiscard]] unsigned char* data() { return _data; }
+    [[nodiscard]] unsigned capacity() const { return _capacity; }
+    void setPosition(unsigned position) { _position = position; }
+
+    /// Bytes beyond a match that copyRoomily() may write.
+    static constexpr unsigned copyMargin = 16;
+
+    /// Copies a match within memory that has room for copyMargin more bytes, which it spoils.
+    static void copyRoomily(unsigned char* target, unsigned distance, unsigned length)
+    {
+        const unsigned char* source = target - distance;
+        if (distance >= 8) [[likely]] {
+            // Few matches are longer than the first two.
             std::memcpy(target, source, 8);
             std::memcpy(target + 8, source + 8, 8);
             for (unsigned copied = 16; copied < length; copied += 8)
@@ -48,8 +69,8 @@ public:
         } else if (distance == 1) {
             std::memset(target, *source, length);
         } else {
-            for (const unsigned char* end = target + length; target < end; ++target, ++source)
-                *target = *source;
+            for (unsigned i = 0; i < length; ++i)
+                target[i] = source[i];
         }
     }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "tests/dictionary/plaindecoder.h"
+#include "tests/support/plaindecoder.h"
 
 #include <QList>
-#include <QMap>
-#include <QPair>
+
+#include <array>
 
 namespace teskel::test
 {
@@ -13,25 +13,34 @@ namespace
 class PlainDecoder
 {
 public:
-    PlainDecoder(const QByteArray& packed, int size)
+    PlainDecoder(const QByteArray& packed, quint32 claimed, int size)
         : _packed(packed)
+        , _claimed(claimed)
         , _size(size)
     {
+        _result.output.reserve(size);
     }
 
     PlainResult runStatic();
     PlainResult runFastest();
 
 private:
-    // From (length, bits) to symbol; the key (0, 0) stands for a code of one symbol.
-    using Code = QMap<QPair<int, int>, int>;
+    // The symbols in the order of their codes, and how many there are of each length.
+    struct Code {
+        std::array<int, 17> counts{};
+        QList<int> symbols;
+    };
 
     int bit()
     {
-        const auto index = static_cast<qsizetype>(_result.bitsRead / 8);
+        const quint64 index = _result.bitsRead / 8;
         const int shift = 7 - static_cast<int>(_result.bitsRead % 8);
         ++_result.bitsRead;
-        return index < _packed.size() ? static_cast<quint8>(_packed.at(index)) >> shift & 1 : 0;
+        if (index >= _claimed)
+            return 0;
+        if (index >= static_cast<quint64>(_packed.size()))
+            return 1;
+        return static_cast<quint8>(_packed.at(static_cast<qsizetype>(index))) >> shift & 1;
     }
     int number(int width)
     {
@@ -43,13 +52,15 @@ private:
     bool full() const { return _result.output.size() >= _size; }
     void put(int byte) { _result.output.append(static_cast<char>(byte)); }
     void copy(int position, int length);
-    bool makeCode(const QList<int>& lengths, Code& code);
+    static bool makeCode(const QList<int>& lengths, Code& code);
+    static void makeSingle(int symbol, int symbols, Code& code);
     bool readSmall(int symbols, int skipIndex, Code& code);
     bool readCharacters(const Code& lengthCode, Code& code);
     int symbol(const Code& code);
     int fastNumber(int width, int lastWidth);
 
     QByteArray _packed;
+    quint64 _claimed;
     int _size;
     PlainResult _result;
 };
@@ -68,14 +79,13 @@ void PlainDecoder::copy(int position, int length)
 // False unless the codes fill the space of 16 bits or there are none.
 bool PlainDecoder::makeCode(const QList<int>& lengths, Code& code)
 {
-    code.clear();
-    int next = 0;
+    code = {};
     qint64 space = 0;
     for (int length = 1; length <= 16; ++length) {
-        next <<= 1;
         for (qsizetype i = 0; i < lengths.size(); ++i) {
             if (lengths.at(i) == length) {
-                code.insert({length, next++}, static_cast<int>(i));
+                code.symbols.append(static_cast<int>(i));
+                ++code.counts[static_cast<std::size_t>(length)];
                 space += 1LL << (16 - length);
             }
         }
@@ -83,26 +93,36 @@ bool PlainDecoder::makeCode(const QList<int>& lengths, Code& code)
     return space == 0 || space == 65536;
 }
 
+void PlainDecoder::makeSingle(int symbol, int symbols, Code& code)
+{
+    code = {};
+    if (symbol >= symbols)
+        return;
+    code.symbols = {symbol};
+    code.counts[0] = 1;
+}
+
 bool PlainDecoder::readSmall(int symbols, int skipIndex, Code& code)
 {
     const int count = number(5);
     if (count == 0) {
-        code = {{{0, 0}, number(5)}};
-        if (code.first() >= symbols)
-            code.clear();
+        makeSingle(number(5), symbols, code);
         return true;
     }
     if (count > symbols)
         return false;
     QList<int> lengths;
     while (lengths.size() < count) {
+        const quint64 start = _result.bitsRead;
         int length = number(3);
         if (length == 7) {
             while (length <= 16 && bit() != 0)
                 ++length;
         }
-        if (length > 16)
+        if (length > 16) {
+            _result.bitsRead = start;
             return false;
+        }
         lengths.append(length);
         if (lengths.size() == skipIndex)
             lengths += QList<int>(number(2), 0);
@@ -114,9 +134,7 @@ bool PlainDecoder::readCharacters(const Code& lengthCode, Code& code)
 {
     const int count = number(9);
     if (count == 0) {
-        code = {{{0, 0}, number(9)}};
-        if (code.first() >= 510)
-            code.clear();
+        makeSingle(number(9), 510, code);
         return true;
     }
     if (count > 510)
@@ -140,16 +158,21 @@ bool PlainDecoder::readCharacters(const Code& lengthCode, Code& code)
     return makeCode(lengths, code);
 }
 
+// -1 where no code stands.
 int PlainDecoder::symbol(const Code& code)
 {
+    const quint64 start = _result.bitsRead;
     int bits = 0;
-    for (int length = 0; length <= 16; ++length) {
-        const auto found = code.constFind({length, bits});
-        if (found != code.constEnd())
-            return *found;
-        if (length < 16 && !code.isEmpty())
-            bits = bits << 1 | bit();
+    int firstCode = 0; // of this length
+    int firstIndex = 0;
+    for (const int count : code.counts) {
+        if (bits - firstCode < count)
+            return code.symbols.at(firstIndex + bits - firstCode);
+        firstIndex += count;
+        firstCode = (firstCode + count) * 2;
+        bits = bits * 2 + bit();
     }
+    _result.bitsRead = start;
     return -1;
 }
 
@@ -176,8 +199,8 @@ PlainResult PlainDecoder::runStatic()
             put(c);
             continue;
         }
-        const int width = c < 0 ? -1 : symbol(positionCode);
-        if (width < 0) {
+        const int width = symbol(positionCode);
+        if (c < 0 || width < 0) {
             _result.hasGoodTables = false;
             break;
         }
@@ -207,9 +230,9 @@ PlainResult PlainDecoder::runFastest()
 }
 } // namespace
 
-PlainResult decodePlainly(int method, const QByteArray& packed, int size)
+PlainResult decodePlainly(int method, const QByteArray& packed, quint32 claimed, int size)
 {
-    PlainDecoder decoder(packed, size);
+    PlainDecoder decoder(packed, claimed, size);
     return method == 4 ? decoder.runFastest() : decoder.runStatic();
 }
 
