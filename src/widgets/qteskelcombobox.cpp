@@ -166,7 +166,7 @@ void QTeskelComboBox::keyReleaseEvent(QKeyEvent* event)
         lineEdit()->style()->styleHint(QStyle::SH_RequestSoftwareInputPanel));
     if (qApp->autoSipEnabled() && panel == QStyle::RSIP_OnMouseClick)
         QGuiApplication::inputMethod()->show();
-    QWidget::keyReleaseEvent(event);
+    event->ignore();
 }
 
 void QTeskelComboBox::wheelEvent(QWheelEvent* event)
