@@ -12,11 +12,15 @@ packages_test=(
     xvfb openbox xdotool xclip x11-utils imagemagick
     dbus dbus-daemon at-spi2-core python3 python3-pyatspi # the reader as a screen reader sees it
     dict-freedict-eng-rus dict-freedict-ell-eng dict-wn # texts beyond Latin-1, numbered senses
+    dict-gcide dict-jargon                     # long articles
+    valgrind                                   # counts instructions
     desktop-file-utils appstream shared-mime-info groff-base e2fsprogs
 )
 packages_bench=(libbenchmark-dev sdcv valgrind)
 packages_screenshots=(qt6-gtk-platformtheme)
 packages_lint=(clang clang-tidy clang-format libclang-rt-14-dev)
+packages_coverage=(gcovr)
+packages_fuzz=(clang libclang-rt-14-dev)
 
 # ensure_packages NAME...: installs those that are not there yet, and says which.
 ensure_packages() {

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// Any bytes as a TEI document.
+#include "fuzzing/fuzzsupport.h"
+#include "fuzzing/fuzztarget.h"
+#include "fuzzing/sourceexercise.h"
+
+using namespace teskel::fuzz;
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const MemoryFile file;
+    file.setContent(reinterpret_cast<const char*>(data), size);
+    exerciseSource("tei", file.path().toStdString());
+    return 0;
+}
