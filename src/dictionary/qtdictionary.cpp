@@ -20,6 +20,8 @@ constexpr int maxCachedRecords = 100;
 constexpr unsigned short indexRecord = 0;
 constexpr unsigned short descriptionRecord = 2;
 constexpr unsigned short firstWordRecord = 5;
+/// Of the word index, read to open a file: that of a small dictionary is all there then.
+constexpr qint64 indexBeginningBytes = 4096;
 
 bool copyText(const char* text, std::size_t length, char* buffer, int size)
 {
@@ -69,11 +71,10 @@ int QtDictionary::open(const QString& fileName)
     }
     // A program that starts with a file opens it twice: as asked, and as the last one that was
     // open.
-    if (index.count() > 0 && stamp.isStill(_database->stamp())) {
+    if (!index.isEmpty() && stamp.isStill(_database->stamp())) {
         _index = std::move(index);
         _indexStamp = stamp;
-    }
-    if (!loadIndex()) {
+    } else if (!readIndex(indexBeginningBytes)) {
         qWarning("Cannot get first record");
         return -1;
     }
@@ -84,17 +85,17 @@ int QtDictionary::open(const QString& fileName)
     return 0;
 }
 
-// Reads the word index, unless it is held already.
-bool QtDictionary::loadIndex()
+// When fewer bytes than `most` come there are no more.
+bool QtDictionary::readIndex(qint64 most)
 {
-    if (_index.isLoaded())
-        return true;
     const teskel::FileStamp stamp = _database->stamp();
-    const RecordPointer record(_database->getRecords()->getData(indexRecord));
+    const RecordPointer record(_database->getRecords()->getBeginning(indexRecord, most));
     if (!record)
         return false;
     TESKEL_ASSERT(record->data != nullptr, "data!=NULL", unit);
-    _index.parse(record->data, record->size, getWordRecordCount());
+    static_assert(Record::spareBytes >= teskel::FoldedHead::bytes);
+    _index.take(std::unique_ptr<char[]>(std::exchange(record->data, nullptr)), record->size,
+                getWordRecordCount(), record->size < most);
     _indexStamp = stamp;
     return true;
 }
@@ -178,6 +179,8 @@ const teskel::TextRecord* QtDictionary::cachedRecord(int index)
     const teskel::TextRecord* record = _wordCache.object(index);
     if (record == nullptr)
         record = readRecord(index);
+    if (record == nullptr)
+        _missedRecord = index;
     _lastIndex = index;
     _lastRecord = record;
     return record;
@@ -254,20 +257,24 @@ int QtDictionary::wordCompare(const char* a, const char* b, bool prefix)
 // record's end. Goes on record by record while all headwords compare below the word.
 CursorPosition QtDictionary::findWord(const char* word, CursorPosition /*position*/, bool prefix)
 {
-    if (!TESKEL_ASSERT(isOpen(), "isOpen()", unit) || !word || !loadIndex())
+    if (!TESKEL_ASSERT(isOpen(), "isOpen()", unit) || !word)
         return CursorPosition::invalid();
-    const std::size_t length = prefix ? std::strlen(word) : teskel::wholeText;
+    if (!_index.isWhole() && !readIndex(QtRecords::maxRecordSize + 1)) {
+        _missedRecord = indexRecord;
+        return CursorPosition::invalid();
+    }
+    const teskel::FoldedWord wanted(word, prefix ? std::strlen(word) : teskel::wholeText);
     const unsigned short recordCount = getWordRecordCount();
-    for (std::size_t i = _index.recordFor(word, length); i < recordCount; ++i) {
+    for (std::size_t i = _index.recordFor(wanted); i < recordCount; ++i) {
         const auto recordIndex = static_cast<unsigned short>(i);
         const teskel::TextRecord* record = getTextRecord(recordIndex);
         if (!record || record->count() == 0)
             break;
-        const quint16 entry = record->firstNotBelow(word, length);
+        const quint16 entry = record->firstNotBelow(wanted);
         if (entry == record->count())
             continue;
-        const bool isFound = teskel::foldedCompare(record->word(entry), word, length) == 0;
-        return isFound ? CursorPosition::at(recordIndex, entry) : CursorPosition::invalid();
+        return wanted.isEqual(record->word(entry)) ? CursorPosition::at(recordIndex, entry)
+                                                   : CursorPosition::invalid();
     }
     return CursorPosition::invalid();
 }

@@ -11,6 +11,7 @@
 #include <QString>
 
 #include <memory>
+#include <utility>
 
 class QtPalmDatabase;
 
@@ -66,7 +67,8 @@ public:
     /// Opens a file by its Latin-1 path: 0, or -1 on failure. A file that is no dictionary is
     /// refused silently and leaves what was open; one that is an unusable dictionary stays
     /// attached. The very file that is open is opened anew, but for its word index, which is not
-    /// read again while the file did not change.
+    /// read again while the file did not change. Of a large index only the beginning is read here,
+    /// the whole by the first search, which fails where it cannot be read.
     int open(const char* fileName) override;
     /// The same for any path.
     int open(const QString& fileName);
@@ -98,11 +100,14 @@ public:
     const char* getDecompressedRecord(unsigned short index);
     /// The same word record with its entries, likewise.
     const teskel::TextRecord* getTextRecord(unsigned short recordIndex);
+    /// The number of the last database record that was needed and could not be had, since this was
+    /// asked last; -1 when there was none.
+    int takeMissedRecord() { return std::exchange(_missedRecord, -1); }
     /// Forgets the unpacked records, and which ones are damaged.
     void clearWordCache();
 
 private:
-    bool loadIndex();
+    bool readIndex(qint64 most);
     /// Unpacks a database record afresh; null when it cannot be read or is damaged, which is
     /// remembered.
     std::unique_ptr<teskel::TextRecord> decompressRecord(int index);
@@ -117,6 +122,7 @@ private:
     // The record asked for last: the cache drops it last of all. A walk asks for it at each step.
     const teskel::TextRecord* _lastRecord = nullptr;
     int _lastIndex = 0;
+    int _missedRecord = -1;
     QSet<int> _damagedRecords; // database record numbers; outside the cache, where they cost room
     teskel::WordIndex _index;
     teskel::FileStamp _indexStamp; // of the file when the index was read

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dictionary/foldedword.h"
 #include "dictionary/unpacking/decode.h"
 
 #include <vector>
@@ -15,8 +16,10 @@ namespace teskel
 class TextRecord
 {
 public:
-    /// NULs that must follow the text of `block`: they end a headword, its article and the record.
-    static constexpr std::size_t spareBytes = 3;
+    /// NULs that must follow the text of `block`. Three end a headword, its article and the record;
+    /// the others let the first bytes of every headword be read in one.
+    static constexpr std::size_t spareBytes = FoldedHead::bytes;
+    static_assert(spareBytes >= 3);
 
     /// @param block  a member unpacked with spareBytes spare bytes
     explicit TextRecord(MemberBlock block)
@@ -35,10 +38,9 @@ public:
     /// Where the empty headword stands that ends the record: at size() when there is none, beyond
     /// it when the last entry is cut off.
     [[nodiscard]] quint32 end() const;
-    /// The first entry, in record order, whose headword does not compare below `word` in its first
-    /// `length` bytes, or count(). Searched by halves where the headwords ascend, which gives the
-    /// same result.
-    [[nodiscard]] quint16 firstNotBelow(const char* word, std::size_t length) const;
+    /// The first entry, in record order, whose headword does not compare below `word`, or count().
+    /// Searched by halves where the headwords ascend, which gives the same result.
+    [[nodiscard]] quint16 firstNotBelow(const FoldedWord& word) const;
 
 private:
     void findEntries() const;

@@ -28,6 +28,8 @@ class TestQtRecords : public QObject
 private slots:
     void init();
     void readsEveryRecord();
+    void readsTheBeginningOfARecord();
+    void beginningOfARecordThatIsNotAllThere();
     void readsTheRecordList();
     void lastRecordRunsToTheEndOfTheFile();
     void databaseWithoutRecordsWarnsAndTries();
@@ -64,6 +66,30 @@ void TestQtRecords::readsEveryRecord()
     QCOMPARE(database.load(_path), 0);
     for (const auto index : std::initializer_list<unsigned short>{3, 0, 2, 1, 3})
         QCOMPARE(bytesOf(RecordPointer(database.getRecords()->getData(index))), contents.at(index));
+}
+
+void TestQtRecords::readsTheBeginningOfARecord()
+{
+    QVERIFY(PalmWriter().addRecord("first").addRecord("second").write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    QtRecords& records = *database.getRecords();
+    QCOMPARE(bytesOf(RecordPointer(records.getBeginning(0, 3))), QByteArray("fir"));
+    QCOMPARE(bytesOf(RecordPointer(records.getBeginning(0, 5))), QByteArray("first"));
+    QCOMPARE(bytesOf(RecordPointer(records.getBeginning(1, 100))), QByteArray("second"));
+    const RecordPointer record(records.getBeginning(0, 2));
+    QCOMPARE(QByteArray(record->data + record->size, Record::spareBytes),
+             QByteArray(Record::spareBytes, '\0'));
+}
+
+void TestQtRecords::beginningOfARecordThatIsNotAllThere()
+{
+    QVERIFY(PalmWriter().addRecord("first").addRecord("second").claimOffset(1, 500).write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    const WarningCapture warnings;
+    QVERIFY(!RecordPointer(database.getRecords()->getBeginning(0, 2)));
+    QCOMPARE(warnings.count(u"Cannot read record,bytes to read "_s), 1);
 }
 
 void TestQtRecords::readsTheRecordList()

@@ -8,13 +8,38 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <new>
+
+#include <unistd.h>
 
 namespace
 {
 constexpr auto unit = "qtpalmdb.cpp";
-constexpr qint64 maxRecordSize = qint64{64} << 20; // twice the largest word index there can be
+/// Records of no more bytes are read without asking first whether the file has them: a word record
+/// has some eight thousand.
+constexpr qint64 maxUnaskedBytes = qint64{64} << 10;
+
+// Where a device is a file, in one system call.
+qint64 readAt(QIODevice& device, qint64 offset, char* bytes, qint64 size)
+{
+    const auto* file = qobject_cast<QFileDevice*>(&device);
+    const int handle = file ? file->handle() : -1;
+    if (handle < 0)
+        return device.seek(offset) ? device.read(bytes, size) : -1;
+    qint64 done = 0;
+    while (done < size) {
+        const ssize_t count = ::pread(handle, bytes + done, static_cast<std::size_t>(size - done),
+                                      static_cast<off_t>(offset + done));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return count < 0 && done == 0 ? -1 : done;
+        done += count;
+    }
+    return done;
+}
 
 // A pipe would keep the program waiting, and no record of it could be reached.
 bool isPlainFile(const QString& fileName)
@@ -25,19 +50,9 @@ bool isPlainFile(const QString& fileName)
 PalmHeader parseHeader(const char* bytes)
 {
     PalmHeader header;
-    std::memcpy(header.name, bytes, sizeof header.name);
-    header.attributes = qFromBigEndian<quint16>(bytes + 32);
     header.version = qFromBigEndian<quint16>(bytes + 34);
-    header.creationDate = qFromBigEndian<quint32>(bytes + 36);
-    header.modificationDate = qFromBigEndian<quint32>(bytes + 40);
-    header.lastBackupDate = qFromBigEndian<quint32>(bytes + 44);
-    header.modificationNumber = qFromBigEndian<quint32>(bytes + 48);
-    header.appInfoOffset = qFromBigEndian<quint32>(bytes + 52);
-    header.sortInfoOffset = qFromBigEndian<quint32>(bytes + 56);
     std::memcpy(header.type, bytes + 60, sizeof header.type);
     std::memcpy(header.creator, bytes + 64, sizeof header.creator);
-    header.uniqueIdSeed = qFromBigEndian<quint32>(bytes + 68);
-    header.nextRecordList = qFromBigEndian<quint32>(bytes + 72);
     header.recordCount = qFromBigEndian<quint16>(bytes + 76);
     return header;
 }
@@ -170,42 +185,63 @@ bool QtRecords::getRecordMetaData(RecordMetaData* data, unsigned short index)
 {
     const bool hasTarget = TESKEL_ASSERT(data != nullptr, "data!=NULL", unit);
     TESKEL_ASSERT(index < _recordCount, "index<_recordCount", unit);
-    if (!hasTarget || !_device || !_device->reset() ||
-        !_device->seek(qint64{_firstRecordOffset} + qint64{entryBytes} * index))
-        return false;
-    char entry[entryBytes];
-    const qint64 count = _device->read(entry, entryBytes);
-    if (count != entryBytes) {
-        qWarning("Cannot read record meta data");
-        qWarning("bytes to read %d, bytes read %d", entryBytes, static_cast<int>(count));
-        return false;
+    return hasTarget && readEntries({data, 1}, index) == 1;
+}
+
+// Reads as many entries as `entries` has, one or two, from `index` on. Returns how many there were,
+// with a warning when one was missing.
+std::size_t QtRecords::readEntries(std::span<RecordMetaData> entries, unsigned short index)
+{
+    char bytes[2 * entryBytes];
+    if (!_device)
+        return 0;
+    const qint64 count = readAt(*_device, qint64{_firstRecordOffset} + qint64{entryBytes} * index,
+                                bytes, qint64{entryBytes} * std::ssize(entries));
+    std::size_t whole = 0;
+    for (; whole < entries.size() && qint64{entryBytes} * (qint64(whole) + 1) <= count; ++whole) {
+        const char* entry = bytes + whole * entryBytes;
+        entries[whole].offset = qFromBigEndian<quint32>(entry);
+        std::memcpy(entries[whole].attributes, entry + 4, sizeof entries[whole].attributes);
     }
-    data->offset = qFromBigEndian<quint32>(entry);
-    std::memcpy(data->attributes, entry + 4, sizeof data->attributes);
-    return true;
+    if (whole < entries.size()) {
+        qWarning("Cannot read record meta data");
+        qWarning("bytes to read %d, bytes read %d", entryBytes,
+                 static_cast<int>(count - qint64{entryBytes} * qint64(whole)));
+    }
+    return whole;
 }
 
 bool QtRecords::locate(unsigned short index, RecordExtent& extent)
 {
-    RecordMetaData entry;
-    if (!getRecordMetaData(&entry, index)) {
+    const bool isLast = index == _recordCount - 1;
+    RecordMetaData entries[2];
+    std::size_t found = 0;
+    if (index + 1 < _recordCount) {
+        found = readEntries(entries, index);
+    } else {
+        found = getRecordMetaData(&entries[0], index) ? 1 : 0;
+        if (found == 1 && !isLast)
+            found += getRecordMetaData(&entries[1], static_cast<unsigned short>(index + 1)) ? 1 : 0;
+    }
+    if (found == 0) {
         qWarning("Cannot get record meta data");
         return false;
     }
-    extent.offset = entry.offset;
-    if (index == _recordCount - 1) {
-        extent.size = _device->size() - extent.offset;
-        return true;
-    }
-    if (!getRecordMetaData(&entry, static_cast<unsigned short>(index + 1))) {
+    if (found == 1 && !isLast) {
         qWarning("Cannot read Record Meta data");
         return false;
     }
-    extent.size = qint64{entry.offset} - extent.offset;
+    extent.offset = entries[0].offset;
+    extent.size = (isLast ? _device->size() : qint64{entries[1].offset}) - extent.offset;
     return true;
 }
 
 Record* QtRecords::getData(unsigned short index)
+{
+    return getBeginning(index, maxRecordSize);
+}
+
+Record* QtRecords::getBeginning(unsigned short index, qint64 most)
 {
     TESKEL_ASSERT(_device != nullptr, "_device!=NULL", unit);
     TESKEL_ASSERT(_device && _device->isOpen(), "_device->isOpen()", unit);
@@ -216,20 +252,26 @@ Record* QtRecords::getData(unsigned short index)
     if (!locate(index, extent))
         return nullptr;
     const auto [offset, size] = extent;
-    RecordPointer result(new Record);
+    const qint64 wanted = std::min(size, most);
     // Memory is taken only for bytes that the file has, and for no giant of a sparse file.
-    qint64 count = std::clamp<qint64>(_device->size() - offset, 0, std::max<qint64>(size, 0));
-    if (count == size) {
+    const bool isAsked = size <= 0 || size > maxUnaskedBytes || wanted < size;
+    qint64 count = size;
+    if (isAsked)
+        count = std::clamp<qint64>(_device->size() - offset, 0, std::max<qint64>(size, 0));
+    const bool isThere = count == size;
+    RecordPointer result(new Record);
+    if (isThere) {
         if (size <= maxRecordSize)
-            result->data = new (std::nothrow) char[static_cast<std::size_t>(size)];
-        const bool isReady = result->data && _device->seek(offset);
-        count = isReady ? _device->read(result->data, size) : 0;
+            result->data =
+                new (std::nothrow) char[static_cast<std::size_t>(wanted) + Record::spareBytes];
+        count = result->data ? readAt(*_device, offset, result->data, wanted) : 0;
     }
-    if (count != size) {
+    if (!isThere || !result->data || count != wanted) {
         qWarning("Cannot read record,bytes to read %lld, bytes read %lld", size, count);
         return nullptr;
     }
-    result->size = static_cast<quint32>(size);
+    result->size = static_cast<quint32>(wanted);
+    std::memset(result->data + wanted, 0, Record::spareBytes);
     TESKEL_ASSERT(result->data != nullptr, "result->data!=NULL", unit);
     TESKEL_ASSERT(result->size != 0, "result->size!=0", unit);
     return result.release();

@@ -10,21 +10,11 @@
 
 #include <memory>
 
-/// The header of a Palm database, in host byte order.
+/// What is read of the header of a Palm database, in host byte order.
 struct PalmHeader {
-    char name[32] = {};
-    quint16 attributes = 0;
     quint16 version = 0;
-    quint32 creationDate = 0;
-    quint32 modificationDate = 0;
-    quint32 lastBackupDate = 0;
-    quint32 modificationNumber = 0;
-    quint32 appInfoOffset = 0;
-    quint32 sortInfoOffset = 0;
     char type[4] = {};
     char creator[4] = {};
-    quint32 uniqueIdSeed = 0;
-    quint32 nextRecordList = 0;
     quint16 recordCount = 0;
 };
 

@@ -3,14 +3,18 @@
 
 #include <QtGlobal>
 
+#include <cstddef>
 #include <memory>
+#include <span>
 
 class QIODevice;
 
 /// The bytes of one record. Whoever got it from QtRecords::getData() frees it: see RecordDeleter.
 struct Record {
     quint32 size = 0;     ///< bytes
-    char* data = nullptr; ///< from new[]
+    char* data = nullptr; ///< from new[]; spareBytes NULs follow that are none of the record
+
+    static constexpr quint32 spareBytes = 8;
 };
 
 /// Frees a record with its bytes.
@@ -51,8 +55,13 @@ public:
     /// Reads record `index` whole: a new record that the caller frees, or null on failure.
     virtual Record* getData(unsigned short index);
     virtual unsigned short getCount();
+    /// As getData(), with the first `most` bytes alone. A record of which the file has not every
+    /// byte fails all the same.
+    Record* getBeginning(unsigned short index, qint64 most);
 
     static constexpr int entryBytes = 8; ///< of one entry of the record list in the file
+    /// Larger records are not read: twice the largest word index there can be.
+    static constexpr qint64 maxRecordSize = qint64{64} << 20;
 
     /// Reads one entry of the record list.
     bool getRecordMetaData(RecordMetaData* data, unsigned short index);
@@ -64,6 +73,8 @@ public:
     void forgetDevice() { _device = nullptr; }
 
 private:
+    std::size_t readEntries(std::span<RecordMetaData> entries, unsigned short index);
+
     QIODevice* _device = nullptr;
     qint32 _firstRecordOffset = -1;
     quint16 _recordCount = 0;

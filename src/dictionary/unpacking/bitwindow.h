@@ -52,7 +52,7 @@ public:
         if (_ready < n)
             refill();
     }
-    /// The next `n` bits, 1 to 56; they must be ready.
+    /// The next `n` bits, 1 to 32; they must be ready.
     [[nodiscard]] unsigned peek(unsigned n) const
     {
         return static_cast<unsigned>(_bits >> (64 - n));
@@ -99,8 +99,8 @@ private:
     const unsigned char* _wordsEnd = nullptr; // before it eight bytes can be fetched
     quint64 _missing = 0;                     // bytes that are not there but claimed
     quint64 _beyond = 0;                      // bytes fetched beyond the end
-    quint64 _bits = 0; // below the ready bits: zeros, or the very bits that come next
-    unsigned _ready = 0;
+    quint64 _bits = 0;   // below the ready bits: zeros, or the very bits that come next
+    unsigned _ready = 0; // at most 63; 64 only where no word is left
 };
 
 } // namespace teskel

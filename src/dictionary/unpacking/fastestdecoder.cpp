@@ -17,6 +17,17 @@ namespace
 {
 constexpr unsigned literalBits = 9; // a length of 0 and the byte
 
+// Of a number of the widest kind: ones that tell the width, and the number.
+constexpr unsigned widest(unsigned firstWidth, unsigned lastWidth)
+{
+    return lastWidth - firstWidth + lastWidth;
+}
+constexpr unsigned longestLength = widest(arj::fastLengthFirstWidth, arj::fastLengthLastWidth);
+constexpr unsigned longestPosition =
+    widest(arj::fastPositionFirstWidth, arj::fastPositionLastWidth);
+static_assert(longestLength + longestPosition <= 56, "one refill serves a match");
+static_assert(longestPosition <= arj::maxCodeLength + arj::maxOwnBits, "as steploop.h counts");
+
 // A number whose width is told by leading one bits: each raises it by one, from FirstWidth to
 // LastWidth, and adds the numbers that the narrower width could hold.
 template<unsigned FirstWidth, unsigned LastWidth>
@@ -42,7 +53,7 @@ struct Number {
     }
 };
 using Length = Number<arj::fastLengthFirstWidth, arj::fastLengthLastWidth>;
-using Place = Number<arj::fastPositionFirstWidth, arj::fastPositionLastWidth>;
+using Position = Number<arj::fastPositionFirstWidth, arj::fastPositionLastWidth>;
 
 constexpr unsigned matchLength(const Length& length, quint64 bits)
 {
@@ -57,10 +68,10 @@ constexpr step::Step stepAt(quint64 bits)
     if (length.size() > step::lookupBits)
         return step::unknown;
     const step::Step match = step::match(matchLength(length, bits), length.size());
-    const Place place(bits << length.size());
-    if (length.size() + place.prefix > step::lookupBits)
+    const Position position(bits << length.size());
+    if (length.size() + position.prefix > step::lookupBits)
         return match + step::openFlag;
-    return match + step::position(place.prefix, place.width, false);
+    return match + step::position(position.prefix, position.width, false);
 }
 
 constexpr auto stepTable = [] {
@@ -72,17 +83,18 @@ constexpr auto stepTable = [] {
 
 // The codes of a stream, which has no blocks and nothing that means nothing.
 struct EndlessCodes {
+    // Below zero, modulo 2^32: the first width has a topmost bit, too, in writtenPosition().
     static constexpr unsigned positionBase = 1U - (1U << arj::fastPositionFirstWidth);
     static constexpr int wrapWarningLine = 469;
 
     [[nodiscard]] static const step::Step* steps() { return stepTable.data(); }
-    [[nodiscard]] static unsigned left() { return 2; }
+    [[nodiscard]] static unsigned left() { return 2; } // enough for any step
     static void count(unsigned /*codes*/) {}
 
-    [[nodiscard]] static Position positionAt(quint64 bits)
+    [[nodiscard]] static Source sourceAt(quint64 bits)
     {
-        const Place place(bits);
-        return {place.value(bits) + 1, place.size()};
+        const Position position(bits);
+        return {position.value(bits) + 1, position.size()};
     }
 
     static bool readCode(BitWindow& window, OutputWindow& output)
@@ -94,9 +106,9 @@ struct EndlessCodes {
         const Length length(window.bits());
         const unsigned bytes = matchLength(length, window.bits());
         window.drop(length.size());
-        const Position position = positionAt(window.bits());
-        output.putMatch(position.distance, bytes, wrapWarningLine);
-        window.drop(position.bits);
+        const Source source = sourceAt(window.bits());
+        output.putMatch(source.distance, bytes, wrapWarningLine);
+        window.drop(source.bits);
         return true;
     }
 };

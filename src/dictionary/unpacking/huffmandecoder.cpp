@@ -37,7 +37,7 @@ public:
     [[nodiscard]] unsigned left() const { return _left; }
     void count(unsigned codes) { _left -= codes; }
 
-    [[nodiscard]] Position positionAt(quint64 bits) const
+    [[nodiscard]] Source sourceAt(quint64 bits) const
     {
         const CodeEntry code = _tables.positions().find(bits);
         if (code.symbol >= arj::positionCodes)
@@ -69,8 +69,8 @@ private:
     static unsigned distance(unsigned symbol, quint64 bits)
     {
         const unsigned own = arj::ownBits(symbol);
-        const auto written = static_cast<unsigned>(bits >> 1 >> (63 - own));
-        return symbol == 0 ? 1 : positionBase + (1U << own) + written;
+        const auto ownValue = static_cast<unsigned>(bits >> 1 >> (63 - own));
+        return symbol == 0 ? 1 : positionBase + (1U << own) + ownValue;
     }
 
     BlockTables _tables;

@@ -10,13 +10,14 @@
 /// | 0-5   | bits of the codes       | bits of both codes and the position's own                |
 /// | 6     | 0                       | 1                                                        |
 /// | 7-22  | the bytes, 8 bits each, | 7-12: bits of both codes less one; 13-18: 63 less the    |
-/// |       | the first one lowest    | position's own bits; 19: 1, or 0 for the nearest position|
+/// |       | the first one lowest    | position's own bits, by both of which writtenPosition()  |
+/// |       |                         | shifts; 19: 1, or 0 for the nearest position             |
 /// | 23-30 | bytes less one          | bytes less one                                           |
 /// | 31    | 0                       | 0                                                        |
 ///
-/// An open step has bit 31 set, because 12 bits do not say it all. If it gives out three bytes or
-/// more it is a match, has the bits of the length's code alone, and the position follows. Else
-/// nothing is known.
+/// An open step has bit 31 set, because 12 bits do not say it all. With bit 6 it is a match whose
+/// position follows: bits 0-5 are those of the length's code alone, and bits 7-19 mean nothing.
+/// Without bit 6 nothing is known.
 ///
 /// A position's code tells how many bits of its own follow: all but the topmost, which is always
 /// set. The nearest position, a distance of 1, may have a code and no such bits at all.
@@ -41,31 +42,32 @@ inline constexpr Step unknown = openFlag;
 
 inline constexpr quint64 topBit = quint64{1} << 63;
 
-/// A literal whose code has `bits` bits.
-constexpr Step literal(unsigned byte, unsigned bits)
+/// A literal whose code has so many bits.
+constexpr Step literal(unsigned byte, unsigned codeBits)
 {
-    return bits | byte << literalsShift;
+    return codeBits | byte << literalsShift;
 }
 
 /// What a second literal adds to the first.
-constexpr Step second(unsigned byte, unsigned bits)
+constexpr Step second(unsigned byte, unsigned codeBits)
 {
-    return bits | byte << (literalsShift + 8) | 1U << bytesShift;
+    return codeBits | byte << (literalsShift + 8) | 1U << bytesShift;
 }
 
-/// The length of a match, 3 to 256, whose code has `bits` bits. position() or openFlag is to be
+/// The length of a match, 3 to 256, whose code has so many bits. position() or openFlag is to be
 /// added.
-constexpr Step match(unsigned length, unsigned bits)
+constexpr Step match(unsigned length, unsigned codeBits)
 {
-    return bits | matchFlag | bits << codesShift | (length - 1) << bytesShift;
+    return codeBits | matchFlag | codeBits << codesShift | (length - 1) << bytesShift;
 }
 
-/// What a position adds to a match: `bits` of code, and `own` bits behind it. The match's code has
-/// a bit at least.
-constexpr Step position(unsigned bits, unsigned own, bool isNearest)
+/// What a position adds to a match: bits of its code, and `own` bits behind it. The match's code
+/// has a bit at least.
+constexpr Step position(unsigned codeBits, unsigned own, bool isNearest)
 {
-    const Step codes = (bits << codesShift) - (1U << codesShift); // the one less is that of both
-    return bits + own + codes + ((63 - own) << ownShift) + (isNearest ? 0 : fartherFlag);
+    const Step codes =
+        (codeBits << codesShift) - (1U << codesShift); // the one less is that of both
+    return codeBits + own + codes + ((63 - own) << ownShift) + (isNearest ? 0 : fartherFlag);
 }
 
 constexpr bool isMatch(Step step)
@@ -91,11 +93,11 @@ constexpr quint16 literals(Step step)
 {
     return static_cast<quint16>(step >> literalsShift);
 }
-/// Of a match that is not open: the position's bits out of `bits`, at whose top the step was found,
-/// with the topmost one. The last bit of the codes makes room for that.
-constexpr unsigned writtenPosition(Step step, quint64 bits)
+/// Of a match that is not open: the position's bits out of `stream`, at whose top the step was
+/// found, with the topmost one. The last bit of the codes makes room for that.
+constexpr unsigned writtenPosition(Step step, quint64 stream)
 {
-    return static_cast<unsigned>((bits << (step >> codesShift & bitsMask) | topBit) >>
+    return static_cast<unsigned>((stream << (step >> codesShift & bitsMask) | topBit) >>
                                  (step >> ownShift & bitsMask));
 }
 

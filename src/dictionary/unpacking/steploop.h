@@ -12,19 +12,20 @@
 
 /// Decodes codes step by step (see step.h), for all methods. What differs between them is `Codes`:
 ///
-///     static constexpr unsigned positionBase;  // to be added to a position, to get a distance
+///     static constexpr unsigned positionBase;  // what is added to step::writtenPosition() to get
+///                                              // a distance
 ///     static constexpr int wrapWarningLine;    // see OutputWindow::putMatch()
 ///     const step::Step* steps() const;         // the steps, by the next bits of the stream
 ///     unsigned left() const;                   // codes of the block still to come
 ///     void count(unsigned codes);              // so many were read
-///     Position positionAt(quint64 bits) const; // the position at the top of `bits`
-///     bool readCode(BitWindow&, OutputWindow&) // one code without a table; false where none
-///     stands
+///     Source sourceAt(quint64 bits) const;     // the position at the top of `bits`
+///     bool readCode(BitWindow&, OutputWindow&) // one code without the steps, of 56 ready bits;
+///                                              // false where none stands
 namespace teskel
 {
 
 /// Where a match copies from, and how many bits say so; a distance of 0 where no code stands.
-struct Position {
+struct Source {
     unsigned distance = 0;
     unsigned bits = 0;
 };
@@ -34,23 +35,27 @@ struct Position {
 /// Each turn takes one step, which the turn before looked up, so that the table answers while bytes
 /// are copied. A turn must not branch on what only the text decides, so literals and matches go the
 /// same way. Literals are a match whose distance is the whole output: 32 bytes are copied from its
-/// start, which does nothing but fill memory that is written later. Then the literals are stored:
-/// where they belong, or, if it is a match, 64 bytes further on, where they do no harm, either.
+/// start, to memory beyond the output, which nobody reads before it is written. Then the literals
+/// are stored: where they belong, or, if it is a match, parked 64 bytes further on, where they do
+/// no harm, either. So a match writes
 ///
 ///     |<- output so far ->|<- 32 bytes copied ->|     |<-2->|
 ///     0                   at                  at+32  at+64 at+66
 ///
 /// Matches of more than 32 bytes, from less than 16 back, or with a long code go the slower way.
-/// What is neither is left to takeStep(), as is everything near an end.
+/// Steps that are unknown, and matches from before the output, are left to takeStep(), as is
+/// everything near an end.
 template<typename Codes>
 void runSteps(BitWindow& window, OutputWindow& output, Codes& codes)
 {
     using namespace step;
+    constexpr unsigned mostCodesOfStep = 2;
     constexpr unsigned pieceSize = 16; // is copied at once, so it must come from as far back
     constexpr unsigned copiedSize = 2 * pieceSize;
     constexpr unsigned literalsSize = 2;
-    constexpr unsigned room = matchFlag + literalsSize; // how far from `at` a turn may write
-    static_assert(copiedSize <= matchFlag, "a match's own bytes lie before what it stores");
+    constexpr unsigned parkedAt = matchFlag; // the flag's value, so that it needs no branch
+    constexpr unsigned room = parkedAt + literalsSize; // how far from `at` a turn may write
+    static_assert(copiedSize <= parkedAt, "a match's own bytes lie before what it parks");
     // A turn begins with 56 bits. It looks the next step up behind this one and then refills. The
     // longest way: a length's code, the long code of a position, its own bits, the next step.
     static_assert(lookupBits + arj::maxCodeLength + arj::maxOwnBits + lookupBits <= 56);
@@ -65,13 +70,13 @@ void runSteps(BitWindow& window, OutputWindow& output, Codes& codes)
 
     ahead.refillFromWord();
     Step next = steps[ahead.peek(lookupBits)];
-    while (ahead.hasWord() && at <= capacity - room && codes.left() >= 2) {
+    while (ahead.hasWord() && at <= capacity - room && codes.left() >= mostCodesOfStep) {
         const Step now = next;
         const unsigned more = now >> bytesShift;     // bytes but one; 256 and up when it is open
-        const unsigned literalsAt = now & matchFlag; // 0, or for a match 64
+        const unsigned literalsAt = now & matchFlag; // 0, or for a match parkedAt
         unsigned distance = writtenPosition(now, ahead.bits()) + Codes::positionBase;
         // Of literals it is `at`. A mask, as the compiler would make a jump of "?:".
-        distance = at + ((distance - at) & (0U - literalsAt / matchFlag));
+        distance = at + ((distance - at) & (0U - literalsAt / parkedAt));
 
         // Below 16 the first difference wraps, so this asks for 16 <= distance <= at.
         if (distance - pieceSize > at - pieceSize || more >= copiedSize) [[unlikely]] {
@@ -79,13 +84,13 @@ void runSteps(BitWindow& window, OutputWindow& output, Codes& codes)
             if (now == unknown)
                 break;
             if (isOpen(now)) {
-                const Position position = codes.positionAt(ahead.bits() << used);
-                distance = position.distance;
-                used += position.bits;
+                const Source source = codes.sourceAt(ahead.bits() << used);
+                distance = source.distance;
+                used += source.bits;
             } else if ((now & fartherFlag) == 0) {
                 distance = 1;
             }
-            const bool isWithin = distance - 1 < at;
+            const bool isWithin = distance - 1 < at; // 0, where no code stands, wraps and is not
             if (!isWithin || bytes(now) + OutputWindow::copyMargin > capacity - at)
                 break;
             ahead.drop(used);
@@ -145,7 +150,7 @@ template<typename Codes>
 bool decodeCodes(BitWindow& window, OutputWindow& output, Codes& codes)
 {
     while (!output.isFull() && codes.left() > 0) {
-        runSteps(window, output, codes);
+        runSteps(window, output, codes); // never fills the output
         if (codes.left() > 0 && !takeStep(window, output, codes))
             return false;
     }

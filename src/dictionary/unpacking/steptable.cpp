@@ -14,12 +14,12 @@ using step::Step;
 // What stands in the bits that are left behind a code: for each value of them, a number to be added
 // to the code's step, or `nothing` if what stands there needs more bits.
 template<Step nothing>
-class Rest
+class Following
 {
 public:
-    Rest() = default;
-    Q_DISABLE_COPY_MOVE(Rest)
-    ~Rest() = default;
+    Following() = default;
+    Q_DISABLE_COPY_MOVE(Following)
+    ~Following() = default;
 
     // Fills the table for `left` bits, 0 to 11. `addend` tells what a symbol and the length of its
     // code add.
@@ -36,7 +36,8 @@ public:
         }
         std::fill(slot, _addends + _size, nothing);
     }
-    // Goes over to one bit less: what differs in that bit does not fit any more.
+    // Goes over to one bit less: what differs in that bit does not fit any more. Equal numbers are
+    // always those of the same symbol.
     void halve()
     {
         _size /= 2;
@@ -81,7 +82,7 @@ Step position(unsigned symbol, unsigned length)
     return step::position(length, arj::ownBits(symbol), symbol == 0);
 }
 
-Step openStep(unsigned symbol, unsigned length)
+Step onlySymbolStep(unsigned symbol, unsigned length)
 {
     return symbol < arj::literalCount
                ? step::literal(symbol, length)
@@ -94,7 +95,7 @@ Step openStep(unsigned symbol, unsigned length)
 void StepTable::build(const CharacterCode& characters, const PositionCode& positions)
 {
     if (characters.countUpTo(0) > 0) {
-        _steps.fill(openStep(characters.symbolAt(0), 0));
+        _steps.fill(onlySymbolStep(characters.symbolAt(0), 0)); // its code has no bits
         return;
     }
     Step* slot = _steps.data();
@@ -102,8 +103,8 @@ void StepTable::build(const CharacterCode& characters, const PositionCode& posit
     while (length <= step::lookupBits && characters.countUpTo(length) == 0)
         ++length;
     if (length <= step::lookupBits) {
-        Rest<0> seconds;
-        Rest<step::openFlag> positionsBehind;
+        Following<0> seconds;
+        Following<step::openFlag> positionsBehind;
         seconds.fill(step::lookupBits - length, characters, second);
         positionsBehind.fill(step::lookupBits - length, positions, position);
         for (unsigned index = 0; length <= step::lookupBits; ++length) {
