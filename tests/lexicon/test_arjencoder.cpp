@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "dictionary/unpacking/decode.h"
 #include "lexicon/packing/arjmember.h"
-#include "tests/support/childprocess.h"
+#include "tests/lexicon/packedarchive.h"
 #include "tests/support/palmwriter.h"
 
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -16,6 +15,7 @@ using namespace Qt::StringLiterals;
 
 using teskel::ArjEncoder;
 using teskel::ArjMember;
+using teskel::test::runArchiver;
 
 /// Packs blocks of many kinds with every method and lets our own decoder and two independent
 /// programs unpack them.
@@ -58,6 +58,15 @@ QByteArray text(int count)
     return bytes.left(count);
 }
 
+/// Text in which a match that begins one byte later is always one byte longer.
+QByteArray growing(int count)
+{
+    QByteArray bytes;
+    for (int length = 1; bytes.size() < count; ++length)
+        bytes += text(300).right(length % 300) + static_cast<char>(length);
+    return bytes.left(count);
+}
+
 /// Bytes whose counts are Fibonacci numbers: their Huffman tree is as deep as can be.
 QByteArray fibonacciBytes()
 {
@@ -91,6 +100,9 @@ void addBlocks()
         {"two full matches of one byte", QByteArray(513, 'r')},
         {"run of the largest size", QByteArray(32767, 'a')},
         {"two bytes by turns", QByteArray("ab").repeated(5000)},
+        {"a period just short of the longest match", text(255).repeated(128)},
+        {"a period just beyond the longest match", text(257).repeated(127)},
+        {"matches that each grow by a byte", growing(32000)},
         {"every byte once",
          [] {
              QByteArray all;
@@ -118,37 +130,6 @@ std::string packed(const QByteArray& block, int method)
 {
     ArjEncoder encoder(method);
     return ArjMember::pack({block.constData(), static_cast<size_t>(block.size())}, encoder);
-}
-
-QByteArray number(quint32 value, int bytes)
-{
-    QByteArray result;
-    for (int i = 0; i < bytes; ++i)
-        result += static_cast<char>(static_cast<quint8>(value >> (8 * i)));
-    return result;
-}
-
-/// An archive of one member: main header, member, end mark.
-QByteArray archiveOf(const std::string& member)
-{
-    QByteArray header = QByteArray::fromHex("1e030102000202000000210000002100") +
-                        QByteArray(14, '\0') + QByteArray("r.arj\0\0", 7);
-    const auto checksum = static_cast<quint32>(::crc32(
-        0, reinterpret_cast<const Bytef*>(header.constData()), static_cast<uInt>(header.size())));
-    return QByteArray::fromHex("60ea") + number(static_cast<quint32>(header.size()), 2) + header +
-           number(checksum, 4) + number(0, 2) + QByteArray::fromStdString(member) +
-           QByteArray::fromHex("60ea0000");
-}
-
-int run(const QString& program, const QStringList& arguments, const QString& directory)
-{
-    QProcess process;
-    process.setWorkingDirectory(directory);
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    const teskel::test::ProgramResult result = teskel::test::runToEnd(process, program, arguments);
-    if (result.code != 0)
-        qInfo("%s", result.out.constData());
-    return result.code;
 }
 
 } // namespace
@@ -184,12 +165,13 @@ void TestArjEncoder::arjAndSevenZipUnpackIt()
     const QString sevenZip = QStandardPaths::findExecutable(u"7zz"_s);
     QVERIFY2(!arj.isEmpty() && !sevenZip.isEmpty(), "needs the Debian packages arj and 7zip");
     const QTemporaryDir directory;
+    const QByteArray member = QByteArray::fromStdString(packed(block, method));
     QVERIFY(
-        teskel::test::writeFile(directory.filePath(u"a.arj"_s), archiveOf(packed(block, method))));
-    QCOMPARE(run(sevenZip, {u"t"_s, u"a.arj"_s}, directory.path()), 0);
-    QCOMPARE(run(arj, {u"t"_s, u"-y"_s, u"a.arj"_s}, directory.path()), 0);
-    QCOMPARE(run(arj, {u"e"_s, u"-y"_s, u"a.arj"_s}, directory.path()), 0);
-    QFile unpacked(directory.filePath(u"r"_s));
+        teskel::test::writeFile(directory.filePath(u"a.arj"_s), teskel::test::archiveOf({member})));
+    QCOMPARE(runArchiver(sevenZip, {u"t"_s, u"a.arj"_s}, directory.path()), 0);
+    QCOMPARE(runArchiver(arj, {u"t"_s, u"-y"_s, u"a.arj"_s}, directory.path()), 0);
+    QCOMPARE(runArchiver(arj, {u"e"_s, u"-y"_s, u"a.arj"_s}, directory.path()), 0);
+    QFile unpacked(directory.filePath(u"0"_s));
     QVERIFY(unpacked.open(QIODevice::ReadOnly));
     QVERIFY(unpacked.readAll() == block);
 }

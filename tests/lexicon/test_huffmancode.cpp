@@ -3,6 +3,9 @@
 
 #include <QTest>
 
+#include <array>
+#include <vector>
+
 using teskel::HuffmanCode;
 
 class TestHuffmanCode : public QObject
@@ -94,7 +97,7 @@ void TestHuffmanCode::lengthsStayWithinSixteenBits()
 
 void TestHuffmanCode::codesAreCanonical()
 {
-    const HuffmanCode code({1, 1, 2, 4});
+    const HuffmanCode code(std::array<uint32_t, 4>{1, 1, 2, 4});
     QCOMPARE(code.length(3), 1U);
     QCOMPARE(code.code(3), 0U);
     QCOMPARE(code.length(2), 2U);

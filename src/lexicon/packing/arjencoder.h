@@ -29,8 +29,7 @@ public:
 
 private:
     void tokenize(std::string_view data);
-    void addLiteral(char byte);
-    void addMatch(const Match& match);
+    int gain(const Match& match) const;
 
     const ArjMethod& _method;
     MatchFinder _finder;

@@ -2,12 +2,11 @@
 #include "lexicon/packing/arjmember.h"
 
 #include "dictionary/unpacking/arjformat.h"
+#include "dictionary/unpacking/crc32.h"
 
 #include <QByteArray>
 #include <QDataStream>
 #include <QIODevice>
-
-#include <zlib.h>
 
 namespace teskel
 {
@@ -25,8 +24,7 @@ constexpr quint16 regularFileMode = 0100644;
 
 quint32 checksum(std::string_view data)
 {
-    return static_cast<quint32>(
-        ::crc32(0, reinterpret_cast<const Bytef*>(data.data()), static_cast<uInt>(data.size())));
+    return crc32(data.data(), data.size());
 }
 
 void appendRaw(QDataStream& out, std::string_view bytes)

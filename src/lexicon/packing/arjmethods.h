@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lexicon/packing/arjtoken.h"
+#include "lexicon/packing/matchfinder.h"
 
 #include <string>
 #include <vector>
@@ -12,9 +13,9 @@ namespace teskel
 /// A way to pack: how hard it looks for repetitions, and the stream that it writes.
 struct ArjMethod {
     int number;
-    unsigned maxDistance; ///< farthest repetition that it may use
-    unsigned tries;       ///< earlier places looked at per position
-    unsigned goodEnough;  ///< a match this long is taken without looking one byte further
+    MatchFinder::Limits limits;
+    unsigned goodEnough; ///< a match this long is taken without looking further
+    int literalBits;     ///< what a byte takes that is in no match, about
     void (*writeStream)(const std::vector<ArjToken>& tokens, std::string& out);
 };
 

@@ -2,7 +2,6 @@
 #include "lexicon/packing/huffmancode.h"
 
 #include <algorithm>
-#include <array>
 
 namespace teskel
 {
@@ -10,38 +9,85 @@ namespace teskel
 namespace
 {
 
-/// Depths of the leaves of a Huffman tree over ascending weights, by the two-queue method.
-std::vector<unsigned> leafDepths(const std::vector<uint64_t>& weights)
+constexpr std::size_t mostNodes = std::size_t{2} * HuffmanCode::maxSymbols;
+
+/// The used symbols, the rarest first; of equally rare ones the lower first.
+class Ranking
 {
-    const size_t leaves = weights.size();
-    const size_t nodes = 2 * leaves - 1;
-    std::vector<uint64_t> weight(weights);
-    weight.reserve(nodes);
-    std::vector<size_t> parent(nodes, 0);
-    size_t nextLeaf = 0;
-    size_t nextInner = leaves;
-    const auto takeLightest = [&] {
-        const bool leaf = nextLeaf < leaves &&
-                          (nextInner >= weight.size() || weight[nextLeaf] <= weight[nextInner]);
-        return leaf ? nextLeaf++ : nextInner++;
-    };
-    while (weight.size() < nodes) {
-        const size_t first = takeLightest();
-        const size_t second = takeLightest();
-        parent[first] = parent[second] = weight.size();
-        weight.push_back(weight[first] + weight[second]);
+public:
+    explicit Ranking(std::span<const uint32_t> counts)
+    {
+        for (uint32_t symbol = 0; symbol < counts.size(); ++symbol) {
+            if (counts[symbol] > 0)
+                _keys[_size++] = uint64_t{counts[symbol]} << symbolBits | symbol;
+        }
+        std::sort(_keys.begin(), _keys.begin() + _size);
     }
-    std::vector<unsigned> depth(nodes, 0);
-    for (size_t node = nodes - 1; node-- > 0;)
-        depth[node] = depth[parent[node]] + 1;
-    depth.resize(leaves);
-    return depth;
-}
+
+    unsigned size() const { return _size; }
+    unsigned symbol(unsigned rank) const { return _keys[rank] & ((1U << symbolBits) - 1); }
+    uint32_t count(unsigned rank) const { return static_cast<uint32_t>(_keys[rank] >> symbolBits); }
+
+private:
+    static constexpr unsigned symbolBits = 16;
+
+    unsigned _size = 0;
+    std::array<uint64_t, HuffmanCode::maxSymbols> _keys; // _size of them are set
+};
+
+/// A leaf at depth n has at least Fibonacci number n uses beside it: 47 are too many to count.
+constexpr unsigned maxDepth = 47;
+using LeavesAtDepth = std::array<unsigned, maxDepth + 1>;
+
+/// The depths of a Huffman tree over ascending weights, by the two-queue method: leaves and inner
+/// nodes each come in ascending order, so that the lightest node is always the next of one of them.
+class Tree
+{
+public:
+    /// There are two symbols at least.
+    explicit Tree(const Ranking& ranking)
+        : _leaves(ranking.size())
+    {
+        for (unsigned rank = 0; rank < _leaves; ++rank)
+            _weight[rank] = ranking.count(rank);
+        unsigned nextLeaf = 0;
+        unsigned nextInner = _leaves;
+        for (unsigned made = _leaves; made <= root(); ++made) {
+            _weight[made] = 0;
+            for (int child = 0; child < 2; ++child) {
+                const bool isLeaf = nextLeaf < _leaves &&
+                                    (nextInner == made || _weight[nextLeaf] <= _weight[nextInner]);
+                const unsigned lightest = isLeaf ? nextLeaf++ : nextInner++;
+                _weight[made] += _weight[lightest];
+                _parent[lightest] = static_cast<uint16_t>(made);
+            }
+        }
+    }
+
+    LeavesAtDepth leavesAtDepth() const
+    {
+        LeavesAtDepth leaves{};
+        std::array<uint8_t, mostNodes> depth;
+        depth[root()] = 0;
+        for (unsigned node = root(); node-- > 0;) {
+            depth[node] = static_cast<uint8_t>(depth[_parent[node]] + 1);
+            leaves[depth[node]] += node < _leaves ? 1 : 0;
+        }
+        return leaves;
+    }
+
+private:
+    unsigned root() const { return 2 * _leaves - 2; }
+
+    unsigned _leaves;
+    std::array<uint32_t, mostNodes> _weight; // those of nodes that there are
+    std::array<uint16_t, mostNodes> _parent; // likewise
+};
 
 /// Moves leaves up until none is deeper than the limit; the tree stays complete.
-void limitDepths(std::vector<unsigned>& leavesAtDepth)
+void limitDepths(LeavesAtDepth& leavesAtDepth)
 {
-    for (size_t depth = leavesAtDepth.size() - 1; depth > HuffmanCode::maxLength; --depth) {
+    for (size_t depth = maxDepth; depth > HuffmanCode::maxLength; --depth) {
         while (leavesAtDepth[depth] > 0) {
             // Two siblings leave: one takes the place of their parent, the other becomes the
             // sibling of a leaf from higher up, which moves down one level.
@@ -58,71 +104,36 @@ void limitDepths(std::vector<unsigned>& leavesAtDepth)
 
 } // namespace
 
-HuffmanCode::HuffmanCode(const std::vector<uint32_t>& counts)
-    : _lengths(counts.size(), 0)
-    , _codes(counts.size(), 0)
+HuffmanCode::HuffmanCode(std::span<const uint32_t> counts)
+    : _symbolCount(static_cast<unsigned>(counts.size()))
 {
-    std::vector<unsigned> sorted;
-    for (unsigned symbol = 0; symbol < counts.size(); ++symbol) {
-        if (counts[symbol] > 0)
-            sorted.push_back(symbol);
-    }
-    if (sorted.size() <= 1) {
+    const Ranking ranking(counts);
+    if (ranking.size() <= 1) {
         _isLone = true;
-        _loneSymbol = sorted.empty() ? 0 : sorted.front();
+        _loneSymbol = ranking.size() == 0 ? 0 : ranking.symbol(0);
         return;
     }
-    std::stable_sort(sorted.begin(), sorted.end(),
-                     [&](unsigned a, unsigned b) { return counts[a] < counts[b]; });
-    assignLengths(counts, sorted);
-    assignCodes();
-}
-
-void HuffmanCode::assignLengths(const std::vector<uint32_t>& counts,
-                                const std::vector<unsigned>& sorted)
-{
-    std::vector<uint64_t> weights;
-    weights.reserve(sorted.size());
-    for (const unsigned symbol : sorted)
-        weights.push_back(counts[symbol]);
-    const std::vector<unsigned> depths = leafDepths(weights);
-    std::vector<unsigned> leavesAtDepth(*std::max_element(depths.begin(), depths.end()) + 1, 0);
-    for (const unsigned depth : depths)
-        ++leavesAtDepth[depth];
+    LeavesAtDepth leavesAtDepth = Tree(ranking).leavesAtDepth();
     limitDepths(leavesAtDepth);
     // The rarest symbols get the longest codes.
-    size_t next = 0;
-    for (size_t depth = leavesAtDepth.size() - 1; depth > 0; --depth) {
+    unsigned rank = 0;
+    for (unsigned depth = maxLength; depth > 0; --depth) {
         for (unsigned i = 0; i < leavesAtDepth[depth]; ++i)
-            _lengths[sorted[next++]] = static_cast<uint8_t>(depth);
+            _lengths[ranking.symbol(rank++)] = static_cast<uint8_t>(depth);
     }
+    _usedSymbols = _symbolCount;
+    while (_lengths[_usedSymbols - 1] == 0)
+        --_usedSymbols;
+    assignCodes(leavesAtDepth);
 }
 
-void HuffmanCode::assignCodes()
+void HuffmanCode::assignCodes(std::span<const unsigned> leavesAtDepth)
 {
-    std::array<uint32_t, maxLength + 2> next{};
-    for (const uint8_t length : _lengths) {
-        if (length > 0)
-            ++next[length + 1U];
-    }
-    // next[n] held the number of codes of length n - 1; turn it into the first code of length n.
-    uint32_t first = 0;
-    for (unsigned length = 1; length <= maxLength; ++length) {
-        first = (first + next[length]) << 1;
-        next[length] = first;
-    }
-    for (size_t symbol = 0; symbol < _lengths.size(); ++symbol) {
-        if (_lengths[symbol] > 0)
-            _codes[symbol] = static_cast<uint16_t>(next[_lengths[symbol]]++);
-    }
-}
-
-unsigned HuffmanCode::usedSymbols() const
-{
-    unsigned used = symbolCount();
-    while (used > 0 && _lengths[used - 1] == 0)
-        --used;
-    return used;
+    std::array<uint32_t, maxLength + 1> next{};
+    for (unsigned length = 2; length <= maxLength; ++length)
+        next[length] = (next[length - 1] + leavesAtDepth[length - 1]) << 1;
+    for (unsigned symbol = 0; symbol < _usedSymbols; ++symbol)
+        _codes[symbol] = static_cast<uint16_t>(next[_lengths[symbol]]++);
 }
 
 } // namespace teskel

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cstdint>
-#include <vector>
+#include <span>
 
 namespace teskel
 {
@@ -15,27 +16,30 @@ class HuffmanCode
 {
 public:
     static constexpr unsigned maxLength = 16;
+    static constexpr unsigned maxSymbols = 512;
 
-    /// Makes the code of `counts[symbol]` uses. Symbols without uses get length 0. A lone symbol
-    /// needs no bits at all: its length is 0 too, and isLone() is true.
-    explicit HuffmanCode(const std::vector<uint32_t>& counts);
+    /// Makes the code of `counts[symbol]` uses, of at most maxSymbols symbols; together they are
+    /// below 2^32. Symbols without uses get length 0. A lone symbol needs no bits at all: its
+    /// length is 0 too, and isLone() is true.
+    explicit HuffmanCode(std::span<const uint32_t> counts);
 
     unsigned length(unsigned symbol) const { return _lengths[symbol]; }
     uint32_t code(unsigned symbol) const { return _codes[symbol]; }
-    unsigned symbolCount() const { return static_cast<unsigned>(_lengths.size()); }
+    unsigned symbolCount() const { return _symbolCount; }
     /// Highest symbol with a length, plus 1.
-    unsigned usedSymbols() const;
+    unsigned usedSymbols() const { return _usedSymbols; }
     /// At most one symbol is used.
     bool isLone() const { return _isLone; }
     /// The only symbol used; 0 when there is none.
     unsigned loneSymbol() const { return _loneSymbol; }
 
 private:
-    void assignLengths(const std::vector<uint32_t>& counts, const std::vector<unsigned>& sorted);
-    void assignCodes();
+    void assignCodes(std::span<const unsigned> leavesAtDepth);
 
-    std::vector<uint8_t> _lengths;
-    std::vector<uint16_t> _codes;
+    unsigned _symbolCount;
+    unsigned _usedSymbols = 0;
+    std::array<uint8_t, maxSymbols> _lengths{};
+    std::array<uint16_t, maxSymbols> _codes{};
     bool _isLone = false;
     unsigned _loneSymbol = 0;
 };

@@ -5,7 +5,7 @@
 #include "lexicon/packing/bitwriter.h"
 #include "lexicon/packing/huffmancode.h"
 
-#include <algorithm>
+#include <array>
 #include <bit>
 
 namespace teskel
@@ -103,7 +103,7 @@ void putCharLengths(BitWriter& bits, const HuffmanCode& chars)
         bits.put(arj::charCountBits, chars.loneSymbol());
         return;
     }
-    std::vector<uint32_t> counts(arj::lengthCodes, 0);
+    std::array<uint32_t, arj::lengthCodes> counts{};
     visitCharLengths(chars, [&](unsigned symbol, unsigned, unsigned) { ++counts[symbol]; });
     const HuffmanCode lengths(counts);
     putLengths(bits, lengths, arj::lengthCountBits, arj::lengthSkipIndex);
@@ -120,8 +120,8 @@ void writeHuffmanStream(const std::vector<ArjToken>& tokens, std::string& out)
 {
     if (tokens.empty())
         return;
-    std::vector<uint32_t> charCounts(arj::charCodes, 0);
-    std::vector<uint32_t> positionCounts(arj::positionCodes, 0);
+    std::array<uint32_t, arj::charCodes> charCounts{};
+    std::array<uint32_t, arj::positionCodes> positionCounts{};
     for (const ArjToken& token : tokens) {
         ++charCounts[charCode(token)];
         if (token.length > 0)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lexicon/packing/hashchain.h"
+
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -14,40 +16,45 @@ struct Match {
     unsigned distance = 0;
 };
 
-/// Finds earlier occurrences of the bytes ahead in one block, by chains of equal hashes.
+/// Finds earlier occurrences of the bytes ahead in one block.
 ///
-/// One finder serves many blocks; starting a block costs nothing but its own bytes.
+/// Two chains of places are kept: where a few bytes are the same, and where eight are. The second
+/// is searched first: text of few words, whose short matches are too many to be looked at, has few
+/// of these. The work for a byte is bounded, whatever the block holds.
 class MatchFinder
 {
 public:
     struct Limits {
-        unsigned minLength;   ///< shortest match worth reporting, at least 3
-        unsigned maxLength;   ///< longest match the format can express
+        unsigned minLength; ///< shortest match looked for, 3 to longLength; a longer one is faster
+        unsigned maxLength; ///< longest match the format can express
         unsigned maxDistance; ///< farthest match the format can express
-        unsigned maxTries;    ///< earlier places looked at per call
+        unsigned tries;       ///< places looked at per call for a match below longLength
+        unsigned longTries;   ///< the same for a longer one
     };
 
-    MatchFinder();
+    static constexpr unsigned longLength = 8;
 
-    /// Starts a new block; `data` must stay valid until the next start.
-    void start(std::string_view data, const Limits& limits);
+    /// Starts a new block of at most 65,535 bytes, which are copied.
+    void start(std::string_view block, const Limits& limits);
 
-    /// The longest match at `position`, the nearest one of equally long ones; none when it is not
-    /// longer than `longerThan`.
-    Match find(unsigned position, unsigned longerThan = 0) const;
+    /// Searches at the next position, which is the first one at first, and steps over it: the
+    /// longest match there, the nearest one of equally long ones; none when it is not longer than
+    /// `longerThan`. Only where there is a next position.
+    Match find(unsigned longerThan = 0);
 
-    /// Makes `position` known to later searches. Positions are added once each, in order.
-    void add(unsigned position);
+    /// Steps over `count` positions, which later matches may begin at.
+    void skip(unsigned count);
 
 private:
-    uint32_t hashAt(unsigned position) const;
+    Match search(const HashChain& chain, HashChain::Link link, unsigned here, unsigned longerThan,
+                 unsigned tries) const;
 
-    std::string_view _data;
     Limits _limits{};
-    /// Offset that makes positions of this block differ from those of all earlier blocks.
-    uint32_t _base;
-    std::vector<uint32_t> _newest;   ///< hash -> base + position + 1
-    std::vector<uint32_t> _previous; ///< position -> older entry of its chain
+    unsigned _size = 0;
+    unsigned _next = 0;
+    std::vector<char> _bytes; ///< the block and room to read whole words at its end
+    HashChain _short;
+    HashChain _long;
 };
 
 } // namespace teskel
