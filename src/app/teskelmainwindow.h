@@ -2,6 +2,7 @@
 #pragma once
 
 #include "settings/preferences.h"
+#include "settings/settingssaver.h"
 
 #include <QMainWindow>
 
@@ -14,8 +15,9 @@ class TeskelMainWidget;
 
 /// The reader's top-level window: turns menu and tool-bar commands into calls on the lookup view.
 ///
-/// Owns the settings record, which is loaded before any widget is built and saved when the window
-/// is destroyed. Everything else is owned by the window through Qt's parents and children.
+/// Owns the settings record, which is loaded before any widget is built, saved when it has changed
+/// and when the window is destroyed. Everything else is owned by the window through Qt's parents
+/// and children.
 class TeskelMainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -71,4 +73,5 @@ private:
     QPEMenuBar* _menuBar = nullptr;
     QTeskelFileMenu* _fileMenu = nullptr;
     PreferencesData _preferences;
+    teskel::SettingsSaver _settingsSaver{_preferences};
 };

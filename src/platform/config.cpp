@@ -2,23 +2,14 @@
 #include "platform/config.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QSet>
-
-#include <cerrno>
-#include <cstring>
-
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
+using teskel::Reading;
+
 namespace
 {
-
-// Settings are a few hundred bytes; anything near this size is not a settings file.
-constexpr qint64 largestFile = 1'048'576;
 
 QString userFileName(const QString& name)
 {
@@ -33,60 +24,6 @@ QString handheldFileName(const QString& name)
     return QDir::homePath() + "/Settings/"_L1 + name + ".conf"_L1;
 }
 
-bool makeDirectory(const QString& path)
-{
-    const QFileInfo directory(path);
-    if (directory.isDir())
-        return true;
-    const QDir parent = directory.dir();
-    return QDir().mkpath(parent.path()) &&
-           parent.mkdir(directory.fileName(),
-                        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-}
-
-// A disk that fills up takes a part of the bytes first, and says why only when asked for the rest.
-bool writeAll(QFileDevice& file, const QByteArray& text)
-{
-    for (qint64 done = 0; done < text.size();) {
-        const qint64 written = file.write(text.constData() + done, text.size() - done);
-        if (written <= 0)
-            return false;
-        done += written;
-    }
-    return true;
-}
-
-// Returns why `file` cannot be made to last, or nothing.
-QString makeLasting(const QFileDevice& file)
-{
-    int result = 0;
-    do {
-        result = ::fsync(file.handle());
-    } while (result != 0 && errno == EINTR);
-    // Some file systems know no such thing.
-    return result == 0 || errno == EINVAL ? QString()
-                                          : QString::fromLocal8Bit(std::strerror(errno));
-}
-
-// Puts `text` in the place of the file `path`, or leaves that as it is and returns why.
-//
-// QSaveFile::commit() takes no notice of bytes that could not be flushed or synchronised, it would
-// put an empty file in place of the settings when the disk is full. So everything is on the disk
-// before it is called.
-QString replaceFile(const QString& path, const QByteArray& text)
-{
-    if (text.size() > largestFile)
-        return u"they would be too large to be read again"_s;
-    if (!makeDirectory(QFileInfo(path).absolutePath()))
-        return u"the directory cannot be made"_s;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, text))
-        return file.errorString();
-    if (QString reason = makeLasting(file); !reason.isEmpty())
-        return reason;
-    return file.commit() ? QString() : file.errorString();
-}
-
 // The settings are written several times in a session; one complaint about a file is enough.
 QSet<QString>& complainedAbout()
 {
@@ -98,12 +35,9 @@ QSet<QString>& complainedAbout()
 
 Config::Config(const QString& name, Domain domain)
     : _fileName(domain == User ? userFileName(name) : name)
+    , _present(read(_fileName))
 {
-    if (QFileInfo::exists(_fileName)) {
-        _replaceable = read(_fileName);
-        return;
-    }
-    if (domain == User) {
+    if (_present == Reading::Missing && domain == User) {
         read(handheldFileName(name));
         _changed = !_text.isEmpty();
     }
@@ -114,22 +48,13 @@ Config::~Config()
     write();
 }
 
-bool Config::read(const QString& path)
+Reading Config::read(const QString& path)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        return true;
-    // A pipe or a device in the file's place could keep the reader waiting.
-    if (!info.isFile() || info.size() > largestFile)
-        return false;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray text = file.read(largestFile);
-    if (file.error() != QFileDevice::NoError)
-        return false;
-    _text = teskel::ConfigText(text);
-    return true;
+    QByteArray text;
+    const Reading reading = teskel::readWhole(path, largestFile, text);
+    if (reading == Reading::Read)
+        _text = teskel::ConfigText(text);
+    return reading;
 }
 
 void Config::setGroup(const QString& group)
@@ -198,13 +123,33 @@ void Config::clearGroup()
         _changed = true;
 }
 
+void Config::removeFromGroups(const QSet<QString>& groups, const QStringList& keys)
+{
+    if (_text.removeFromGroups(groups, keys))
+        _changed = true;
+}
+
+QString Config::replace()
+{
+    if (_present == Reading::Unreadable)
+        return u"what is there cannot be read"_s;
+    if (_present == Reading::TooLarge) {
+        const QString backup = teskel::keepAside(_fileName);
+        if (backup.isEmpty())
+            return u"what is there is too large to be read and cannot be kept aside"_s;
+        qWarning("The settings in %s are too large to be read; they are kept as %s",
+                 qPrintable(_fileName), qPrintable(backup));
+        _present = Reading::Read;
+    }
+    return teskel::replaceWhole(_fileName, _text.toUtf8());
+}
+
 bool Config::write()
 {
     if (!_changed)
         return true;
 
-    const QString reason =
-        _replaceable ? replaceFile(_fileName, _text.toUtf8()) : u"what is there cannot be read"_s;
+    const QString reason = replace();
     if (reason.isEmpty()) {
         _changed = false;
         complainedAbout().remove(_fileName);

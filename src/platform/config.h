@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/configtext.h"
+#include "platform/wholefile.h"
 
 #include <QString>
 
@@ -14,11 +15,16 @@
 /// is read back from this object before it is written is what a later object reads from the file.
 /// Whatever else stands in the file, such as comments, means nothing and stays
 /// (teskel::ConfigText). A missing, unreadable or oversized file counts as empty; one that could
-/// not be read, for whatever cause, is never replaced, since it may hold settings. Several objects
-/// on one file are not locked against each other: keep an object for one operation only.
+/// not be read, for whatever cause, is never replaced, since it may hold settings, and an oversized
+/// one is kept under another name. Several objects on one file are not locked against each other:
+/// keep an object for one operation only.
 class Config
 {
 public:
+    /// In bytes, of a file that is read. Settings are a few hundred bytes, those of someone with
+    /// many dictionaries some ten thousand.
+    static constexpr qint64 largestFile = 8'388'608;
+
     enum Domain {
         File, ///< the name is the path of the file
         User, ///< `$XDG_CONFIG_HOME/teskel/<name>.conf`, by default below `~/.config`
@@ -54,7 +60,14 @@ public:
     /// Removes every key of the selected group; the group itself stays.
     void clearGroup();
 
-    /// Replaces the file at once, atomically, if anything changed. Creates its directory.
+    /// All groups with their keys and values, in the order of the file.
+    QList<teskel::ConfigText::Group> groups() const { return _text.groups(); }
+    /// Removes these keys from each of these groups, and a group that has no key left with them.
+    void removeFromGroups(const QSet<QString>& groups, const QStringList& keys);
+
+    /// Replaces the file at once, atomically, if anything changed. Creates its directory. A file
+    /// that is too large to be read gets a second name first, with `.backup` and a number behind
+    /// it, which a warning tells.
     /// @return false when it could not be written and is as it was; that prints one warning for
     ///         each file, which says why, not one for each attempt
     bool write();
@@ -63,14 +76,16 @@ public:
     QString fileName() const { return _fileName; }
 
 private:
-    /// Takes the text from the file; false when it exists but cannot be read.
-    bool read(const QString& path);
+    /// Takes the text from the file, if there is one.
+    teskel::Reading read(const QString& path);
+    /// Puts the text into the file; returns why it could not, or nothing.
+    QString replace();
     /// Whether there is a selected group to change; warns when there is none.
     bool hasSelectedGroup() const;
 
-    QString _fileName;
     teskel::ConfigText _text;
+    QString _fileName;
+    teskel::Reading _present; ///< of the file that write() replaces
     std::optional<QString> _group;
     bool _changed = false;
-    bool _replaceable = true;
 };

@@ -2,6 +2,7 @@
 #include "platform/configtext.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace teskel
 {
@@ -159,6 +160,40 @@ bool ConfigText::clearGroup(const QString& group)
     return _lines.removeIf([&](const Line& line) {
         return line.kind == Line::Entry && line.group == group;
     }) > 0;
+}
+
+QList<ConfigText::Group> ConfigText::groups() const
+{
+    QList<Group> groups;
+    QHash<QString, qsizetype> places;
+    for (const Line& line : _lines) {
+        if (line.kind == Line::Other)
+            continue;
+        auto place = places.constFind(line.group);
+        if (place == places.constEnd()) {
+            place = places.insert(line.group, groups.size());
+            groups.append({line.group, {}});
+        }
+        if (line.kind == Line::Entry)
+            groups[*place].values.insert(line.key, line.value);
+    }
+    return groups;
+}
+
+bool ConfigText::removeFromGroups(const QSet<QString>& groups, const QStringList& keys)
+{
+    const qsizetype before = _lines.size();
+    _lines.removeIf([&](const Line& line) {
+        return line.kind == Line::Entry && keys.contains(line.key) && groups.contains(line.group);
+    });
+    QSet<QString> empty = groups;
+    for (const Line& line : std::as_const(_lines)) {
+        if (line.kind == Line::Entry)
+            empty.remove(line.group);
+    }
+    _lines.removeIf(
+        [&](const Line& line) { return line.kind == Line::Group && empty.contains(line.group); });
+    return _lines.size() != before;
 }
 
 QString ConfigText::groupName(QString name)

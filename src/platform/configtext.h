@@ -2,8 +2,11 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -24,6 +27,11 @@ namespace teskel
 class ConfigText
 {
 public:
+    struct Group {
+        QString name;
+        QHash<QString, QString> values; ///< by their keys
+    };
+
     ConfigText() = default;
     explicit ConfigText(const QByteArray& text);
 
@@ -41,6 +49,12 @@ public:
     bool removeKey(const QString& group, const QString& key);
     /// Removes every key of the group; the group stays. Returns false when there was none.
     bool clearGroup(const QString& group);
+
+    /// All groups, in the order in which they first appear.
+    QList<Group> groups() const;
+    /// Removes these keys from each of these groups, and a group that has no key left with them.
+    /// Returns false when there was nothing to remove.
+    bool removeFromGroups(const QSet<QString>& groups, const QStringList& keys);
 
     // Names and values have no escapes, so what cannot stand in a line is replaced. Everything
     // above takes only what has passed through these.

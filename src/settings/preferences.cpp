@@ -2,12 +2,18 @@
 #include "settings/preferences.h"
 
 #include "platform/config.h"
+#include "settings/fontgroups.h"
+#include "settings/fontkeys.h"
 
 #include <QFontInfo>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+using teskel::FontGroups;
+using teskel::fontNameKey;
+using teskel::fontSizeKey;
 
 namespace
 {
@@ -26,14 +32,6 @@ QString viewGroup()
 QString mruGroup()
 {
     return u"MRU List"_s;
-}
-QString fontSizeKey()
-{
-    return u"FontSize"_s;
-}
-QString fontNameKey()
-{
-    return u"FontName"_s;
 }
 QString globalFontName()
 {
@@ -125,17 +123,20 @@ void PreferencesData::save()
     config.setGroup(mruGroup());
     for (qsizetype number = 0; number < _mruList.size(); ++number)
         config.writeEntry(mruKey(number), QString::fromLatin1(_mruList.at(number)));
+    FontGroups(config).makeRoom();
 }
 
 QFont PreferencesData::getFont(const QString& group)
 {
     Config config(configName(), Config::User);
     config.setGroup(group);
-    _font = _defaultFont;
-    const int size = config.readNumEntry(fontSizeKey(), pointSizeOf(_font));
-    const QString family = config.readEntry(fontNameKey(), _font.family());
-    applyFont(_font, size, family);
-    return _font;
+    QFont font = _defaultFont;
+    const int size = config.readNumEntry(fontSizeKey(), pointSizeOf(font));
+    const QString family = config.readEntry(fontNameKey(), font.family());
+    applyFont(font, size, family);
+    FontGroups(config).makeRoom(group);
+    set(_font, font);
+    return font;
 }
 
 void PreferencesData::setFont(const QFont& font, const QString& group)
@@ -143,6 +144,10 @@ void PreferencesData::setFont(const QFont& font, const QString& group)
     Config config(configName(), Config::User);
     config.setGroup(group);
     writeFont(config, font);
+    FontGroups groups(config);
+    if (!group.isEmpty())
+        groups.markStored(group);
+    groups.makeRoom(group);
 }
 
 void PreferencesData::addToMRUList(const QString& word)
@@ -156,6 +161,13 @@ void PreferencesData::addToMRUList(const QString& word)
     } else {
         _mruList.append(bytes);
     }
+    tellChange();
+}
+
+void PreferencesData::tellChange() const
+{
+    if (_changeHandler)
+        _changeHandler();
 }
 
 void PreferencesData::fillMRUList(QByteArrayList& list) const

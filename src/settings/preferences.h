@@ -5,6 +5,9 @@
 #include <QFont>
 #include <QString>
 
+#include <functional>
+#include <utility>
+
 /// The one settings record: what the reader remembers from one run to the next.
 ///
 /// It loads itself when constructed and saves itself when destroyed, so it must outlive everything
@@ -44,22 +47,26 @@ public:
     /// Writes the record to the settings file; groups and keys that it does not know stay.
     void save();
 
+    /// Sets what is called after each change of something that save() writes; nothing at first.
+    /// Setting what is already set is no change, and neither are load() and save().
+    void setChangeHandler(std::function<void()> handler) { _changeHandler = std::move(handler); }
+
     PanelViewLayout getLayout() const { return _layout; }
-    void setLayout(const PanelViewLayout& layout) { _layout = layout; }
+    void setLayout(const PanelViewLayout& layout) { set(_layout, layout); }
     UserHandType getUserHandType() const { return _userHandType; }
-    void setUserHandType(const UserHandType& type) { _userHandType = type; }
+    void setUserHandType(const UserHandType& type) { set(_userHandType, type); }
     ViewType getViewType() const { return _viewType; }
-    void setViewType(const ViewType& type) { _viewType = type; }
+    void setViewType(const ViewType& type) { set(_viewType, type); }
     FindType getFindType() const { return _findType; }
-    void setFindType(const FindType& type) { _findType = type; }
+    void setFindType(const FindType& type) { set(_findType, type); }
     Position getComboPosition() const { return _comboPosition; }
-    void setComboPosition(Position position) { _comboPosition = position; }
+    void setComboPosition(Position position) { set(_comboPosition, position); }
     Position getMenuPosition() const { return _menuPosition; }
-    void setMenuPosition(Position position) { _menuPosition = position; }
+    void setMenuPosition(Position position) { set(_menuPosition, position); }
 
     /// Path of the dictionary that was open last; null before there was one.
     const QString& getLastOpenFile() const { return _lastOpenFile; }
-    void setLastOpenFile(const QString& path) { _lastOpenFile = path; }
+    void setLastOpenFile(const QString& path) { set(_lastOpenFile, path); }
 
     /// Sets the font that dictionaries without one of their own are shown in.
     void setDefaultFont(const QFont& font) { _defaultFont = font; }
@@ -70,6 +77,7 @@ public:
     QFont getFont(const QString& group);
 
     /// Stores the size and family of `font` for the dictionary whose file path is `group`, at once.
+    /// Where there are very many, fonts of files that are gone make room (teskel::FontGroups).
     void setFont(const QFont& font, const QString& group);
 
     /// Records a looked-up word; a word that is recorded already stays where it is.
@@ -83,6 +91,16 @@ public:
     void fillMRUList(QByteArrayList& list) const;
 
 private:
+    template<typename Field>
+    void set(Field& field, const Field& value)
+    {
+        if (field == value)
+            return;
+        field = value;
+        tellChange();
+    }
+    void tellChange() const;
+
     PanelViewLayout _layout = Vertical;
     UserHandType _userHandType = LeftHanded;
     ViewType _viewType = ToggleViewOn;
@@ -93,4 +111,5 @@ private:
     QString _lastOpenFile;
     Position _comboPosition = Top;
     Position _menuPosition = Top;
+    std::function<void()> _changeHandler;
 };

@@ -53,8 +53,14 @@ private slots:
     void failedReplacementWarnsOnce();
     void garbageGivesDefaults_data();
     void garbageGivesDefaults();
-    void oversizedFileIsNotReplaced();
-    void fileThatGrowsTooLargeToBeReadIsNotWritten();
+    void groupsAreListedInTheOrderOfTheFile();
+    void removingFromGroupsLeavesWhatElseIsInThem_data();
+    void removingFromGroupsLeavesWhatElseIsInThem();
+    void largeFileIsReadAndWritten();
+    void oversizedFileIsKeptAside_data();
+    void oversizedFileIsKeptAside();
+    void oversizedFileThatCannotBeKeptIsNotReplaced();
+    void oversizedFileIsLeftAloneWhileNothingIsWritten();
     void fileThatCannotBeReadIsNotReplaced();
     void pipeInPlaceOfTheFileIsLeftAlone();
 
@@ -593,34 +599,121 @@ void ConfigTest::garbageGivesDefaults()
     QCOMPARE(config.readEntry(u"k"_s), u"kept"_s);
 }
 
-void ConfigTest::oversizedFileIsNotReplaced()
+void ConfigTest::groupsAreListedInTheOrderOfTheFile()
 {
-    const QByteArray text = "[g]\nk = v\n" + QByteArray(2'097'152, '\n');
-    store(u"a.conf"_s, text);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/a.conf"_s));
-    Config config(path(u"a.conf"_s), Config::File);
-    config.setGroup(u"g"_s);
-    QCOMPARE(config.readEntry(u"k"_s, u"default"_s), u"default"_s);
-    config.writeEntry(u"k"_s, u"lost"_s);
-    QVERIFY(!config.write());
-    QCOMPARE(stored(u"a.conf"_s), text);
+    store(u"a.conf"_s, "x = 0\n[z]\nk = 1\n[a]\n[z]\nk = 2\nl = 3\n[]\nk = 4\n");
+    const Config config(path(u"a.conf"_s), Config::File);
+    QStringList found;
+    const QList<teskel::ConfigText::Group> groups = config.groups();
+    for (const teskel::ConfigText::Group& group : groups) {
+        QStringList keys = group.values.keys();
+        keys.sort();
+        found.append(group.name + u':' + keys.join(u','));
+    }
+    QCOMPARE(found, QStringList({u"z:k,l"_s, u"a:"_s, u":k"_s}));
+    QCOMPARE(groups.constFirst().values.value(u"k"_s), u"2"_s);
 }
 
-void ConfigTest::fileThatGrowsTooLargeToBeReadIsNotWritten()
+void ConfigTest::removingFromGroupsLeavesWhatElseIsInThem_data()
 {
-    const QByteArray text = "[g]\nk = v\n#" + QByteArray(1'048'560, 'x') + '\n';
-    store(u"a.conf"_s, text);
-    QTest::ignoreMessage(
-        QtWarningMsg,
-        QRegularExpression(u"cannot be written to .*/a.conf: they would be too large"_s));
-    Config config(path(u"a.conf"_s), Config::File);
-    config.setGroup(u"g"_s);
-    QCOMPARE(config.readEntry(u"k"_s), u"v"_s);
-    config.writeEntry(u"k"_s, u"longer"_s);
-    QVERIFY(!config.write());
-    QCOMPARE(stored(u"a.conf"_s), text);
-    config.writeEntry(u"k"_s, u"w"_s);
-    QVERIFY(config.write());
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("written"); // without "k" and "l" of "a", "b" and "none"
+    const auto row = [](const char* name, const QByteArray& before, const QByteArray& after) {
+        QTest::newRow(name) << before << after;
+    };
+    row("nothing else", "[a]\nk = 1\nl = 2\n[b]\nl = 3\n[c]\nk = 4\n", "[c]\nk = 4\n");
+    row("no key", "[a]\n[b]\n[c]\n", "[c]\n");
+    row("another key", "[a]\nk = 1\nm = 2\n[c]\nk = 4\n", "[a]\nm = 2\n[c]\nk = 4\n");
+    row("group met again", "[a]\nk = 1\n[c]\nk = 4\n[a]\nl = 2\n", "[c]\nk = 4\n");
+    row("another key of a group met again", "[a]\nk = 1\n[c]\nk = 4\n[a]\nm = 2\n",
+        "[a]\n[c]\nk = 4\n[a]\nm = 2\n");
+    row("comments and other lines", "# mine\n[c]\nk = 4\n\n# of a\n[a]\nk = 1\n;l = 2\nbad\n",
+        "# mine\n[c]\nk = 4\n\n# of a\n;l = 2\nbad\n");
+    row("nothing to remove", "[c]\n  k=4", "[c]\n  k=4");
+}
+
+void ConfigTest::removingFromGroupsLeavesWhatElseIsInThem()
+{
+    QFETCH(QByteArray, text);
+    const QByteArray written = edited(text, [](Config& config) {
+        config.removeFromGroups({u"a"_s, u"b"_s, u"none"_s}, {u"k"_s, u"l"_s});
+    });
+    QTEST(written, "written");
+}
+
+void ConfigTest::largeFileIsReadAndWritten()
+{
+    const QByteArray head("[g]\nk = v\n");
+    const QByteArray text = head + QByteArray(Config::largestFile - head.size(), '\n');
+    const QByteArray written = edited(text, [](Config& config) {
+        config.setGroup(u"g"_s);
+        QCOMPARE(config.readEntry(u"k"_s), u"v"_s);
+        config.writeEntry(u"k"_s, u"w"_s);
+    });
+    QCOMPARE(written, "[g]\nk = w\n" + text.sliced(head.size()));
+}
+
+void ConfigTest::oversizedFileIsKeptAside_data()
+{
+    QTest::addColumn<QStringList>("taken");
+    QTest::addColumn<QString>("backup");
+    QTest::addColumn<bool>("isLink");
+    QTest::newRow("for the first time") << QStringList() << u"a%1.conf.backup1"_s << false;
+    QTest::newRow("again") << QStringList({u"a%1.conf.backup1"_s, u"a%1.conf.backup2"_s})
+                           << u"a%1.conf.backup3"_s << false;
+    QTest::newRow("through a link") << QStringList() << u"real.conf.backup1"_s << true;
+}
+
+void ConfigTest::oversizedFileIsKeptAside()
+{
+    QFETCH(QStringList, taken);
+    QFETCH(QString, backup);
+    QFETCH(bool, isLink);
+    const QByteArray text = "[g]\nk = v\n" + QByteArray(Config::largestFile, '\n');
+    const QString name = u"a%1.conf"_s;
+    store(isLink ? u"real.conf"_s : name, text);
+    if (isLink)
+        QVERIFY(QFile::link(path(u"real.conf"_s), path(name)));
+    for (const QString& other : std::as_const(taken))
+        store(other, "another");
+    const QString warning = u"The settings in %1 are too large to be read; they are kept as %2"_s;
+    QTest::ignoreMessage(QtWarningMsg, qPrintable(warning.arg(path(name), path(backup))));
+    for (int i = 0; i < 2; ++i) {
+        Config config(path(name), Config::File);
+        config.setGroup(u"g"_s);
+        QCOMPARE(config.readEntry(u"k"_s, u"default"_s), i == 0 ? u"default"_s : u"0"_s);
+        config.writeEntry(u"k"_s, i);
+        QVERIFY(config.write());
+    }
+    QCOMPARE(stored(backup), text);
+    QCOMPARE(stored(name), QByteArray("[g]\nk = 1\n"));
+    for (const QString& other : std::as_const(taken))
+        QCOMPARE(stored(other), QByteArray("another"));
+    QCOMPARE(QFileInfo(path(name)).isSymLink(), isLink);
+}
+
+void ConfigTest::oversizedFileThatCannotBeKeptIsNotReplaced()
+{
+    // A name of the greatest length has no room for more.
+    const QString name(255, u'a');
+    const QByteArray text(Config::largestFile + 1, '\n');
+    store(name, text);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*kept aside"_s));
+    {
+        Config config(path(name), Config::File);
+        config.setGroup(u"g"_s);
+        QVERIFY(!config.write());
+    }
+    QCOMPARE(stored(name), text);
+}
+
+void ConfigTest::oversizedFileIsLeftAloneWhileNothingIsWritten()
+{
+    store(u"a.conf"_s, QByteArray(Config::largestFile + 1, '\n'));
+    {
+        const Config config(path(u"a.conf"_s), Config::File);
+    }
+    QCOMPARE(QDir(_directory->path()).entryList(QDir::Files), QStringList(u"a.conf"_s));
 }
 
 /// A file that may be written but not read.

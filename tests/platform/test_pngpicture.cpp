@@ -2,6 +2,7 @@
 #include "platform/pngpicture.h"
 #include "platform/resource.h"
 
+#include <QResource>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +14,8 @@ class PngPictureTest : public QObject
 private slots:
     void givesThePixelsOfAnImageReader_data();
     void givesThePixelsOfAnImageReader();
+    void programIconIsUncompressed_data();
+    void programIconIsUncompressed();
     void damagedPictureIsNull_data();
     void damagedPictureIsNull();
 };
@@ -47,6 +50,25 @@ void PngPictureTest::givesThePixelsOfAnImageReader()
     QVERIFY(!picture.isNull());
     QCOMPARE(picture.format(), QImage::Format_ARGB32);
     QCOMPARE(picture, QImage::fromData(png));
+}
+
+void PngPictureTest::programIconIsUncompressed_data()
+{
+    QTest::addColumn<int>("size");
+    for (const int size : {16, 20, 24, 32, 40, 48})
+        QTest::addRow("%d", size) << size;
+}
+
+/// Under X every size of it is read before the window is there.
+void PngPictureTest::programIconIsUncompressed()
+{
+    QFETCH(const int, size);
+    QVERIFY(!Resource::loadIcon(u"teskel"_s).isNull());
+    const QResource file(u":/pics/teskel-%1.png"_s.arg(size));
+    QCOMPARE(file.compressionAlgorithm(), QResource::NoCompression);
+    const QImage picture = teskel::pictureFromPng(file.uncompressedData());
+    QCOMPARE(picture.size(), QSize(size, size));
+    QVERIFY(file.size() > picture.sizeInBytes());
 }
 
 void PngPictureTest::damagedPictureIsNull_data()

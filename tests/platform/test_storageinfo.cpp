@@ -146,6 +146,12 @@ void StorageInfoTest::removable_data()
         << true;
     QTest::newRow("a disk behind a host called like USB")
         << u"sda"_s << u"sda1"_s << u"platform/usbless/ata1"_s << false << QByteArray() << false;
+    QTest::newRow("a disk behind a host called like USB without a number")
+        << u"sda"_s << u"sda1"_s << u"platform/usb/ata1"_s << false << QByteArray() << false;
+    QTest::newRow("a disk behind a host called like USB with more behind its number")
+        << u"sda"_s << u"sda1"_s << u"platform/usb1-2/ata1"_s << false << QByteArray() << false;
+    QTest::newRow("a disk whose own name is like that of USB")
+        << u"usb1"_s << QString() << pci << false << QByteArray() << false;
 }
 
 void StorageInfoTest::removable()

@@ -172,14 +172,15 @@ constexpr Drawing drawings[] = {
     {"teskel", program},
 };
 
-bool save(const Drawing& drawing, int size, const QString& path)
+/// @param quality as of QImage::save(): 100 leaves a PNG uncompressed, -1 compresses it as usual
+bool save(const Drawing& drawing, int size, const QString& path, int quality)
 {
     IconCanvas canvas(size);
     drawing.draw(canvas);
     QFile file(path);
     // QImage::save() takes no notice of bytes that could not be flushed.
     if (QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly) &&
-        canvas.finish().save(&file, "PNG") && file.flush())
+        canvas.finish().save(&file, "PNG", quality) && file.flush())
         return true;
     QTextStream(stderr) << path << " cannot be written\n";
     return false;
@@ -198,15 +199,17 @@ int main(int argc, char** argv)
     }
     bool done = true;
     for (const Drawing& drawing : drawings) {
+        // Under X the program's icon is read in every size before its window is there.
+        const int quality = drawing.draw == program ? 100 : -1;
         for (const int size : {16, 20, 24, 32, 40, 48})
-            done =
-                save(drawing, size,
-                     arguments[1] + u"/%1/%2.png"_s.arg(size).arg(QLatin1String(drawing.name))) &&
-                done;
+            done = save(drawing, size,
+                        arguments[1] + u"/%1/%2.png"_s.arg(size).arg(QLatin1String(drawing.name)),
+                        quality) &&
+                   done;
     }
     for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
-        done =
-            save({"teskel", program}, size, arguments[2] + u"/%1x%1/apps/teskel.png"_s.arg(size)) &&
-            done;
+        done = save({"teskel", program}, size, arguments[2] + u"/%1x%1/apps/teskel.png"_s.arg(size),
+                    -1) &&
+               done;
     return done ? 0 : 3;
 }

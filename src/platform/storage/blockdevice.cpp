@@ -4,7 +4,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -58,12 +60,33 @@ QString directoryOf(const StorageRoots& roots, const QString& source, const QStr
     return QFileInfo(byNumber).isDir() ? byNumber : QString();
 }
 
+bool isAsciiDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
+/// Whether sysfs calls a directory like that of a bus whose devices are pulled out: "usb1",
+/// "pcmcia_socket0".
+bool isHotBus(QStringView name)
+{
+    if (!name.startsWith("usb"_L1))
+        return name.startsWith("pcmcia"_L1);
+    const QStringView number = name.sliced(3);
+    return !number.isEmpty() && std::all_of(number.begin(), number.end(), isAsciiDigit);
+}
+
+// Without a regular expression, which costs more to make than all else here at start.
+bool hangsOnHotBus(QStringView directory)
+{
+    const QList<QStringView> names = directory.split(u'/');
+    return names.size() > 2 && std::any_of(names.begin() + 1, names.end() - 1, isHotBus);
+}
+
 bool isRemovableDisk(const QString& directory)
 {
     if (attribute(directory, u"removable"_s) == "1"_L1)
         return true;
-    static const QRegularExpression hotBus(u"/(usb\\d+|pcmcia[^/]*)/"_s);
-    if (hotBus.match(directory).hasMatch())
+    if (hangsOnHotBus(directory))
         return true;
     const QString name = QFileInfo(directory).fileName();
     // The slot of a built-in reader does not count as removable, nor does a soldered chip, which

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/storage/storageinfo.h"
 
+#include "platform/boundedread.h"
 #include "platform/qcopchannel.h"
 #include "platform/storage/blockdevice.h"
 #include "platform/storage/mounttable.h"
@@ -59,7 +60,7 @@ void StorageInfo::update()
         return;
     QHash<QString, qsizetype> placeOfDevice;
     const QList<teskel::Mount> mounts =
-        teskel::visibleMounts(teskel::parseMountTable(file.read(largestTable)));
+        teskel::visibleMounts(teskel::parseMountTable(teskel::readAtMost(file, largestTable)));
     for (const teskel::Mount& mount : mounts) {
         if (!isWhole(mount))
             continue;

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "platform/wholefile.h"
+
+#include "platform/boundedread.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace teskel
+{
+
+namespace
+{
+
+constexpr int mostBackups = 100;
+
+bool makeDirectory(const QString& path)
+{
+    const QFileInfo directory(path);
+    if (directory.isDir())
+        return true;
+    const QDir parent = directory.dir();
+    return QDir().mkpath(parent.path()) &&
+           parent.mkdir(directory.fileName(),
+                        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+}
+
+// A disk that fills up takes a part of the bytes first, and says why only when asked for the rest.
+bool writeAll(QFileDevice& file, const QByteArray& text)
+{
+    for (qint64 done = 0; done < text.size();) {
+        const qint64 written = file.write(text.constData() + done, text.size() - done);
+        if (written <= 0)
+            return false;
+        done += written;
+    }
+    return true;
+}
+
+// Returns the file that `path` links to, or `path` when there is none, or nothing when that cannot
+// be told: a link that was taken for a file would be replaced.
+QString linkedFile(const QString& path)
+{
+    const std::unique_ptr<char, decltype(&std::free)> real(
+        ::realpath(QFile::encodeName(path).constData(), nullptr), &std::free);
+    if (real)
+        return QFile::decodeName(real.get());
+    return errno == ENOENT ? path : QString();
+}
+
+// Returns why `file` cannot be made to last, or nothing.
+QString makeLasting(const QFileDevice& file)
+{
+    int result = 0;
+    do {
+        result = ::fsync(file.handle());
+    } while (result != 0 && errno == EINTR);
+    // Some file systems know no such thing.
+    return result == 0 || errno == EINVAL ? QString()
+                                          : QString::fromLocal8Bit(std::strerror(errno));
+}
+
+} // namespace
+
+// The system says itself whether there is no file: what merely cannot be looked at may be there.
+Reading readWhole(const QString& path, qint64 most, QByteArray& text)
+{
+    // Opened so, a pipe or a device does not keep the reader waiting.
+    const int descriptor =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return errno == ENOENT || errno == ENOTDIR ? Reading::Missing : Reading::Unreadable;
+    QFile file;
+    struct stat status = {};
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||
+        !file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered,
+                   QFileDevice::AutoCloseHandle)) {
+        if (!file.isOpen())
+            ::close(descriptor);
+        return Reading::Unreadable;
+    }
+    if (status.st_size > most)
+        return Reading::TooLarge;
+    const QByteArray read = readAtMost(file, most + 1);
+    if (file.error() != QFileDevice::NoError)
+        return Reading::Unreadable;
+    if (read.size() > most)
+        return Reading::TooLarge;
+    text = read;
+    return Reading::Read;
+}
+
+// QSaveFile::commit() takes no notice of bytes that could not be flushed or synchronised, it would
+// put an empty file in place of the settings when the disk is full. So everything is on the disk
+// before it is called.
+QString replaceWhole(const QString& path, const QByteArray& text)
+{
+    if (!makeDirectory(QFileInfo(path).absolutePath()))
+        return u"the directory cannot be made"_s;
+    const QString real = linkedFile(path);
+    if (real.isEmpty())
+        return QString::fromLocal8Bit(std::strerror(errno));
+    QSaveFile file(real);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, text))
+        return file.errorString();
+    if (QString reason = makeLasting(file); !reason.isEmpty())
+        return reason;
+    return file.commit() ? QString() : file.errorString();
+}
+
+QString keepAside(const QString& path)
+{
+    const QString file = linkedFile(path);
+    for (int number = 1; number <= mostBackups; ++number) {
+        QString backup = file + ".backup"_L1 + QString::number(number);
+        const QByteArray from = QFile::encodeName(file);
+        const QByteArray to = QFile::encodeName(backup);
+        if (::link(from.constData(), to.constData()) == 0)
+            return backup;
+        if (errno == EEXIST)
+            continue;
+        // The file systems of memory cards know no second names.
+        if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) ==
+            0)
+            return backup;
+        return {};
+    }
+    return {};
+}
+
+} // namespace teskel

@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: MIT
+#include "platform/config.h"
+#include "settings/preferences.h"
+#include "settings/settingssaver.h"
+#include "tests/support/replacementcount.h"
+
+#include <QDir>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+using namespace std::chrono_literals;
+
+using teskel::SettingsSaver;
+using teskel::test::ReplacementCount;
+
+/// The settings record, saved while it lives.
+class SettingsSaverTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void isDoneWithinTwoSeconds();
+    void everyChangeIsSaved_data();
+    void everyChangeIsSaved();
+    void settingWhatIsSetIsNoChange();
+    void loadingAndSavingAreNoChanges();
+    void manyChangesAreOneWrite();
+    void keysPutTheWriteOff();
+    void whoNeverRestsIsSavedToo();
+    void nothingIsWrittenTwice();
+    void changesAreLeftToTheRecordWhenTheSaverDies();
+
+private:
+    QString fileName() const { return _home->filePath(u"teskel/Teskel.conf"_s); }
+    QByteArray stored() const;
+
+    std::unique_ptr<QTemporaryDir> _home;
+};
+
+void SettingsSaverTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
+    _home = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir(_home->path()).mkpath(u"teskel"_s));
+    qputenv("XDG_CONFIG_HOME", _home->path().toUtf8());
+    qputenv("HOME", _home->path().toUtf8());
+}
+
+QByteArray SettingsSaverTest::stored() const
+{
+    QFile file(fileName());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void SettingsSaverTest::isDoneWithinTwoSeconds()
+{
+    QVERIFY(SettingsSaver::usualRest <= SettingsSaver::usualLongest);
+    // Half a second is for the disk.
+    QVERIFY(SettingsSaver::usualLongest <= 1500ms);
+}
+
+void SettingsSaverTest::everyChangeIsSaved_data()
+{
+    using Change = void (*)(PreferencesData&);
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QByteArray>("line");
+    const auto row = [](const char* name, Change change, const QByteArray& line) {
+        QTest::newRow(name) << change << line;
+    };
+    row(
+        "last file", [](PreferencesData& data) { data.setLastOpenFile(u"/a.PDB"_s); },
+        "LastOpenFile = /a.PDB\n");
+    row(
+        "history", [](PreferencesData& data) { data.addToMRUList(u"house"_s); }, "List0 = house\n");
+    row(
+        "full history",
+        [](PreferencesData& data) {
+            for (const char* word : {"a", "b", "c", "d", "e", "f", "g"})
+                data.addToMRUList(QString::fromLatin1(word));
+        },
+        "List0 = g\n");
+    row(
+        "layout", [](PreferencesData& data) { data.setLayout(PreferencesData::Horizontal); },
+        "PanelView = 0\n");
+    row(
+        "hand", [](PreferencesData& data) { data.setUserHandType(PreferencesData::RightHanded); },
+        "UserHandType = 1\n");
+    row(
+        "view", [](PreferencesData& data) { data.setViewType(PreferencesData::ToggleViewOff); },
+        "ViewType = 0\n");
+    row(
+        "search", [](PreferencesData& data) { data.setFindType(PreferencesData::FindOnEnter); },
+        "FindType = 1\n");
+    row(
+        "entry", [](PreferencesData& data) { data.setComboPosition(PreferencesData::Bottom); },
+        "ComboPosition = 1\n");
+    row(
+        "menu", [](PreferencesData& data) { data.setMenuPosition(PreferencesData::Bottom); },
+        "MenuPosition = 1\n");
+    row(
+        "font",
+        [](PreferencesData& data) {
+            data.setDefaultFont(QFont(u"courier"_s, 17));
+            data.getFont(u"/a.PDB"_s);
+        },
+        "FontSize = 17\n");
+}
+
+void SettingsSaverTest::everyChangeIsSaved()
+{
+    using Change = void (*)(PreferencesData&);
+    QFETCH(Change, change);
+    QFETCH(QByteArray, line);
+    PreferencesData preferences;
+    preferences.save();
+    QVERIFY(!stored().contains(line));
+    SettingsSaver saver(preferences);
+    saver.setTimes(0ms, 0ms);
+    change(preferences);
+    QVERIFY(!stored().contains(line)); // not at once
+    QTRY_VERIFY(stored().contains(line));
+    QVERIFY(!saver.isPending());
+}
+
+void SettingsSaverTest::settingWhatIsSetIsNoChange()
+{
+    PreferencesData preferences;
+    preferences.setLastOpenFile(u"/a.PDB"_s);
+    preferences.addToMRUList(u"house"_s);
+    preferences.getFont(u"/a.PDB"_s);
+    const SettingsSaver saver(preferences);
+    preferences.setLastOpenFile(u"/a.PDB"_s);
+    preferences.addToMRUList(u"house"_s);
+    preferences.getFont(u"/a.PDB"_s);
+    preferences.setLayout(preferences.getLayout());
+    preferences.setUserHandType(preferences.getUserHandType());
+    preferences.setViewType(preferences.getViewType());
+    preferences.setFindType(preferences.getFindType());
+    preferences.setComboPosition(preferences.getComboPosition());
+    preferences.setMenuPosition(preferences.getMenuPosition());
+    QVERIFY(!saver.isPending());
+}
+
+void SettingsSaverTest::loadingAndSavingAreNoChanges()
+{
+    PreferencesData preferences;
+    const SettingsSaver saver(preferences);
+    preferences.save();
+    preferences.load();
+    QVERIFY(!saver.isPending());
+}
+
+void SettingsSaverTest::manyChangesAreOneWrite()
+{
+    PreferencesData preferences;
+    SettingsSaver saver(preferences);
+    saver.setTimes(0ms, 1h);
+    const ReplacementCount writes(_home->filePath(u"teskel"_s));
+    for (int number = 0; number < 100; ++number)
+        preferences.addToMRUList(QString::number(number));
+    QTRY_VERIFY(!saver.isPending());
+    QVERIFY(stored().contains("List0 = 99\n"));
+    QCOMPARE(writes.count(), 1);
+}
+
+void SettingsSaverTest::keysPutTheWriteOff()
+{
+    PreferencesData preferences;
+    SettingsSaver saver(preferences);
+    QLineEdit entry;
+    entry.show();
+    const ReplacementCount writes(_home->filePath(u"teskel"_s));
+    saver.setTimes(0ms, 1h);
+    preferences.addToMRUList(u"house"_s); // to be saved at the next opportunity
+    saver.setTimes(1h, 1h);
+    QTest::keyClick(&entry, Qt::Key_A); // but now an hour after the key
+    QCoreApplication::processEvents();
+    QVERIFY(saver.isPending());
+    QCOMPARE(writes.count(), 0);
+    saver.setTimes(0ms, 1h);
+    QTest::keyClick(&entry, Qt::Key_B);
+    QTRY_VERIFY(!saver.isPending());
+    QCOMPARE(writes.count(), 1);
+}
+
+void SettingsSaverTest::whoNeverRestsIsSavedToo()
+{
+    PreferencesData preferences;
+    SettingsSaver saver(preferences);
+    saver.setTimes(1h, 20ms);
+    QLineEdit entry;
+    entry.show();
+    preferences.addToMRUList(u"house"_s);
+    QTRY_VERIFY((QTest::keyClick(&entry, Qt::Key_A), stored().contains("List0 = house\n")));
+}
+
+void SettingsSaverTest::nothingIsWrittenTwice()
+{
+    PreferencesData preferences;
+    SettingsSaver saver(preferences);
+    saver.setTimes(0ms, 0ms);
+    QLineEdit entry;
+    entry.show();
+    preferences.addToMRUList(u"house"_s);
+    QTRY_VERIFY(!saver.isPending());
+    const ReplacementCount writes(_home->filePath(u"teskel"_s));
+    QTest::keyClicks(&entry, u"typed"_s);
+    QVERIFY(!saver.isPending());
+    preferences.save();
+    QCOMPARE(writes.count(), 0);
+}
+
+void SettingsSaverTest::changesAreLeftToTheRecordWhenTheSaverDies()
+{
+    {
+        PreferencesData preferences;
+        const SettingsSaver saver(preferences);
+        preferences.addToMRUList(u"house"_s);
+        QVERIFY(saver.isPending());
+    }
+    QVERIFY(stored().contains("List0 = house\n"));
+}
+
+QTEST_MAIN(SettingsSaverTest)
+#include "test_settingssaver.moc"
