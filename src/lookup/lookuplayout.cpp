@@ -60,4 +60,9 @@ void LookupLayout::placeEntry(bool belowPanels)
     _main->addLayout(belowPanels ? _entryRow : _panels);
 }
 
+bool LookupLayout::isEntryBelowPanels() const
+{
+    return _main->indexOf(_entryRow) > _main->indexOf(_panels);
+}
+
 } // namespace teskel

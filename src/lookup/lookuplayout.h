@@ -24,6 +24,7 @@ public:
 
     /// Moves the entry row above or below the panels.
     void placeEntry(bool belowPanels);
+    bool isEntryBelowPanels() const;
 
 private:
     QBoxLayout* _main;

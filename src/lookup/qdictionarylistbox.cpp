@@ -63,14 +63,16 @@ void QDictionaryListBox::fill(CursorPosition start)
     teskel::verify(iterator->isValid(start), "iterator->isValid(start)", unit, 134);
 
     const CursorPosition top = topNear(*iterator, start);
-    const int found = rewriteRows(*iterator, top, start);
-    const int selected = found >= 0 ? found : currentItem();
+    const Rewritten rows = rewriteRows(*iterator, top, start);
+    const int selected = rows.found >= 0 ? rows.found : currentItem();
     const QPointer<QDictionaryListBox> self(this);
     setSelected(selected, true);
     if (!self)
         return;
-    // First, so that the rows are laid out but once.
-    adjustScrollBars();
+    // First, so that the rows are laid out but once. Of what is typed many a letter leaves the
+    // words as they are, and these are not painted again.
+    if (rows.changed)
+        adjustScrollBars();
     ensureCurrentVisible();
 }
 
@@ -244,26 +246,30 @@ CursorPosition QDictionaryListBox::topNear(DictionaryIterator& iterator,
 }
 
 /// Writes the words from `top` on into the rows.
-/// @return the row that holds `sought`, -1 if none does
-int QDictionaryListBox::rewriteRows(DictionaryIterator& iterator, CursorPosition top,
-                                    CursorPosition sought)
+QDictionaryListBox::Rewritten QDictionaryListBox::rewriteRows(DictionaryIterator& iterator,
+                                                              CursorPosition top,
+                                                              CursorPosition sought)
 {
-    int found = -1;
+    Rewritten rows;
     CursorPosition position = top;
     for (int index = 0; index < count(); ++index) {
         QDictionaryListBoxItem* const item = row(index);
         if (item == nullptr)
             continue;
+        QString text;
         if (iterator.setPosition(position)) {
-            item->setText(QString::fromLatin1(iterator.getWord()));
+            text = QString::fromLatin1(iterator.getWord());
             item->setCursorPosition(position);
             if (position == sought)
-                found = index;
+                rows.found = index;
         } else {
-            item->setText(QString());
             item->setCursorPosition(CursorPosition::invalid());
+        }
+        if (text != item->text()) {
+            item->setText(text);
+            rows.changed = true;
         }
         position = iterator.move(position, 1);
     }
-    return found;
+    return rows;
 }

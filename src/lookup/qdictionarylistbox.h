@@ -64,7 +64,11 @@ private:
     QDictionaryListBoxItem* firstRow() const;
     void tellParent(QEvent::Type type);
     CursorPosition topNear(DictionaryIterator& iterator, CursorPosition wanted) const;
-    int rewriteRows(DictionaryIterator& iterator, CursorPosition top, CursorPosition sought);
+    struct Rewritten {
+        int found = -1;       ///< the row that holds what is sought, -1 if none does
+        bool changed = false; ///< whether any row shows another word now
+    };
+    Rewritten rewriteRows(DictionaryIterator& iterator, CursorPosition top, CursorPosition sought);
 
     Dictionary* _dictionary;
     int _viewHeight = 0; // pixels, at the last resize

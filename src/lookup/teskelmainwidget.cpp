@@ -179,10 +179,15 @@ void TeskelMainWidget::setInitialText()
 void TeskelMainWidget::resetLayout()
 {
     resetMainLayout();
+    const bool isEntryBelow = _preferences.getComboPosition() == PreferencesData::Bottom;
+    // Qt keeps some memory each time that a widget hides and shows itself, so it does so only for
+    // what is to move.
+    if (!isHidden() && _layout.isEntryBelowPanels() == isEntryBelow)
+        return;
     // Hiding would hand the keyboard to some other widget of the window.
     const bool hadFocus = _wordEntry->hasFocus();
     hide();
-    _layout.placeEntry(_preferences.getComboPosition() == PreferencesData::Bottom);
+    _layout.placeEntry(isEntryBelow);
     adjustSize();
     show();
     if (hadFocus)

@@ -126,7 +126,7 @@ public:
     QDictionaryListBox* list = nullptr;
 };
 
-/// A row that counts how often it is measured.
+/// A row that counts how often it is measured and painted.
 class MeasuredRow : public QDictionaryListBoxItem
 {
 public:
@@ -138,7 +138,14 @@ public:
         return QDictionaryListBoxItem::height(list);
     }
 
+    void paint(QPainter* painter) override
+    {
+        ++paintings;
+        QDictionaryListBoxItem::paint(painter);
+    }
+
     mutable int measurements = 0;
+    int paintings = 0;
 };
 
 QStringList words(int first, int last)
@@ -171,6 +178,7 @@ private slots:
     void fillShowsTheCurrentRowAtOnce();
     void refillingLaysOutOnce_data();
     void refillingLaysOutOnce();
+    void fillWithTheWordsThatStandTherePaintsNothing();
 
     void moveShowsTheCurrentRowAtOnce();
     void moveForwardKeepsTheCurrentRowAndReportsIt();
@@ -361,6 +369,30 @@ void TestQDictionaryListBox::refillingLaysOutOnce()
     act(bench);
     QTRY_VERIFY(!update->isActive());
     QCOMPARE(row->measurements, 1);
+}
+
+void TestQDictionaryListBox::fillWithTheWordsThatStandTherePaintsNothing()
+{
+    Bench bench(50);
+    auto* const row = new MeasuredRow(u"row"_s, bench.position(0));
+    bench.list->insertItem(row, 0);
+    bench.list->fill(bench.position(12));
+    bench.parent.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&bench.parent));
+    const auto* const update = bench.list->findChild<QTimer*>(u"listbox update timer"_s);
+    QTRY_VERIFY(!update->isActive() && row->paintings > 0);
+
+    const QStringList shown = bench.rows();
+    row->paintings = 0;
+    bench.list->fill(bench.position(12));
+    QVERIFY(!update->isActive());
+    QCoreApplication::processEvents();
+    QCOMPARE(row->paintings, 0);
+    QCOMPARE(bench.rows(), shown);
+
+    bench.list->fill(bench.position(13));
+    QTRY_COMPARE(row->paintings, 1);
+    QCOMPARE(row->text(), numberedWord(13));
 }
 
 void TestQDictionaryListBox::moveShowsTheCurrentRowAtOnce()

@@ -1,22 +1,47 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/article/qteskeledit.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextList>
 
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
+/// Counts how often a layout asks for a picture's size.
+class MeasuredPicture : public QObject, public QTextObjectInterface
+{
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+
+public:
+    QSizeF intrinsicSize(QTextDocument* /*document*/, int /*position*/,
+                         const QTextFormat& /*format*/) override
+    {
+        ++measurements;
+        return {10, 10};
+    }
+    void drawObject(QPainter* /*painter*/, const QRectF& /*rect*/, QTextDocument* /*document*/,
+                    int /*position*/, const QTextFormat& /*format*/) override
+    {
+    }
+
+    int measurements = 0;
+};
+
 /// Notes what the document asks for.
 class SpyEdit : public QTeskelEdit
 {
@@ -86,6 +111,11 @@ private slots:
     void clearOfAnEmptyViewChangesNothing();
     void clearTakesAwayWhatTheDocumentWasGiven();
     void setTextEndsTheSelectionAndScrollsUp();
+    void textFillsTheRoomThatTheBarLeaves();
+    void longTextIsLaidOutOnce();
+    void textOfOneLongParagraphIsLaidOutTwice();
+    void manyParagraphsOfNoHeightBringNoBar_data();
+    void manyParagraphsOfNoHeightBringNoBar();
     void markedTextMapsSeparators_data();
     void markedTextMapsSeparators();
     void selectionIsCopiedAsPlainTextAlone_data();
@@ -102,6 +132,8 @@ private slots:
     void pageStaysLightWhenThePaletteDarkens();
     void lightPaletteIsKept();
     void fontSurvivesSetText();
+    void damagedTextEndsInASentenceThatSaysSo_data();
+    void damagedTextEndsInASentenceThatSaysSo();
 };
 
 void TestEdit::isAReadOnlyViewWithItsName()
@@ -261,6 +293,83 @@ void TestEdit::setTextEndsTheSelectionAndScrollsUp()
     edit.setText(text + text);
     QVERIFY(!edit.hasMarkedText());
     QCOMPARE(edit.verticalScrollBar()->value(), 0);
+}
+
+void TestEdit::textFillsTheRoomThatTheBarLeaves()
+{
+    QTeskelEdit edit;
+    edit.resize(100, 60);
+    edit.show();
+    const QString line = u"<p>line</p>"_s;
+    const QString lines = line.repeated(50);
+    for (const QString& text : {line, lines, lines + lines, line, lines, QString()}) {
+        edit.setText(text);
+        QCOMPARE(edit.verticalScrollBar()->isVisible(), text.size() > line.size());
+        QCOMPARE(edit.document()->pageSize().width(), edit.viewport()->width());
+        QVERIFY(edit.document()->size().width() <= edit.viewport()->width());
+    }
+    edit.resize(200, 60);
+    QCOMPARE(edit.document()->pageSize().width(), edit.viewport()->width());
+}
+
+void TestEdit::longTextIsLaidOutOnce()
+{
+    QTeskelEdit edit;
+    MeasuredPicture picture;
+    edit.document()->documentLayout()->registerHandler(QTextFormat::ImageObject, &picture);
+    edit.resize(100, 60);
+    edit.show();
+    const QString start = u"<p><img src=x.png>line</p>"_s;
+    edit.setText(start);
+    QVERIFY(!edit.verticalScrollBar()->isVisible());
+    const int once = std::exchange(picture.measurements, 0);
+    QVERIFY(once > 0);
+    const QString paragraphs = u"<p>line</p>"_s.repeated(50);
+    for (const QString& before : {u"<p>word"_s, start + paragraphs}) {
+        edit.setText(before);
+        picture.measurements = 0;
+        edit.setText(start + paragraphs);
+        QVERIFY(edit.verticalScrollBar()->isVisible());
+        QCOMPARE(picture.measurements, once);
+    }
+}
+
+void TestEdit::textOfOneLongParagraphIsLaidOutTwice()
+{
+    QTeskelEdit edit;
+    MeasuredPicture picture;
+    edit.document()->documentLayout()->registerHandler(QTextFormat::ImageObject, &picture);
+    edit.resize(100, 60);
+    edit.show();
+    const QString start = u"<p><img src=x.png>line"_s;
+    edit.setText(start);
+    const int first = std::exchange(picture.measurements, 0);
+    edit.resize(110, 60);
+    const int again = std::exchange(picture.measurements, 0);
+    QVERIFY(first > 0 && again > 0);
+    edit.setText(start + u" line"_s.repeated(50));
+    QVERIFY(edit.verticalScrollBar()->isVisible());
+    QCOMPARE(picture.measurements, first + again);
+}
+
+void TestEdit::manyParagraphsOfNoHeightBringNoBar_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("empty") << u"<p>"_s.repeated(50) + u"word"_s;
+    QTest::newRow("side by side") << u"<table><tr>"_s + u"<td><p>a</p></td>"_s.repeated(8) +
+                                         u"</tr></table>"_s;
+}
+
+void TestEdit::manyParagraphsOfNoHeightBringNoBar()
+{
+    QFETCH(const QString, text);
+    QTeskelEdit edit;
+    edit.resize(400, 80);
+    edit.show();
+    edit.setText(text);
+    QVERIFY(!edit.verticalScrollBar()->isVisible());
+    QCOMPARE(edit.verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
+    QCOMPARE(edit.document()->pageSize().width(), edit.viewport()->width());
 }
 
 void TestEdit::markedTextMapsSeparators_data()
@@ -478,6 +587,41 @@ void TestEdit::fontSurvivesSetText()
     edit.setFont(font);
     edit.setText(u"<p>word"_s);
     QCOMPARE(edit.document()->defaultFont().pointSize(), 25);
+}
+
+void TestEdit::damagedTextEndsInASentenceThatSaysSo_data()
+{
+    QTest::addColumn<QString>("markup");
+    QTest::newRow("one unbroken word") << QString(29'000, u'a');
+    QTest::newRow("bold") << u"<b>"_s + QString(29'000, u'a');
+    QTest::newRow("paragraphs") << u"</p><p>\n"_s.repeated(29'000);
+    QTest::newRow("unknown entities") << u"&foobar;"_s.repeated(3'600);
+    QTest::newRow("hidden") << u"<title>"_s + QString(29'000, u'a');
+    QTest::newRow("a table") << u"<table>"_s + u"<tr><td>a"_s.repeated(3'000);
+    QTest::newRow("a list") << u"<ul>"_s + u"<li>a"_s.repeated(6'000);
+    QTest::newRow("beyond the limits") << u"<div>"_s.repeated(6'000);
+}
+
+void TestEdit::damagedTextEndsInASentenceThatSaysSo()
+{
+    QFETCH(QString, markup);
+    const QString source = u"<p><b>word</b></p><p>"_s + markup;
+    QTeskelEdit edit;
+    edit.setText(source);
+    static const QRegularExpression sentence(
+        u"^The last [1-9][0-9]? % of this article are not shown: it seems to be damaged, "
+        "and all of it would take too long\\.$"_s);
+    const QTextBlock last = edit.document()->lastBlock();
+    QVERIFY2(sentence.match(last.text()).hasMatch(), qPrintable(last.text()));
+    QVERIFY(!QTextCursor(last).currentTable());
+    QVERIFY(!last.textList());
+    QVERIFY(last.begin().fragment().charFormat().fontItalic());
+    QVERIFY(edit.toPlainText().contains(u"word"_s));
+    QCOMPARE(edit.text(), source);
+    QCOMPARE(edit.textCursor().position(), 0);
+
+    edit.setText(u"<p>good"_s);
+    QCOMPARE(edit.toPlainText(), u"good"_s);
 }
 
 QTEST_MAIN(TestEdit)

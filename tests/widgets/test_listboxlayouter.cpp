@@ -37,6 +37,10 @@ private slots:
     void countsPartlyVisibleItems_data();
     void countsPartlyVisibleItems();
     void variableWidthFitsMoreColumns();
+    void countsItemsOfEachColumnInView();
+    void oneColumnOfGivenRowsFillsTheViewport();
+    void columnsOfGivenRowsKeepTheirWidth();
+    void spareRoomIsShared();
 };
 
 void TestListBoxLayouter::grid_data()
@@ -163,6 +167,45 @@ void TestListBoxLayouter::variableWidthFitsMoreColumns()
     const auto layouter = laidOut(rules, 6, {100, 100}, width);
     QCOMPARE(layouter.columns(), 3);
     QCOMPARE(layouter.size().width(), 100);
+}
+
+void TestListBoxLayouter::countsItemsOfEachColumnInView()
+{
+    // Three columns of 30 pixels: 0 to 2, 3 to 5, and 6 alone.
+    const ListBoxLayouter uneven = laidOut({.columns = 3}, 7, {90, 100});
+    QCOMPARE(uneven.rows(), 3);
+    QCOMPARE(uneven.itemsIn({0, 0, 90, 60}), 7);
+    QCOMPARE(uneven.itemsIn({0, 20, 90, 40}), 4);
+    QCOMPARE(uneven.itemsIn({60, 20, 30, 40}), 0);
+    QCOMPARE(uneven.itemsIn({60, 0, 30, 60}), 1);
+    QCOMPARE(uneven.itemsIn({30, 0, 31, 20}), 2);
+    QCOMPARE(uneven.itemsIn({30, 0, 30, 20}), 1);
+}
+
+void TestListBoxLayouter::oneColumnOfGivenRowsFillsTheViewport()
+{
+    const Rules rules{.columnMode = teskel::ListBoxLayoutMode::Variable,
+                      .rowMode = teskel::ListBoxLayoutMode::FixedNumber,
+                      .rows = 3};
+    QCOMPARE(laidOut(rules, 3).size(), QSize(100, 60));
+}
+
+void TestListBoxLayouter::columnsOfGivenRowsKeepTheirWidth()
+{
+    const Rules rules{.columnMode = teskel::ListBoxLayoutMode::Variable,
+                      .rowMode = teskel::ListBoxLayoutMode::FixedNumber,
+                      .rows = 3};
+    QCOMPARE(laidOut(rules, 4).size(), QSize(60, 60));
+}
+
+void TestListBoxLayouter::spareRoomIsShared()
+{
+    const ListBoxLayouter layouter = laidOut({.columns = 3}, 3);
+    QCOMPARE(layouter.cell(0), QRect(0, 0, 33, 20));
+    QCOMPARE(layouter.cell(1), QRect(33, 0, 33, 20));
+    QCOMPARE(layouter.cell(2), QRect(66, 0, 34, 20));
+    // Exactly as much as they need: none is left.
+    QCOMPARE(laidOut({.columns = 3}, 3, {90, 100}).cell(2), QRect(60, 0, 30, 20));
 }
 
 QTEST_APPLESS_MAIN(TestListBoxLayouter)

@@ -39,6 +39,8 @@ public:
     /// Moves on to the next token. Comments and declarations are none.
     Token next();
 
+    /// Where in the markup the next token begins.
+    qsizetype position() const { return _position; }
     /// The text, after a token Text.
     QStringView text() const { return _text; }
     /// The name of the tag in lower case, empty in "<>".

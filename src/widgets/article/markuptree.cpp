@@ -141,6 +141,21 @@ bool isPlainName(const QString& name)
 
 } // namespace
 
+MarkupTree::Kind MarkupTree::kindOf(const QString& name)
+{
+    const ElementType* const type = typeOf(name);
+    return type == nullptr ? Kind::Other : type->kind;
+}
+
+bool MarkupTree::endsLine(const QString& name)
+{
+    const ElementType* const type = typeOf(name);
+    if (type == nullptr)
+        return false;
+    return type->display == Display::Block || type->kind == Kind::Table ||
+           type->kind == Kind::Row || name == "br"_L1;
+}
+
 MarkupTree::MarkupTree()
 {
     _nodes.push_back({});

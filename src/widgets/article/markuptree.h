@@ -46,6 +46,11 @@ public:
         bool isHidden = false;
     };
 
+    /// What an element of that name, in lower case, is.
+    static Kind kindOf(const QString& name);
+    /// Whether text before and behind its tags never shares a line.
+    static bool endsLine(const QString& name);
+
     MarkupTree();
 
     /// Adds an element, and the table and row around it that may be missing, and goes into it.

@@ -7,10 +7,15 @@
 #include <QAbstractTextDocumentLayout>
 #include <QEvent>
 #include <QMimeData>
+#include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextFrame>
+#include <QTextTable>
 #include <QUrl>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +34,14 @@ double luminance(const QColor& colour)
     };
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
            0.0722 * linear(colour.blueF());
+}
+
+bool hasTable(const QTextDocument& document)
+{
+    const QList<QTextFrame*> frames = document.rootFrame()->childFrames();
+    return std::any_of(frames.begin(), frames.end(), [](const QTextFrame* frame) {
+        return qobject_cast<const QTextTable*>(frame) != nullptr;
+    });
 }
 } // namespace
 
@@ -79,11 +92,44 @@ void QTeskelEdit::setTextFormat(Qt::TextFormat format)
 void QTeskelEdit::showSource()
 {
     const auto view = teskel::ViewText::of(_source, _format);
-    if (view.isRich)
-        setHtml(view.text);
-    else
-        setPlainText(view.text);
+    // With the bar there from the start the text is laid out but once.
+    const bool isLong = view.isRich && isHigherThanView(view.text.count("<p>"_L1));
+    if (isLong)
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    {
+        const QScopedValueRollback settingText(_isSettingText, true);
+        if (view.isRich)
+            setHtml(view.text);
+        else
+            setPlainText(view.text);
+    }
+    if (isLong) {
+        // Paragraphs can be empty, or stand side by side.
+        if (hasTable(*document()) || !isHigherThanView(document()->blockCount()))
+            verticalScrollBar()->setRange(0, 0);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    }
+    if (view.percentLacking > 0)
+        tellWhatIsLacking(view.percentLacking);
     watchDocument();
+}
+
+/// Whether so many paragraphs need more than the view's height, be they of a line each.
+bool QTeskelEdit::isHigherThanView(qsizetype paragraphs) const
+{
+    return paragraphs * fontMetrics().lineSpacing() > viewport()->height();
+}
+
+void QTeskelEdit::tellWhatIsLacking(int percent)
+{
+    QTextCharFormat lettering;
+    lettering.setFontItalic(true);
+    QTextCursor end(document());
+    end.movePosition(QTextCursor::End);
+    end.insertBlock(QTextBlockFormat(), lettering);
+    end.insertText(tr("The last %1 % of this article are not shown: it seems to be damaged, and "
+                      "all of it would take too long.")
+                       .arg(percent));
 }
 
 void QTeskelEdit::forgetSource()
@@ -141,6 +187,14 @@ void QTeskelEdit::changeEvent(QEvent* event)
     QTextEdit::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         keepPageLight();
+}
+
+/// A text that brings the scroll bar or takes it away is laid out once more for the new width, and
+/// the base class sees to that itself when the bar is in its place.
+void QTeskelEdit::resizeEvent(QResizeEvent* event)
+{
+    if (!_isSettingText)
+        QTextEdit::resizeEvent(event);
 }
 
 void QTeskelEdit::keepPageLight()

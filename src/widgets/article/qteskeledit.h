@@ -9,7 +9,8 @@
 ///
 /// Markup may come from anyone: pictures and style sheets that it names are not loaded, links are
 /// not followed, and a text whose structure would cost unbounded time or memory is shown as plain
-/// text. References to characters (letterReference()) are shown as the characters. Everything else
+/// text. Of one that would take long even so, only the beginning is shown, and a sentence says so.
+/// References to characters (letterReference()) are shown as the characters. Everything else
 /// looks as QTextEdit::setHtml shows it, with room for pictures. The page stays light in a dark
 /// palette, so that coloured text keeps its contrast.
 class QTeskelEdit : public QTextEdit
@@ -42,11 +43,14 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     /// Plain text alone, for the clipboard, the selection and dragging.
     QMimeData* createMimeDataFromSelection() const override;
 
 private:
     void showSource();
+    bool isHigherThanView(qsizetype paragraphs) const;
+    void tellWhatIsLacking(int percent);
     void watchDocument();
     void forgetSource();
     void keepPageLight();
@@ -55,4 +59,5 @@ private:
     /// The document that shows the source, null once its contents are others.
     QPointer<QTextDocument> _shown;
     Qt::TextFormat _format = Qt::RichText;
+    bool _isSettingText = false;
 };

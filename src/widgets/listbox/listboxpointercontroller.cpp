@@ -62,7 +62,8 @@ void ListBoxPointerController::press(const QMouseEvent& event)
              event.modifiers() == Qt::NoModifier)
         _actions.clearSelection();
     if (watch.isAlive())
-        _actions.reportPressed(event.button(), item, event.globalPosition().toPoint());
+        _actions.reportPressed(static_cast<int>(event.button()), item,
+                               event.globalPosition().toPoint());
 }
 
 void ListBoxPointerController::release(const QMouseEvent& event)
@@ -71,7 +72,8 @@ void ListBoxPointerController::release(const QMouseEvent& event)
     const bool isClick = _state.isDown && _state.pressed == item;
     endDrag();
     if (isClick)
-        _actions.reportClicked(event.button(), item, event.globalPosition().toPoint());
+        _actions.reportClicked(static_cast<int>(event.button()), item,
+                               event.globalPosition().toPoint());
 }
 
 void ListBoxPointerController::doubleClick(const QMouseEvent& event)
