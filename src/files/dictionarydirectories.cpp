@@ -32,7 +32,12 @@ QFileInfoList dictionaryEntries(const QString& directory)
                        QDir::Dirs | QDir::Files | QDir::Drives);
     if (!listing.exists())
         return {};
-    return listing.entryInfoList({u"*.PDB"_s});
+    // As the name filter "*.PDB" does, which would make a regular expression of it.
+    QFileInfoList entries = listing.entryInfoList();
+    entries.removeIf([](const QFileInfo& entry) {
+        return !entry.fileName().endsWith(".PDB"_L1, Qt::CaseInsensitive);
+    });
+    return entries;
 }
 
 } // namespace teskel

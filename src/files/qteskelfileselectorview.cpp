@@ -104,7 +104,7 @@ void QTeskelFileSelectorView::mousePressEvent(QMouseEvent* event)
     const QModelIndex index = indexAt(event->position().toPoint());
     _pressed = true;
     _pressedIndex = index;
-    emit mouseButtonPressed(event->button(), itemFromIndex(index),
+    emit mouseButtonPressed(static_cast<int>(event->button()), itemFromIndex(index),
                             event->globalPosition().toPoint(), index.column());
 }
 
@@ -116,7 +116,7 @@ void QTeskelFileSelectorView::mouseReleaseEvent(QMouseEvent* event)
     _pressedIndex = QPersistentModelIndex();
     if (clicked) {
         // The last thing done here: who listens may well close the list.
-        emit mouseButtonClicked(event->button(), itemFromIndex(index),
+        emit mouseButtonClicked(static_cast<int>(event->button()), itemFromIndex(index),
                                 event->globalPosition().toPoint(), index.column());
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/commands/enginemessages.h"
 
 #include <csignal>
 #include <iostream>
@@ -44,6 +45,7 @@ int run(int argc, char** argv)
 int main(int argc, char** argv)
 {
     std::ios::sync_with_stdio(false);
+    commands::enginemessages::keepBack();
     // A file that may not grow any more is a write that failed, with its sentence.
     (void)std::signal(SIGXFSZ, SIG_IGN);
     try {

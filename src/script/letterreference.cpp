@@ -92,13 +92,14 @@ bool isShowable(char32_t character)
 
 std::string hexadecimalLetters(char32_t character)
 {
-    std::string letters;
+    char letters[2 * sizeof character];
+    char* const end = std::end(letters);
+    char* first = end;
     do {
-        letters += static_cast<char>('a' + (character & 0xF));
+        *--first = static_cast<char>('a' + (character & 0xF));
         character >>= 4;
     } while (character != 0);
-    std::reverse(letters.begin(), letters.end());
-    return letters;
+    return {first, end};
 }
 
 std::string letterReference(char32_t character)
@@ -128,7 +129,8 @@ QString withLetterReferencesResolved(const QString& markup)
     qsizetype done = 0;
     while (at >= 0) {
         const QStringView rest = QStringView(markup).sliced(at);
-        const LetterReference reference = read(std::u16string_view(rest.utf16(), rest.size()));
+        const LetterReference reference =
+            read(std::u16string_view(rest.utf16(), static_cast<std::size_t>(rest.size())));
         resolved += QStringView(markup).sliced(done, at - done);
         done = at;
         if (reference.length > 0) {

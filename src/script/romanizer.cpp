@@ -6,6 +6,7 @@
 #include <QList>
 #include <QtGlobal>
 
+#include <algorithm>
 #include <utility>
 
 #include <unicode/translit.h>
@@ -27,6 +28,17 @@ Any-Latin;
 [\u00B7\u02B0-\u02FF'"\u2018\u2019] Remove;
 Latin-ASCII;
 [^\u0000-\u00FF] Remove)";
+
+/// How much of a text is changed at once: the rules take time by the square of the length. No word
+/// of any language is as long; what is ends where no character is divided and no mark follows.
+qsizetype partLength(QStringView text)
+{
+    constexpr qsizetype longest = 1024;
+    qsizetype length = std::min(longest, text.size());
+    while (length < text.size() && (text[length].isLowSurrogate() || text[length].isMark()))
+        ++length;
+    return length;
+}
 
 } // namespace
 
@@ -59,9 +71,15 @@ QString Romanizer::romanized(QStringView text) const
 {
     if (!_rules)
         return codePoints(text);
-    icu::UnicodeString letters(text.utf16(), static_cast<int32_t>(text.size()));
-    _rules->chain->transliterate(letters);
-    return QString::fromUtf16(letters.getBuffer(), letters.length());
+    QString letters;
+    while (!text.isEmpty()) {
+        const QStringView part = text.first(partLength(text));
+        icu::UnicodeString changed(part.utf16(), static_cast<int32_t>(part.size()));
+        _rules->chain->transliterate(changed);
+        letters += QStringView(changed.getBuffer(), changed.length());
+        text = text.sliced(part.size());
+    }
+    return letters;
 }
 
 QString Romanizer::codePoints(QStringView text)

@@ -165,7 +165,7 @@ void TestDiagnostics::manualTellsWarningsFromNotes()
         const bool isNote = (*code)->severity == DiagnosticCode::Severity::Note;
         QVERIFY2((match.captured(1) == "note"_L1) == isNote, qPrintable(match.captured()));
     }
-    QCOMPARE(mentions, 4);
+    QCOMPARE(mentions, 5);
 }
 
 QTEST_APPLESS_MAIN(TestDiagnostics)

@@ -4,6 +4,9 @@
 
 #include <QTest>
 
+#include <string>
+#include <vector>
+
 using teskel::Latin1Converter;
 using teskel::LatinForm;
 using Text = Latin1Converter::Text;
@@ -24,6 +27,9 @@ private slots:
     void latin1BecomesUtf8();
     void composesEveryScript_data();
     void composesEveryScript();
+    void composesLongTextsWhereverTheirPartsEnd_data();
+    void composesLongTextsWhereverTheirPartsEnd();
+    void wellFormedTextIsWhatTheDecoderTakes();
 };
 
 void TestLatin1Converter::convertsToPlainLatin_data()
@@ -78,6 +84,8 @@ void TestLatin1Converter::convertsToPlainLatin_data()
     row("overlong character", "\xC0\x80", "??", "??", "??");
     row("surrogate", "\xED\xA0\x80", "???", "???", "???");
     row("blanks", "  a \t b\n", "a b", "  a \t b\n", "  a \t b\n");
+    row("wide blanks", "\u2003a\u2003 \u2003b\u2003", "a b", "&emsp;a&emsp; &emsp;b&emsp;",
+        "&emsp;a&emsp; &emsp;b&emsp;");
     row("control characters", "a\x01\rb", "a b", "a  b", "a  b");
     row("further control characters", "a\u0080b\u009Fc", "a b c", "a b c", "a b c");
     row("no-break space",
@@ -274,6 +282,50 @@ void TestLatin1Converter::composesEveryScript()
     QTEST(QByteArray::fromStdString(
               teskel::utf8::encoded(teskel::utf8::composed(text.toStdString()))),
           "composed");
+}
+
+void TestLatin1Converter::composesLongTextsWhereverTheirPartsEnd_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::newRow("a letter and a mark") << QString::fromUtf8("e\u0301");
+    QTest::newRow("a letter and marks in another order") << QString::fromUtf8("a\u0302\u0323");
+    QTest::newRow("parts of a syllable") << QString::fromUtf8("\u1112\u1161\u11AB");
+    QTest::newRow("beyond the first plane") << QString::fromUtf8("\U0001F600e\u0301");
+}
+
+void TestLatin1Converter::composesLongTextsWhereverTheirPartsEnd()
+{
+    QFETCH(QString, unit);
+    for (int shift = 0; shift < 4; ++shift) {
+        const QString text = QString(shift, u'x') + unit.repeated(3000);
+        QVERIFY(teskel::utf8::composed(text.toStdString()) ==
+                text.normalized(QString::NormalizationForm_C).toStdU32String());
+    }
+}
+
+/// All texts of two bytes, and the borders of longer characters.
+void TestLatin1Converter::wellFormedTextIsWhatTheDecoderTakes()
+{
+    std::vector<std::string> texts;
+    for (int first = 0; first < 256; ++first) {
+        for (int second = 0; second < 256; ++second)
+            texts.push_back({static_cast<char>(first), static_cast<char>(second)});
+    }
+    for (const int lead : {0xE0, 0xE1, 0xEC, 0xED, 0xEE, 0xEF, 0xF0, 0xF1, 0xF3, 0xF4, 0xF5}) {
+        for (const int second : {0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC0}) {
+            for (const char* rest : {"", "\x80", "\xBF\xBF", "\x7F\x80", "\x80\xC0"})
+                texts.push_back(std::string{static_cast<char>(lead), static_cast<char>(second)} +
+                                rest);
+        }
+    }
+    for (const std::string& text : texts) {
+        const size_t length = teskel::utf8::wellFormedLength(text);
+        const bool isWhole =
+            teskel::utf8::decoded(text).find(teskel::utf8::invalid) == std::u32string::npos;
+        QCOMPARE(length == text.size(), isWhole);
+        QVERIFY(teskel::utf8::decoded(text.substr(0, length)).find(teskel::utf8::invalid) ==
+                std::u32string::npos);
+    }
 }
 
 QTEST_APPLESS_MAIN(TestLatin1Converter)

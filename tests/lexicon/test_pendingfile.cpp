@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "lexicon/file/leftovers.h"
 #include "lexicon/file/pendingfile.h"
+#include "tests/support/fulldisk.h"
 #include "tests/support/palmwriter.h"
 
 #include <QDir>
@@ -7,7 +9,9 @@
 #include <QTest>
 
 #include <csignal>
+#include <functional>
 
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -22,7 +26,8 @@ class TestPendingFile : public QObject
     Q_OBJECT
 
 private slots:
-    void standsBesideItsTargetUntilCommitted();
+    void hasNotItsTargetsNameUntilCommitted();
+    void isGoneWhenTheProgramIsKilled();
     void leavesNothingWhenNotCommitted();
     void replacesTheTarget();
     void showsOthersWhatWasFlushed();
@@ -30,7 +35,11 @@ private slots:
     void saysWhyItCannotBeCommitted();
     void replacesNoPipe();
     void severalAreWrittenAtATime();
+    void signalRemovesAllThatAreUnfinished_data();
     void signalRemovesAllThatAreUnfinished();
+    void standsBesideItsTargetWhereItNeedsAName();
+    void removesWhatAKilledProgramLeft_data();
+    void removesWhatAKilledProgramLeft();
 };
 
 namespace
@@ -46,9 +55,30 @@ std::string pathIn(const QTemporaryDir& directory, const char* name)
     return directory.filePath(QString::fromLatin1(name)).toStdString();
 }
 
+/// What became of a process that does `work`: its exit code, or the signal that ended it below 0.
+int endOf(const std::function<void()>& work)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        work();
+        ::_exit(0);
+    }
+    int status = 0;
+    if (::waitpid(child, &status, 0) != child)
+        return -1;
+    return WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+/// Takes /proc away from this process alone.
+bool hideProcesses()
+{
+    return teskel::test::FullDisk::enterOwnMounts() &&
+           ::mount("none", "/proc", "tmpfs", 0, nullptr) == 0;
+}
+
 } // namespace
 
-void TestPendingFile::standsBesideItsTargetUntilCommitted()
+void TestPendingFile::hasNotItsTargetsNameUntilCommitted()
 {
     const QTemporaryDir directory;
     PendingFile file(pathIn(directory, "a.PDB"));
@@ -65,7 +95,6 @@ void TestPendingFile::leavesNothingWhenNotCommitted()
     {
         PendingFile file(pathIn(directory, "a.PDB"));
         QVERIFY(file.write("new"));
-        QCOMPARE(filesIn(directory).size(), 1);
     }
     QVERIFY(filesIn(directory).isEmpty());
 }
@@ -155,30 +184,115 @@ void TestPendingFile::severalAreWrittenAtATime()
         PendingFile second(pathIn(directory, "b"));
         PendingFile third(pathIn(directory, "c"));
         QVERIFY(first.write("1") && second.write("2") && third.write("3"));
-        QCOMPARE(filesIn(directory).size(), 3);
         QVERIFY(first.commit(error) && third.commit(error));
     }
     QCOMPARE(filesIn(directory), (QStringList{u"a"_s, u"c"_s}));
 }
 
-void TestPendingFile::signalRemovesAllThatAreUnfinished()
+void TestPendingFile::isGoneWhenTheProgramIsKilled()
 {
     const QTemporaryDir directory;
-    const pid_t child = ::fork();
-    if (child == 0) {
+    const int end = endOf([&directory] {
+        PendingFile file(pathIn(directory, "a"));
+        (void)file.write("new");
+        std::string error;
+        (void)file.flush(error);
+        ::raise(SIGKILL);
+    });
+    QCOMPARE(end, -SIGKILL);
+    // By the next one at the latest, where files must have names.
+    const PendingFile next(pathIn(directory, "a"));
+    QVERIFY(filesIn(directory).filter(u".part"_s).size() <= 1);
+    QVERIFY(!filesIn(directory).contains(u"a"_s));
+}
+
+void TestPendingFile::signalRemovesAllThatAreUnfinished_data()
+{
+    QTest::addColumn<bool>("isNamed");
+    QTest::newRow("without names") << false;
+    QTest::newRow("with names") << true;
+}
+
+void TestPendingFile::signalRemovesAllThatAreUnfinished()
+{
+    QFETCH(bool, isNamed);
+    const QTemporaryDir directory;
+    const int end = endOf([&directory, isNamed] {
+        if (isNamed && !hideProcesses())
+            return;
         std::string error;
         PendingFile done(pathIn(directory, "done"));
         done.commit(error);
         const PendingFile first(pathIn(directory, "a"));
         const PendingFile second(pathIn(directory, "b"));
+        if (isNamed == filesIn(directory).filter(u".part"_s).isEmpty())
+            ::_exit(1);
         ::raise(SIGTERM);
-        ::_exit(0);
-    }
-    int status = 0;
-    QCOMPARE(::waitpid(child, &status, 0), child);
-    QVERIFY(WIFSIGNALED(status));
-    QCOMPARE(WTERMSIG(status), SIGTERM);
+    });
+    if (isNamed && end == 0)
+        QSKIP("this machine lets its users mount nothing, not even where they alone see it");
+    QCOMPARE(end, -SIGTERM);
     QCOMPARE(filesIn(directory), QStringList{u"done"_s});
+}
+
+/// Without /proc a file cannot be given a name later.
+void TestPendingFile::standsBesideItsTargetWhereItNeedsAName()
+{
+    const QTemporaryDir directory;
+    const int end = endOf([&directory] {
+        if (!hideProcesses())
+            return;
+        const QString target = directory.filePath(u"a"_s);
+        PendingFile file(target.toStdString());
+        std::string error;
+        const bool isWritten = file.write("new") && file.flush(error);
+        const bool isNamed =
+            file.path() == target.toStdString() + ".part" + std::to_string(::getpid()) &&
+            QFile(QString::fromStdString(file.path())).size() == 3;
+        ::_exit(isWritten && isNamed && file.commit(error) ? 2 : 1);
+    });
+    if (end == 0)
+        QSKIP("this machine lets its users mount nothing, not even where they alone see it");
+    QCOMPARE(end, 2);
+    QCOMPARE(filesIn(directory), QStringList{u"a"_s});
+}
+
+void TestPendingFile::removesWhatAKilledProgramLeft_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isKept");
+    const pid_t gone = ::fork();
+    if (gone == 0)
+        ::_exit(0);
+    ::waitpid(gone, nullptr, 0);
+    const auto row = [](const QString& name, bool isKept) {
+        QTest::newRow(qPrintable(isKept ? name + u", kept"_s : name)) << name << isKept;
+    };
+    row(u"a.PDB.part%1"_s.arg(gone), false);
+    row(u"a.PDB.part%1"_s.arg(::getppid()), true);
+    row(u"a.PDB.part%1x"_s.arg(gone), true);
+    row(u"a.PDB.part"_s, true);
+    row(u"a.PDB.part-%1"_s.arg(gone), true);
+    row(u"b.PDB.part%1"_s.arg(gone), true);
+    row(u"a.PDB.partition"_s, true);
+    // Another program's numbers may mean other processes: it holds its file.
+    row(u"a.PDB.part%1 held"_s.arg(gone), true);
+}
+
+void TestPendingFile::removesWhatAKilledProgramLeft()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, isKept);
+    const QTemporaryDir directory;
+    const bool isHeld = name.endsWith(u" held"_s);
+    name.remove(u" held"_s);
+    QVERIFY(writeFile(directory.filePath(name), "half"));
+    QFile file(directory.filePath(name));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    if (isHeld)
+        QVERIFY(teskel::leftovers::hold(file.handle()));
+    const PendingFile pending(pathIn(directory, "a.PDB"));
+    QCOMPARE(filesIn(directory).contains(name), isKept);
 }
 
 QTEST_APPLESS_MAIN(TestPendingFile)

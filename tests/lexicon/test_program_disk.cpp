@@ -79,7 +79,8 @@ void TestProgramDisk::fullDiskKeepsTheOldFile()
     const QString target = disk.path(u"target"_s);
     QVERIFY(writeFile(target, "old"));
     QVERIFY(disk.fill(left));
-    const ProgramResult result = _program.run(command.split(u' ') + QStringList{u"-o"_s, target});
+    const ProgramResult result =
+        _program.run(command.split(u' ') + QStringList{u"--force"_s, u"-o"_s, target});
     QCOMPARE(result.code, 3);
     QCOMPARE(QString::fromUtf8(result.err),
              u"teskel-lexicon: cannot write %1: No space left on device\n"_s.arg(target));
@@ -101,8 +102,8 @@ void TestProgramDisk::limitedFileSizeKeepsTheOldFile()
     QVERIFY(writeFile(_program.path("target"), "old"));
     QProcess process;
     limitFileSize(process, static_cast<quint64>(left), BeyondLimit::SignalKills);
-    const ProgramResult result =
-        _program.run(process, command.split(u' ') + QStringList{u"-o"_s, u"target"_s});
+    const ProgramResult result = _program.run(
+        process, command.split(u' ') + QStringList{u"--force"_s, u"-o"_s, u"target"_s});
     QCOMPARE(result.code, 3);
     // The temporary file of a build is a file, too, and meets the limit first.
     const bool isTemporary =

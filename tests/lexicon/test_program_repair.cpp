@@ -196,7 +196,8 @@ void TestProgramRepair::nothingIsWrittenWhenNothingCanBeRead()
     QVERIFY(writeFile(_program.path("damaged.PDB"), bytes));
     QVERIFY(writeFile(_program.path("old.PDB"), "old"));
     const QStringList before = QDir(_program.directory()).entryList();
-    const ProgramResult result = _program.run(words({"repair", "damaged.PDB", "-o", "old.PDB"}));
+    const ProgramResult result =
+        _program.run(words({"repair", "damaged.PDB", "--force", "-o", "old.PDB"}));
     QCOMPARE(result.code, 3);
     QVERIFY(result.err.endsWith("teskel-lexicon: damaged.PDB holds no entry that can be read\n"));
     QCOMPARE(_program.bytesOf("old.PDB"), QByteArray("old"));

@@ -144,19 +144,22 @@ void TestProgramTerminal::shellsSeeTheSignalInTheExitCode_data()
     QTest::newRow("SIGTERM") << u"TERM"_s << 143;
 }
 
-// A helper of the shell sends it as soon as the unfinished file is there.
+// A helper of the shell sends it as soon as the unfinished file is there, which needs no name.
 void TestProgramTerminal::shellsSeeTheSignalInTheExitCode()
 {
     QFETCH(QString, signal);
     QFETCH(int, code);
     QProcess shell;
     shell.setWorkingDirectory(_program.directory());
-    shell.start(u"sh"_s,
-                {u"-c"_s,
-                 u"trap : INT; (while ! unfinished=$(ls out.PDB.part*); do sleep 0.01; done "
-                 "2>/dev/null; kill -\"$1\" ${unfinished##*.part}) & "
-                 "\"$0\" build large.tsv -o out.PDB; echo $?"_s,
-                 QStringLiteral(TESKEL_LEXICON), signal});
+    shell.start(
+        u"sh"_s,
+        {u"-c"_s,
+         u"trap : INT; "
+         "(while [ ! -s number ]; do sleep 0.01; done; read -r number <number; rm number; "
+         "while ! ls -l \"/proc/$number/fd\" | grep -q \"$(pwd -P)/\\(#\\|out.PDB.part\\)\"; "
+         "do sleep 0.01; done; kill -\"$1\" \"$number\") 2>/dev/null & "
+         "sh -c 'echo $$ >number; exec \"$0\" build large.tsv -o out.PDB' \"$0\"; echo $?"_s,
+         QStringLiteral(TESKEL_LEXICON), signal});
     QVERIFY(shell.waitForFinished());
     const QByteArray out = shell.readAllStandardOutput();
     QVERIFY2(out.endsWith(QByteArray::number(code) + '\n'), out.constData());

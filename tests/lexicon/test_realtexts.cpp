@@ -159,9 +159,9 @@ void TestRealTexts::viewShowsTheTextOfTheSource()
         };
         const auto isShown = [&] { return !shown.isEmpty() && shown.back().contains(expected); };
         // The entry of a form, or of a line that begins with more than a word, is below its key.
-        reader.visitMatches(wordOf(entry.text).toStdString(), false, show);
+        reader.visitMatches(wordOf(entry.text).toStdString(), false, show, error);
         if (!isShown())
-            reader.visitMatches(entry.key.toStdString(), false, show);
+            reader.visitMatches(entry.key.toStdString(), false, show, error);
         QVERIFY2(isShown(), qPrintable(expected + "\nis not in\n"_L1 + shown.join(u'\n')));
     }
 }

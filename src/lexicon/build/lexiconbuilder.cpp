@@ -67,13 +67,15 @@ bool LexiconBuilder::readSources(EntryIntake& intake, std::string& description, 
             error = "the standard input can be a source only once";
             return false;
         }
-        const auto source = sourceFor(path, _options.sourceKind, error);
+        const auto source = sourceFor(path, _options.sourceKind, error, _options.encoding);
         if (!source)
             return false;
         source->setOrderBefore(order);
         if (_options.reversed)
             source->reverse();
-        if (!source->read(intake, error))
+        const bool isRead = source->read(intake, error);
+        // What is no text may be all that is wrong.
+        if (!source->acceptsText(error) || !isRead)
             return false;
         order = source->lastOrder();
         if (!_options.description && description.empty() && !source->description().empty())
@@ -191,7 +193,7 @@ bool LexiconBuilder::keepsHeadwords(const EntryIntake& intake, std::string& erro
         return true;
     error = listOf(_options.sources) + ": " + std::to_string(lost) + " of " +
             std::to_string(_report.entriesRead) +
-            " headwords would be empty or \"?\": is the source in UTF-8, with the headword first? "
+            " headwords would be empty or \"?\": does the headword come first? "
             "--force builds it all the same";
     return false;
 }

@@ -3,6 +3,7 @@
 
 #include "lexicon/entries/buildreport.h"
 #include "lexicon/entries/lexiconentry.h"
+#include "lexicon/sources/input/sourcetext.h"
 #include "lexicon/text/textoptions.h"
 
 #include <functional>
@@ -40,6 +41,7 @@ struct BuildOptions {
     bool numbers = true; ///< number the senses of merged articles
     bool strict = false; ///< fail when there is anything to warn of
     TextOptions text;
+    EncodingOptions encoding; ///< of all sources
     /// Make the opposite direction, from the translations in the articles.
     bool reversed = false;
     bool force = false; ///< build even where many headwords are lost

@@ -2,6 +2,7 @@
 #include "lexicon/build/sourcetable.h"
 
 #include "lexicon/sources/dictdsource.h"
+#include "lexicon/sources/input/encodingguess.h"
 #include "lexicon/sources/input/inputfile.h"
 #include "lexicon/sources/stardict/stardictsource.h"
 #include "lexicon/sources/tei/teisource.h"
@@ -16,10 +17,18 @@ namespace
 /// How much of the content is shown to the kinds, bytes.
 constexpr size_t headBytes = 1U << 16;
 
+/// How the text of a source lies in its files.
+enum class Form {
+    Pieces,    ///< beside numbers of bytes
+    Document,  ///< from beginning to end; it says itself in which encoding
+    PlainText, ///< from beginning to end
+};
+
 /// A kind of source.
 struct SourceKind {
     const char* name; ///< as given to --from
     const char* help;
+    Form form;
     /// `path` may be the name that several files have in common; `head` is then empty.
     Likeness (*looksLike)(const std::string& path, std::string_view head);
     /// `input` stands at its beginning, or is null when no file is called `path`.
@@ -40,14 +49,14 @@ std::unique_ptr<LexiconSource> makeOpened(const std::string&, std::unique_ptr<In
 }
 
 constexpr SourceKind kinds[] = {
-    {"dictd", "a dictd dictionary (.index, .dict or .dict.dz)", DictdSource::looksLike,
-     makeNamed<DictdSource>},
-    {"stardict", "a StarDict dictionary (.ifo)", StarDictSource::looksLike,
+    {"dictd", "a dictd dictionary (.index, .dict or .dict.dz)", Form::Pieces,
+     DictdSource::looksLike, makeNamed<DictdSource>},
+    {"stardict", "a StarDict dictionary (.ifo)", Form::Pieces, StarDictSource::looksLike,
      makeNamed<StarDictSource>},
-    {"tei", "a TEI document of the FreeDict project (.tei)", TeiSource::looksLike,
+    {"tei", "a TEI document of the FreeDict project (.tei)", Form::Document, TeiSource::looksLike,
      makeOpened<TeiSource>},
-    {"tsv", "tab-separated text in UTF-8 (.tsv, or - for the standard input)", TsvSource::looksLike,
-     makeOpened<TsvSource>},
+    {"tsv", "tab-separated text (.tsv, or - for the standard input)", Form::PlainText,
+     TsvSource::looksLike, makeOpened<TsvSource>},
 };
 
 const SourceKind* kindOf(const std::string& path, std::string_view head)
@@ -72,6 +81,18 @@ const SourceKind* kindNamed(const std::string& name)
     return nullptr;
 }
 
+/// About a text that begins as `head`.
+std::string sentenceOnUtf16(const std::string& name, std::string_view head,
+                            const std::string& encoding)
+{
+    const size_t zero = head.find('\0');
+    const bool hasMark = head.starts_with("\xFF\xFE") || head.starts_with("\xFE\xFF");
+    const size_t place = hasMark || zero == std::string_view::npos ? 0 : zero;
+    const std::string byte = hasMark ? (head.front() == '\xFF' ? "0xFF" : "0xFE") : "0x00";
+    return placeInFile(name, 1) + ": byte " + std::to_string(place + 1) + " (" + byte +
+           ") is no UTF-8; it is " + encoding + ", which --encoding " + encoding + " reads";
+}
+
 std::string listOfKinds()
 {
     std::string list;
@@ -83,17 +104,38 @@ std::string listOfKinds()
 } // namespace
 
 std::unique_ptr<LexiconSource> sourceFor(const std::string& path, const std::string& kindName,
-                                         std::string& error)
+                                         std::string& error, const EncodingOptions& encoding)
 {
     auto input = std::make_unique<InputFile>();
     std::string_view head;
-    if (input->open(path, error))
+    std::string utf16;
+    if (input->open(path, error)) {
         head = input->head(headBytes);
-    else
+        if (encoding.name.empty() && !encoding.replacesInvalid)
+            utf16 = utf16Of(head);
+        if (!encoding.name.empty()) {
+            input->decodeAs(encoding.name);
+            head = input->head(headBytes);
+        }
+    } else {
         input = nullptr;
+    }
     const SourceKind* kind = kindName.empty() ? kindOf(path, head) : kindNamed(kindName);
-    if (kind && (input || kind->looksLike(path, {}) == Likeness::Named))
-        return kind->make(path, std::move(input));
+    if (!utf16.empty() && (!kind || kind->form == Form::PlainText)) {
+        error = sentenceOnUtf16(input->name(), head, utf16);
+        return nullptr;
+    }
+    if (kind && kind->form == Form::Pieces && !encoding.name.empty() &&
+        !TextDecoder::isOfBytes(encoding.name)) {
+        error = path + " cannot be in " + encoding.name + ": it is " + kind->help;
+        return nullptr;
+    }
+    if (kind && (input || kind->looksLike(path, {}) == Likeness::Named)) {
+        auto source = kind->make(path, std::move(input));
+        if (source)
+            source->setEncoding(encoding);
+        return source;
+    }
     std::string rest;
     if (input && input->readNext(rest, error))
         error = input->name() + " is no dictionary of a known kind (" + listOfKinds() +

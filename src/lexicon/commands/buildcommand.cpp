@@ -3,6 +3,7 @@
 #include "lexicon/build/sourcetable.h"
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/sources/siblingfile.h"
 
 #include <algorithm>
@@ -17,10 +18,31 @@ namespace teskel::commands
 namespace
 {
 
-bool prepare(LexiconBuilder& builder, const BuildOptions& options, bool quiet)
+std::string pathOf(const std::string& source)
 {
-    return runBuild(builder, options.strict, quiet,
-                    [&builder](std::string& error) { return builder.prepare(error); });
+    return source == "-" ? "/dev/stdin" : source;
+}
+
+/// All that a build reads, as it is now.
+FileStates statesOf(const std::vector<std::string>& sources)
+{
+    FileStates states;
+    for (const std::string& source : sources) {
+        for (const std::string& file : siblingfile::family(pathOf(source)))
+            states.add(file);
+    }
+    return states;
+}
+
+/// What was read of sources that changed meanwhile does not belong together, whatever is wrong
+/// else.
+bool prepare(LexiconBuilder& builder, const BuildOptions& options, const FileStates& sources,
+             bool quiet)
+{
+    return runBuild(builder, options.strict, quiet, [&](std::string& error) {
+        const bool isPrepared = builder.prepare(error);
+        return sources.areKept(error) && isPrepared;
+    });
 }
 
 bool commit(LexiconBuilder& builder, bool quiet)
@@ -43,6 +65,14 @@ BuildOptions reversed(BuildOptions options, const std::string& output)
     return options;
 }
 
+CLI::Validator encodingName()
+{
+    const auto check = [](const std::string& name) {
+        return TextDecoder::isKnown(name) ? std::string() : name + " is no encoding that is known";
+    };
+    return {check, "ENCODING"};
+}
+
 /// Whether no file is written that is read as well, or written twice.
 bool areApart(const BuildOptions& options, const std::string& reverse)
 {
@@ -51,8 +81,7 @@ bool areApart(const BuildOptions& options, const std::string& reverse)
         outputs.push_back(reverse);
     for (const std::string& output : outputs) {
         for (const std::string& source : options.sources) {
-            const std::string path = source == "-" ? "/dev/stdin" : source;
-            for (const std::string& file : siblingfile::family(path)) {
+            for (const std::string& file : siblingfile::family(pathOf(source))) {
                 if (!isApart(output, "source", file))
                     return false;
             }
@@ -71,12 +100,19 @@ int run(const BuildOptions& options, const std::string& reverse, bool quiet)
     }
     if (!isFileName(options.output) || !isFileName(reverse) || !areApart(options, reverse))
         return Usage;
+    for (const std::string& output : {options.output, reverse}) {
+        const int code =
+            output.empty() ? Done : checkTarget(output, Writes::Lexicon, options.force);
+        if (code != Done)
+            return code;
+    }
+    const FileStates states = statesOf(sources);
     std::ostream* progress = quiet ? nullptr : terminal();
     LexiconBuilder builder(options, progress);
     LexiconBuilder opposite(reversed(options, reverse), progress);
     // Neither file gets its name when the other one fails.
-    if (!prepare(builder, options, quiet) ||
-        (!reverse.empty() && !prepare(opposite, options, quiet)))
+    if (!prepare(builder, options, states, quiet) ||
+        (!reverse.empty() && !prepare(opposite, options, states, quiet)))
         return Failed;
     const bool isWritten = commit(builder, quiet) && (reverse.empty() || commit(opposite, quiet));
     return isWritten ? Done : Failed;
@@ -90,6 +126,7 @@ Action build(CLI::App& options)
         bool plainLatin = false;
         bool quiet = false;
         std::string reverse;
+        std::string invalid = "error";
     };
     const auto request = std::make_shared<Request>();
     options.add_option("SOURCE", request->sources, sourceHelp())->required();
@@ -99,6 +136,17 @@ Action build(CLI::App& options)
         ->check(CLI::IsMember(sourceKinds()));
     options.add_option("-o,--output", request->output, "The lexicon to write, such as Eng2Ger.PDB")
         ->required();
+    options
+        .add_option("--encoding", request->encoding.name,
+                    "The encoding of the sources, such as latin1, windows-1252 or utf-16 (default: "
+                    "UTF-8)")
+        ->check(encodingName());
+    options
+        .add_option("--invalid-utf8", request->invalid,
+                    "What becomes of bytes that are no text, where they are more than one in "
+                    "ten millions: error, or replace by the sign for what is unknown")
+        ->check(CLI::IsMember({"error", "replace"}))
+        ->capture_default_str();
     options.add_option("--reverse", request->reverse,
                        "Also write the opposite direction, made from the translations in the "
                        "articles, such as Ger2Eng.PDB");
@@ -119,10 +167,15 @@ Action build(CLI::App& options)
                      "readers that do not know them; pronunciations are left out");
     options.add_flag("--no-pronunciation{false}", request->text.pronunciations,
                      "Leave pronunciations out");
-    options.add_flag("--force", request->force, "Build even when many headwords are lost");
+    options.add_flag("--force", request->force,
+                     "Build even when many headwords are lost, and replace a file that is no "
+                     "lexicon");
     options.add_flag("--strict", request->strict, "Take warnings for errors: write nothing");
     options.add_flag("-q,--quiet", request->quiet, "Print errors alone: no warnings, no summary");
     return [request] {
+        if (TextDecoder::isUtf8(request->encoding.name))
+            request->encoding.name.clear();
+        request->encoding.replacesInvalid = request->invalid == "replace";
         request->text.form = request->plainLatin ? LatinForm::Plain : LatinForm::LetterReferences;
         return run(*request, request->reverse, request->quiet);
     };

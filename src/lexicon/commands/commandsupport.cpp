@@ -2,7 +2,7 @@
 #include "lexicon/commands/commandsupport.h"
 
 #include "lexicon/build/lexiconbuilder.h"
-#include "lexicon/file/samefile.h"
+#include "lexicon/commands/enginemessages.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -35,8 +35,10 @@ LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file
 {
     std::string error;
     const LexiconReader::Status status = reader.open(file, error);
+    const std::string reason =
+        status == LexiconReader::Status::Invalid ? enginemessages::reason() : std::string();
     if (status != LexiconReader::Status::Ok)
-        complain(error);
+        complain(reason.empty() ? error : error + ": " + reason);
     return status;
 }
 
@@ -48,22 +50,6 @@ CLI::Validator wholeNumber()
         return isNumber ? std::string() : text + " is no whole number from 0 on";
     };
     return {check, "NUMBER"};
-}
-
-bool isFileName(const std::string& output)
-{
-    if (output != "-")
-        return true;
-    complain("a lexicon cannot be written to the standard output; name a file");
-    return false;
-}
-
-bool isApart(const std::string& output, const std::string& role, const std::string& other)
-{
-    if (!isSameFile(output, other))
-        return true;
-    complain("cannot write " + output + ": it is the same file as the " + role + ' ' + other);
-    return false;
 }
 
 std::ostream* terminal()
@@ -86,8 +72,13 @@ bool runBuild(LexiconBuilder& builder, bool isStrict, bool quiet,
 }
 
 int finishFiles(LexiconReader::Status status, const std::string& file, std::string& error,
-                const std::function<bool(std::string& error)>& commit)
+                const FileStates& read, const std::function<bool(std::string& error)>& commit)
 {
+    std::string change;
+    if (!read.areKept(change)) {
+        complain(change);
+        return Failed;
+    }
     if (status != LexiconReader::Status::Ok) {
         complain(file + ": " + error);
         return exitCode(status);
@@ -99,12 +90,13 @@ int finishFiles(LexiconReader::Status status, const std::string& file, std::stri
     return Done;
 }
 
-int finishOutput(int code)
+int finishOutput(int code, const FileStates& read)
 {
+    std::string change;
     std::cout.flush();
-    if (std::cout)
+    if (std::cout && read.areKept(change))
         return code;
-    complain("cannot write to the standard output");
+    complain(std::cout ? change : "cannot write to the standard output");
     return Failed;
 }
 

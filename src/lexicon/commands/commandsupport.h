@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lexicon/file/filestates.h"
 #include "lexicon/file/lexiconreader.h"
 
 #include <functional>
@@ -40,13 +41,6 @@ LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file
 /// Of an option: takes whole numbers from 0 on.
 CLI::Validator wholeNumber();
 
-/// Whether `output` is the name of a file; says so when it is that of the standard output, "-".
-bool isFileName(const std::string& output);
-
-/// Whether `output` may be written: not when it is the same file as `other`, which is then called
-/// `role` in a sentence.
-bool isApart(const std::string& output, const std::string& role, const std::string& other);
-
 /// The standard error when it is a terminal that can take a line back, else null.
 std::ostream* terminal();
 
@@ -56,12 +50,12 @@ bool runBuild(LexiconBuilder& builder, bool isStrict, bool quiet,
               const std::function<bool(std::string& error)>& build);
 
 /// Ends the writing of files from the lexicon `file`: with `commit` when it was read to its end,
-/// which `status` tells, else with `error`. Returns the exit code.
+/// which `status` tells, and is as in `read`, else with `error`. Returns the exit code.
 int finishFiles(LexiconReader::Status status, const std::string& file, std::string& error,
-                const std::function<bool(std::string& error)>& commit);
+                const FileStates& read, const std::function<bool(std::string& error)>& commit);
 
 /// Writes out what is still buffered of the standard output. Returns `code`, or Failed with a
-/// sentence when not everything could be written.
-int finishOutput(int code);
+/// sentence when not everything could be written, or when a file changed that was read for it.
+int finishOutput(int code, const FileStates& read = {});
 
 } // namespace teskel::commands

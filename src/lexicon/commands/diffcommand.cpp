@@ -111,6 +111,7 @@ private:
 
 int run(const DiffOptions& options)
 {
+    const FileStates states({options.before, options.after});
     LexiconReader before;
     LexiconReader after;
     if (openLexicon(before, options.before) != LexiconReader::Status::Ok ||
@@ -118,8 +119,8 @@ int run(const DiffOptions& options)
         return Failed;
     Differ differ(before, after, options);
     if (!differ.run())
-        return finishOutput(Failed);
-    return finishOutput(differ.isSame() ? Done : Negative);
+        return finishOutput(Failed, states);
+    return finishOutput(differ.isSame() ? Done : Negative, states);
 }
 
 } // namespace

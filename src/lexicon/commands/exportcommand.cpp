@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/exports/exporttable.h"
 #include "lexicon/file/pendingfile.h"
 #include "lexicon/sources/tsv.h"
@@ -28,6 +29,7 @@ struct ExportOptions {
     std::string file;
     std::string kind = tsvKind;
     std::string output; ///< empty and "-" are the standard output
+    bool force = false; ///< replace a lexicon, too
 };
 
 /// Takes a line of TSV; false ends the export.
@@ -46,17 +48,27 @@ LexiconReader::Status writeEntries(LexiconReader& reader, const Sink& write, std
         error);
 }
 
-int exportToFile(LexiconReader& reader, const std::string& file, const std::string& output)
+/// Whether the export may write a file, by an exit code.
+int checkOutput(const std::string& output, const ExportOptions& options)
 {
-    PendingFile pending(output);
+    return isApart(output, "lexicon", options.file)
+               ? checkTarget(output, Writes::AnythingElse, options.force)
+               : Usage;
+}
+
+int exportToFile(LexiconReader& reader, const ExportOptions& options, const FileStates& states)
+{
+    if (const int code = checkOutput(options.output, options); code != Done)
+        return code;
+    PendingFile pending(options.output);
     std::string error;
     const auto write = [&pending](const std::string& line) { return pending.write(line); };
     const LexiconReader::Status status = writeEntries(reader, write, error);
-    return finishFiles(status, file, error,
+    return finishFiles(status, options.file, error, states,
                        [&pending](std::string& why) { return pending.commit(why); });
 }
 
-int exportToOutput(LexiconReader& reader, const std::string& file)
+int exportToOutput(LexiconReader& reader, const std::string& file, const FileStates& states)
 {
     std::string error;
     const auto write = [](const std::string& line) {
@@ -66,7 +78,7 @@ int exportToOutput(LexiconReader& reader, const std::string& file)
     const LexiconReader::Status status = writeEntries(reader, write, error);
     if (status != LexiconReader::Status::Ok)
         complain(file + ": " + error);
-    return finishOutput(exitCode(status));
+    return finishOutput(exitCode(status), states);
 }
 
 /// The description without its markup and on one line, or else the name.
@@ -77,19 +89,19 @@ std::string titleOf(LexiconReader& reader)
     return title.empty() ? reader.name() : title;
 }
 
-int exportFor(LexiconReader& reader, const ExportOptions& options)
+int exportFor(LexiconReader& reader, const ExportOptions& options, const FileStates& states)
 {
     const auto files = makeExport(options.kind, options.output, titleOf(reader));
     for (const std::string& file : files->files()) {
-        if (!isApart(file, "lexicon", options.file))
-            return Usage;
+        if (const int code = checkOutput(file, options); code != Done)
+            return code;
     }
     std::string error;
     const auto add = [&files](std::string_view headword, std::string_view article) {
         return files->add(headword, article);
     };
     const LexiconReader::Status status = reader.visitFrom({}, add, error);
-    return finishFiles(status, options.file, error,
+    return finishFiles(status, options.file, error, states,
                        [&files](std::string& why) { return files->commit(why); });
 }
 
@@ -100,16 +112,19 @@ int run(const ExportOptions& options)
         complain("export: --to " + options.kind + " needs -o, the name of its files");
         return Usage;
     }
+    const FileStates states({options.file});
     LexiconReader reader;
     if (const auto status = openLexicon(reader, options.file); status != LexiconReader::Status::Ok)
         return exitCode(status);
+    std::string error;
+    if (const auto status = reader.checkDescription(error); status != LexiconReader::Status::Ok) {
+        complain(options.file + ": " + error);
+        return exitCode(status);
+    }
     if (options.kind != tsvKind)
-        return exportFor(reader, options);
-    if (toOutput)
-        return exportToOutput(reader, options.file);
-    return isApart(options.output, "lexicon", options.file)
-               ? exportToFile(reader, options.file, options.output)
-               : Usage;
+        return exportFor(reader, options, states);
+    return toOutput ? exportToOutput(reader, options.file, states)
+                    : exportToFile(reader, options, states);
 }
 
 std::vector<std::string> kinds()
@@ -131,6 +146,7 @@ Action exportLexicon(CLI::App& options)
     options.add_option("-o,--output", request->output,
                        "File to write instead of the standard output; for stardict and dictd, the "
                        "files' name without its suffix");
+    options.add_flag("--force", request->force, "Replace files that are lexicons");
     return [request] { return run(*request); };
 }
 

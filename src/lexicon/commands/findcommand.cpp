@@ -9,6 +9,7 @@
 
 #include <QJsonArray>
 
+#include <algorithm>
 #include <functional>
 #include <iostream>
 #include <limits>
@@ -58,61 +59,69 @@ public:
 
     void find(const std::string& word)
     {
-        const bool isFound = _options.json ? printJson(word) : printText(word);
-        if (!isFound) {
+        bool isFound = false;
+        std::string error;
+        const LexiconReader::Status status =
+            _options.json ? printJson(word, isFound, error) : printText(word, isFound, error);
+        if (status != LexiconReader::Status::Ok) {
+            complain(_options.file + ": " + error + ", where \"" + word + "\" would be");
+            _code = Failed;
+        } else if (!isFound) {
             complain("not found: " + word);
-            _allFound = false;
+            _code = std::max<int>(_code, Negative);
         }
     }
 
-    int finish() const { return finishOutput(_allFound ? Done : Negative); }
+    int finish() const { return finishOutput(_code); }
 
 private:
-    /// Whether there is any; `print` is called for as many as are wanted.
-    bool visit(const std::string& word,
-               const std::function<void(std::string_view, std::string_view)>& print)
+    /// `isFound` tells whether there is any; `print` is called for as many as are wanted.
+    LexiconReader::Status
+    visit(const std::string& word, bool& isFound, std::string& error,
+          const std::function<void(std::string_view, std::string_view)>& print)
     {
-        bool isFound = false;
         uint64_t left = _options.limit.value_or(std::numeric_limits<uint64_t>::max());
-        _reader.visitMatches(word, _options.prefix,
-                             [&](std::string_view headword, std::string_view article) {
-                                 isFound = true;
-                                 if (left > 0)
-                                     print(headword, article);
-                                 return left > 0 && --left > 0 && std::cout;
-                             });
-        return isFound;
+        const auto visitor = [&](std::string_view headword, std::string_view article) {
+            isFound = true;
+            if (left > 0)
+                print(headword, article);
+            return left > 0 && --left > 0 && std::cout;
+        };
+        return _reader.visitMatches(word, _options.prefix, visitor, error);
     }
 
-    bool printText(const std::string& word)
+    LexiconReader::Status printText(const std::string& word, bool& isFound, std::string& error)
     {
-        return visit(word, [this](std::string_view headword, std::string_view article) {
-            if (_options.html)
-                std::cout << richTextOf(headword, article).toStdString() << "\n\n";
-            else
-                std::cout << utf8::fromLatin1(headword) << '\n'
-                          << givenback::article(article) << "\n\n";
-        });
+        return visit(word, isFound, error,
+                     [this](std::string_view headword, std::string_view article) {
+                         if (_options.html)
+                             std::cout << richTextOf(headword, article).toStdString() << "\n\n";
+                         else
+                             std::cout << utf8::fromLatin1(headword) << '\n'
+                                       << givenback::article(article) << "\n\n";
+                     });
     }
 
-    bool printJson(const std::string& word)
+    LexiconReader::Status printJson(const std::string& word, bool& isFound, std::string& error)
     {
         QJsonArray entries;
-        const bool isFound = visit(word, [&](std::string_view headword, std::string_view article) {
+        const auto print = [&](std::string_view headword, std::string_view article) {
             QJsonObject entry{{u"headword"_s, latin1Text(headword)}};
             if (_options.html)
                 entry.insert(u"html"_s, richTextOf(headword, article));
             else
                 entry.insert(u"article"_s, jsonText(givenback::article(article)));
             entries.append(entry);
-        });
-        printJsonLine({{u"word"_s, jsonText(word)}, {u"entries"_s, entries}});
-        return isFound;
+        };
+        const LexiconReader::Status status = visit(word, isFound, error, print);
+        if (status == LexiconReader::Status::Ok || isFound)
+            printJsonLine({{u"word"_s, jsonText(word)}, {u"entries"_s, entries}});
+        return status;
     }
 
     LexiconReader& _reader;
     const FindOptions& _options;
-    bool _allFound = true;
+    int _code = Done;
 };
 
 int run(const FindOptions& options)

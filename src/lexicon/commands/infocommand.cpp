@@ -55,6 +55,7 @@ void printJson(const std::string& file, const LexiconFacts& facts)
 
 int run(const std::string& file, bool json)
 {
+    const FileStates states({file});
     LexiconReader reader;
     if (const auto status = openLexicon(reader, file); status != LexiconReader::Status::Ok)
         return exitCode(status);
@@ -69,7 +70,7 @@ int run(const std::string& file, bool json)
         printJson(file, facts);
     else
         printText(file, facts);
-    return finishOutput(Done);
+    return finishOutput(Done, states);
 }
 
 } // namespace

@@ -36,6 +36,7 @@ void print(const std::string& headword, bool json)
 
 int run(const ListOptions& options)
 {
+    const FileStates states({options.file});
     LexiconReader reader;
     if (const auto status = openLexicon(reader, options.file); status != LexiconReader::Status::Ok)
         return exitCode(status);
@@ -50,7 +51,7 @@ int run(const ListOptions& options)
     const LexiconReader::Status status = reader.visitFrom(options.from, visit, error);
     if (status != LexiconReader::Status::Ok)
         complain(options.file + ": " + error);
-    return finishOutput(exitCode(status));
+    return finishOutput(exitCode(status), states);
 }
 
 } // namespace

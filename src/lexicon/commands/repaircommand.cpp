@@ -2,6 +2,7 @@
 #include "lexicon/build/lexiconbuilder.h"
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/repair/salvagesource.h"
 
 #include <iostream>
@@ -18,6 +19,7 @@ namespace
 struct RepairOptions {
     std::string file;
     std::string output;
+    bool force = false;
     bool quiet = false;
 };
 
@@ -25,6 +27,9 @@ int run(const RepairOptions& options)
 {
     if (!isFileName(options.output) || !isApart(options.output, "lexicon", options.file))
         return Usage;
+    if (const int code = checkTarget(options.output, Writes::Lexicon, options.force); code != Done)
+        return code;
+    const FileStates states({options.file});
     Salvage salvage;
     std::string error;
     if (!salvage.read(options.file, error)) {
@@ -33,6 +38,10 @@ int run(const RepairOptions& options)
     }
     if (!salvage.entryError().empty()) {
         complain(salvage.entryError());
+        return Failed;
+    }
+    if (!states.areKept(error)) {
+        complain(error);
         return Failed;
     }
     for (const std::string& loss : salvage.losses())
@@ -63,6 +72,7 @@ Action repair(CLI::App& options)
     const auto request = std::make_shared<RepairOptions>();
     options.add_option("FILE", request->file)->required();
     options.add_option("-o,--output", request->output, "The sound lexicon to write")->required();
+    options.add_flag("--force", request->force, "Replace a file that is no lexicon");
     options.add_flag("-q,--quiet", request->quiet, "Print only what was lost, and errors");
     return [request] { return run(*request); };
 }

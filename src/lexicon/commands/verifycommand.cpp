@@ -81,8 +81,9 @@ int verifyOne(const std::string& file, const VerifyOptions& options)
         verifier.select(name);
     if (options.quick)
         verifier.selectQuick();
+    const FileStates states({file});
     std::string error;
-    if (!verifier.run(file, error)) {
+    if (!verifier.run(file, error) || !states.areKept(error)) {
         complain(error);
         return Failed;
     }

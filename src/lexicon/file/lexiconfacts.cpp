@@ -18,6 +18,8 @@ namespace teskel
 LexiconReader::Status LexiconFacts::gather(LexiconReader& reader, const std::string& path,
                                            std::string& error)
 {
+    if (const auto status = reader.checkDescription(error); status != LexiconReader::Status::Ok)
+        return status;
     name = reader.name();
     description = reader.description();
     records = reader.recordCount();

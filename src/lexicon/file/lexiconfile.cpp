@@ -15,7 +15,11 @@ bool openLexiconFile(QFile& file, const std::string& path, std::string& error)
         error = "cannot read " + path + ": it is no regular file";
         return false;
     }
-    char byte = 0; // to read it tells a directory from a file
+    if (info.isDir()) {
+        error = "cannot read " + path + ": Is a directory";
+        return false;
+    }
+    char byte = 0; // to read it tells what can be opened alone from what can be read
     if (file.open(QIODevice::ReadOnly) && file.read(&byte, 1) >= 0 && file.seek(0))
         return true;
     error = "cannot read " + path + ": " + file.errorString().toStdString();

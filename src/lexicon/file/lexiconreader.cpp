@@ -19,6 +19,13 @@ namespace teskel
 namespace
 {
 
+constexpr unsigned short descriptionRecord = 2;
+
+std::string recordThatCannotBeUnpacked(unsigned record)
+{
+    return "record " + std::to_string(record) + " cannot be unpacked";
+}
+
 /// A word as a build would have written it.
 std::string headwordOf(std::string_view word, LatinForm form = LatinForm::LetterReferences)
 {
@@ -48,13 +55,21 @@ std::string LexiconReader::name()
 
 std::string LexiconReader::description()
 {
-    const char* text = _dictionary.getDecompressedRecord(2);
+    const char* text = _dictionary.getDecompressedRecord(descriptionRecord);
     return text ? givenback::description(text) : std::string();
+}
+
+LexiconReader::Status LexiconReader::checkDescription(std::string& error)
+{
+    if (_dictionary.getDecompressedRecord(descriptionRecord))
+        return Status::Ok;
+    error = recordThatCannotBeUnpacked(descriptionRecord);
+    return Status::Invalid;
 }
 
 bool LexiconReader::describesInReferences()
 {
-    const char* text = _dictionary.getDecompressedRecord(2);
+    const char* text = _dictionary.getDecompressedRecord(descriptionRecord);
     return text && givenback::hasReferences(text);
 }
 
@@ -96,8 +111,7 @@ LexiconReader::Status LexiconReader::visitRecord(unsigned record, const Visitor&
 {
     const TextRecord* text = _dictionary.getTextRecord(static_cast<unsigned short>(record));
     if (!text) {
-        error =
-            "record " + std::to_string(record + limits::firstWordRecord) + " cannot be unpacked";
+        error = recordThatCannotBeUnpacked(record + limits::firstWordRecord);
         return Status::Invalid;
     }
     for (quint16 entry = 0; entry < text->count(); ++entry) {
@@ -108,24 +122,35 @@ LexiconReader::Status LexiconReader::visitRecord(unsigned record, const Visitor&
     return Status::Ok;
 }
 
-void LexiconReader::visitMatches(std::string_view word, bool prefix, const Visitor& visitor)
+/// False when there is none.
+bool LexiconReader::visitEqual(const std::string& latin1, bool prefix, const Visitor& visitor)
 {
     const std::unique_ptr<QtDictionary::QtDictionaryIterator> iterator(
         _dictionary.createIterator());
-    std::string wanted = headwordOf(word);
-    CursorPosition position = _dictionary.findWord(wanted.c_str(), CursorPosition(), prefix);
-    if (!iterator->isValid(position)) {
-        // A lexicon does not tell its form.
-        wanted = headwordOf(word, LatinForm::Plain);
-        position = _dictionary.findWord(wanted.c_str(), CursorPosition(), prefix);
-    }
+    CursorPosition position = _dictionary.findWord(latin1.c_str(), CursorPosition(), prefix);
+    const bool isFound = iterator->isValid(position);
     for (; iterator->isValid(position); position = iterator->move(position, 1)) {
         const std::string headword = _dictionary.getWordAt(position);
-        if (_dictionary.wordCompare(headword.c_str(), wanted.c_str(), prefix) != 0)
-            return;
-        if (!visitor(headword, articleOf(_dictionary, position)))
-            return;
+        if (_dictionary.wordCompare(headword.c_str(), latin1.c_str(), prefix) != 0 ||
+            !visitor(headword, articleOf(_dictionary, position)))
+            break;
     }
+    return isFound;
+}
+
+LexiconReader::Status LexiconReader::visitMatches(std::string_view word, bool prefix,
+                                                  const Visitor& visitor, std::string& error)
+{
+    (void)_dictionary.takeMissedRecord();
+    // A lexicon does not tell its form.
+    const bool isFound = visitEqual(headwordOf(word), prefix, visitor) ||
+                         visitEqual(headwordOf(word, LatinForm::Plain), prefix, visitor);
+    const int missed = _dictionary.takeMissedRecord();
+    // Equal headwords stand in one record.
+    if (missed < 0 || (isFound && !prefix))
+        return Status::Ok;
+    error = "record " + std::to_string(missed) + " cannot be read";
+    return Status::Unreadable;
 }
 
 } // namespace teskel

@@ -29,6 +29,8 @@ public:
 
     std::string name();
     std::string description();
+    /// Whether the description can be unpacked; else Invalid.
+    Status checkDescription(std::string& error);
     /// Whether the description, as it is stored, has letter references.
     bool describesInReferences();
     unsigned recordCount() { return _dictionary.getWordRecordCount(); }
@@ -41,10 +43,13 @@ public:
     Status visitRecord(unsigned record, const Visitor& visitor, std::string& error);
 
     /// Walks through the entries whose headwords equal `word` (UTF-8) or, with `prefix`, begin with
-    /// it, without regard to case.
-    void visitMatches(std::string_view word, bool prefix, const Visitor& visitor);
+    /// it, without regard to case. Unreadable when a record cannot be read that may hold some, with
+    /// a sentence on it in `error`.
+    Status visitMatches(std::string_view word, bool prefix, const Visitor& visitor,
+                        std::string& error);
 
 private:
+    bool visitEqual(const std::string& latin1, bool prefix, const Visitor& visitor);
     unsigned recordBefore(const std::string& latin1);
 
     QtDictionary _dictionary;

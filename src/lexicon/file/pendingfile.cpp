@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/file/pendingfile.h"
 
-#include <array>
-#include <cerrno>
-#include <csignal>
-#include <cstring>
+#include "lexicon/file/leftovers.h"
+#include "lexicon/file/outputtarget.h"
 
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,124 +18,124 @@ namespace teskel
 namespace
 {
 
-constexpr std::array<int, 4> endingSignals = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
-
-/// Paths for the signal handler, which may use nothing that allocates; empty ones are free.
-constexpr size_t mostFiles = 4;
-char pendingPaths[mostFiles][4096];
-
-extern "C" void removePendingFiles(int signal)
-{
-    for (const auto& path : pendingPaths) {
-        if (path[0] != '\0')
-            ::unlink(static_cast<const char*>(path));
-    }
-    // The handler is gone by now: end the way the signal meant.
-    ::raise(signal);
-}
-
-void watchSignals()
-{
-    for (const int signal : endingSignals) {
-        struct sigaction old = {};
-        // What the caller chose to ignore stays ignored.
-        if (::sigaction(signal, nullptr, &old) != 0 || old.sa_handler == SIG_IGN)
-            continue;
-        struct sigaction action = {};
-        action.sa_handler = removePendingFiles;
-        action.sa_flags = static_cast<int>(SA_RESETHAND);
-        ::sigaction(signal, &action, nullptr);
-    }
-}
-
-/// Takes a free place for the path; null when there is none, or the path is too long for it.
-char* remember(const std::string& path)
-{
-    for (auto& place : pendingPaths) {
-        if (place[0] == '\0' && path.size() < sizeof place) {
-            std::memcpy(static_cast<char*>(place), path.c_str(), path.size() + 1);
-            return static_cast<char*>(place);
-        }
-    }
-    return nullptr;
-}
-
-// A pipe or a device would be gone for everybody. What a rename says of a directory is enough.
-bool isReplaceable(const std::string& path)
-{
-    struct stat status = {};
-    return ::stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode) || S_ISDIR(status.st_mode);
-}
+constexpr mode_t newFileMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+constexpr mode_t permissions = S_IRWXU | S_IRWXG | S_IRWXO;
 
 } // namespace
 
 PendingFile::PendingFile(std::string target)
     : _target(std::move(target))
 {
-    _path = _target + ".part" + std::to_string(::getpid());
-    ::unlink(_path.c_str()); // left by a process that was killed
-    _guarded = remember(_path);
-    watchSignals();
-    _file = std::fopen(_path.c_str(), "wbxe");
+    if (outputtarget::follow(_target, _real, _reason))
+        create();
+}
+
+void PendingFile::create()
+{
+    leftovers::remove(_real);
+    if (createUnnamed())
+        return;
+    _path = _named = leftovers::pathFor(_real);
+    _guard.emplace(_named);
+    const int descriptor =
+        ::open(_named.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
+    if (!check(descriptor >= 0))
+        return;
+    (void)leftovers::hold(descriptor);
+    _file = ::fdopen(descriptor, "wb");
     check(_file != nullptr);
+}
+
+/// Not every file system can make a file without a name, and /proc gives it one in the end.
+bool PendingFile::createUnnamed()
+{
+    const std::string directory = std::filesystem::path(_real).parent_path().string();
+    const int descriptor = ::open(directory.empty() ? "." : directory.c_str(),
+                                  O_TMPFILE | O_RDWR | O_CLOEXEC, newFileMode);
+    if (descriptor < 0)
+        return false;
+    _path = "/proc/self/fd/" + std::to_string(descriptor);
+    const bool isReachable = ::access(_path.c_str(), F_OK) == 0;
+    _file = isReachable ? ::fdopen(descriptor, "wb") : nullptr;
+    if (!_file)
+        ::close(descriptor);
+    else
+        (void)leftovers::hold(descriptor);
+    return _file != nullptr;
 }
 
 PendingFile::~PendingFile()
 {
     if (_file)
         std::fclose(_file);
-    if (!_isCommitted)
-        ::unlink(_path.c_str());
-    if (_guarded)
-        _guarded[0] = '\0';
+    if (!_named.empty())
+        ::unlink(_named.c_str());
 }
 
 /// Keeps the reason when something is not done.
 bool PendingFile::check(bool isDone)
 {
-    if (!isDone && _reason == 0)
-        _reason = errno;
+    if (!isDone && _reason.empty())
+        _reason = std::strerror(errno);
     return isDone;
 }
 
 std::string PendingFile::sentence() const
 {
-    return "cannot write " + _target + ": " + std::strerror(_reason);
+    return "cannot write " + _target + ": " + _reason;
 }
 
 bool PendingFile::write(std::string_view bytes)
 {
-    return _reason == 0 && check(std::fwrite(bytes.data(), 1, bytes.size(), _file) == bytes.size());
+    return _reason.empty() &&
+           check(std::fwrite(bytes.data(), 1, bytes.size(), _file) == bytes.size());
 }
 
 void PendingFile::seek(uint64_t offset)
 {
-    if (_reason == 0)
+    if (_reason.empty())
         check(::fseeko(_file, static_cast<off_t>(offset), SEEK_SET) == 0);
 }
 
 bool PendingFile::flush(std::string& error)
 {
-    if (_reason == 0 && check(std::fflush(_file) == 0))
+    if (_reason.empty() && check(std::fflush(_file) == 0))
         return true;
     error = sentence();
     return false;
+}
+
+/// Only a file that has a name can take that of another.
+bool PendingFile::takePlace()
+{
+    if (_named.empty()) {
+        const std::string name = leftovers::pathFor(_real);
+        _guard.emplace(name);
+        if (::linkat(AT_FDCWD, _path.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0)
+            return false;
+        _named = name;
+    }
+    if (std::rename(_named.c_str(), _real.c_str()) != 0)
+        return false;
+    _named.clear();
+    return true;
 }
 
 bool PendingFile::commit(std::string& error)
 {
     if (!flush(error))
         return false;
-    if (!isReplaceable(_target)) {
-        error = "cannot write " + _target + ": it is no regular file";
-        return false;
+    struct stat old = {};
+    if (outputtarget::isReplaceable(_real, _reason)) {
+        const int descriptor = ::fileno(_file);
+        if (::stat(_real.c_str(), &old) == 0)
+            (void)::fchmod(descriptor, old.st_mode & permissions); // not every file system has any
+        check(::fsync(descriptor) == 0);
     }
-    if (!check(::fsync(::fileno(_file)) == 0 && std::rename(_path.c_str(), _target.c_str()) == 0)) {
-        error = sentence();
-        return false;
-    }
-    _isCommitted = true;
-    return true;
+    if (_reason.empty() && check(takePlace()))
+        return true;
+    error = sentence();
+    return false;
 }
 
 } // namespace teskel

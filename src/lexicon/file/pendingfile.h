@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lexicon/file/guardedpath.h"
+
 #include <cstdint>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,18 +14,21 @@ namespace teskel
 
 /// An output that takes its name only when it is complete: it is written whole or not at all.
 ///
-/// Until then it stands beside its target under a name of its own. It is removed when it is
-/// destroyed without having been committed, and when a signal ends the program. At most four at a
-/// time are.
+/// Until then it has no name at all where the file system can do that, and is gone when the program
+/// is killed. Elsewhere it stands beside its target under a name of its own; it is removed when it
+/// is destroyed without having been committed, when a signal ends the program, and by the next
+/// output with this target when the program was killed.
 class PendingFile
 {
 public:
-    /// Creates the file. `target` is its final path, in the bytes of the file system.
+    /// Creates the file. `target` is its final path, in the bytes of the file system; of a symbolic
+    /// link it is the file that this leads to.
     explicit PendingFile(std::string target);
     PendingFile(const PendingFile&) = delete;
     PendingFile& operator=(const PendingFile&) = delete;
     ~PendingFile();
 
+    /// Where this process can open what was written so far.
     const std::string& path() const { return _path; }
     const std::string& target() const { return _target; }
 
@@ -35,20 +41,25 @@ public:
     /// Lets others see what was written so far. On failure returns false and says why in `error`.
     bool flush(std::string& error);
 
-    /// Makes the file's bytes last and gives it its name, replacing the file or the link that was
-    /// there, but no pipe or device. On failure returns false and says why in `error`.
+    /// Makes the file's bytes last and gives it its name, in place of a file that was there and may
+    /// be replaced (outputtarget::isReplaceable()), with the permissions of that. On failure
+    /// returns false and says why in `error`.
     bool commit(std::string& error);
 
 private:
+    void create();
+    bool createUnnamed();
+    bool takePlace();
     bool check(bool isDone);
     std::string sentence() const;
 
     std::string _target;
+    std::string _real;  ///< the target without links
+    std::string _named; ///< the name beside it, while it has one
     std::string _path;
-    std::FILE* _file;
-    char* _guarded = nullptr; ///< the path as the signal handler knows it
-    int _reason = 0;          ///< errno of the first failure
-    bool _isCommitted = false;
+    std::FILE* _file = nullptr;
+    std::optional<GuardedPath> _guard; ///< of the name beside the target
+    std::string _reason;               ///< of the first failure
 };
 
 } // namespace teskel

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 
 namespace teskel
 {
@@ -71,7 +70,7 @@ void Salvage::readIndex(QtRecords& records)
     if (mostListed(_file.size()) <= indexRecord)
         return;
     if (const RecordPointer record(records.getData(indexRecord)); record)
-        _index.parse(record->data, record->size, std::numeric_limits<std::size_t>::max());
+        _index = KeyList({record->data, record->size});
 }
 
 /// Reads on behind the record's end as the list has it, because that may be what is damaged.

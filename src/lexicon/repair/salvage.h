@@ -2,8 +2,8 @@
 #pragma once
 
 #include "dictionary/textrecord.h"
-#include "dictionary/wordindex.h"
 #include "lexicon/entries/entryfile.h"
+#include "lexicon/file/keylist.h"
 
 #include <QFile>
 
@@ -68,7 +68,7 @@ private:
     std::string headwordsOf(unsigned wordRecord) const;
 
     QFile _file;
-    WordIndex _index;
+    KeyList _index;
     std::set<qint64> _known; ///< offsets of records that unpacked
     EntryFile _entries;
     std::string _text; ///< of the entry that is put aside

@@ -98,6 +98,7 @@ bool DictdSource::read(EntryIntake& intake, std::string& error)
     InputFile articles;
     DictdIndex::Line line;
     std::string text;
+    std::string key;
     bool isEnd = false;
     // The first line tells whether this is an index at all, so it comes before the articles.
     if (!findFiles(error) || !index.open(_indexPath, error) || !index.next(line, isEnd, error) ||
@@ -109,10 +110,12 @@ bool DictdSource::read(EntryIntake& intake, std::string& error)
             error = where + ": " + error;
             return false;
         }
+        key = _texts.decoded(line.key, where);
+        const std::string_view article = _texts.decoded(text, where, ", in its article");
         if (line.isMetadata())
-            takeMetadata(line, text);
+            takeMetadata(line, article);
         else
-            addLaidOut(intake, line.key, Written::InText, text, line.number, where);
+            addLaidOut(intake, key, Written::InText, article, line.number, where);
         if (!index.next(line, isEnd, error))
             return false;
     }

@@ -3,6 +3,8 @@
 
 #include "lexicon/text/textlines.h"
 
+#include <algorithm>
+
 namespace teskel::freedict
 {
 
@@ -16,14 +18,22 @@ bool isClosing(char c)
     return c == ',' || c == ';' || c == ')' || c == ']';
 }
 
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
 /// Single blanks, none in front of a closing sign, one behind a tag.
 std::string tidySpacing(std::string_view text)
 {
     std::string result;
     result.reserve(text.size() + 8);
-    for (const char c : trimmed(text)) {
+    text = trimmed(text);
+    const auto isOrdinary = [](char c) { return !isBlank(c) && !isClosing(c) && c != '>'; };
+    for (auto next = text.begin(); next != text.end();) {
+        const char c = *next++;
         const bool afterBlank = !result.empty() && result.back() == ' ';
-        if (c == ' ' || c == '\t') {
+        if (isBlank(c)) {
             if (!afterBlank)
                 result += ' ';
             continue;
@@ -35,6 +45,11 @@ std::string tidySpacing(std::string_view text)
         if (afterTag && !isClosing(c) && c != '.' && c != ':' && c != '/' && c != '-' && c != '>')
             result += ' ';
         result += c;
+        if (!isOrdinary(c))
+            continue;
+        const auto end = std::find_if_not(next, text.end(), isOrdinary); // nothing to change so far
+        result.append(next, end);
+        next = end;
     }
     return result;
 }

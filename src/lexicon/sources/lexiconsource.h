@@ -2,6 +2,7 @@
 #pragma once
 
 #include "lexicon/entries/entryintake.h"
+#include "lexicon/sources/input/sourcetext.h"
 
 #include <string>
 #include <string_view>
@@ -17,6 +18,11 @@ public:
 
     /// Hands all entries to `intake`. On failure returns false and says why in `error`.
     virtual bool read(EntryIntake& intake, std::string& error) = 0;
+
+    /// How the bytes of the source are read; before it is read.
+    void setEncoding(const EncodingOptions& options) { _texts.setOptions(options); }
+    /// False when what was read is hardly text in that encoding, with the reason in `error`.
+    bool acceptsText(std::string& error) const { return _texts.isAccepted(_canReplace, error); }
 
     /// What the source says of itself, UTF-8, once it was read; empty when it says nothing.
     const std::string& description() const { return _description; }
@@ -52,6 +58,8 @@ protected:
                     std::string_view text, uint32_t number, std::string_view where);
 
     std::string _description;
+    SourceText _texts;
+    bool _canReplace = true; ///< what is no text
 
 private:
     uint32_t _orderBefore = 0;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/tsv.h"
 
+#include <algorithm>
+
 namespace teskel::tsv
 {
 
@@ -30,19 +32,16 @@ std::string unescaped(std::string_view text)
 {
     std::string result;
     result.reserve(text.size());
-    for (size_t i = 0; i < text.size(); ++i) {
-        const char next = text[i] == '\\' && i + 1 < text.size() ? text[i + 1] : '\0';
-        if (next == 'n')
-            result += '\n';
-        else if (next == 't')
-            result += '\t';
-        else if (next == '\\')
-            result += '\\';
-        else {
-            result += text[i];
-            continue;
-        }
-        ++i;
+    while (!text.empty()) {
+        const size_t mark = std::min(text.find('\\'), text.size());
+        result += text.substr(0, mark);
+        text.remove_prefix(mark);
+        if (text.empty())
+            break;
+        const char next = text.size() > 1 ? text[1] : '\0';
+        const bool isEscape = next == 'n' || next == 't' || next == '\\';
+        result += next == 'n' ? '\n' : next == 't' ? '\t' : '\\';
+        text.remove_prefix(isEscape ? 2 : 1);
     }
     return result;
 }

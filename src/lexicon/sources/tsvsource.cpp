@@ -26,18 +26,21 @@ bool TsvSource::read(EntryIntake& intake, std::string& error)
     for (; _input->readLine(line, isEnd, error);) {
         if (isEnd)
             return _input->checkUnchanged(error);
-        std::string_view text = ++_lineNumber == 1 ? utf8::withoutByteOrderMark(line) : line;
+        const std::string where = placeInFile(_input->name(), ++_lineNumber);
+        _texts.check(line, where);
+        std::string_view text = _lineNumber == 1 ? utf8::withoutByteOrderMark(line) : line;
         if (text.ends_with('\r'))
             text.remove_suffix(1);
-        if (!text.empty() && !takeLine(text, intake, error)) {
-            error = placeInFile(_input->name(), _lineNumber) + ": " + error;
+        if (!text.empty() && !takeLine(text, where, intake, error)) {
+            error = where + ": " + error;
             return false;
         }
     }
     return false;
 }
 
-bool TsvSource::takeLine(std::string_view line, EntryIntake& intake, std::string& error)
+bool TsvSource::takeLine(std::string_view line, const std::string& where, EntryIntake& intake,
+                         std::string& error)
 {
     std::string_view headword;
     std::string_view article;
@@ -50,12 +53,11 @@ bool TsvSource::takeLine(std::string_view line, EntryIntake& intake, std::string
     if (isDescription && _description.empty()) {
         _description = tsv::unescaped(article);
     } else if (!property.empty()) {
-        intake.note(diagnostic::unknownProperty, placeInFile(_input->name(), _lineNumber),
+        intake.note(diagnostic::unknownProperty, where,
                     "\"##" + std::string(property) + "\" is left out: " +
                         (isDescription ? "the description is known already"
                                        : "\"##description\" alone has a place in a lexicon"));
     } else {
-        const std::string where = placeInFile(_input->name(), _lineNumber);
         for (const std::string& word : tsv::headwords(headword))
             add(intake, word, tsv::unescaped(article), textKind(), ++_entryNumber, where);
     }

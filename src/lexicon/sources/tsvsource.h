@@ -27,7 +27,8 @@ public:
     Latin1Converter::Text textKind() const override { return Latin1Converter::Text::MarkupArticle; }
 
 private:
-    bool takeLine(std::string_view line, EntryIntake& intake, std::string& error);
+    bool takeLine(std::string_view line, const std::string& where, EntryIntake& intake,
+                  std::string& error);
 
     std::unique_ptr<InputFile> _input;
     uint64_t _lineNumber = 0;

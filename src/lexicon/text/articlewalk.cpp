@@ -5,11 +5,24 @@
 #include "lexicon/text/tags.h"
 #include "script/letterreference.h"
 
+#include <algorithm>
+
 namespace teskel
 {
 
 namespace
 {
+
+/// Length of what no caller looks into: letters and signs, none of which may begin a step of its
+/// own.
+size_t wordLength(std::string_view text)
+{
+    const auto isOfWord = [](char c) {
+        return c != '<' && c != '&' && c != ' ' && c != '\t' && c != '\n' && (c < '0' || c > '9');
+    };
+    const auto end = std::find_if_not(text.begin(), text.end(), isOfWord);
+    return static_cast<size_t>(end - text.begin());
+}
 
 /// Length of the kind of word in italics, "<i>adj</i>", that `text` begins with; 0 when there is
 /// none.
@@ -34,8 +47,11 @@ bool ArticleWalk::next(Step& step)
         return false;
     const std::string_view rest = _article.substr(_position);
     step.atLineStart = _atLineStart;
-    size_t length = 0;
-    if (_atLineStart && _knowsLabels && (length = labelLength(rest)) > 0) {
+    size_t length = wordLength(rest);
+    if (length > 0) {
+        step.kind = Kind::Text;
+        _atLineStart = false;
+    } else if (_atLineStart && _knowsLabels && (length = labelLength(rest)) > 0) {
         step.kind = Kind::Tag;
     } else if ((length = tags::atBeginning(rest).size()) > 0) {
         step.kind = Kind::Tag;
@@ -44,7 +60,7 @@ bool ArticleWalk::next(Step& step)
         step.kind = Kind::Reference;
         _atLineStart = false;
     } else {
-        step.kind = Kind::Byte;
+        step.kind = Kind::Text;
         length = 1;
         if (rest.front() == '\n')
             _atLineStart = true;

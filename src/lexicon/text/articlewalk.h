@@ -18,10 +18,10 @@ public:
     enum class Kind {
         Tag,       ///< a whole tag or comment
         Reference, ///< a whole letter reference
-        Byte,
+        Text,      ///< letters and signs in a row, or a single digit or blank of any kind
     };
     struct Step {
-        Kind kind = Kind::Byte;
+        Kind kind = Kind::Text;
         std::string_view text;
         std::size_t end = 0;      ///< where the step ends in the article
         bool atLineStart = false; ///< whether it stands at a line's beginning

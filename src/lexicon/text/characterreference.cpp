@@ -3,6 +3,7 @@
 
 #include "lexicon/text/charactertables.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace teskel
@@ -53,13 +54,15 @@ CharacterReference readDigitReference(std::u32string_view text)
 std::string escapedMarkup(std::string_view text)
 {
     std::string result;
-    for (const char c : text) {
-        if (c == '<')
-            result += "&lt;";
-        else if (c == '&')
-            result += "&amp;";
-        else
-            result += c;
+    result.reserve(text.size());
+    for (auto begin = text.begin(); begin != text.end();) {
+        const auto end =
+            std::find_if(begin, text.end(), [](char c) { return c == '<' || c == '&'; });
+        result.append(begin, end);
+        if (end == text.end())
+            break;
+        result += *end == '<' ? "&lt;" : "&amp;";
+        begin = end + 1;
     }
     return result;
 }

@@ -9,6 +9,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace teskel::givenback
 {
 
@@ -70,7 +72,7 @@ std::string givenArticle(std::string_view latin1, Joining joining)
     size_t done = 0; // bytes that stand for themselves are taken over in one piece
     ArticleWalk walk(latin1);
     for (ArticleWalk::Step step; walk.next(step);) {
-        if (step.kind == ArticleWalk::Kind::Byte)
+        if (step.kind == ArticleWalk::Kind::Text)
             continue;
         const size_t begin = step.end - step.text.size();
         result += utf8::fromLatin1(latin1.substr(done, begin - done));
@@ -89,12 +91,34 @@ std::string givenArticle(std::string_view latin1, Joining joining)
     return result += utf8::fromLatin1(latin1.substr(done));
 }
 
+/// An article whose references are all to characters that a build writes the same way wherever they
+/// stand: nothing needs to be tried then. None for any other article.
+std::optional<std::string> givenSteadily(std::string_view latin1)
+{
+    std::string result;
+    size_t done = 0;
+    for (size_t at = latin1.find("&_"); at != std::string_view::npos;
+         at = latin1.find("&_", at + 1)) {
+        const LetterReference reference = readLetterReference(latin1.substr(at));
+        const std::string_view text = latin1.substr(at, reference.length);
+        const char32_t character = givenCharacter(text, Digits::Given);
+        if (character == 0)
+            continue;
+        if (character <= highestOfLatin1 || utf8::mayCombine(character))
+            return std::nullopt;
+        result += utf8::fromLatin1(latin1.substr(done, at - done));
+        utf8::append(result, character);
+        done = at + text.size();
+    }
+    return result += utf8::fromLatin1(latin1.substr(done));
+}
+
 } // namespace
 
 std::string article(std::string_view latin1)
 {
-    if (!hasReferences(latin1))
-        return utf8::fromLatin1(latin1);
+    if (auto result = givenSteadily(latin1))
+        return *std::move(result);
     const auto isBuiltAgain = [latin1](std::string_view text) {
         Latin1Converter converter;
         return storedArticle(converter, text, Latin1Converter::Text::MarkupArticle) == latin1;

@@ -42,6 +42,24 @@ bool isLatin1(std::u32string_view text)
                        [](char32_t character) { return character <= highestOfLatin1; });
 }
 
+/// Whether rich text of a lexicon holds the character as it is, wherever it stands.
+bool isOrdinary(char32_t character)
+{
+    return (character >= 0x20 && character < 0x7F && character != U'&' && character != U'<') ||
+           (character > 0x9F && character <= highestOfLatin1);
+}
+
+/// Appends text of Latin-1 characters.
+void appendLatin1(std::u32string_view text, std::string& out)
+{
+    const size_t begin = out.size();
+    out.resize(begin + text.size());
+    std::transform(text.begin(), text.end(), out.begin() + static_cast<std::ptrdiff_t>(begin),
+                   [](char32_t character) {
+                       return static_cast<char>(static_cast<unsigned char>(character));
+                   });
+}
+
 /// Single blanks, none at the ends; "?" for what is no UTF-8.
 std::u32string tidied(std::u32string_view text)
 {
@@ -106,8 +124,7 @@ void Latin1Converter::convertHeadword(std::u32string text, std::string& out)
         const QString latin = inLatin1(QString::fromUcs4(word.data(), std::ssize(word)));
         word = tidied(latin.toStdU32String());
     }
-    for (const char32_t character : word)
-        out.push_back(static_cast<char>(static_cast<unsigned char>(character)));
+    appendLatin1(word, out);
 }
 
 void Latin1Converter::convertPlainHeadword(std::u32string_view text, std::string& out)
@@ -119,19 +136,31 @@ void Latin1Converter::convertPlainHeadword(std::u32string_view text, std::string
             blankPending = true;
             continue;
         }
-        if (blankPending && out.size() > begin)
+        const auto isBehindBlank = [&] { return out.size() == begin || out.back() == ' '; };
+        if (blankPending && !isBehindBlank())
             out += ' ';
         blankPending = false;
+        const bool needsNoBlank = isBehindBlank();
+        const size_t end = out.size();
         putStandIn(character, false, out);
+        if (needsNoBlank && out.size() == end + 1 && out.back() == ' ') // that of a wide blank
+            out.pop_back();
     }
-    while (out.size() > begin && out.back() == ' ') // left by a wide blank
+    while (out.size() > begin && out.back() == ' ')
         out.pop_back();
 }
 
 void Latin1Converter::convertArticle(std::u32string_view text, bool isMarkup, std::string& out)
 {
+    out.reserve(out.size() + text.size());
     for (size_t position = 0; position < text.size(); ++position) {
-        const char32_t character = text[position];
+        const auto run = text.begin() + static_cast<std::ptrdiff_t>(position);
+        const auto end = std::find_if_not(run, text.end(), isOrdinary);
+        appendLatin1({run, end}, out);
+        position += static_cast<size_t>(end - run);
+        if (end == text.end())
+            break;
+        const char32_t character = *end;
         if (character == U'&' && isMarkup && _form == LatinForm::Plain &&
             readLetterReference(text.substr(position)).length > 0) {
             position += putReferred(text.substr(position), out) - 1;

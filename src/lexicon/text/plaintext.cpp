@@ -68,9 +68,11 @@ CharacterReference readReference(std::string_view text)
 std::string plainText(std::string_view markup)
 {
     std::string plain;
+    const size_t tagsEnd = markup.rfind('>') + 1; // behind it none has an end to be looked for
     for (size_t at = 0; at < markup.size();) {
         const std::string_view rest = markup.substr(at);
-        if (const std::string_view tag = tags::atBeginning(rest); !tag.empty()) {
+        const std::string_view tag = at < tagsEnd ? tags::atBeginning(rest) : std::string_view();
+        if (!tag.empty()) {
             if (tags::breaksLine(tag))
                 plain += '\n';
             at += tag.size();

@@ -21,6 +21,13 @@ bool isDigit(char c)
     return isSenseDigit(static_cast<unsigned char>(c));
 }
 
+/// Where the next digit is, from `from` on; the text's size when there is none.
+size_t findDigit(std::string_view text, size_t from)
+{
+    const auto begin = text.begin() + static_cast<std::ptrdiff_t>(from);
+    return static_cast<size_t>(std::find_if(begin, text.end(), isDigit) - text.begin());
+}
+
 bool isNumberAt(std::string_view text, size_t position)
 {
     return position + 1 < text.size() && isDigit(text[position]) && text[position + 1] == '.';
@@ -74,23 +81,30 @@ void referDigits(std::string& article)
         }
     };
     unsigned last = 0; // sense number
+    size_t done = 0;   // bytes of the article
     ArticleWalk walk(article);
-    for (ArticleWalk::Step step; walk.next(step);) {
-        const size_t place = step.end - step.text.size();
-        const bool mayBegin = step.kind == ArticleWalk::Kind::Byte && step.atLineStart;
-        if (mayBegin && isNumberAt(article, place)) {
-            last = static_cast<unsigned>(article[place] - '0');
-            result += step.text;
-        } else if (mayBegin && last >= highest &&
-                   highNumber(std::string_view(article).substr(place)) == last + 1) {
+    ArticleWalk::Step step;
+    for (size_t place = findDigit(article, 0); place < article.size();
+         place = findDigit(article, done)) {
+        result.append(article, done, place - done);
+        done = place + 1;
+        const std::string_view rest = std::string_view(article).substr(place);
+        const bool isNumber = isNumberAt(rest, 0);
+        const bool isHigh = last >= highest && highNumber(rest) == last + 1;
+        while ((isNumber || isHigh) && step.end <= place && walk.next(step)) {
+        }
+        if ((!isNumber && !isHigh) || step.kind != ArticleWalk::Kind::Text || !step.atLineStart) {
+            refer(rest.substr(0, 1));
+        } else if (isNumber) {
+            last = static_cast<unsigned>(rest[0] - '0');
+            result += rest[0];
+        } else {
             const std::string number = std::to_string(++last) + '.';
             refer(result.ends_with(highOpening) ? number : written(last)); // it may have its tags
-            for (size_t passed = 1; passed < number.size(); ++passed)
-                walk.next(step);
-        } else {
-            refer(step.text);
+            done = place + number.size();
         }
     }
+    result.append(article, done);
     article = std::move(result);
 }
 
@@ -104,7 +118,7 @@ void protect(std::string& article, LineStart lineStart)
     ArticleWalk walk(article, ArticleWalk::Labels::Unknown);
     for (ArticleWalk::Step step; walk.next(step);) {
         result += step.text;
-        if (step.kind == ArticleWalk::Kind::Byte && isNumberAt(article, step.end - 1) &&
+        if (step.kind == ArticleWalk::Kind::Text && isNumberAt(article, step.end - 1) &&
             !(step.atLineStart && keepsLineStarts))
             result += separator;
     }

@@ -5,6 +5,9 @@
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <array>
+
+#include <unicode/utf8.h>
 
 namespace teskel::utf8
 {
@@ -20,7 +23,64 @@ QString toUtf16(std::string_view text)
     return decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
 }
 
-/// Whether a character may join the one before it, or change places with it.
+bool isAsciiByte(char byte)
+{
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+bool isAscii(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), isAsciiByte);
+}
+
+/// Canonically composed. That takes time by the square of the length, so it is done in parts, which
+/// end where no character may join the one before it.
+std::u32string composedInParts(std::u32string_view characters)
+{
+    constexpr size_t partSize = 1024;
+    std::u32string result;
+    while (!characters.empty()) {
+        size_t size = std::min(partSize, characters.size());
+        while (size < characters.size() && mayCombine(characters[size]))
+            ++size;
+        const QString part = QString::fromUcs4(characters.data(), static_cast<qsizetype>(size));
+        result += part.normalized(QString::NormalizationForm_C).toStdU32String();
+        characters.remove_prefix(size);
+    }
+    return result;
+}
+
+} // namespace
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion" // within ICU's macro
+std::size_t wellFormedLength(std::string_view text)
+{
+    std::size_t place = 0;
+    while (place < text.size()) {
+        std::size_t next = place;
+        UChar32 character = 0;
+        U8_NEXT(text.data(), next, text.size(), character);
+        if (character < 0)
+            break;
+        place = next;
+    }
+    return place;
+}
+#pragma GCC diagnostic pop
+
+bool isCut(std::string_view text)
+{
+    std::size_t complete = text.size();
+    U8_TRUNCATE_IF_INCOMPLETE(text.data(), std::size_t{0}, complete);
+    return complete == 0 && !text.empty();
+}
+
+std::string_view withoutByteOrderMark(std::string_view text)
+{
+    return text.starts_with(byteOrderMark) ? text.substr(byteOrderMark.size()) : text;
+}
+
 bool mayCombine(char32_t character)
 {
     constexpr char32_t firstMark = 0x300;
@@ -30,15 +90,10 @@ bool mayCombine(char32_t character)
            (QChar::isMark(character) || (character >= firstJamo && character <= lastJamo));
 }
 
-} // namespace
-
-std::string_view withoutByteOrderMark(std::string_view text)
-{
-    return text.starts_with(byteOrderMark) ? text.substr(byteOrderMark.size()) : text;
-}
-
 std::u32string decoded(std::string_view text)
 {
+    if (isAscii(text))
+        return {text.begin(), text.end()};
     constexpr std::string_view written = "\xEF\xBF\xBD";
     std::u32string characters = toUtf16(text).toStdU32String();
     if (characters.find(replacement) == std::u32string::npos)
@@ -60,23 +115,41 @@ std::u32string decoded(std::string_view text)
 std::u32string composed(std::string_view text)
 {
     std::u32string characters = decoded(text);
-    if (std::any_of(characters.begin(), characters.end(), mayCombine) &&
-        characters.find(invalid) == std::u32string::npos)
-        characters = toUtf16(text).normalized(QString::NormalizationForm_C).toStdU32String();
-    return characters;
+    const bool isToCompose = std::any_of(characters.begin(), characters.end(), mayCombine) &&
+                             characters.find(invalid) == std::u32string::npos;
+    return isToCompose ? composedInParts(characters) : characters;
 }
 
 std::string encoded(std::u32string_view characters)
 {
+    if (std::all_of(characters.begin(), characters.end(), [](char32_t c) { return c < 0x80; }))
+        return {characters.begin(), characters.end()};
     QString text;
     for (const char32_t character : characters)
         text += QChar::fromUcs4(character == invalid ? replacement : character);
     return text.toStdString();
 }
 
+void append(std::string& text, char32_t character)
+{
+    std::array<char, U8_MAX_LENGTH> bytes{};
+    std::size_t length = 0;
+    U8_APPEND_UNSAFE(bytes, length, character);
+    text.append(bytes.data(), length);
+}
+
 std::string fromLatin1(std::string_view latin1)
 {
-    return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size())).toStdString();
+    std::string text;
+    text.reserve(latin1.size() + latin1.size() / 8);
+    for (const auto* at = latin1.begin(); at != latin1.end();) {
+        const auto* const end = std::find_if_not(at, latin1.end(), isAsciiByte);
+        text.append(at, end);
+        at = end;
+        if (at != latin1.end())
+            append(text, static_cast<unsigned char>(*at++));
+    }
+    return text;
 }
 
 } // namespace teskel::utf8

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,11 @@ inline constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 /// The text without a byte-order mark at its beginning.
 std::string_view withoutByteOrderMark(std::string_view text);
 
+/// How many bytes of a text there are before the first that belongs to no well-formed character.
+std::size_t wellFormedLength(std::string_view text);
+/// Whether a text is the beginning of a character that is not complete.
+bool isCut(std::string_view text);
+
 /// The characters of a text. Every byte that begins no well-formed character gives `invalid`.
 std::u32string decoded(std::string_view text);
 
@@ -29,6 +35,12 @@ std::u32string composed(std::string_view text);
 
 /// The UTF-8 form of characters; that of `replacement` for `invalid`.
 std::string encoded(std::u32string_view characters);
+
+/// Whether a character may join the one before it, or change places with it.
+bool mayCombine(char32_t character);
+
+/// Appends the UTF-8 form of a character, which must be one and no surrogate.
+void append(std::string& text, char32_t character);
 
 /// The UTF-8 form of Latin-1 bytes.
 std::string fromLatin1(std::string_view latin1);

@@ -10,14 +10,15 @@ namespace teskel::checks
 
 bool index(VerifiedFile& file)
 {
-    const WordIndex& keys = file.index();
+    const KeyList& list = file.index();
+    const std::size_t keys = list.count();
     const size_t before = file.findings().size();
-    if (keys.isTopicIndex())
+    if (list.isTopicIndex())
         file.report("the first key begins with \"#\", which marks a topic dictionary");
-    if (!keys.isEnded())
+    if (!list.isEnded())
         file.report("the list of keys is not ended by an empty key");
-    if (keys.count() != file.wordRecords())
-        file.report("there are " + std::to_string(keys.count()) + " keys for " +
+    if (keys != file.wordRecords())
+        file.report("there are " + std::to_string(keys) + " keys for " +
                     counted(file.wordRecords(), "word record"));
     return file.findings().size() == before;
 }

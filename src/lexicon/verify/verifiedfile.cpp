@@ -2,7 +2,6 @@
 #include "lexicon/verify/verifiedfile.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace teskel
 {
@@ -13,13 +12,13 @@ unsigned VerifiedFile::wordRecords() const
            limits::firstWordRecord;
 }
 
-const WordIndex& VerifiedFile::index()
+const KeyList& VerifiedFile::index()
 {
-    if (!_index.isLoaded()) {
-        if (const RecordPointer record(_records.getData(indexRecord)); record)
-            _index.parse(record->data, record->size, std::numeric_limits<std::size_t>::max());
+    if (!_index) {
+        const RecordPointer record(_records.getData(indexRecord));
+        _index = record ? KeyList({record->data, record->size}) : KeyList();
     }
-    return _index;
+    return *_index;
 }
 
 std::optional<TextRecord> VerifiedFile::unpacked(unsigned number)

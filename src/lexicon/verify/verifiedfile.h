@@ -3,8 +3,8 @@
 
 #include "dictionary/container/qtpalmdb.h"
 #include "dictionary/textrecord.h"
-#include "dictionary/wordindex.h"
 #include "lexicon/entries/lexiconentry.h"
+#include "lexicon/file/keylist.h"
 
 #include <cstdint>
 #include <optional>
@@ -46,8 +46,8 @@ public:
     QtRecords& records() { return _records; }
     /// Word records that the record list names.
     unsigned wordRecords() const;
-    /// The word index, parsed at the first request.
-    const WordIndex& index();
+    /// The keys of the word index, read at the first request.
+    const KeyList& index();
     /// Unpacks a record; reports why it cannot.
     std::optional<TextRecord> unpacked(unsigned number);
 
@@ -59,7 +59,7 @@ public:
 private:
     QtPalmDatabase _database;
     QtRecords& _records = *_database.getRecords();
-    WordIndex _index;
+    std::optional<KeyList> _index;
     const char* _check = "";
     std::vector<Finding> _findings;
 };

@@ -11,6 +11,8 @@ struct archive;
 namespace teskel
 {
 
+struct ArchiveLibrary;
+
 /// Unpacks what xz or zstd packed, through libarchive. (gzip is left to zlib: libarchive does not
 /// look at its checksums.)
 class ArchiveStream : public ByteStream
@@ -22,7 +24,7 @@ public:
     static bool isBegunBy(std::string_view head);
 
     /// `packed` stands at its beginning and must outlive the stream.
-    explicit ArchiveStream(ByteStream& packed);
+    ArchiveStream(ByteStream& packed, const ArchiveLibrary& library);
     ArchiveStream(const ArchiveStream&) = delete;
     ArchiveStream& operator=(const ArchiveStream&) = delete;
     ~ArchiveStream() override;
@@ -33,6 +35,7 @@ private:
     /// What libarchive calls for more packed bytes.
     static long handOver(archive* reader, void* self, const void** bytes);
 
+    const ArchiveLibrary& _library;
     ByteStream& _packed;
     archive* _reader = nullptr;
     bool _isReady = false;

@@ -14,10 +14,14 @@ qint64 InputDevice::readData(char* data, qint64 maxSize)
             _piece.clear();
             return -1;
         }
+        if (_look)
+            _look(_piece);
     }
     const size_t size =
         std::min(static_cast<size_t>(std::max<qint64>(maxSize, 0)), _piece.size() - _handedOver);
     _piece.copy(data, size, _handedOver);
+    for (size_t place = 0; place < size && _bytesRead + place < _blankBytes; ++place)
+        data[place] = data[place] == '\n' ? '\n' : ' ';
     _handedOver += size;
     _bytesRead += size;
     _isEnd = _piece.empty();

@@ -5,6 +5,9 @@
 
 #include <QIODevice>
 
+#include <functional>
+#include <string_view>
+
 namespace teskel
 {
 
@@ -26,6 +29,10 @@ public:
     /// Reading fails when it comes to that many bytes: what is read then is out of measure.
     void setLimit(uint64_t bytes) { _limit = bytes; }
     bool isBeyondLimit() const { return _bytesRead > _limit; }
+    /// Shows the first bytes as blanks, those of line ends excepted.
+    void blankOut(uint64_t bytes) { _blankBytes = bytes; }
+    /// Calls `look` with each piece before it is handed over.
+    void watch(std::function<void(std::string_view piece)> look) { _look = std::move(look); }
     /// Why the input cannot be read; empty when it can.
     const std::string& reason() const { return _reason; }
 
@@ -39,6 +46,8 @@ private:
     size_t _handedOver = 0; ///< bytes of the piece
     uint64_t _bytesRead = 0;
     uint64_t _limit = UINT64_MAX;
+    uint64_t _blankBytes = 0;
+    std::function<void(std::string_view piece)> _look;
     bool _isEnd = false;
     std::string _reason;
 };

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/input/inputfile.h"
 
+#include "lexicon/sources/input/archivelibrary.h"
 #include "lexicon/sources/input/archivestream.h"
+#include "lexicon/sources/input/decodedstream.h"
 #include "lexicon/sources/input/gzipstream.h"
 #include "lexicon/text/counted.h"
 
@@ -23,12 +25,22 @@ bool InputFile::open(const std::string& path, std::string& error)
     const std::string_view magic = _file.head(ArchiveStream::magicBytes);
     if (GzipStream::isBegunBy(magic))
         _unpacked = std::make_unique<GzipStream>(_file);
-    else if (ArchiveStream::isBegunBy(magic))
-        _unpacked = std::make_unique<ArchiveStream>(_file);
+    else if (ArchiveStream::isBegunBy(magic) && !unpackByLibrary(error))
+        return false;
     if (_file.reason().empty())
         return true;
     error = reasonOfFailure();
     return false;
+}
+
+bool InputFile::unpackByLibrary(std::string& error)
+{
+    const ArchiveLibrary* library = ArchiveLibrary::get();
+    if (library)
+        _unpacked = std::make_unique<ArchiveStream>(_file, *library);
+    else
+        error = "cannot unpack " + name() + ": libarchive is not installed";
+    return library != nullptr;
 }
 
 std::string InputFile::name() const
@@ -46,11 +58,21 @@ bool InputFile::readStep(std::string& out)
 {
     const size_t length = out.size();
     out.resize(length + ByteStream::stepBytes);
-    ByteStream& stream = _unpacked ? *_unpacked : _file;
+    ByteStream& stream = _decoded ? *_decoded : bytes();
     const long got = _hasFailed ? -1 : stream.read(out.data() + length, ByteStream::stepBytes);
     out.resize(length + static_cast<size_t>(std::max(got, 0L)));
     _hasFailed = got < 0;
     return got > 0;
+}
+
+ByteStream& InputFile::bytes()
+{
+    return _unpacked ? *_unpacked : _file;
+}
+
+void InputFile::decodeAs(const std::string& encoding)
+{
+    _decoded = std::make_unique<DecodedStream>(bytes(), encoding, std::exchange(_window, {}));
 }
 
 std::string_view InputFile::head(size_t size)

@@ -36,6 +36,10 @@ public:
     /// still to be read.
     std::string_view head(size_t size);
 
+    /// Goes on with the data, what head() has shown included, as the UTF-8 form of text in an
+    /// encoding that TextDecoder knows. read() is not to be used then.
+    void decodeAs(const std::string& encoding);
+
     /// Reads `size` bytes at `offset` of the unpacked data; fails when they are not all there. At
     /// the first time, what is packed is unpacked into a temporary file. Of the other functions
     /// that read, only head() may be used besides.
@@ -55,6 +59,8 @@ public:
     bool checkUnchanged(std::string& error) const;
 
 private:
+    bool unpackByLibrary(std::string& error);
+    ByteStream& bytes();
     bool readStep(std::string& out);
     bool unpackWhole(std::string& error);
     bool readUnpacked(uint64_t offset, uint64_t size, std::string& out);
@@ -64,6 +70,7 @@ private:
     std::string _path;
     RawFile _file;
     std::unique_ptr<ByteStream> _unpacked; ///< null when the file is not packed
+    std::unique_ptr<ByteStream> _decoded;  ///< null when its text is taken as it is
     bool _hasFailed = false;
     std::unique_ptr<ScratchFile> _whole; ///< the unpacked data, for read()
     uint64_t _wholeBytes = 0;

@@ -15,6 +15,9 @@ namespace teskel
 namespace
 {
 
+/// Those that can be shown.
+constexpr std::string_view textTypes = "tmlhxg";
+
 struct Field {
     char type;
     std::string_view text;
@@ -88,31 +91,35 @@ std::string readable(std::string_view text, bool& wasLatin1)
 
 } // namespace
 
-StarDictArticle StarDictArticle::parse(std::string_view data, std::string_view typeSequence)
+StarDictArticle StarDictArticle::parse(std::string_view data, std::string_view typeSequence,
+                                       const Decoded& decoded)
 {
     StarDictArticle article;
     bool hasMarkup = false;
     for (const Field& field : fieldsOf(data, typeSequence, article.isDamaged)) {
         std::string plain;
         std::string rich;
+        const bool isText = textTypes.find(field.type) != std::string_view::npos;
+        const std::string_view text =
+            isText && decoded ? decoded(field.type, field.text) : field.text;
         switch (field.type) {
         case 't':
-            appendLine(article.pronunciation, bare(field.text));
+            appendLine(article.pronunciation, bare(text));
             break;
         case 'm':
-            plain = field.text;
+            plain = text;
             break;
         case 'l':
-            plain = readable(field.text, article.wasLatin1);
+            plain = readable(text, article.wasLatin1);
             break;
         case 'h':
-            rich = markup::fromHtml(field.text);
+            rich = markup::fromHtml(text);
             break;
         case 'x':
-            rich = markup::fromXdxf(field.text);
+            rich = markup::fromXdxf(text);
             break;
         case 'g':
-            rich = markup::fromPango(field.text);
+            rich = markup::fromPango(text);
             break;
         default:
             article.skipped.push_back(field.type);

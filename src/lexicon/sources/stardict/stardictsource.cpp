@@ -63,13 +63,23 @@ bool StarDictSource::open(std::string& error)
             " beside the .ifo";
         return false;
     }
-    _description = _info.name;
+    _description = _texts.decoded(_info.name, _infoPath, ", in its bookname");
     return _articles.open(articlesPath, error);
 }
 
 bool StarDictSource::openIndex(StarDictIndex& index, std::string& error) const
 {
     return index.open(_indexPath, _alternativesPath, _info, error);
+}
+
+bool StarDictSource::nextWord(StarDictIndex& index, StarDictIndex::Word& word, bool& isEnd,
+                              std::string& error)
+{
+    if (!index.next(word, isEnd, error))
+        return false;
+    if (!isEnd)
+        word.key = std::string(_texts.decoded(word.key, placeOf(word)));
+    return true;
 }
 
 std::string StarDictSource::placeOf(const StarDictIndex::Word& word) const
@@ -84,7 +94,12 @@ bool StarDictSource::readArticle(const StarDictIndex::Word& word, StarDictArticl
         error = placeOf(word) + ": " + error;
         return false;
     }
-    article = StarDictArticle::parse(_data, _info.typeSequence);
+    const auto decoded = [&](char type, std::string_view text) {
+        // Such a field is in an encoding of its own, unless it is told which.
+        const bool isOwn = type == 'l' && _texts.options().name.empty();
+        return isOwn ? text : _texts.decoded(text, placeOf(word), ", in its article");
+    };
+    article = StarDictArticle::parse(_data, _info.typeSequence, decoded);
     return true;
 }
 
@@ -103,7 +118,7 @@ bool StarDictSource::findLayout(std::string& error)
     if (!openIndex(index, error))
         return false;
     for (size_t read = 0; read < sampled; ++read) {
-        if (!index.next(word, isEnd, error) || (!isEnd && !readArticle(word, article, error)))
+        if (!nextWord(index, word, isEnd, error) || (!isEnd && !readArticle(word, article, error)))
             return false;
         if (isEnd)
             break;
@@ -165,7 +180,7 @@ bool StarDictSource::read(EntryIntake& intake, std::string& error)
     if (!open(error) || !findLayout(error) || !openIndex(index, error))
         return false;
     intake.expect(_info.wordCount.value_or(0));
-    for (bool isEnd = false; index.next(word, isEnd, error);) {
+    for (bool isEnd = false; nextWord(index, word, isEnd, error);) {
         if (isEnd) {
             if (_info.wordCount && *_info.wordCount != index.wordCount())
                 intake.note(diagnostic::wordCount, _infoPath,

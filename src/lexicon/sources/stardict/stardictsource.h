@@ -32,6 +32,7 @@ public:
 private:
     bool open(std::string& error);
     bool openIndex(StarDictIndex& index, std::string& error) const;
+    bool nextWord(StarDictIndex& index, StarDictIndex::Word& word, bool& isEnd, std::string& error);
     bool findLayout(std::string& error);
     bool readArticle(const StarDictIndex::Word& word, StarDictArticle& article, std::string& error);
     void addArticle(EntryIntake& intake, const StarDictIndex::Word& word,

@@ -2,15 +2,37 @@
 #include "lexicon/sources/tei/teisource.h"
 
 #include "lexicon/diagnostics/diagnosticcode.h"
+#include "lexicon/sources/input/encodingguess.h"
 #include "lexicon/sources/siblingfile.h"
 #include "lexicon/sources/tei/teilayout.h"
 #include "lexicon/text/textlines.h"
 #include "lexicon/text/utf8.h"
 
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 namespace teskel
 {
+
+namespace
+{
+
+/// Of an XML declaration, bytes; usual ones have fifty.
+constexpr size_t largestDeclaration = 1024;
+
+/// What the XML declaration at the beginning of a document says; empty when it says nothing.
+std::string declaredEncoding(std::string_view head)
+{
+    static const QRegularExpression declaration(
+        u"^<\\?xml\\s[^>]*encoding\\s*=\\s*[\"']([A-Za-z0-9._:-]+)[\"']"_s);
+    head = utf8::withoutByteOrderMark(head);
+    return declaration.match(QString::fromLatin1(head.data(), static_cast<qsizetype>(head.size())))
+        .captured(1)
+        .toStdString();
+}
+
+} // namespace
 
 Likeness TeiSource::looksLike(const std::string& path, std::string_view head)
 {
@@ -29,6 +51,32 @@ TeiSource::TeiSource(std::unique_ptr<InputFile> input)
     , _device(*_input)
     , _reader(&_device)
 {
+    _canReplace = false; // it would be no XML
+}
+
+/// Texts are decoded here when it is told in which encoding they are, or when the document tells of
+/// one that is no UTF; what it tells is hidden from the reader then, which would go by it.
+void TeiSource::prepareText()
+{
+    std::string_view head = _input->head(largestDeclaration);
+    std::string declared = declaredEncoding(head);
+    const bool isUtf16 = !utf16Of(head).empty();
+    if (_texts.options().name.empty() && !isUtf16 && !declared.empty() &&
+        !QByteArrayView(declared).toByteArray().toLower().startsWith("utf") &&
+        TextDecoder::isKnown(declared)) {
+        _input->decodeAs(declared);
+        _texts.setOptions({declared, false});
+        head = _input->head(largestDeclaration);
+    }
+    if (!_texts.options().name.empty()) {
+        const size_t end = head.find("?>");
+        if (utf8::withoutByteOrderMark(head).starts_with("<?xml") && end != std::string_view::npos)
+            _device.blankOut(end + 2);
+    }
+    const bool isUtf8 = !_texts.options().name.empty() ||
+                        (!isUtf16 && (declared.empty() || TextDecoder::isUtf8(declared)));
+    if (isUtf8)
+        _device.watch([this](std::string_view piece) { _texts.checkNext(piece, _input->name()); });
 }
 
 std::string TeiSource::place(int64_t line) const
@@ -115,6 +163,7 @@ void TeiSource::takeEntry(EntryIntake& intake)
 
 bool TeiSource::read(EntryIntake& intake, std::string& error)
 {
+    prepareText();
     bool isTei = false;
     bool isInHeader = false;
     while (next()) {
@@ -138,6 +187,7 @@ bool TeiSource::read(EntryIntake& intake, std::string& error)
         if (!isInHeader && (_reader.isEndElement() || _reader.isStartElement()))
             _entryBegin = _device.bytesRead();
     }
+    _texts.checkEnd(_input->name());
     if (!_device.reason().empty())
         error = _device.reason();
     else if (!_failure.empty())

@@ -32,6 +32,7 @@ private:
     static constexpr int deepest = 64;
     static constexpr uint64_t largestEntry = 4U << 20;
 
+    void prepareText();
     bool next();
     bool readNode(TeiNode& node);
     void noteExternalEntities(EntryIntake& intake);

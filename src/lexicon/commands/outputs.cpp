@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/commands/outputs.h"
+
+#include "lexicon/commands/commandsupport.h"
+#include "lexicon/file/outputtarget.h"
+#include "lexicon/file/samefile.h"
+
+namespace teskel::commands
+{
+
+namespace
+{
+
+void refuse(const std::string& output, const std::string& reason)
+{
+    complain("cannot write " + output + ": " + reason);
+}
+
+} // namespace
+
+bool isFileName(const std::string& output)
+{
+    if (output != "-")
+        return true;
+    complain("a lexicon cannot be written to the standard output; name a file");
+    return false;
+}
+
+bool isApart(const std::string& output, const std::string& role, const std::string& other)
+{
+    if (!isSameFile(output, other))
+        return true;
+    refuse(output, "it is the same file as the " + role + ' ' + other);
+    return false;
+}
+
+int checkTarget(const std::string& output, Writes kind, bool isForced)
+{
+    std::string reason;
+    if (!outputtarget::isReplaceable(output, reason)) {
+        refuse(output, reason);
+        return Failed;
+    }
+    const bool isOfItsKind =
+        outputtarget::isLexicon(output) == (kind == Writes::Lexicon) || isForced;
+    if (isOfItsKind || !outputtarget::holdsAnything(output))
+        return Done;
+    refuse(output, std::string("what is there is ") +
+                       (kind == Writes::Lexicon ? "no lexicon" : "a lexicon") +
+                       "; --force replaces it all the same");
+    return Usage;
+}
+
+} // namespace teskel::commands

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "lexicon/file/filestates.h"
+
+namespace teskel
+{
+
+namespace
+{
+
+bool areAlike(const struct stat& a, const struct stat& b)
+{
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&
+           a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+}
+
+} // namespace
+
+FileStates::FileStates(std::initializer_list<std::string> paths)
+{
+    for (const std::string& path : paths)
+        add(path);
+}
+
+void FileStates::add(const std::string& path)
+{
+    State state{path, {}};
+    if (::stat(path.c_str(), &state.status) == 0 && S_ISREG(state.status.st_mode))
+        _states.push_back(state);
+}
+
+bool FileStates::areKept(std::string& error) const
+{
+    for (const State& state : _states) {
+        struct stat now = {};
+        if (::stat(state.path.c_str(), &now) == 0 && areAlike(state.status, now))
+            continue;
+        error = (state.path == "/dev/stdin" ? "standard input" : state.path) +
+                " was changed while it was read";
+        return false;
+    }
+    return true;
+}
+
+} // namespace teskel
