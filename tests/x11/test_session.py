@@ -82,6 +82,13 @@ class Session(Scenario):
     def test_a_hang_up_saves(self):
         self.check_is_saved(lambda reader: self.end(reader, signal.SIGHUP))
 
+    def test_a_kill_a_moment_later_loses_nothing(self):
+        def kill(reader):
+            wait_until("the settings", lambda: self.home.history() == ["house"] and
+                       self.home.view_setting("ViewType") == "0", detail=self.home.settings)
+            self.kill(reader)
+        self.check_is_saved(kill)
+
     def test_the_close_button_saves(self):
         def close(reader):
             self.desktop.press("alt+F4")

@@ -2,6 +2,7 @@
 """What all scenarios share: one desktop a run, one home a test, and no reader left running."""
 import pathlib
 import re
+import signal
 import unittest
 
 from .home import Home
@@ -57,6 +58,11 @@ class Scenario(unittest.TestCase):
         """Ends a reader and checks that it ended well."""
         self._readers.remove(reader)
         self.assertEqual(reader.end(*how), 0, "exit status; " + reader.output())
+
+    def kill(self, reader):
+        """Ends a reader that is given no time to do anything."""
+        self._readers.remove(reader)
+        self.assertEqual(reader.end(signal.SIGKILL), -signal.SIGKILL)
 
     def has_ended(self, reader):
         """Waits for a reader that ends by itself and checks that it ended well."""
