@@ -1,6 +1,8 @@
 # Functions that every folder uses, so that warnings, sanitizers and the test environment are
 # decided in one place.
 
+include(TeskelHardening)
+
 # Applies the project's warnings and, when asked for, the sanitizers to a target.
 function(teskel_set_defaults target)
     target_compile_options(${target} PRIVATE
@@ -9,6 +11,7 @@ function(teskel_set_defaults target)
         $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
     target_compile_definitions(${target} PRIVATE
         QT_NO_CAST_FROM_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+    teskel_harden(${target})
     if(TESKEL_SANITIZE)
         target_compile_options(${target} PRIVATE
             -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -33,10 +36,11 @@ function(teskel_use_precompiled_headers target)
 endfunction()
 
 # teskel_add_library(name SOURCES ... [PUBLIC libs...] [PRIVATE libs...])
-# A static library of one folder below src/; headers are included as "folder/header.h".
+# A library of one folder below src/, static unless BUILD_SHARED_LIBS says otherwise; headers are
+# included as "folder/header.h".
 function(teskel_add_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC;PRIVATE")
-    add_library(${name} STATIC ${arg_SOURCES})
+    add_library(${name} ${arg_SOURCES})
     target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
     target_link_libraries(${name} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
     teskel_set_defaults(${name})
