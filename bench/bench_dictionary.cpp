@@ -45,6 +45,13 @@ void open(benchmark::State& state, const QString& path)
     }
 }
 
+// Unpacks the records of words, and has the word index read.
+void warm(QtDictionary& dictionary, const QByteArrayList& words)
+{
+    for (const QByteArray& word : words)
+        dictionary.findWord(word.constData(), CursorPosition::invalid(), false);
+}
+
 // Searches and nothing else. Cold: no unpacked record is at hand.
 void find(benchmark::State& state, const QString& path, Cache cache, bool prefix)
 {
@@ -52,6 +59,7 @@ void find(benchmark::State& state, const QString& path, Cache cache, bool prefix
     openOrDie(dictionary, path);
     QByteArrayList words =
         sampleWords(dictionary, cache == Cache::Cold ? sampleSize : warmSampleSize);
+    warm(dictionary, words);
     if (prefix)
         words = beginnings(words);
     qsizetype next = 0;
@@ -74,6 +82,7 @@ void lookUp(benchmark::State& state, const QString& path, Cache cache)
     openOrDie(dictionary, path);
     const QByteArrayList words =
         sampleWords(dictionary, cache == Cache::Cold ? sampleSize : warmSampleSize);
+    warm(dictionary, words);
     qsizetype next = 0;
     for ([[maybe_unused]] auto _ : state) {
         if (cache == Cache::Cold)

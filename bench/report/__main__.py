@@ -12,26 +12,35 @@ import tempfile
 from dataclasses import replace
 from pathlib import Path
 
+import building
 import corpus
 import counts
+import damaged
 import decoding
 import deflating
 import document
 import growth
+import large
 import lookups
+import plot
 import rest
 import start
 import table
 import window
 
 DOCUMENT = Path(__file__).resolve().parents[2] / "docs/performance.md"
+PICTURE = DOCUMENT.parent / "growth.svg"
+PLOTTED = ("growth", "large")
 
 SECTIONS = {
+    "build": building.measure,
     "decoder": decoding.measure,
     "deflate": deflating.measure,
     "growth": growth.measure,
+    "large": large.measure,
     "lookups": lookups.measure,
     "window": window.measure,
+    "damaged": damaged.measure,
     "start": start.measure,
     "rest": rest.measure,
 }
@@ -45,7 +54,8 @@ def parse_arguments():
     parser.add_argument("--smoke", action="store_true",
                         help="everything once over on a small made-up dictionary")
     parser.add_argument("--write", action="store_true",
-                        help="renew the tables of the measured sections in docs/performance.md")
+                        help="renew the tables of the measured sections in docs/performance.md, "
+                             "and its plot when the sections that it shows were measured")
     parser.add_argument("--counts", action="store_true",
                         help="instead, the instructions that fixed work takes, beside those in "
                              "bench/counts.txt, which --write renews")
@@ -61,7 +71,7 @@ def parse_arguments():
 
 def main():
     arguments, chosen = parse_arguments()
-    tables, missed = {}, []
+    tables, missed, plotted = {}, [], []
     with tempfile.TemporaryDirectory(prefix="teskel-bench-") as directory:
         data = corpus.Corpus(arguments.build, Path(directory), arguments.lexicon,
                              smoke=arguments.smoke)
@@ -73,13 +83,16 @@ def main():
             if arguments.smoke:  # nothing is long enough to be judged by
                 rows = [replace(row, limit=None) for row in rows]
             print(table.format_rows(rows) + "\n", flush=True)
-            missed += [row.title() for row in rows if row.is_missed()]
+            missed += [row.shortfall() for row in rows if row.is_missed()]
+            plotted += rows if name in PLOTTED else []
             tables[name] = table.markdown(rows)
     if arguments.write:
         tables["machine"] = document.machine()
         document.renew(DOCUMENT, tables)
-    for title in missed:
-        print(f"missed: {title}", file=sys.stderr)
+        if set(PLOTTED) <= set(chosen):
+            plot.write(PICTURE, plotted)
+    for shortfall in missed:
+        print(f"missed: {shortfall}", file=sys.stderr)
     return 1 if missed else 0
 
 

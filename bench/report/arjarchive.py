@@ -21,8 +21,19 @@ def header(file_type, name):
     return struct.pack("<HH", 0xEA60, len(basic)) + basic + struct.pack("<IH", zlib.crc32(basic), 0)
 
 
-def write(lexicon, target):
+def renamed(member, name):
+    """A member by another name than all the others of a dictionary have."""
+    fixed, start = 30, 4
+    size, = struct.unpack_from("<H", member, 2)
+    basic = member[start:start + fixed] + name + b"\0\0"
+    return (struct.pack("<HH", 0xEA60, len(basic)) + basic + struct.pack("<I", zlib.crc32(basic))
+            + member[start + size + 4:])
+
+
+def write(lexicon, target, are_named=False):
     main_header = 2
-    target.write_bytes(header(main_header, b"bench.arj") + b"".join(records(lexicon))
-                       + b"\x60\xEA\0\0")
+    members = records(lexicon)
+    if are_named:
+        members = [renamed(member, b"%05d" % index) for index, member in enumerate(members)]
+    target.write_bytes(header(main_header, b"bench.arj") + b"".join(members) + b"\x60\xEA\0\0")
     return target

@@ -6,6 +6,7 @@ from table import Row
 OPERATIONS = ("open", "find exact cold", "find exact warm", "find prefix cold", "find prefix warm",
               "article cold", "article warm", "look up cold", "look up warm", "open and look up",
               "walk")
+LIMITS = {"open": 1.3, "look up warm": 1.2}
 
 
 def measure(data):
@@ -24,5 +25,5 @@ def measure(data):
             rows.append(Row(operation, cost / scale[0] * 1000, scale[1],
                             None if is_first else base / first * 1000,
                             "" if is_first else f"{smallest_words} words",
-                            column=f"{words:,} words"))
+                            limit=LIMITS.get(operation), column=f"{words:,} words", words=words))
     return rows

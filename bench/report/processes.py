@@ -55,7 +55,7 @@ def google_benchmark(program, arguments, data, environment=None, select=None):
             raise RuntimeError(f"{entry['name']}: {entry['error_message']}")
         if entry["run_type"] != "iteration":
             continue
-        name = entry["run_name"].removesuffix("/process_time")
+        name = entry["run_name"].removesuffix("/process_time").partition("/iterations:")[0]
         cost = entry["cpu_time"] * scale[entry["time_unit"]]
         if name not in best or cost < best[name]["ns"]:
             best[name] = {**entry, "ns": cost}

@@ -15,6 +15,9 @@ class Row:
     limit: Optional[float] = None  # highest ratio of costs that is good enough
     more_is_better: bool = False
     column: str = ""  # of rows that differ in this alone a document makes one row
+    series: str = ""  # the line of a plot to which it belongs, if not the one named `what`
+    words: int = 0  # headwords of the dictionary that was measured, for a plot
+    obstacle: str = ""  # what is known to stand in the way of the limit
 
     def ratio(self):
         """Our cost for each unit of the other's cost."""
@@ -27,6 +30,11 @@ class Row:
 
     def is_missed(self):
         return self.limit is not None and self.ratio() is not None and self.ratio() > self.limit
+
+    def shortfall(self):
+        """Of a missed limit: by how much, and why."""
+        told = f"{self.title()}: {self.ratio():.2f} instead of {self.limit:.3g}"
+        return f"{told}; {self.obstacle}" if self.obstacle else told
 
     def verdict(self):
         if self.limit is None or self.ratio() is None:
@@ -44,7 +52,7 @@ def format_rows(rows):
         ratio = row.ratio()
         lines.append((row.title(), number(row.ours), number(row.other), row.unit, row.other_name,
                       "" if ratio is None else f"{ratio:.2f}",
-                      "" if row.limit is None else f"{row.limit:g}", row.verdict()))
+                      "" if row.limit is None else f"{row.limit:.3g}", row.verdict()))
     widths = [max(len(line[column]) for line in lines) for column in range(len(lines[0]))]
     text = []
     for line in lines:
@@ -69,7 +77,7 @@ def markdown(rows):
         lines.append(markdown_line((
             row.what, number(row.ours), number(row.other) if row.other else "", row.unit,
             row.other_name, "" if ratio is None else f"{ratio:.2f}",
-            "" if row.limit is None else f"{row.limit:g}", row.verdict())))
+            "" if row.limit is None else f"{row.limit:.3g}", row.verdict())))
     return "\n".join(lines)
 
 
