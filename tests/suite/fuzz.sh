@@ -49,7 +49,7 @@ program build/fuzz/fuzzing/hostile_damageddictionaries <<'P'
 echo "files $TESKEL_DAMAGED_FILES" >>programs
 P
 program build/release/tests/hostile/test_hostile_soak <<'P'
-echo "look-ups $TESKEL_SOAK_LOOKUPS" >>programs
+echo "look-ups $TESKEL_SOAK_LOOKUPS, switches $TESKEL_SOAK_SWITCHES" >>programs
 P
 
 fail() {
@@ -78,7 +78,7 @@ grep -qE '^bad +17 .* 1$' output || fail "no row for the bad target"
 [ ! -e tests/regression/good ] || fail "something was kept of the good target"
 tail -n 1 good-calls | grep -q -- '-max_total_time=30 ' || fail "the targets do not share the time"
 grep -q '^files 10000$' programs || fail "not 10,000 damaged dictionaries"
-grep -q '^look-ups 1000000$' programs || fail "not 1,000,000 look-ups"
+grep -q '^look-ups 1000000, switches 100000$' programs || fail "not as many look-ups and switches"
 
 program build/release/tests/hostile/test_hostile_soak <<'P'
 echo 'FAIL!  : it grows'
