@@ -88,10 +88,11 @@ def nearest_first(programs, file, seconds):
 
 
 def limit(cpu_seconds):
-    """A fault may go on for ever, ask for all the memory and fill the disk."""
+    """A fault may go on for ever, ask for all the memory and fill the disk; tests make files of
+    more than 4 GB that are all holes."""
     resource.setrlimit(resource.RLIMIT_CPU, (cpu_seconds, cpu_seconds + 1))
     resource.setrlimit(resource.RLIMIT_AS, (8 * GIGABYTE, 8 * GIGABYTE))
-    resource.setrlimit(resource.RLIMIT_FSIZE, (GIGABYTE, GIGABYTE))
+    resource.setrlimit(resource.RLIMIT_FSIZE, (5 * GIGABYTE, 5 * GIGABYTE))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
 
