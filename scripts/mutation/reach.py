@@ -12,6 +12,19 @@ class Reach:
     def __init__(self, root):
         self.root = Path(root)
         self._included = {}
+        self._headerless = self._by_first_header()
+
+    def _by_first_header(self):
+        """For a unit, the sources without a header of their own that begin with its header: they
+        hold what it declares."""
+        found = {}
+        for path in sorted(self.root.glob("src/**/*.cpp")):
+            if not path.with_suffix(".h").is_file():
+                names = INCLUDE.findall(path.read_text(encoding="utf-8"))
+                if names:
+                    unit = str(path.relative_to(self.root).with_suffix(""))
+                    found.setdefault(self._unit(names[0]), set()).add(unit)
+        return found
 
     def included_by(self, unit):
         """The units that a unit includes."""
@@ -21,7 +34,7 @@ class Reach:
                 path = self.root / (unit + suffix)
                 if path.is_file():
                     names += INCLUDE.findall(path.read_text(encoding="utf-8"))
-            self._included[unit] = {self._unit(name) for name in names}
+            self._included[unit] = {self._unit(name) for name in names} | self._headerless.get(unit, set())
         return self._included[unit]
 
     def _unit(self, name):

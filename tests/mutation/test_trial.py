@@ -102,9 +102,21 @@ class Reaching(Staged):
         (self.root / "tests/a").mkdir(parents=True)
         (self.root / "tests/a/test_b.cpp").write_text('#include "base/other.h"\n#include <QTest>\n')
         (self.root / "src/base/other.cpp").write_text('#include "base/small.h"\n')
-        (self.root / "src/base/away.cpp").write_text('#include "base/other.h"\n')
+        (self.root / "src/base/away.cpp").write_text('#include "base/away.h"\n#include "base/other.h"\n')
+        for name in ("small", "other", "away"):
+            (self.root / f"src/base/{name}.h").write_text("")
         self.assertEqual(Reach(self.root).distances("tests/a/test_b"),
                          {"tests/a/test_b": 0, "src/base/other": 1, "src/base/small": 2})
+
+    def test_sources_without_a_header_hold_what_the_first_that_they_include_declares(self):
+        (self.root / "tests/a").mkdir(parents=True)
+        (self.root / "tests/a/test_b.cpp").write_text('#include "base/other.h"\n')
+        for name in ("small", "other"):
+            (self.root / f"src/base/{name}.h").write_text("")
+        (self.root / "src/base/iterator.cpp").write_text('#include "base/other.h"\n#include "base/small.h"\n')
+        self.assertEqual(Reach(self.root).distances("tests/a/test_b"),
+                         {"tests/a/test_b": 0, "src/base/other": 1, "src/base/iterator": 2,
+                          "src/base/small": 3})
 
 
 class Running(Staged):
