@@ -51,6 +51,8 @@ void TestArticleFormatter::formats_data()
     QTest::newRow("superscript one is no digit") << u"\u00B9."_s << u"<p>\u00B9."_s;
     QTest::newRow("beyond Latin-1 becomes NUL")
         << u"a\u0436b"_s << QString(u"<p>a"_s + QChar(0) + u'b');
+    QTest::newRow("the first character beyond Latin-1 becomes NUL")
+        << u"\u0100"_s << QString(u"<p>"_s + QChar(0));
     QTest::newRow("a digit of another script becomes NUL")
         << u"\u0661."_s << QString(u"<p>"_s + QChar(0) + u'.');
 }

@@ -16,6 +16,7 @@ private slots:
     void readsEveryField();
     void leavesTheSourceAtThePackedBytes();
     void skipsExtendedHeaders();
+    void fieldsThatWereNotReadAreZero();
     void refuses_data();
     void refuses();
     void namesAreCutToTheirBuffers();
@@ -84,6 +85,33 @@ void TestCFileHeader::skipsExtendedHeaders()
     source.OpenMemory(bytes.constData(), bytes.size(), CBuffer::Read_Mode);
     QVERIFY(CFileHeader(&source).isValid());
     QCOMPARE(bytes.mid(source.Tell()), QByteArray("packed"));
+}
+
+void TestCFileHeader::fieldsThatWereNotReadAreZero()
+{
+    const QByteArray endOfArchive = QByteArray::fromHex("60ea0000");
+    CBuffer source;
+    source.OpenMemory(endOfArchive.constData(), endOfArchive.size(), CBuffer::Read_Mode);
+    const CFileHeader header(&source);
+    QVERIFY(!header.isValid());
+    QCOMPARE(header.basicHeaderSize(), quint16{0});
+    QCOMPARE(header.firstHeaderSize(), quint8{0});
+    QCOMPARE(header.archiverVersion(), quint8{0});
+    QCOMPARE(header.minimumVersion(), quint8{0});
+    QCOMPARE(header.hostOs(), quint8{0});
+    QCOMPARE(header.flags(), quint8{0});
+    QCOMPARE(header.method(), quint8{0});
+    QCOMPARE(header.fileType(), quint8{0});
+    QCOMPARE(header.reserved(), quint8{0});
+    QCOMPARE(header.dateTime(), quint32{0});
+    QCOMPARE(header.compressedSize(), quint32{0});
+    QCOMPARE(header.uncompressedSize(), quint32{0});
+    QCOMPARE(header.uncompressedCrc(), quint32{0});
+    QCOMPARE(header.fileSpecPosition(), quint16{0});
+    QCOMPARE(header.fileAccessMode(), quint16{0});
+    QCOMPARE(header.hostData(), quint16{0});
+    QCOMPARE(header.fileName(), "");
+    QCOMPARE(header.comment(), "");
 }
 
 void TestCFileHeader::refuses_data()

@@ -58,6 +58,7 @@ private slots:
     void damagedRecordIsRememberedUntilTheFileIsOpenedAgain();
     void damagedRecordIsForgottenWithItsFile();
     void recordThatCannotBeReadIsAskedForAgain();
+    void missedRecordIsToldOnce();
     void damagedRecordsTakeNoRoomFromGoodOnes();
     void recordOfNoBytesIsMissing();
     void keepsOneHundredRecords();
@@ -319,6 +320,7 @@ void TestQtDictionary::cardPulledOutBeforeTheFirstSearch()
         QVERIFY(dictionary.findWord("ant", CursorPosition::invalid(), false).isInvalid());
         QCOMPARE(warnings.count(u"Cannot read record,bytes to read "_s), 1);
     }
+    QCOMPARE(dictionary.takeMissedRecord(), 0);
     QVERIFY(writeFile(path("a.PDB"), whole));
     QVERIFY(dictionary.findWord("ant", CursorPosition::invalid(), false) ==
             CursorPosition::at(0, 0));
@@ -540,6 +542,20 @@ void TestQtDictionary::damagedRecordIsMissing()
     QVERIFY(!dictionary.getWordRecord(2));
     QCOMPARE(dictionary.getTotalWordCount(2), static_cast<unsigned short>(0));
     QCOMPARE(dictionary.getTotalWordCount(1), static_cast<unsigned short>(3));
+}
+
+void TestQtDictionary::missedRecordIsToldOnce()
+{
+    QtDictionary dictionary;
+    QVERIFY(openNew(dictionary, animals().addPackedRecord("cat", "-")));
+    QCOMPARE(dictionary.takeMissedRecord(), -1);
+    QVERIFY(dictionary.getWordRecord(1));
+    QCOMPARE(dictionary.takeMissedRecord(), -1);
+    const WarningCapture warnings;
+    QVERIFY(!dictionary.getWordRecord(2));
+    QVERIFY(dictionary.getWordRecord(1));
+    QCOMPARE(dictionary.takeMissedRecord(), 5 + 2); // the words' records follow five others
+    QCOMPARE(dictionary.takeMissedRecord(), -1);
 }
 
 void TestQtDictionary::damagedRecordIsRememberedUntilTheFileIsOpenedAgain_data()

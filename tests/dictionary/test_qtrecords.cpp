@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cerrno>
+
 using namespace Qt::StringLiterals;
 
 using namespace teskel::test;
@@ -41,6 +43,8 @@ private slots:
     void recordBeyondTheLargestSizeIsAReadFailure();
     void recordListCutShort();
     void fileThatShrinksFailsFromThenOn();
+    void endOfTheFileIsNoInterruption();
+    void readsFromADeviceThatIsNoFile();
     void unboundListWarnsAndFails();
     void metaDataNeedsATarget();
 
@@ -247,6 +251,29 @@ void TestQtRecords::fileThatShrinksFailsFromThenOn()
     const WarningCapture warnings;
     QVERIFY(!RecordPointer(database.getRecords()->getData(1)));
     QCOMPARE(warnings.count(u"Cannot get record meta data"_s), 1);
+}
+
+// What is left of an older interruption does not make a read at the end go on for ever.
+void TestQtRecords::endOfTheFileIsNoInterruption()
+{
+    QVERIFY(PalmWriter().addRecord("aaaa").addRecord("bbbb").write(_path));
+    QtPalmDatabase database;
+    QCOMPARE(database.load(_path), 0);
+    QVERIFY(QFile::resize(_path, 96));
+    QTest::ignoreMessage(QtWarningMsg, "Cannot read record,bytes to read 4, bytes read 2");
+    errno = EINTR;
+    QVERIFY(!RecordPointer(database.getRecords()->getData(0)));
+}
+
+void TestQtRecords::readsFromADeviceThatIsNoFile()
+{
+    QByteArray bytes = PalmWriter().addRecord("aaaa").addRecord("bbb").build();
+    QBuffer device(&bytes);
+    QVERIFY(device.open(QIODevice::ReadOnly));
+    QtRecords records;
+    records.setIOInfo(&device, QtPalmDatabase::headerBytes, 2);
+    QCOMPARE(bytesOf(RecordPointer(records.getData(1))), QByteArray("bbb"));
+    QCOMPARE(bytesOf(RecordPointer(records.getData(0))), QByteArray("aaaa"));
 }
 
 void TestQtRecords::unboundListWarnsAndFails()
