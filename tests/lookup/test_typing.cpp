@@ -71,6 +71,7 @@ private slots:
     void findOnEnterFindsWhatWasPastedWithALineFeed();
     void findOnEnterWorksWithAFullHistory();
     void findOnEnterTakesAChoiceFromTheList();
+    void findOnEnterTakesAChosenWordWithoutItsBlanks();
     void findOnEnterReportsAnEmptyItem();
     void findOnEnterShowsTheArticleOfAChosenRow();
     void activationDoesNothingWhenTypingFinds();
@@ -406,6 +407,18 @@ void TestTyping::findOnEnterTakesAChoiceFromTheList()
     bench.widget().show();
     chooseFromTheList(bench, 1);
     QCOMPARE(bench.currentWord(), u"dog"_s);
+}
+
+// First as it stands, and no further once it is found.
+void TestTyping::findOnEnterTakesAChosenWordWithoutItsBlanks()
+{
+    EverydayBench bench(findOnEnter);
+    bench.entry().addItems({u"cat"_s, u" dog "_s});
+    bench.widget().show();
+    chooseFromTheList(bench, 1);
+    QCOMPARE(bench.currentWord(), u"dog"_s);
+    chooseFromTheList(bench, 0);
+    QCOMPARE(bench.currentWord(), u"cat"_s);
 }
 
 void TestTyping::findOnEnterReportsAnEmptyItem()
