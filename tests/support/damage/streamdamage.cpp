@@ -33,7 +33,7 @@ QByteArray memberOf(Draft& draft, Random& random, int method)
 }
 
 // Says of what comes out that it is what went in: damage that no checksum shows.
-QByteArray withItsChecksum(QByteArray member)
+QByteArray withItsChecksum(const QByteArray& member)
 {
     CBuffer input;
     input.OpenMemory(member.constData(), static_cast<long>(member.size()), CBuffer::Read_Mode);
