@@ -142,4 +142,20 @@ QString keepAside(const QString& path)
     return {};
 }
 
+void takeBack(const QString& path, const QString& backup)
+{
+    const QByteArray file = QFile::encodeName(linkedFile(path));
+    const QByteArray aside = QFile::encodeName(backup);
+    struct stat present = {};
+    struct stat kept = {};
+    if (::stat(aside.constData(), &kept) != 0)
+        return;
+    if (::stat(file.constData(), &present) != 0) {
+        if (errno == ENOENT)
+            ::renameat2(AT_FDCWD, aside.constData(), AT_FDCWD, file.constData(), RENAME_NOREPLACE);
+    } else if (present.st_dev == kept.st_dev && present.st_ino == kept.st_ino) {
+        ::unlink(aside.constData());
+    }
+}
+
 } // namespace teskel

@@ -29,4 +29,7 @@ QString replaceWhole(const QString& path, const QByteArray& text);
 /// @return that name, or nothing when there can be none
 QString keepAside(const QString& path);
 
+/// Undoes keepAside(), unless something else is there in place of the file by now.
+void takeBack(const QString& path, const QString& backup);
+
 } // namespace teskel

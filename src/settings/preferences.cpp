@@ -107,7 +107,7 @@ void PreferencesData::load()
     }
 }
 
-void PreferencesData::save()
+bool PreferencesData::save()
 {
     Config config(configName(), Config::User);
     config.setGroup(viewGroup());
@@ -123,7 +123,13 @@ void PreferencesData::save()
     config.setGroup(mruGroup());
     for (qsizetype number = 0; number < _mruList.size(); ++number)
         config.writeEntry(mruKey(number), QString::fromLatin1(_mruList.at(number)));
+    for (auto font = _unsavedFonts.cbegin(); font != _unsavedFonts.cend(); ++font)
+        writeDictionaryFont(config, font.value(), font.key());
     FontGroups(config).makeRoom();
+    if (!config.write())
+        return false;
+    _unsavedFonts.clear();
+    return true;
 }
 
 QFont PreferencesData::getFont(const QString& group)
@@ -135,6 +141,8 @@ QFont PreferencesData::getFont(const QString& group)
     const QString family = config.readEntry(fontNameKey(), font.family());
     applyFont(font, size, family);
     FontGroups(config).makeRoom(group);
+    if (const auto unsaved = _unsavedFonts.constFind(group); unsaved != _unsavedFonts.cend())
+        applyFont(font, pointSizeOf(*unsaved), unsaved->family());
     set(_font, font);
     return font;
 }
@@ -142,12 +150,22 @@ QFont PreferencesData::getFont(const QString& group)
 void PreferencesData::setFont(const QFont& font, const QString& group)
 {
     Config config(configName(), Config::User);
+    writeDictionaryFont(config, font, group);
+    FontGroups(config).makeRoom(group);
+    if (config.write()) {
+        _unsavedFonts.remove(group);
+        return;
+    }
+    _unsavedFonts.insert(group, font);
+    tellChange();
+}
+
+void PreferencesData::writeDictionaryFont(Config& config, const QFont& font, const QString& group)
+{
     config.setGroup(group);
     writeFont(config, font);
-    FontGroups groups(config);
     if (!group.isEmpty())
-        groups.markStored(group);
-    groups.makeRoom(group);
+        FontGroups(config).markStored(group);
 }
 
 void PreferencesData::addToMRUList(const QString& word)

@@ -3,10 +3,13 @@
 
 #include <QByteArrayList>
 #include <QFont>
+#include <QHash>
 #include <QString>
 
 #include <functional>
 #include <utility>
+
+class Config;
 
 /// The one settings record: what the reader remembers from one run to the next.
 ///
@@ -44,11 +47,13 @@ public:
 
     /// Reads the settings file into the record; missing keys give their defaults.
     void load();
-    /// Writes the record to the settings file; groups and keys that it does not know stay.
-    void save();
+    /// Writes the record to the settings file, and fonts that setFont() could not; groups and keys
+    /// that it does not know stay.
+    /// @return false when it could not be written; then nothing of it is
+    bool save();
 
-    /// Sets what is called after each change of something that save() writes; nothing at first.
-    /// Setting what is already set is no change, and neither are load() and save().
+    /// Sets what is called after each change of something that save() has to write; nothing at
+    /// first. Setting what is already set is no change, and neither are load() and save().
     void setChangeHandler(std::function<void()> handler) { _changeHandler = std::move(handler); }
 
     PanelViewLayout getLayout() const { return _layout; }
@@ -77,6 +82,7 @@ public:
     QFont getFont(const QString& group);
 
     /// Stores the size and family of `font` for the dictionary whose file path is `group`, at once.
+    /// When that fails, it is a change for the next save().
     /// Where there are very many, fonts of files that are gone make room (teskel::FontGroups).
     void setFont(const QFont& font, const QString& group);
 
@@ -100,6 +106,7 @@ private:
         tellChange();
     }
     void tellChange() const;
+    static void writeDictionaryFont(Config& config, const QFont& font, const QString& group);
 
     PanelViewLayout _layout = Vertical;
     UserHandType _userHandType = LeftHanded;
@@ -108,6 +115,7 @@ private:
     QByteArrayList _mruList;
     QFont _font;
     QFont _defaultFont;
+    QHash<QString, QFont> _unsavedFonts; ///< by their groups
     QString _lastOpenFile;
     Position _comboPosition = Top;
     Position _menuPosition = Top;

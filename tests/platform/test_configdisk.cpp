@@ -47,6 +47,7 @@ private slots:
     void fullDiskKeepsTheOldSettings();
     void limitedFileSizeKeepsTheOldSettings_data();
     void limitedFileSizeKeepsTheOldSettings();
+    void limitedFileSizeLeavesNoBackups();
     void failedSynchronisationKeepsTheOldSettings();
     void settingsAreWrittenWhenThereIsRoomAgain();
 
@@ -138,6 +139,26 @@ void ConfigDiskTest::limitedFileSizeKeepsTheOldSettings()
     QCOMPARE(QDir(directory.path()).entryList(QDir::Files | QDir::Hidden),
              QStringList({u"Teskel.conf"_s}));
     QVERIFY(change(path));
+}
+
+/// However often it is tried to replace settings that are too large.
+void ConfigDiskTest::limitedFileSizeLeavesNoBackups()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(u"Teskel.conf"_s);
+    const QByteArray text(Config::largestFile + 1, '\n');
+    QVERIFY(writeFile(path, text));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^The settings cannot be written to"_s));
+    std::optional<FileSizeLimit> limited(0);
+    for (int attempt = 0; attempt < 3; ++attempt)
+        QVERIFY(!change(path));
+    limited.reset();
+    QCOMPARE(QDir(directory.path()).entryList(QDir::Files | QDir::Hidden),
+             QStringList({u"Teskel.conf"_s}));
+    QCOMPARE(stored(path), text);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"they are kept as .*\\.backup1$"_s));
+    QVERIFY(change(path));
+    QCOMPARE(stored(path + u".backup1"_s), text);
 }
 
 /// A network drive or a worn card says only then that it is full.
