@@ -35,6 +35,7 @@ SettingsSaver::SettingsSaver(PreferencesData& preferences, QObject* parent)
     , _preferences(preferences)
 {
     _timer.setSingleShot(true);
+    _timer.setTimerType(Qt::PreciseTimer);
     connect(&_timer, &QTimer::timeout, this, &SettingsSaver::save);
     _preferences.setChangeHandler([this] { takeChange(); });
 }

@@ -22,10 +22,10 @@ class SettingsSaver : public QObject
     Q_OBJECT
 
 public:
-    /// After the last change, key or tap.
-    static constexpr std::chrono::milliseconds usualRest{400};
+    /// After the last change, key or tap. Longer than slow typing takes from key to key.
+    static constexpr std::chrono::milliseconds usualRest{900};
     /// After the first change that is not saved.
-    static constexpr std::chrono::milliseconds usualLongest{1500};
+    static constexpr std::chrono::milliseconds usualLongest{1700};
     /// After the first save that failed, and the longest that follow it.
     static constexpr std::chrono::milliseconds usualPause{2000};
     static constexpr std::chrono::milliseconds usualLongestPause{30'000};
