@@ -20,7 +20,8 @@ enum class Reading {
 Reading readWhole(const QString& path, qint64 most, QByteArray& text);
 
 /// Puts `text` in the place of the file `path`, or of the one that it links to, or leaves that as
-/// it is. Makes the directory. Whenever the system stops, the file is the old or the new one.
+/// it is. Makes the directory, also one that a link leads to. Whenever the system stops, the file
+/// is the old or the new one.
 /// @return why it could not, or nothing
 QString replaceWhole(const QString& path, const QByteArray& text);
 

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <optional>
 
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -24,11 +25,32 @@ namespace
 
 bool syncFails = false;
 
+/// What was in the settings file whenever the directory with it was synchronised.
+struct DirectorySyncs {
+    QString file;
+    QByteArrayList contents;
+    int error = 0;
+};
+DirectorySyncs directorySyncs;
+
+bool isDirectory(int descriptor)
+{
+    struct stat status = {};
+    return ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 } // namespace
 
 /// Stands in front of the C library's: a disk that takes the bytes and cannot keep them.
 extern "C" int fsync(int file)
 {
+    if (!directorySyncs.file.isEmpty() && isDirectory(file)) {
+        QFile settings(directorySyncs.file);
+        directorySyncs.contents.append(settings.open(QIODevice::ReadOnly) ? settings.readAll()
+                                                                          : QByteArray());
+        errno = directorySyncs.error;
+        return directorySyncs.error == 0 ? 0 : -1;
+    }
     if (syncFails) {
         errno = EIO;
         return -1;
@@ -49,6 +71,8 @@ private slots:
     void limitedFileSizeKeepsTheOldSettings();
     void limitedFileSizeLeavesNoBackups();
     void failedSynchronisationKeepsTheOldSettings();
+    void replacementIsMadeToLast_data();
+    void replacementIsMadeToLast();
     void settingsAreWrittenWhenThereIsRoomAgain();
 
 private:
@@ -61,6 +85,7 @@ void ConfigDiskTest::init()
 {
     QTest::failOnWarning(QRegularExpression(u".*"_s));
     syncFails = false;
+    directorySyncs = {};
 }
 
 QByteArray ConfigDiskTest::settings(qsizetype words)
@@ -176,6 +201,34 @@ void ConfigDiskTest::failedSynchronisationKeepsTheOldSettings()
     QCOMPARE(stored(path), settings(100));
     QCOMPARE(QDir(directory.path()).entryList(QDir::Files | QDir::Hidden),
              QStringList({u"Teskel.conf"_s}));
+}
+
+void ConfigDiskTest::replacementIsMadeToLast_data()
+{
+    QTest::addColumn<bool>("isLink");
+    QTest::addColumn<int>("error");
+    QTest::newRow("file") << false << 0;
+    QTest::newRow("link into another directory") << true << 0;
+    QTest::newRow("file system without such a thing") << false << EINVAL;
+    QTest::newRow("failed, which is no error") << false << EIO;
+}
+
+/// A new name is not on the disk before its directory is.
+void ConfigDiskTest::replacementIsMadeToLast()
+{
+    QFETCH(bool, isLink);
+    QFETCH(int, error);
+    const QTemporaryDir directory;
+    const QTemporaryDir other;
+    const QString path = directory.filePath(u"Teskel.conf"_s);
+    const QString real = isLink ? other.filePath(u"real.conf"_s) : path;
+    QVERIFY(writeFile(real, settings(100)));
+    if (isLink)
+        QVERIFY(QFile::link(real, path));
+    directorySyncs = {real, {}, error};
+    QVERIFY(change(path));
+    QCOMPARE(directorySyncs.contents, QByteArrayList({stored(real)}));
+    QVERIFY(stored(real) != settings(100));
 }
 
 void ConfigDiskTest::settingsAreWrittenWhenThereIsRoomAgain()
