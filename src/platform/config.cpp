@@ -2,6 +2,7 @@
 #include "platform/config.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -35,6 +36,7 @@ QSet<QString>& complainedAbout()
 
 Config::Config(const QString& name, Domain domain)
     : _fileName(domain == User ? userFileName(name) : name)
+    , _lock(QFileInfo(_fileName).absolutePath())
     , _present(read(_fileName))
 {
     if (_present == Reading::Missing && domain == User) {
