@@ -2,6 +2,7 @@
 #include "platform/config.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -35,6 +36,7 @@ QSet<QString>& complainedAbout()
 
 Config::Config(const QString& name, Domain domain)
     : _fileName(domain == User ? userFileName(name) : name)
+    , _lock(QFileInfo(_fileName).absolutePath())
     , _present(read(_fileName))
 {
     if (_present == Reading::Missing && domain == User) {
@@ -137,9 +139,14 @@ QString Config::replace()
         const QString backup = teskel::keepAside(_fileName);
         if (backup.isEmpty())
             return u"what is there is too large to be read and cannot be kept aside"_s;
+        if (QString reason = teskel::replaceWhole(_fileName, _text.toUtf8()); !reason.isEmpty()) {
+            teskel::takeBack(_fileName, backup);
+            return reason;
+        }
         qWarning("The settings in %s are too large to be read; they are kept as %s",
                  qPrintable(_fileName), qPrintable(backup));
         _present = Reading::Read;
+        return {};
     }
     return teskel::replaceWhole(_fileName, _text.toUtf8());
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/configtext.h"
+#include "platform/directorylock.h"
 #include "platform/wholefile.h"
 
 #include <QString>
@@ -16,8 +17,8 @@
 /// Whatever else stands in the file, such as comments, means nothing and stays
 /// (teskel::ConfigText). A missing, unreadable or oversized file counts as empty; one that could
 /// not be read, for whatever cause, is never replaced, since it may hold settings, and an oversized
-/// one is kept under another name. Several objects on one file are not locked against each other:
-/// keep an object for one operation only.
+/// one is kept under another name. While an object lives, those of other processes wait a moment
+/// (teskel::DirectoryLock), so keep it for one operation only, and never two at once.
 class Config
 {
 public:
@@ -83,8 +84,9 @@ private:
     /// Whether there is a selected group to change; warns when there is none.
     bool hasSelectedGroup() const;
 
-    teskel::ConfigText _text;
     QString _fileName;
+    teskel::DirectoryLock _lock;
+    teskel::ConfigText _text;
     teskel::Reading _present; ///< of the file that write() replaces
     std::optional<QString> _group;
     bool _changed = false;

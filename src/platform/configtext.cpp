@@ -26,42 +26,46 @@ ConfigText::ConfigText(const QByteArray& text)
     if (const qsizetype first = text.indexOf('\n'); first > 0 && text.at(first - 1) == '\r')
         _lineBreak = QByteArrayLiteral("\r\n");
 
+    const QByteArrayView whole(text);
     std::optional<QString> group;
+    QSet<QString> keys;
     for (qsizetype begin = _mark.size(); begin < text.size();) {
         const qsizetype end = text.indexOf('\n', begin);
         if (end < 0) {
-            append(text.sliced(begin) + _lineBreak, group);
+            append(text.sliced(begin) + _lineBreak, group, keys);
             break;
         }
-        append(text.sliced(begin, end + 1 - begin), group);
+        append(whole.sliced(begin, end + 1 - begin), group, keys);
         begin = end + 1;
     }
 }
 
-// `group` is the one that entries belong to at this place, if any.
-void ConfigText::append(const QByteArray& bytes, std::optional<QString>& group)
+// `group` is the one that entries belong to at this place, if any; `keys` holds those that were
+// met, since a large file has the same few everywhere.
+void ConfigText::append(QByteArrayView bytes, std::optional<QString>& group, QSet<QString>& keys)
 {
-    const QString text = QString::fromUtf8(bytes).trimmed();
+    const QString decoded = QString::fromUtf8(bytes);
+    const QStringView text = QStringView(decoded).trimmed();
     const qsizetype equals = text.indexOf(u'=');
     Line line;
     if (text.startsWith(u'[')) {
         group.reset();
         if (text.size() > 1 && text.endsWith(u']')) {
-            group = text.sliced(1, text.size() - 2);
+            group = text.sliced(1, text.size() - 2).toString();
             line.kind = Line::Group;
         }
     } else if (group && equals >= 0 && !isComment(text)) {
         line.kind = Line::Entry;
-        line.key = text.first(equals).trimmed();
-        line.value = text.sliced(equals + 1).trimmed();
+        line.key = *keys.insert(text.first(equals).trimmed().toString());
+        line.value = text.sliced(equals + 1).trimmed().toString();
     }
     if (line.kind == Line::Other && !_lines.isEmpty() && _lines.constLast().kind == Line::Other) {
         _lines.last().bytes += bytes;
         return;
     }
-    line.bytes = bytes;
+    line.bytes = bytes.toByteArray();
     line.group = group.value_or(QString());
-    _lines.append(line);
+    _lines.append(std::move(line));
 }
 
 QByteArray ConfigText::toUtf8() const
@@ -76,7 +80,7 @@ qsizetype ConfigText::lastIndexOf(Line::Kind kind, const QString& group, const Q
 {
     for (qsizetype i = _lines.size() - 1; i >= 0; --i) {
         const Line& line = _lines.at(i);
-        if (line.kind == kind && line.key == key && line.group == group)
+        if (line.kind == kind && line.group == group && line.key == key)
             return i;
     }
     return -1;
@@ -186,13 +190,15 @@ bool ConfigText::removeFromGroups(const QSet<QString>& groups, const QStringList
     _lines.removeIf([&](const Line& line) {
         return line.kind == Line::Entry && keys.contains(line.key) && groups.contains(line.group);
     });
-    QSet<QString> empty = groups;
+    QSet<QString> inUse;
     for (const Line& line : std::as_const(_lines)) {
-        if (line.kind == Line::Entry)
-            empty.remove(line.group);
+        if (line.kind == Line::Entry && groups.contains(line.group))
+            inUse.insert(line.group);
     }
-    _lines.removeIf(
-        [&](const Line& line) { return line.kind == Line::Group && empty.contains(line.group); });
+    _lines.removeIf([&](const Line& line) {
+        return line.kind == Line::Group && groups.contains(line.group) &&
+               !inUse.contains(line.group);
+    });
     return _lines.size() != before;
 }
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <QByteArray>
-#include <QHash>
 #include <QList>
+#include <QMap>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -29,7 +29,7 @@ class ConfigText
 public:
     struct Group {
         QString name;
-        QHash<QString, QString> values; ///< by their keys
+        QMap<QString, QString> values; ///< by their keys
     };
 
     ConfigText() = default;
@@ -77,7 +77,7 @@ private:
         QString value;
     };
 
-    void append(const QByteArray& bytes, std::optional<QString>& group);
+    void append(QByteArrayView bytes, std::optional<QString>& group, QSet<QString>& keys);
     qsizetype lastIndexOf(Line::Kind kind, const QString& group, const QString& key) const;
     qsizetype placeOfGroup(const QString& group) const;
     qsizetype placeOfKey(const QString& group, const QString& key) const;

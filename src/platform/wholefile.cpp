@@ -8,7 +8,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -51,27 +53,70 @@ bool writeAll(QFileDevice& file, const QByteArray& text)
     return true;
 }
 
-// Returns the file that `path` links to, or `path` when there is none, or nothing when that cannot
-// be told: a link that was taken for a file would be replaced.
-QString linkedFile(const QString& path)
+// Returns what the link at `path` says, seen from where it stands, or nothing when there is no
+// link.
+QByteArray linkedPath(const QByteArray& path, const QByteArray& directory)
 {
-    const std::unique_ptr<char, decltype(&std::free)> real(
-        ::realpath(QFile::encodeName(path).constData(), nullptr), &std::free);
-    if (real)
-        return QFile::decodeName(real.get());
-    return errno == ENOENT ? path : QString();
+    std::array<char, PATH_MAX> text{};
+    const ssize_t size = ::readlink(path.constData(), text.data(), text.size());
+    if (size <= 0)
+        return {};
+    const QByteArray linked(text.data(), size);
+    return linked.startsWith('/') ? linked : directory + '/' + linked;
 }
 
-// Returns why `file` cannot be made to last, or nothing.
-QString makeLasting(const QFileDevice& file)
+// Returns the file that `path` stands for, through all links, also where that file or directories
+// on the way to it are still missing; or nothing when that cannot be told: a link that was taken
+// for a file would be replaced.
+QByteArray linkedFile(QByteArray path, int mostLinks)
+{
+    while (path.size() > 1 && path.endsWith('/'))
+        path.chop(1);
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr),
+                                                           &std::free);
+    if (real)
+        return real.get();
+    if (errno != ENOENT || path.isEmpty())
+        return {};
+    const qsizetype slash = path.lastIndexOf('/');
+    const QByteArray directory = slash < 0 ? "." : slash == 0 ? "/" : path.first(slash);
+    if (const QByteArray linked = linkedPath(path, directory); !linked.isEmpty()) {
+        if (mostLinks > 0)
+            return linkedFile(linked, mostLinks - 1);
+        errno = ELOOP;
+        return {};
+    }
+    const QByteArray parent = linkedFile(directory, mostLinks);
+    return parent.isEmpty() ? parent : parent + '/' + path.sliced(slash + 1);
+}
+
+QString linkedFile(const QString& path)
+{
+    constexpr int mostLinks = 40; // as the system follows
+    return QFile::decodeName(linkedFile(QFile::encodeName(path), mostLinks));
+}
+
+// Returns why the open file cannot be made to last, or nothing.
+QString makeLasting(int descriptor)
 {
     int result = 0;
     do {
-        result = ::fsync(file.handle());
+        result = ::fsync(descriptor);
     } while (result != 0 && errno == EINTR);
     // Some file systems know no such thing.
     return result == 0 || errno == EINVAL ? QString()
                                           : QString::fromLocal8Bit(std::strerror(errno));
+}
+
+// Makes the names in a directory last. Where that fails, they are no worse than without it.
+void makeNamesLasting(const QString& directory)
+{
+    const int descriptor =
+        ::open(QFile::encodeName(directory).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    makeLasting(descriptor);
+    ::close(descriptor);
 }
 
 } // namespace
@@ -109,17 +154,21 @@ Reading readWhole(const QString& path, qint64 most, QByteArray& text)
 // before it is called.
 QString replaceWhole(const QString& path, const QByteArray& text)
 {
-    if (!makeDirectory(QFileInfo(path).absolutePath()))
-        return u"the directory cannot be made"_s;
     const QString real = linkedFile(path);
-    if (real.isEmpty())
+    if (real.isEmpty() && errno != ENOTDIR)
         return QString::fromLocal8Bit(std::strerror(errno));
+    const QString directory = QFileInfo(real).absolutePath();
+    if (real.isEmpty() || !makeDirectory(directory))
+        return u"the directory cannot be made"_s;
     QSaveFile file(real);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, text))
         return file.errorString();
-    if (QString reason = makeLasting(file); !reason.isEmpty())
+    if (QString reason = makeLasting(file.handle()); !reason.isEmpty())
         return reason;
-    return file.commit() ? QString() : file.errorString();
+    if (!file.commit())
+        return file.errorString();
+    makeNamesLasting(directory);
+    return {};
 }
 
 QString keepAside(const QString& path)
@@ -140,6 +189,22 @@ QString keepAside(const QString& path)
         return {};
     }
     return {};
+}
+
+void takeBack(const QString& path, const QString& backup)
+{
+    const QByteArray file = QFile::encodeName(linkedFile(path));
+    const QByteArray aside = QFile::encodeName(backup);
+    struct stat present = {};
+    struct stat kept = {};
+    if (::stat(aside.constData(), &kept) != 0)
+        return;
+    if (::stat(file.constData(), &present) != 0) {
+        if (errno == ENOENT)
+            ::renameat2(AT_FDCWD, aside.constData(), AT_FDCWD, file.constData(), RENAME_NOREPLACE);
+    } else if (present.st_dev == kept.st_dev && present.st_ino == kept.st_ino) {
+        ::unlink(aside.constData());
+    }
 }
 
 } // namespace teskel

@@ -20,7 +20,8 @@ enum class Reading {
 Reading readWhole(const QString& path, qint64 most, QByteArray& text);
 
 /// Puts `text` in the place of the file `path`, or of the one that it links to, or leaves that as
-/// it is. Makes the directory. Whenever the system stops, the file is the old or the new one.
+/// it is. Makes the directory, also one that a link leads to. Whenever the system stops, the file
+/// is the old or the new one.
 /// @return why it could not, or nothing
 QString replaceWhole(const QString& path, const QByteArray& text);
 
@@ -28,5 +29,8 @@ QString replaceWhole(const QString& path, const QByteArray& text);
 /// that the first can be replaced.
 /// @return that name, or nothing when there can be none
 QString keepAside(const QString& path);
+
+/// Undoes keepAside(), unless something else is there in place of the file by now.
+void takeBack(const QString& path, const QString& backup);
 
 } // namespace teskel

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 #include <utility>
@@ -46,6 +47,23 @@ bool isFontGroup(const Group& group)
             group.values.contains(fontSizeKey()) || group.values.contains(orderKey()));
 }
 
+/// Tells which files are there, and asks only once for each directory that is not.
+class FilePresence
+{
+public:
+    bool isPresent(const QString& path)
+    {
+        const QString directory = path.first(path.lastIndexOf(u'/') + 1);
+        auto known = _directories.constFind(directory);
+        if (known == _directories.cend())
+            known = _directories.insert(directory, QFileInfo::exists(directory));
+        return *known && QFileInfo::exists(path);
+    }
+
+private:
+    QHash<QString, bool> _directories;
+};
+
 } // namespace
 
 void FontGroups::markStored(const QString& group)
@@ -67,20 +85,30 @@ void FontGroups::markStored(const QString& group)
 
 void FontGroups::makeRoom(const QString& kept)
 {
-    QList<Group> groups = _config.groups();
-    groups.removeIf([](const Group& group) { return !isFontGroup(group); });
-    qsizetype tooMany = groups.size() - most;
+    struct FontGroup {
+        qint64 order;
+        QString name;
+    };
+    QList<FontGroup> fonts;
+    const QList<Group> groups = _config.groups();
+    for (const Group& group : groups) {
+        if (isFontGroup(group))
+            fonts.append({orderOf(group), group.name});
+    }
+    qsizetype tooMany = fonts.size() - most;
     if (tooMany <= 0)
         return;
-    std::stable_sort(groups.begin(), groups.end(),
-                     [](const Group& a, const Group& b) { return orderOf(a) < orderOf(b); });
+    std::stable_sort(fonts.begin(), fonts.end(),
+                     [](const FontGroup& a, const FontGroup& b) { return a.order < b.order; });
+    const QString keptName = ConfigText::groupName(kept);
+    FilePresence presence;
     QSet<QString> removed;
-    for (const Group& group : std::as_const(groups)) {
+    for (const FontGroup& font : std::as_const(fonts)) {
         if (tooMany == 0)
             break;
-        if (group.name == ConfigText::groupName(kept) || QFileInfo::exists(group.name))
+        if (font.name == keptName || presence.isPresent(font.name))
             continue;
-        removed.insert(group.name);
+        removed.insert(font.name);
         --tooMany;
     }
     _config.removeFromGroups(removed, {fontNameKey(), fontSizeKey(), orderKey()});

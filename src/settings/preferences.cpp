@@ -7,7 +7,7 @@
 
 #include <QFontInfo>
 
-#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +18,6 @@ using teskel::fontSizeKey;
 namespace
 {
 
-constexpr int mruLimit = 6;
 constexpr int globalFontSize = 12;
 
 QString configName()
@@ -37,19 +36,6 @@ QString globalFontName()
 {
     return u"helvetica"_s;
 }
-QString mruKey(qsizetype number)
-{
-    return u"List%1"_s.arg(number);
-}
-
-/// The word as an 8-bit string, which ends where the first character has no byte of its own.
-QByteArray toBytes(const QString& word)
-{
-    const auto end = std::find_if(word.cbegin(), word.cend(),
-                                  [](QChar character) { return character.toLatin1() == '\0'; });
-    return QStringView(word.cbegin(), end).toLatin1();
-}
-
 /// Point size of `font`, also when the font was set in pixels.
 int pointSizeOf(const QFont& font)
 {
@@ -64,10 +50,9 @@ void applyFont(QFont& font, int pointSize, const QString& family)
     font.setFamily(family);
 }
 
-void writeFont(Config& config, const QFont& font)
+QList<std::pair<QString, QString>> entriesOf(const QFont& font)
 {
-    config.writeEntry(fontSizeKey(), pointSizeOf(font));
-    config.writeEntry(fontNameKey(), font.family());
+    return {{fontSizeKey(), QString::number(pointSizeOf(font))}, {fontNameKey(), font.family()}};
 }
 
 } // namespace
@@ -98,32 +83,46 @@ void PreferencesData::load()
     _comboPosition = static_cast<Position>(config.readNumEntry(u"ComboPosition"_s, 0));
     _menuPosition = static_cast<Position>(config.readNumEntry(u"MenuPosition"_s, 0));
 
-    _mruList.clear();
+    const auto entries = ownEntries();
+    for (const auto& [key, value] : entries)
+        _seen.note(config, viewGroup(), key, value);
     config.setGroup(mruGroup());
-    for (int number = 0; number < mruLimit; ++number) {
-        const QByteArray word = toBytes(config.readEntry(mruKey(number)));
-        if (!word.isEmpty())
-            _mruList.append(word);
-    }
+    _history.load(config);
 }
 
-void PreferencesData::save()
+QList<std::pair<QString, QString>> PreferencesData::ownEntries() const
+{
+    const auto number = [](int value) { return QString::number(value); };
+    QList<std::pair<QString, QString>> entries{{u"PanelView"_s, number(_layout)},
+                                               {u"UserHandType"_s, number(_userHandType)}};
+    entries += entriesOf(_font);
+    entries += {{u"ViewType"_s, number(_viewType)},
+                {u"FindType"_s, number(_findType)},
+                {u"LastOpenFile"_s, _lastOpenFile},
+                {u"ComboPosition"_s, number(_comboPosition)},
+                {u"MenuPosition"_s, number(_menuPosition)}};
+    return entries;
+}
+
+bool PreferencesData::save()
 {
     Config config(configName(), Config::User);
     config.setGroup(viewGroup());
-    config.writeEntry(u"PanelView"_s, static_cast<int>(_layout));
-    config.writeEntry(u"UserHandType"_s, static_cast<int>(_userHandType));
-    writeFont(config, _font);
-    config.writeEntry(u"ViewType"_s, static_cast<int>(_viewType));
-    config.writeEntry(u"FindType"_s, static_cast<int>(_findType));
-    config.writeEntry(u"LastOpenFile"_s, _lastOpenFile);
-    config.writeEntry(u"ComboPosition"_s, static_cast<int>(_comboPosition));
-    config.writeEntry(u"MenuPosition"_s, static_cast<int>(_menuPosition));
-
-    config.setGroup(mruGroup());
-    for (qsizetype number = 0; number < _mruList.size(); ++number)
-        config.writeEntry(mruKey(number), QString::fromLatin1(_mruList.at(number)));
+    const auto entries = ownEntries();
+    for (const auto& [key, value] : entries)
+        _seen.write(config, viewGroup(), key, value);
+    for (auto font = _unsavedFonts.cbegin(); font != _unsavedFonts.cend(); ++font)
+        writeDictionaryFont(config, font.value(), font.key());
     FontGroups(config).makeRoom();
+    config.setGroup(mruGroup());
+    _history.write(config);
+    const bool isWritten = config.write();
+    _seen.settle(isWritten);
+    if (!isWritten)
+        return false;
+    _history.settle(config);
+    _unsavedFonts.clear();
+    return true;
 }
 
 QFont PreferencesData::getFont(const QString& group)
@@ -134,7 +133,15 @@ QFont PreferencesData::getFont(const QString& group)
     const int size = config.readNumEntry(fontSizeKey(), pointSizeOf(font));
     const QString family = config.readEntry(fontNameKey(), font.family());
     applyFont(font, size, family);
+    auto entries = entriesOf(font);
+    for (const auto& [key, value] : std::as_const(entries))
+        _seen.note(config, group, key, value);
     FontGroups(config).makeRoom(group);
+    if (const auto unsaved = _unsavedFonts.constFind(group); unsaved != _unsavedFonts.cend())
+        applyFont(font, pointSizeOf(*unsaved), unsaved->family());
+    entries = entriesOf(font);
+    for (const auto& [key, value] : std::as_const(entries))
+        _seen.follow(viewGroup(), key, value);
     set(_font, font);
     return font;
 }
@@ -142,35 +149,36 @@ QFont PreferencesData::getFont(const QString& group)
 void PreferencesData::setFont(const QFont& font, const QString& group)
 {
     Config config(configName(), Config::User);
+    writeDictionaryFont(config, font, group);
+    FontGroups(config).makeRoom(group);
+    const bool isWritten = config.write();
+    _seen.settle(isWritten);
+    if (isWritten) {
+        _unsavedFonts.remove(group);
+        return;
+    }
+    _unsavedFonts.insert(group, font);
+    tellChange();
+}
+
+void PreferencesData::writeDictionaryFont(Config& config, const QFont& font, const QString& group)
+{
     config.setGroup(group);
-    writeFont(config, font);
-    FontGroups groups(config);
+    const auto entries = entriesOf(font);
+    for (const auto& [key, value] : entries)
+        _seen.write(config, group, key, value);
     if (!group.isEmpty())
-        groups.markStored(group);
-    groups.makeRoom(group);
+        FontGroups(config).markStored(group);
 }
 
 void PreferencesData::addToMRUList(const QString& word)
 {
-    const QByteArray bytes = toBytes(word);
-    if (_mruList.contains(bytes))
-        return;
-    if (_mruList.size() >= mruLimit) {
-        _mruList.prepend(bytes);
-        _mruList.removeLast();
-    } else {
-        _mruList.append(bytes);
-    }
-    tellChange();
+    if (_history.add(word))
+        tellChange();
 }
 
 void PreferencesData::tellChange() const
 {
     if (_changeHandler)
         _changeHandler();
-}
-
-void PreferencesData::fillMRUList(QByteArrayList& list) const
-{
-    list = _mruList;
 }

@@ -1,18 +1,29 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "settings/seensettings.h"
+#include "settings/wordhistory.h"
+
 #include <QByteArrayList>
 #include <QFont>
+#include <QHash>
+#include <QList>
 #include <QString>
 
 #include <functional>
 #include <utility>
+
+class Config;
 
 /// The one settings record: what the reader remembers from one run to the next.
 ///
 /// It loads itself when constructed and saves itself when destroyed, so it must outlive everything
 /// that uses it. The settings file is the platform's user file "Teskel"; each operation opens it
 /// and lets it go again. A missing or unreadable file gives the defaults, without a message.
+///
+/// What stands in the file by now and was not read from there stays, unless this run changed it
+/// (teskel::SeenSettings, teskel::WordHistory): the file may have come back, or another reader may
+/// have written it.
 ///
 /// Numbers of the file are kept as they are: an enumeration may hold a value that has no name, and
 /// then counts as different from every named one.
@@ -44,11 +55,14 @@ public:
 
     /// Reads the settings file into the record; missing keys give their defaults.
     void load();
-    /// Writes the record to the settings file; groups and keys that it does not know stay.
-    void save();
+    /// Writes the record to the settings file, except over what others wrote since and this run did
+    /// not change; takes in words that others added. Writes fonts, too, that setFont() could not;
+    /// groups and keys that it does not know stay.
+    /// @return false when it could not be written; then nothing of it is
+    bool save();
 
-    /// Sets what is called after each change of something that save() writes; nothing at first.
-    /// Setting what is already set is no change, and neither are load() and save().
+    /// Sets what is called after each change of something that save() has to write; nothing at
+    /// first. Setting what is already set is no change, and neither are load() and save().
     void setChangeHandler(std::function<void()> handler) { _changeHandler = std::move(handler); }
 
     PanelViewLayout getLayout() const { return _layout; }
@@ -77,6 +91,7 @@ public:
     QFont getFont(const QString& group);
 
     /// Stores the size and family of `font` for the dictionary whose file path is `group`, at once.
+    /// When that fails, it is a change for the next save().
     /// Where there are very many, fonts of files that are gone make room (teskel::FontGroups).
     void setFont(const QFont& font, const QString& group);
 
@@ -88,7 +103,7 @@ public:
     void addToMRUList(const QString& word);
 
     /// Makes `list` a copy of the recorded words, Latin-1, at most six, in the record's order.
-    void fillMRUList(QByteArrayList& list) const;
+    void fillMRUList(QByteArrayList& list) const { list = _history.words(); }
 
 private:
     template<typename Field>
@@ -100,14 +115,19 @@ private:
         tellChange();
     }
     void tellChange() const;
+    /// Keys and values of the record's own group.
+    QList<std::pair<QString, QString>> ownEntries() const;
+    void writeDictionaryFont(Config& config, const QFont& font, const QString& group);
 
     PanelViewLayout _layout = Vertical;
     UserHandType _userHandType = LeftHanded;
     ViewType _viewType = ToggleViewOn;
     FindType _findType = FindAsYouType;
-    QByteArrayList _mruList;
+    teskel::WordHistory _history;
+    teskel::SeenSettings _seen;
     QFont _font;
     QFont _defaultFont;
+    QHash<QString, QFont> _unsavedFonts; ///< by their groups
     QString _lastOpenFile;
     Position _comboPosition = Top;
     Position _menuPosition = Top;

@@ -35,6 +35,7 @@ SettingsSaver::SettingsSaver(PreferencesData& preferences, QObject* parent)
     , _preferences(preferences)
 {
     _timer.setSingleShot(true);
+    _timer.setTimerType(Qt::PreciseTimer);
     connect(&_timer, &QTimer::timeout, this, &SettingsSaver::save);
     _preferences.setChangeHandler([this] { takeChange(); });
 }
@@ -50,6 +51,12 @@ void SettingsSaver::setTimes(std::chrono::milliseconds rest, std::chrono::millis
     _longest = longest;
 }
 
+void SettingsSaver::setPauses(std::chrono::milliseconds first, std::chrono::milliseconds longest)
+{
+    _firstPause = first;
+    _longestPause = longest;
+}
+
 bool SettingsSaver::eventFilter(QObject* watched, QEvent* event)
 {
     if (isUse(event->type()))
@@ -59,7 +66,9 @@ bool SettingsSaver::eventFilter(QObject* watched, QEvent* event)
 
 void SettingsSaver::takeChange()
 {
-    if (!isPending()) {
+    if (!_isResting) {
+        _isResting = true;
+        _pause = std::chrono::milliseconds(0);
         _unsaved.start();
         QCoreApplication::instance()->installEventFilter(this);
     }
@@ -74,8 +83,18 @@ void SettingsSaver::waitForRest()
 
 void SettingsSaver::save()
 {
+    _isResting = false;
     QCoreApplication::instance()->removeEventFilter(this);
-    _preferences.save();
+    if (_preferences.save())
+        _pause = std::chrono::milliseconds(0);
+    else
+        tryAgainLater();
+}
+
+void SettingsSaver::tryAgainLater()
+{
+    _pause = std::clamp(_pause * 5 / 4, _firstPause, _longestPause);
+    _timer.start(_pause);
 }
 
 } // namespace teskel

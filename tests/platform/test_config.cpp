@@ -50,6 +50,9 @@ private slots:
     void handheldSettingsAreTakenOverOnce();
     void handheldSettingsDoNotReplacePresentOnes();
     void replacementFollowsALink();
+    void replacementMakesTheDirectoryOfALink_data();
+    void replacementMakesTheDirectoryOfALink();
+    void linksInACircleAreOneWarning();
     void failedReplacementWarnsOnce();
     void garbageGivesDefaults_data();
     void garbageGivesDefaults();
@@ -551,6 +554,54 @@ void ConfigTest::replacementFollowsALink()
     }
     QVERIFY(QFileInfo(path(u"link.conf"_s)).isSymLink());
     QCOMPARE(stored(u"real.conf"_s), QByteArray("[g]\nk = 2\n"));
+}
+
+void ConfigTest::replacementMakesTheDirectoryOfALink_data()
+{
+    QTest::addColumn<QString>("link");   // %1 is the directory of the test
+    QTest::addColumn<QString>("target"); // as the link says it
+    QTest::addColumn<QString>("file");   // that is written for xdg/teskel/Teskel.conf
+    QTest::newRow("file in a missing directory")
+        << u"xdg/teskel/Teskel.conf"_s << u"%1/new/real.conf"_s << u"new/real.conf"_s;
+    QTest::newRow("file in several missing directories")
+        << u"xdg/teskel/Teskel.conf"_s << u"%1/a/b/c/real.conf"_s << u"a/b/c/real.conf"_s;
+    QTest::newRow("relative") << u"xdg/teskel/Teskel.conf"_s << u"../../new/real.conf"_s
+                              << u"new/real.conf"_s;
+    QTest::newRow("missing file in a present directory")
+        << u"xdg/teskel/Teskel.conf"_s << u"%1/xdg/real.conf"_s << u"xdg/real.conf"_s;
+    QTest::newRow("directory") << u"xdg/teskel"_s << u"%1/new"_s << u"new/Teskel.conf"_s;
+    QTest::newRow("directory with a slash")
+        << u"xdg/teskel"_s << u"%1/new/"_s << u"new/Teskel.conf"_s;
+    QTest::newRow("directory above") << u"xdg"_s << u"%1/new"_s << u"new/teskel/Teskel.conf"_s;
+}
+
+void ConfigTest::replacementMakesTheDirectoryOfALink()
+{
+    QFETCH(QString, link);
+    QFETCH(QString, target);
+    QFETCH(QString, file);
+    link = path(link);
+    QVERIFY(QDir().mkpath(QFileInfo(link).path()));
+    const QByteArray said = target.replace(u"%1"_s, _directory->path()).toUtf8();
+    QCOMPARE(::symlink(said.constData(), link.toUtf8().constData()), 0);
+    Config config(u"Teskel"_s);
+    config.setGroup(u"g"_s);
+    QVERIFY(config.write());
+    QVERIFY(QFileInfo(link).isSymLink());
+    QCOMPARE(stored(file), QByteArray("[g]\n"));
+    QCOMPARE(stored(u"xdg/teskel/Teskel.conf"_s), QByteArray("[g]\n"));
+}
+
+void ConfigTest::linksInACircleAreOneWarning()
+{
+    QVERIFY(QFile::link(u"b.conf"_s, path(u"a.conf"_s)));
+    QVERIFY(QFile::link(u"a.conf"_s, path(u"b.conf"_s)));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot be written to .*/a.conf"_s));
+    {
+        Config config(path(u"a.conf"_s), Config::File);
+        config.setGroup(u"g"_s);
+    }
+    QVERIFY(QFileInfo(path(u"a.conf"_s)).isSymLink());
 }
 
 void ConfigTest::failedReplacementWarnsOnce()

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <optional>
 
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -24,11 +25,32 @@ namespace
 
 bool syncFails = false;
 
+/// What was in the settings file whenever the directory with it was synchronised.
+struct DirectorySyncs {
+    QString file;
+    QByteArrayList contents;
+    int error = 0;
+};
+DirectorySyncs directorySyncs;
+
+bool isDirectory(int descriptor)
+{
+    struct stat status = {};
+    return ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 } // namespace
 
 /// Stands in front of the C library's: a disk that takes the bytes and cannot keep them.
 extern "C" int fsync(int file)
 {
+    if (!directorySyncs.file.isEmpty() && isDirectory(file)) {
+        QFile settings(directorySyncs.file);
+        directorySyncs.contents.append(settings.open(QIODevice::ReadOnly) ? settings.readAll()
+                                                                          : QByteArray());
+        errno = directorySyncs.error;
+        return directorySyncs.error == 0 ? 0 : -1;
+    }
     if (syncFails) {
         errno = EIO;
         return -1;
@@ -47,7 +69,10 @@ private slots:
     void fullDiskKeepsTheOldSettings();
     void limitedFileSizeKeepsTheOldSettings_data();
     void limitedFileSizeKeepsTheOldSettings();
+    void limitedFileSizeLeavesNoBackups();
     void failedSynchronisationKeepsTheOldSettings();
+    void replacementIsMadeToLast_data();
+    void replacementIsMadeToLast();
     void settingsAreWrittenWhenThereIsRoomAgain();
 
 private:
@@ -60,6 +85,7 @@ void ConfigDiskTest::init()
 {
     QTest::failOnWarning(QRegularExpression(u".*"_s));
     syncFails = false;
+    directorySyncs = {};
 }
 
 QByteArray ConfigDiskTest::settings(qsizetype words)
@@ -140,6 +166,26 @@ void ConfigDiskTest::limitedFileSizeKeepsTheOldSettings()
     QVERIFY(change(path));
 }
 
+/// However often it is tried to replace settings that are too large.
+void ConfigDiskTest::limitedFileSizeLeavesNoBackups()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(u"Teskel.conf"_s);
+    const QByteArray text(Config::largestFile + 1, '\n');
+    QVERIFY(writeFile(path, text));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"^The settings cannot be written to"_s));
+    std::optional<FileSizeLimit> limited(0);
+    for (int attempt = 0; attempt < 3; ++attempt)
+        QVERIFY(!change(path));
+    limited.reset();
+    QCOMPARE(QDir(directory.path()).entryList(QDir::Files | QDir::Hidden),
+             QStringList({u"Teskel.conf"_s}));
+    QCOMPARE(stored(path), text);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"they are kept as .*\\.backup1$"_s));
+    QVERIFY(change(path));
+    QCOMPARE(stored(path + u".backup1"_s), text);
+}
+
 /// A network drive or a worn card says only then that it is full.
 void ConfigDiskTest::failedSynchronisationKeepsTheOldSettings()
 {
@@ -155,6 +201,34 @@ void ConfigDiskTest::failedSynchronisationKeepsTheOldSettings()
     QCOMPARE(stored(path), settings(100));
     QCOMPARE(QDir(directory.path()).entryList(QDir::Files | QDir::Hidden),
              QStringList({u"Teskel.conf"_s}));
+}
+
+void ConfigDiskTest::replacementIsMadeToLast_data()
+{
+    QTest::addColumn<bool>("isLink");
+    QTest::addColumn<int>("error");
+    QTest::newRow("file") << false << 0;
+    QTest::newRow("link into another directory") << true << 0;
+    QTest::newRow("file system without such a thing") << false << EINVAL;
+    QTest::newRow("failed, which is no error") << false << EIO;
+}
+
+/// A new name is not on the disk before its directory is.
+void ConfigDiskTest::replacementIsMadeToLast()
+{
+    QFETCH(bool, isLink);
+    QFETCH(int, error);
+    const QTemporaryDir directory;
+    const QTemporaryDir other;
+    const QString path = directory.filePath(u"Teskel.conf"_s);
+    const QString real = isLink ? other.filePath(u"real.conf"_s) : path;
+    QVERIFY(writeFile(real, settings(100)));
+    if (isLink)
+        QVERIFY(QFile::link(real, path));
+    directorySyncs = {real, {}, error};
+    QVERIFY(change(path));
+    QCOMPARE(directorySyncs.contents, QByteArrayList({stored(real)}));
+    QVERIFY(stored(real) != settings(100));
 }
 
 void ConfigDiskTest::settingsAreWrittenWhenThereIsRoomAgain()

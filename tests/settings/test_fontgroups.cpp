@@ -29,6 +29,7 @@ private slots:
     void fontStoredAgainIsNewAgain();
     void groupWithoutAFontGoesFirst();
     void fontsOfPresentFilesStay();
+    void fontsOfFilesThatAreGoneFromAPresentDirectoryMakeRoom();
     void whatElseIsInTheFileStays();
     void absurdNumbersAreNone();
     void storingTheNewestFontAgainWritesNothing();
@@ -171,6 +172,25 @@ void FontGroupsTest::fontsOfPresentFilesStay()
     preferences.save();
     QCOMPARE(storedGroups().size(), FontGroups::most);
     QCOMPARE(preferences.getFont(present).pointSize(), 7);
+}
+
+void FontGroupsTest::fontsOfFilesThatAreGoneFromAPresentDirectoryMakeRoom()
+{
+    const auto group = [this](const QString& name) {
+        return '[' + _home->filePath(name).toUtf8() + "]\nFontSize = 7\n";
+    };
+    QFile file(_home->filePath(u"Present.PDB"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    stage(group(u"Gone.PDB"_s) + group(u"Present.PDB"_s) + group(u"None/Gone.PDB"_s) +
+          missingGroups(FontGroups::most));
+    PreferencesData().save();
+    const QStringList groups = storedGroups();
+    QCOMPARE(groups.size(), FontGroups::most);
+    QVERIFY(!groups.contains(_home->filePath(u"Gone.PDB"_s)));
+    QVERIFY(groups.contains(_home->filePath(u"Present.PDB"_s)));
+    QVERIFY(!groups.contains(_home->filePath(u"None/Gone.PDB"_s)));
+    QVERIFY(!groups.contains(missing(0)));
+    QVERIFY(groups.contains(missing(1)));
 }
 
 void FontGroupsTest::whatElseIsInTheFileStays()
