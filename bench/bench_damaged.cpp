@@ -32,7 +32,8 @@ constexpr unsigned recordsBeforeWords = 5;
 
 struct Article {
     const char* name;
-    const char* unit; ///< what it repeats
+    const char* unit;      ///< what it repeats
+    const char* head = ""; ///< what stands in front
 };
 
 /// The first is the good one.
@@ -46,14 +47,28 @@ constexpr std::array articles{
     Article{"changes of letters", "<b>a</b>b"},
     Article{"table rows", "<tr><td>a"},
     Article{"tags beyond the limits", "<b>"},
+    Article{"two directions on one line", "&_fna; a ", "<nobr>"},
+    Article{"words on one line", "ab ", "<code style=\"white-space:nowrap\">"},
+    Article{"tabs on one line", "a\t", "<pre>"},
+    Article{"small capitals", "aB ", "<p style=\"font-variant:small-caps\">"},
+    Article{"two scripts", "a&_bbaa;"},
+    Article{"two directions", "a &_fna; "},
+    Article{"list entries", "<li>a", "<ol>"},
+    Article{"words in nested tables", "ab ",
+            "<table><tr><td><table><tr><td><table><tr><td><table><tr><td>"},
+    Article{"words in narrow lines", "ab ", "<ul><ul><ul><ul><ul><ul><ul><ul><ul><ul><ul><ul>"},
+    Article{"tags under a style sheet", "<b>a</b> ",
+            "<style>b,b,b,b,b,b,b,b,b,b,b,b,b,b,b,b,b,b,b,b,b{color:red}</style>"},
+    Article{"places of links", "<a name=x>a</a> "},
+    Article{"controls", "\x01\x02\x1F "},
 };
 
 std::string textOf(const Article& article)
 {
     const std::string unit = article.unit;
-    if (unit.empty())
+    if (&article == articles.data())
         return "<i>noun</i>\n1. a word to be looked up\n2. another sense of it; a last one\n";
-    std::string text;
+    std::string text = article.head;
     while (text.size() + unit.size() <= articleBytes)
         text += unit;
     return text;

@@ -2,6 +2,7 @@
 #include "widgets/article/markuplengths.h"
 
 #include "widgets/article/markuptokenizer.h"
+#include "widgets/article/styledeclarations.h"
 
 #include <QString>
 
@@ -138,38 +139,33 @@ MarkupLengths::Sum MarkupLengths::readStyle(QStringView style)
     Sum sum;
     if (MarkupTokenizer::mayHoldMarkup(style) || style.contains(u'\\'))
         sum.pixels = endless;
-    qsizetype end = 0;
-    for (qsizetype begin = 0; begin < style.size(); begin = end + 1) {
-        end = begin;
-        while (end < style.size() && style.at(end) != u';' && style.at(end) != u'{' &&
-               style.at(end) != u'}')
-            ++end;
-        const QStringView declaration = style.sliced(begin, end - begin);
-        const qsizetype colon = declaration.indexOf(u':');
-        if (colon < 0)
-            continue;
-        const QStringView name = declaration.first(colon).trimmed();
-        const QStringView value = declaration.sliced(colon + 1);
-        if (name.contains(u"-qt-paragraph-type", Qt::CaseInsensitive) ||
-            name.contains(u"-qt-table-type", Qt::CaseInsensitive))
-            _misplacesCells = true;
-        if (isOneOf(name, {u"color", u"background", u"background-color", u"font-weight"}) ||
-            name.startsWith(u"-qt-"))
-            continue;
-        if (name.contains(u"font", Qt::CaseInsensitive)) {
-            if (isOneOf(name, {u"font", u"font-size"}) || name.contains(u'/'))
-                readFont(value);
-            continue;
-        }
-        if (name.contains(u"line-height", Qt::CaseInsensitive)) {
-            readLine(value);
-            continue;
-        }
-        forEachNumber(value, [&sum](double number, QStringView unit) {
-            (isFontHeight(unit) ? sum.fonts : sum.pixels) += number;
-        });
-    }
+    _hasGradient = _hasGradient || style.contains(u"gradient", Qt::CaseInsensitive);
+    forEachDeclaration(style, [this, &sum](QStringView name, QStringView value) {
+        readDeclaration(name, value, sum);
+    });
     return sum;
+}
+
+void MarkupLengths::readDeclaration(QStringView name, QStringView value, Sum& sum)
+{
+    if (name.contains(u"-qt-paragraph-type", Qt::CaseInsensitive) ||
+        name.contains(u"-qt-table-type", Qt::CaseInsensitive))
+        _misplacesCells = true;
+    if (isOneOf(name, {u"color", u"background", u"background-color", u"font-weight"}) ||
+        name.startsWith(u"-qt-"))
+        return;
+    if (name.contains(u"font", Qt::CaseInsensitive)) {
+        if (isOneOf(name, {u"font", u"font-size"}) || name.contains(u'/'))
+            readFont(value);
+        return;
+    }
+    if (name.contains(u"line-height", Qt::CaseInsensitive)) {
+        readLine(value);
+        return;
+    }
+    forEachNumber(value, [&sum](double number, QStringView unit) {
+        (isFontHeight(unit) ? sum.fonts : sum.pixels) += number;
+    });
 }
 
 /// The value of a property that makes letters larger: what is no length says nothing about that.

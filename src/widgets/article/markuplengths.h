@@ -21,6 +21,9 @@ public:
     double extent(qint64 cells, qint64 elements, qint64 characters) const;
     /// Whether a style may make the document take cells for those of another table.
     bool misplacesCells() const { return _misplacesCells; }
+    /// Whether a style may ask for a gradient: the document reads past the end of one that is not
+    /// as it expects it.
+    bool hasGradient() const { return _hasGradient; }
 
 private:
     struct Sum {
@@ -30,6 +33,7 @@ private:
     };
 
     Sum readStyle(QStringView style);
+    void readDeclaration(QStringView name, QStringView value, Sum& sum);
     void readFont(QStringView value);
     void readLine(QStringView value);
 
@@ -41,6 +45,7 @@ private:
     double _font = 0;
     double _line = 0;
     bool _misplacesCells = false;
+    bool _hasGradient = false;
 };
 
 } // namespace teskel

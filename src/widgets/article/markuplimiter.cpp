@@ -56,7 +56,7 @@ bool MarkupLimiter::isWithin(QStringView markup)
             return false;
     }
     const auto elements = static_cast<qint64>(_tree.nodes().size());
-    return _lengths.extent(_cells, elements, _characters) <= maxExtent &&
+    return _lengths.extent(_cells, elements, _characters) <= maxExtent && !_lengths.hasGradient() &&
            (_grids.isEmpty() || !_lengths.misplacesCells());
 }
 

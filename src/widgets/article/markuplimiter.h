@@ -15,8 +15,9 @@ namespace teskel
 ///
 /// The cost of nested elements grows with the square of their depth, that of nested tables by a
 /// factor with each level, an empty table grid costs by rows times columns, each picture by the
-/// number of pictures, and the layout of a text that is higher or wider than 2^23 pixels never
-/// ends: a text of a few thousand characters could stop the program.
+/// number of pictures, the layout of a text that is higher or wider than 2^23 pixels never ends,
+/// and a gradient that lacks its numbers is read past its end: a text of a few characters could
+/// stop the program.
 class MarkupLimiter
 {
 public:

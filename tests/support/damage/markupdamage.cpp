@@ -18,10 +18,11 @@ QByteArray withArticle(Draft& draft, const QByteArray& article)
     return draft.file();
 }
 
-QByteArray withRepeated(Draft& draft, Random& random, const QByteArray& text)
+QByteArray withRepeated(Draft& draft, Random& random, const QByteArray& text,
+                        const QByteArray& head = {})
 {
     const int most = mostBytes / static_cast<int>(text.size());
-    return withArticle(draft, text.repeated(random.bounded(1, most + 1)));
+    return withArticle(draft, head + text.repeated(random.bounded(1, most + 1)));
 }
 
 // Words of markup in any order: what no pattern of a person has.
@@ -88,6 +89,45 @@ const DamageRule rules[] = {
      [](Draft& d, Random& r) {
          return withArticle(d, "<img src=x width=" + QByteArray::number(r.generate()) +
                                    " height=" + QByteArray::number(r.generate()) + ">");
+     }},
+    {"words that no line may end in",
+     [](Draft& d, Random& r) {
+         return withRepeated(d, r, "&_fna; a ", r.bounded(2) ? "<nobr>" : "<pre>");
+     }},
+    {"blanks that end no line by a style",
+     [](Draft& d, Random& r) { return withRepeated(d, r, "ab ", "<p style='white-space:pre'>"); }},
+    {"tabs on one line", [](Draft& d, Random& r) { return withRepeated(d, r, "a\t", "<pre>"); }},
+    {"small capitals",
+     [](Draft& d, Random& r) {
+         return withRepeated(d, r, "aB ", "<p style='font-variant:small-caps'>");
+     }},
+    {"scripts and directions that change",
+     [](Draft& d, Random& r) { return withRepeated(d, r, r.bounded(2) ? "a&_bbaa;" : "a&_fna;"); }},
+    {"many fonts",
+     [](Draft& d, Random& r) {
+         QByteArray article;
+         for (int number = r.bounded(1, 1200); number > 0; --number)
+             article += "<font face=" + randomBytes(4, r).toHex() + ">a</font> ";
+         return withArticle(d, article);
+     }},
+    {"list entries", [](Draft& d, Random& r) { return withRepeated(d, r, "<li>a", "<ol>"); }},
+    {"words in nested tables",
+     [](Draft& d, Random& r) {
+         return withRepeated(d, r, "ab ", QByteArray("<table><tr><td>").repeated(r.bounded(1, 5)));
+     }},
+    {"words in narrow lines",
+     [](Draft& d, Random& r) {
+         return withRepeated(d, r, "ab ", QByteArray("<ul>").repeated(r.bounded(1, 30)));
+     }},
+    {"style sheet of many selectors",
+     [](Draft& d, Random& r) {
+         return withRepeated(d, r, "<b>a</b> ",
+                             "<style>" + QByteArray("b,").repeated(r.bounded(1, 500)) +
+                                 "b{color:red}</style>");
+     }},
+    {"gradient without numbers",
+     [](Draft& d, Random& r) {
+         return withRepeated(d, r, "<b style=\"background:qlineargradient(x:,stop: red)\">a</b>");
      }},
     {"links", [](Draft& d, Random& r) { return withRepeated(d, r, "<a href='file:///'>x</a>"); }},
     {"style sheet",
