@@ -106,9 +106,8 @@ void TestRealPacking::everyUnpackerGivesTheTextBack()
     const QTemporaryDir directory;
     QVERIFY(
         teskel::test::writeFile(directory.filePath(u"a.arj"_s), teskel::test::archiveOf(members)));
-    for (const auto& [program, arguments] :
-         {QPair(_arj, QStringList{u"e"_s, u"-y"_s, u"../a.arj"_s}),
-          QPair(_sevenZip, QStringList{u"e"_s, u"-y"_s, u"../a.arj"_s})}) {
+    const QStringList arguments = {u"e"_s, u"-y"_s, u"../a.arj"_s};
+    for (const QString& program : {_arj, _sevenZip}) {
         const QString target = directory.filePath(QFileInfo(program).fileName());
         QVERIFY(QDir().mkpath(target));
         QCOMPARE(runArchiver(program, arguments, target), 0);
