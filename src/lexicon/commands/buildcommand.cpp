@@ -4,6 +4,8 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/outputs.h"
+#include "lexicon/file/leftovers.h"
+#include "lexicon/file/samefile.h"
 #include "lexicon/sources/siblingfile.h"
 
 #include <algorithm>
@@ -119,6 +121,9 @@ int run(const BuildOptions& options, const std::string& reverse, bool quiet)
 }
 
 } // namespace
+    leftovers::remove(options.output, states);
+    if (!reverse.empty())
+        leftovers::remove(reverse, states);
 
 Action build(CLI::App& options)
 {

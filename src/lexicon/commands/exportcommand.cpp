@@ -3,6 +3,7 @@
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/outputs.h"
 #include "lexicon/exports/exporttable.h"
+#include "lexicon/file/leftovers.h"
 #include "lexicon/file/pendingfile.h"
 #include "lexicon/sources/tsv.h"
 #include "lexicon/text/givenback.h"
@@ -60,6 +61,7 @@ int exportToFile(LexiconReader& reader, const ExportOptions& options, const File
 {
     if (const int code = checkOutput(options.output, options); code != Done)
         return code;
+    leftovers::remove(options.output, states);
     PendingFile pending(options.output);
     std::string error;
     const auto write = [&pending](const std::string& line) { return pending.write(line); };
@@ -94,6 +96,8 @@ int exportFor(LexiconReader& reader, const ExportOptions& options, const FileSta
     const auto files = makeExport(options.kind, options.output, titleOf(reader));
     for (const std::string& file : files->files()) {
         if (const int code = checkOutput(file, options); code != Done)
+    for (const std::string& file : files->files())
+        leftovers::remove(file, states);
             return code;
     }
     std::string error;

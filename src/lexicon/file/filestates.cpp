@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/file/filestates.h"
 
+#include <algorithm>
+
 namespace teskel
 {
 
@@ -34,6 +36,13 @@ bool FileStates::areKept(std::string& error) const
         struct stat now = {};
         if (::stat(state.path.c_str(), &now) == 0 && areAlike(state.status, now))
             continue;
+bool FileStates::have(const struct stat& status) const
+{
+    return std::any_of(_states.begin(), _states.end(), [&status](const State& state) {
+        return state.status.st_dev == status.st_dev && state.status.st_ino == status.st_ino;
+    });
+}
+
         error = (state.path == "/dev/stdin" ? "standard input" : state.path) +
                 " was changed while it was read";
         return false;

@@ -32,16 +32,15 @@ PendingFile::PendingFile(std::string target)
 
 void PendingFile::create()
 {
-    leftovers::remove(_real);
     if (createUnnamed())
         return;
-    _path = _named = leftovers::pathFor(_real);
+    _path = _named = leftovers::newPath(_real);
     _guard.emplace(_named);
     const int descriptor =
         ::open(_named.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
     if (!check(descriptor >= 0))
         return;
-    (void)leftovers::hold(descriptor);
+    leftovers::hold(descriptor, _named);
     _file = ::fdopen(descriptor, "wb");
     check(_file != nullptr);
 }
@@ -59,8 +58,6 @@ bool PendingFile::createUnnamed()
     _file = isReachable ? ::fdopen(descriptor, "wb") : nullptr;
     if (!_file)
         ::close(descriptor);
-    else
-        (void)leftovers::hold(descriptor);
     return _file != nullptr;
 }
 
@@ -109,7 +106,7 @@ bool PendingFile::flush(std::string& error)
 bool PendingFile::takePlace()
 {
     if (_named.empty()) {
-        const std::string name = leftovers::pathFor(_real);
+        const std::string name = leftovers::newPath(_real);
         _guard.emplace(name);
         if (::linkat(AT_FDCWD, _path.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0)
             return false;
@@ -127,10 +124,12 @@ bool PendingFile::commit(std::string& error)
         return false;
     struct stat old = {};
     if (outputtarget::isReplaceable(_real, _reason)) {
+        leftovers::hold(::fileno(_file), name);
         const int descriptor = ::fileno(_file);
         if (::stat(_real.c_str(), &old) == 0)
             (void)::fchmod(descriptor, old.st_mode & permissions); // not every file system has any
         check(::fsync(descriptor) == 0);
+    leftovers::release(::fileno(_file));
     }
     if (_reason.empty() && check(takePlace()))
         return true;

@@ -16,8 +16,8 @@ namespace teskel
 ///
 /// Until then it has no name at all where the file system can do that, and is gone when the program
 /// is killed. Elsewhere it stands beside its target under a name of its own; it is removed when it
-/// is destroyed without having been committed, when a signal ends the program, and by the next
-/// output with this target when the program was killed.
+/// is destroyed without having been committed, and when a signal ends the program. One that a
+/// killed program left is for leftovers::remove().
 class PendingFile
 {
 public:
