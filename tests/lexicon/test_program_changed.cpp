@@ -6,10 +6,12 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTest>
 
 #include <algorithm>
+#include <csignal>
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -31,6 +33,10 @@ private slots:
     void sourceThatStaysIsBuilt();
     void lexiconThatChangesIsAnError_data();
     void lexiconThatChangesIsAnError();
+    void lexiconThatChangesBetweenWordsIsAnError_data();
+    void lexiconThatChangesBetweenWordsIsAnError();
+    void lexiconThatChangesBeforeItIsOpenedIsAnError_data();
+    void lexiconThatChangesBeforeItIsOpenedIsAnError();
 
 private:
     bool change(const QString& name, const QByteArray& how) const;
@@ -43,9 +49,8 @@ namespace
 
 constexpr const char* kept = "kept";
 
-/// Whether the process has opened its standard input a second time, as it does to read a source
-/// from it.
-bool readsStandardInput(const QProcess& process)
+/// Where the descriptors of a process lead.
+QList<QByteArray> openFiles(const QProcess& process)
 {
     const QDir open(u"/proc/%1/fd"_s.arg(process.processId()));
     const auto leadsTo = [&open](const QString& name) {
@@ -54,11 +59,20 @@ bool readsStandardInput(const QProcess& process)
             ::readlink(QFile::encodeName(open.filePath(name)).constData(), target.data(), 4096);
         return target.left(std::max<qsizetype>(length, 0));
     };
-    const QByteArray input = leadsTo(u"0"_s);
-    const QStringList names = open.entryList(QDir::AllEntries | QDir::System);
-    return !input.isEmpty() && std::count_if(names.begin(), names.end(), [&](const QString& name) {
-                                   return leadsTo(name) == input;
-                               }) > 1;
+    QList<QByteArray> files;
+    for (const QString& name : open.entryList(QDir::AllEntries | QDir::System))
+        files += leadsTo(name);
+    return files;
+}
+
+/// Whether the process has opened its standard input a second time, as it does to read a source
+/// from it.
+bool readsStandardInput(const QProcess& process)
+{
+    const QByteArray input =
+        QFile::encodeName(QFile::symLinkTarget(u"/proc/%1/fd/0"_s.arg(process.processId())));
+    const QByteArray name = input.mid(input.lastIndexOf('/') + 1); // of a pipe
+    return !input.isEmpty() && openFiles(process).count(name) > 1;
 }
 
 } // namespace

@@ -114,8 +114,8 @@ int run(const DiffOptions& options)
     const FileStates states({options.before, options.after});
     LexiconReader before;
     LexiconReader after;
-    if (openLexicon(before, options.before) != LexiconReader::Status::Ok ||
-        openLexicon(after, options.after) != LexiconReader::Status::Ok)
+    if (openLexicon(before, options.before, states) != LexiconReader::Status::Ok ||
+        openLexicon(after, options.after, states) != LexiconReader::Status::Ok)
         return Failed;
     Differ differ(before, after, options);
     if (!differ.run())

@@ -78,9 +78,7 @@ int exportToOutput(LexiconReader& reader, const std::string& file, const FileSta
         return static_cast<bool>(std::cout);
     };
     const LexiconReader::Status status = writeEntries(reader, write, error);
-    if (status != LexiconReader::Status::Ok)
-        complain(file + ": " + error);
-    return finishOutput(exitCode(status), states);
+    return finishReading(status, file, error, states);
 }
 
 /// The description without its markup and on one line, or else the name.
@@ -118,13 +116,12 @@ int run(const ExportOptions& options)
     }
     const FileStates states({options.file});
     LexiconReader reader;
-    if (const auto status = openLexicon(reader, options.file); status != LexiconReader::Status::Ok)
+    if (const auto status = openLexicon(reader, options.file, states);
+        status != LexiconReader::Status::Ok)
         return exitCode(status);
     std::string error;
-    if (const auto status = reader.checkDescription(error); status != LexiconReader::Status::Ok) {
-        complain(options.file + ": " + error);
-        return exitCode(status);
-    }
+    if (const auto status = reader.checkDescription(error); status != LexiconReader::Status::Ok)
+        return finishReading(status, options.file, error, states);
     if (options.kind != tsvKind)
         return exportFor(reader, options, states);
     return toOutput ? exportToOutput(reader, options.file, states)

@@ -57,15 +57,13 @@ int run(const std::string& file, bool json)
 {
     const FileStates states({file});
     LexiconReader reader;
-    if (const auto status = openLexicon(reader, file); status != LexiconReader::Status::Ok)
+    if (const auto status = openLexicon(reader, file, states); status != LexiconReader::Status::Ok)
         return exitCode(status);
     LexiconFacts facts;
     std::string error;
     const LexiconReader::Status status = facts.gather(reader, file, error);
-    if (status != LexiconReader::Status::Ok) {
-        complain(file + ": " + error);
-        return exitCode(status);
-    }
+    if (status != LexiconReader::Status::Ok)
+        return finishReading(status, file, error, states);
     if (json)
         printJson(file, facts);
     else
