@@ -3,6 +3,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/file/lexiconcursor.h"
 #include "lexicon/text/utf8.h"
 
@@ -111,6 +112,9 @@ private:
 
 int run(const DiffOptions& options)
 {
+    if (!isOutputApart(options.before, "lexicon " + options.before) ||
+        !isOutputApart(options.after, "lexicon " + options.after))
+        return Usage;
     const FileStates states({options.before, options.after});
     LexiconReader before;
     LexiconReader after;

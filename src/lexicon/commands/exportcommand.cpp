@@ -94,10 +94,10 @@ int exportFor(LexiconReader& reader, const ExportOptions& options, const FileSta
     const auto files = makeExport(options.kind, options.output, titleOf(reader));
     for (const std::string& file : files->files()) {
         if (const int code = checkOutput(file, options); code != Done)
-    for (const std::string& file : files->files())
-        leftovers::remove(file, states);
             return code;
     }
+    for (const std::string& file : files->files())
+        leftovers::remove(file, states);
     std::string error;
     const auto add = [&files](std::string_view headword, std::string_view article) {
         return files->add(headword, article);
@@ -114,6 +114,8 @@ int run(const ExportOptions& options)
         complain("export: --to " + options.kind + " needs -o, the name of its files");
         return Usage;
     }
+    if (toOutput && !isOutputApart(options.file, "lexicon " + options.file))
+        return Usage;
     const FileStates states({options.file});
     LexiconReader reader;
     if (const auto status = openLexicon(reader, options.file, states);

@@ -3,6 +3,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/text/givenback.h"
 #include "lexicon/text/utf8.h"
 #include "script/letterreference.h"
@@ -137,6 +138,11 @@ private:
 
 int run(const FindOptions& options)
 {
+    if (!isOutputApart(options.file, "lexicon " + options.file))
+        return Usage;
+    if (std::find(options.words.begin(), options.words.end(), "-") != options.words.end() &&
+        !isOutputApart("/dev/stdin", "standard input"))
+        return Usage;
     const FileStates states({options.file});
     LexiconReader reader;
     if (const auto status = openLexicon(reader, options.file, states);

@@ -2,6 +2,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/file/lexiconfacts.h"
 
 #include <iostream>
@@ -55,6 +56,8 @@ void printJson(const std::string& file, const LexiconFacts& facts)
 
 int run(const std::string& file, bool json)
 {
+    if (!isOutputApart(file, "lexicon " + file))
+        return Usage;
     const FileStates states({file});
     LexiconReader reader;
     if (const auto status = openLexicon(reader, file, states); status != LexiconReader::Status::Ok)

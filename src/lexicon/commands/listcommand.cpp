@@ -2,6 +2,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/text/utf8.h"
 
 #include <iostream>
@@ -36,6 +37,8 @@ void print(const std::string& headword, bool json)
 
 int run(const ListOptions& options)
 {
+    if (!isOutputApart(options.file, "lexicon " + options.file))
+        return Usage;
     const FileStates states({options.file});
     LexiconReader reader;
     if (const auto status = openLexicon(reader, options.file, states);

@@ -5,6 +5,9 @@
 #include "lexicon/file/outputtarget.h"
 #include "lexicon/file/samefile.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace teskel::commands
 {
 
@@ -31,6 +34,18 @@ bool isApart(const std::string& output, const std::string& role, const std::stri
     if (!isSameFile(output, other))
         return true;
     refuse(output, "it is the same file as the " + role + ' ' + other);
+    return false;
+}
+
+bool isOutputApart(const std::string& other, const std::string& name)
+{
+    struct stat output = {};
+    struct stat file = {};
+    if (::fstat(STDOUT_FILENO, &output) != 0 || !S_ISREG(output.st_mode) ||
+        ::stat(other.c_str(), &file) != 0 || output.st_dev != file.st_dev ||
+        output.st_ino != file.st_ino)
+        return true;
+    refuse("to the standard output", "it is the same file as the " + name);
     return false;
 }
 
