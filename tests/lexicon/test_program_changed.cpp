@@ -111,9 +111,13 @@ bool TestProgramChanged::change(const QString& name, const QByteArray& how) cons
         return QFile::resize(file, 0);
     if (how == "appended to")
         return writeFile(file, content + content);
-    if (how == "written again") { // in place, so that nobody meets the file half written
+    if (how.startsWith("written again")) { // in place, so that nobody meets the file half written
         QFile again(file);
-        return again.open(QIODevice::ReadWrite) && again.write(content) == content.size();
+        const QDateTime old = QFileInfo(file).lastModified();
+        if (!again.open(QIODevice::ReadWrite) || again.write(content) != content.size() ||
+            !again.flush())
+            return false;
+        return how == "written again" || again.setFileTime(old, QFileDevice::FileModificationTime);
     }
     if (how == "removed")
         return QFile::remove(file);
@@ -127,8 +131,8 @@ void TestProgramChanged::sourceThatChangesEndsTheBuild_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QByteArray>("how");
     const auto add = [](const char* source, const char* file) {
-        for (const char* how :
-             {"truncated", "emptied", "appended to", "written again", "removed", "replaced"}) {
+        for (const char* how : {"truncated", "emptied", "appended to", "written again",
+                                "written again with its old time", "removed", "replaced"}) {
             QTest::addRow("%s after it was read, %s", file, how)
                 << words({source, "-"}) << QString::fromLatin1(file) << QByteArray(how);
             QTest::addRow("%s before it is read, %s", file, how)
@@ -180,7 +184,7 @@ void TestProgramChanged::lexiconThatChangesIsAnError_data()
     QTest::addColumn<int>("code");
     for (const char* command : {"list large.PDB", "export large.PDB", "diff large.PDB small.PDB",
                                 "diff small.PDB large.PDB"}) {
-        for (const char* how : {"written again", "replaced"})
+        for (const char* how : {"written again", "written again with its old time", "replaced"})
             QTest::addRow("%s, %s", command, how)
                 << QString::fromLatin1(command) << QByteArray(how) << 3;
         const int code = QByteArray(command).startsWith("diff") ? 1 : 0;
@@ -224,6 +228,84 @@ void TestProgramChanged::lexiconThatChangesIsAnError()
              how == kept ? QByteArray()
                          : QByteArray("teskel-lexicon: large.PDB was changed while it was read\n"));
     QCOMPARE(process.exitCode(), code);
+}
+
+void TestProgramChanged::lexiconThatChangesBetweenWordsIsAnError_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("how");
+    QTest::addColumn<QByteArray>("word");
+    for (const char* word : {"house", "missing"}) {
+        for (const char* how : {"truncated", "emptied", "appended to", "written again",
+                                "written again with its old time", "removed", "replaced"}) {
+            QTest::addRow("%s, %s", word, how)
+                << QStringList() << QByteArray(how) << QByteArray(word);
+            QTest::addRow("%s, %s, as JSON", word, how)
+                << words({"--json"}) << QByteArray(how) << QByteArray(word);
+        }
+    }
+}
+
+/// "find" may wait for its words for long.
+void TestProgramChanged::lexiconThatChangesBetweenWordsIsAnError()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, how);
+    QFETCH(QByteArray, word);
+    QCOMPARE(_program.run(words({"build", "a.tsv", "-o", "small.PDB"})).code, 0);
+    QProcess process;
+    process.setWorkingDirectory(_program.directory());
+    process.start(QStringLiteral(TESKEL_LEXICON), words({"find", "small.PDB", "-"}) + options);
+    const QByteArray path =
+        QFile::encodeName(QFileInfo(_program.path("small.PDB")).canonicalFilePath());
+    QTRY_VERIFY(openFiles(process).contains(path));
+    QVERIFY(change(u"small.PDB"_s, how));
+    process.write(word + '\n' + word + '\n');
+    process.closeWriteChannel();
+    QVERIFY(process.waitForFinished(-1));
+    QCOMPARE(process.readAllStandardError(),
+             QByteArray("teskel-lexicon: small.PDB was changed while it was read\n"));
+    QCOMPARE(process.exitCode(), 3);
+    if (!options.isEmpty())
+        QCOMPARE(process.readAllStandardOutput(), QByteArray());
+}
+
+void TestProgramChanged::lexiconThatChangesBeforeItIsOpenedIsAnError_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char* command :
+         {"info small.PDB", "list small.PDB", "find small.PDB house", "export small.PDB",
+          "export small.PDB -o out.tsv", "diff small.PDB other.PDB", "diff other.PDB small.PDB",
+          "verify small.PDB"})
+        QTest::newRow(command) << QString::fromLatin1(command);
+}
+
+/// A lease holds the program between its look at the file and its reading.
+void TestProgramChanged::lexiconThatChangesBeforeItIsOpenedIsAnError()
+{
+    QFETCH(QString, command);
+    QCOMPARE(_program.run(words({"build", "a.tsv", "-o", "small.PDB"})).code, 0);
+    QCOMPARE(_program.run(words({"build", "a.tsv", "-o", "other.PDB"})).code, 0);
+    const int file =
+        ::open(QFile::encodeName(_program.path("small.PDB")).constData(), O_RDWR | O_CLOEXEC);
+    QVERIFY(file >= 0);
+    (void)std::signal(SIGIO, SIG_IGN); // how the lease's holder is told
+    if (::fcntl(file, F_SETLEASE, F_WRLCK) != 0) {
+        ::close(file);
+        QSKIP("this file system has no leases");
+    }
+    QProcess process;
+    process.setWorkingDirectory(_program.directory());
+    process.start(QStringLiteral(TESKEL_LEXICON), command.split(u' '));
+    QTRY_VERIFY(::fcntl(file, F_GETLEASE) != F_WRLCK);
+    QCOMPARE(::ftruncate(file, 100), 0);
+    QCOMPARE(::fcntl(file, F_SETLEASE, F_UNLCK), 0);
+    ::close(file);
+    QVERIFY(process.waitForFinished(-1));
+    QCOMPARE(process.readAllStandardError(),
+             QByteArray("teskel-lexicon: small.PDB was changed while it was read\n"));
+    QCOMPARE(process.exitCode(), 3);
+    QCOMPARE(process.readAllStandardOutput(), QByteArray());
 }
 
 QTEST_GUILESS_MAIN(TestProgramChanged)

@@ -9,10 +9,16 @@ namespace teskel
 namespace
 {
 
+bool areAlike(const struct timespec& a, const struct timespec& b)
+{
+    return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+}
+
+/// The time of modification can be set back, that of a change cannot.
 bool areAlike(const struct stat& a, const struct stat& b)
 {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&
-           a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+           areAlike(a.st_mtim, b.st_mtim) && areAlike(a.st_ctim, b.st_ctim);
 }
 
 } // namespace
@@ -30,12 +36,6 @@ void FileStates::add(const std::string& path)
         _states.push_back(state);
 }
 
-bool FileStates::areKept(std::string& error) const
-{
-    for (const State& state : _states) {
-        struct stat now = {};
-        if (::stat(state.path.c_str(), &now) == 0 && areAlike(state.status, now))
-            continue;
 bool FileStates::have(const struct stat& status) const
 {
     return std::any_of(_states.begin(), _states.end(), [&status](const State& state) {
@@ -43,6 +43,12 @@ bool FileStates::have(const struct stat& status) const
     });
 }
 
+bool FileStates::areKept(std::string& error) const
+{
+    for (const State& state : _states) {
+        struct stat now = {};
+        if (::stat(state.path.c_str(), &now) == 0 && areAlike(state.status, now))
+            continue;
         error = (state.path == "/dev/stdin" ? "standard input" : state.path) +
                 " was changed while it was read";
         return false;
