@@ -25,6 +25,8 @@ private slots:
     void init();
     void whatIsOfAnotherKindStays_data();
     void whatIsOfAnotherKindStays();
+    void whatHasOneMarkOfALexiconStays_data();
+    void whatHasOneMarkOfALexiconStays();
     void isReplacedByForce_data();
     void isReplacedByForce();
     void whatIsOfTheSameKindIsReplaced_data();
@@ -151,6 +153,8 @@ void TestProgramTarget::whatHasOneMarkOfALexiconStays()
                                     "lexicon; --force replaces it all the same\n"));
     QCOMPARE(result.code, 2);
     QVERIFY(_program.bytesOf("target") == content);
+void TestProgramTarget::isReplacedByForce_data()
+{
 }
 
     addCommands();

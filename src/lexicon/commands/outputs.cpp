@@ -56,9 +56,9 @@ int checkTarget(const std::string& output, Writes kind, bool isForced)
         refuse(output, reason);
         return Failed;
     }
-    const bool isOfItsKind =
-        outputtarget::isLexicon(output) == (kind == Writes::Lexicon) || isForced;
-    if (isOfItsKind || !outputtarget::holdsAnything(output))
+    const bool isOfItsKind = kind == Writes::Lexicon ? outputtarget::isLexicon(output)
+                                                     : !outputtarget::mayBeLexicon(output);
+    if (isOfItsKind || isForced || !outputtarget::holdsAnything(output))
         return Done;
     refuse(output, std::string("what is there is ") +
                        (kind == Writes::Lexicon ? "no lexicon" : "a lexicon") +
