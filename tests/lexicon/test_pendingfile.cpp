@@ -4,29 +4,33 @@
 #include "lexicon/file/pendingfile.h"
 #include "tests/support/fulldisk.h"
 #include "tests/support/palmwriter.h"
+#include "tests/support/systemcallfaults.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <functional>
 
+#include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
-#include <sys/file.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
-#include <sys/xattr.h>
+namespace leftovers = teskel::leftovers;
+using teskel::FileStates;
 using teskel::PendingFile;
 using teskel::test::writeFile;
 
 class TestPendingFile : public QObject
-namespace leftovers = teskel::leftovers;
-using teskel::FileStates;
 {
     Q_OBJECT
 
@@ -35,6 +39,7 @@ private slots:
     void isGoneWhenTheProgramIsKilled();
     void leavesNothingWhenNotCommitted();
     void replacesTheTarget();
+    void makesItsNameLast();
     void showsOthersWhatWasFlushed();
     void saysWhyItCannotBeCreated();
     void saysWhyItCannotBeCommitted();
@@ -84,11 +89,6 @@ bool hideProcesses()
            ::mount("none", "/proc", "tmpfs", 0, nullptr) == 0;
 }
 
-} // namespace
-
-void TestPendingFile::hasNotItsTargetsNameUntilCommitted()
-{
-    const QTemporaryDir directory;
 /// Leaves a file with a name behind, as a program does that is killed.
 void writeAndDie(const std::string& target)
 {
@@ -101,6 +101,11 @@ void writeAndDie(const std::string& target)
     ::raise(SIGKILL);
 }
 
+} // namespace
+
+void TestPendingFile::hasNotItsTargetsNameUntilCommitted()
+{
+    const QTemporaryDir directory;
     PendingFile file(pathIn(directory, "a.PDB"));
     QVERIFY(file.write("new"));
     QVERIFY(!filesIn(directory).contains(u"a.PDB"_s));
@@ -131,6 +136,34 @@ void TestPendingFile::replacesTheTarget()
     QFile result(target);
     QVERIFY(result.open(QIODevice::ReadOnly));
     QCOMPARE(result.readAll(), QByteArray("new"));
+}
+
+/// The directory is written out when the file has its name, and need not be.
+void TestPendingFile::makesItsNameLast()
+{
+    const QTemporaryDir directory;
+    const auto commit = [&directory](qsizetype failing, bool& isCommitted) {
+        PendingFile file(pathIn(directory, "a.PDB"));
+        std::string error;
+        const auto write = [&] { isCommitted = file.write("new") && file.commit(error); };
+        return teskel::test::runWithFault(write, failing, EIO);
+    };
+    bool isCommitted = false;
+    const auto calls = commit(-1, isCommitted);
+    if (!calls)
+        QSKIP("this machine lets nobody watch system calls");
+    QVERIFY(isCommitted);
+    const qsizetype synchronised = calls->lastIndexOf(SYS_fsync);
+    const qsizetype renamed =
+        std::max(calls->lastIndexOf(SYS_rename), // each its own on machines
+                 std::max(calls->lastIndexOf(SYS_renameat), calls->lastIndexOf(SYS_renameat2)));
+    QVERIFY(renamed >= 0);
+    QVERIFY(synchronised > renamed);
+    QCOMPARE(calls->count(SYS_fsync), 2);
+    isCommitted = false;
+    QVERIFY(QFile::remove(directory.filePath(u"a.PDB"_s)));
+    QVERIFY(commit(synchronised, isCommitted));
+    QVERIFY(isCommitted);
 }
 
 void TestPendingFile::showsOthersWhatWasFlushed()

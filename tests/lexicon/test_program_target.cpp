@@ -38,10 +38,10 @@ private slots:
     void whatCannotBeWrittenStays();
     void permissionsStay_data();
     void permissionsStay();
-
-private:
     void neighboursStay_data();
     void neighboursStay();
+
+private:
     void addCommands() const;
     QMap<QString, QByteArray> contents() const;
     bool stage(const char* name, const QByteArray& content) const;
@@ -129,8 +129,6 @@ void TestProgramTarget::whatIsOfAnotherKindStays()
     QVERIFY(contents() == before);
 }
 
-void TestProgramTarget::isReplacedByForce_data()
-{
 void TestProgramTarget::whatHasOneMarkOfALexiconStays_data()
 {
     QTest::addColumn<QByteArray>("content");
@@ -153,10 +151,10 @@ void TestProgramTarget::whatHasOneMarkOfALexiconStays()
                                     "lexicon; --force replaces it all the same\n"));
     QCOMPARE(result.code, 2);
     QVERIFY(_program.bytesOf("target") == content);
-void TestProgramTarget::isReplacedByForce_data()
-{
 }
 
+void TestProgramTarget::isReplacedByForce_data()
+{
     addCommands();
 }
 
@@ -322,8 +320,6 @@ void TestProgramTarget::permissionsStay()
     QVERIFY(status.st_size > 0);
 }
 
-QMap<QString, QByteArray> TestProgramTarget::contents() const
-{
 void TestProgramTarget::neighboursStay_data()
 {
     QTest::addColumn<QString>("command"); // %1 is what is read
@@ -357,6 +353,8 @@ void TestProgramTarget::neighboursStay()
         QCOMPARE(after.value(file.key()), file.value());
 }
 
+QMap<QString, QByteArray> TestProgramTarget::contents() const
+{
     QMap<QString, QByteArray> files;
     for (const QFileInfo& file :
          QDir(_program.directory()).entryInfoList(QDir::Files | QDir::Hidden)) {

@@ -41,9 +41,9 @@ public:
     /// Lets others see what was written so far. On failure returns false and says why in `error`.
     bool flush(std::string& error);
 
-    /// Makes the file's bytes last and gives it its name, in place of a file that was there and may
-    /// be replaced (outputtarget::isReplaceable()), with the permissions of that. On failure
-    /// returns false and says why in `error`.
+    /// Makes the file's bytes last, and its name, which it gives it in place of a file that was
+    /// there and may be replaced (outputtarget::isReplaceable()), with the permissions of that. On
+    /// failure returns false and says why in `error`.
     bool commit(std::string& error);
 
 private:
