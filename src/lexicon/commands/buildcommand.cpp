@@ -164,8 +164,8 @@ Action build(CLI::App& options)
         ->check(encodingName());
     options
         .add_option("--invalid-utf8", request->invalid,
-                    "What becomes of bytes that are no text, where they are more than one in "
-                    "ten millions: error, or replace by the sign for what is unknown")
+                    "What becomes of bytes that are no text: error, or replace by the sign for "
+                    "what is unknown")
         ->check(CLI::IsMember({"error", "replace"}))
         ->capture_default_str();
     options.add_option("--reverse", request->reverse,

@@ -15,8 +15,6 @@ namespace teskel
 namespace
 {
 
-/// Of so many bytes of a sound source, at most one is damaged.
-constexpr uint64_t mostInvalidShare = 10'000'000;
 /// What is kept to tell the encoding by, bytes: around a place, and altogether.
 constexpr size_t sampleReach = 200;
 constexpr size_t largestSample = 1U << 16;
@@ -52,7 +50,7 @@ std::string_view SourceText::decoded(std::string_view bytes, std::string_view wh
 
 void SourceText::check(std::string_view text, std::string_view where, std::string_view part)
 {
-    _bytes += text.size();
+    _sampledTo = 0;
     for (size_t place = utf8::wellFormedLength(text); place < text.size();
          place += 1 + utf8::wellFormedLength(text.substr(place + 1)))
         noteInvalid(text, place, place, std::string(where).append(part));
@@ -60,7 +58,6 @@ void SourceText::check(std::string_view text, std::string_view where, std::strin
 
 void SourceText::checkNext(std::string_view text, std::string_view file)
 {
-    _bytes += text.size();
     std::string joined;
     if (!_cut.empty()) {
         joined = std::exchange(_cut, {}).append(text);
@@ -97,7 +94,7 @@ void SourceText::checkEnd(std::string_view file)
 
 void SourceText::noteInvalid(std::string_view text, size_t place, size_t column, std::string where)
 {
-    if (_invalid++ == 0) {
+    if (_first.empty()) {
         _first = std::move(where);
         // The bytes of another encoding are not those of the file any more.
         _first += _decoder ? ": a byte is not " + _options.name
@@ -112,7 +109,7 @@ void SourceText::noteInvalid(std::string_view text, size_t place, size_t column,
 
 bool SourceText::isAccepted(bool canReplace, std::string& error) const
 {
-    if (_options.replacesInvalid || _invalid * mostInvalidShare <= _bytes)
+    if (_options.replacesInvalid || _first.empty())
         return true;
     error = _first;
     if (!_decoder) {
