@@ -76,11 +76,11 @@ void TestProgramEncoding::isNamedWithItsPlace_data()
         "latin1");
     add("at the end", "a.tsv", "house\tHaus\xC3", "a.tsv:1: byte 11 (0xC3)", "latin1");
     add("a character that is too long", "a.tsv", "house\t\xC0\xAF\n", "a.tsv:1: byte 7 (0xC0)",
-        "latin1");
+        "euc-kr");
     add("half of a pair", "a.tsv", "house\t\xED\xA0\x80\n", "a.tsv:1: byte 7 (0xED)",
         "windows-1252");
     add("beyond Unicode", "a.tsv", "house\t\xF4\x90\x80\x80\n", "a.tsv:1: byte 7 (0xF4)",
-        "windows-1252");
+        "windows-1251");
     add("Windows-1252", "a.tsv", "house\t\x84Haus\x93\n", "a.tsv:1: byte 7 (0x84)", "windows-1252");
     add("Cyrillic", "a.tsv", QByteArray(cyrillicOfWindows).repeated(5), "a.tsv:1: byte 1 (0xE2)",
         "windows-1251");
@@ -93,6 +93,20 @@ void TestProgramEncoding::isNamedWithItsPlace_data()
     add("the other UTF-16 without", "a.tsv",
         utf16("house\tHaus\n", QStringConverter::Utf16BE, false), "a.tsv:1: byte 1 (0x00)",
         "utf-16be");
+    const QByteArray russian = QStringLiteral("вода\tжидкость\nрека\tводный поток\n").toUtf8();
+    add("UTF-16 of other letters alone", "a.tsv",
+        utf16(russian.constData(), QStringConverter::Utf16BE, false), "a.tsv:1: byte 1 (0x04)",
+        "utf-16be");
+    add("the other UTF-16 of such", "a.tsv",
+        utf16(russian.constData(), QStringConverter::Utf16LE, false), "a.tsv:1: byte 2 (0x04)",
+        "utf-16le");
+    add("UTF-32", "a.tsv", utf16(russian.constData(), QStringConverter::Utf32LE, true),
+        "a.tsv:1: byte 1 (0xFF)", "utf-32le");
+    add("UTF-32 without a mark", "a.tsv",
+        utf16(russian.constData(), QStringConverter::Utf32BE, false), "a.tsv:1: byte 1 (0x00)",
+        "utf-32be");
+    add("Polish", "a.tsv", "\xBF\xF3\xB3w\tturtle\nksi\xB1\xBFka\tbook\ncz\xEA\xB6\xE6\tpart\n",
+        "a.tsv:1: byte 1 (0xBF)", "iso-8859-2");
     add("TEI", "a.tei", tei("UTF-8", "K\xE4se"), "a.tei:3: byte 21 (0xE4)", "latin1");
     add("TEI that does not say", "a.tei",
         "<TEI><entry><form><orth>K\xE4se</orth></form></entry></TEI>", "a.tei:1: byte 26 (0xE4)",
@@ -121,7 +135,7 @@ void TestProgramEncoding::isNamedWithItsPlace()
         QVERIFY(writeFile(_program.path(name.constData()), content));
     const ProgramResult result =
         _program.run(words({"build", name.constData(), "-q", "-o", "out.PDB"}));
-    const QByteArray begin = "teskel-lexicon: " + place + " is no UTF-8; it ";
+    const QByteArray begin = "teskel-lexicon: " + place + " is no UTF-8; ";
     QVERIFY2(result.err.startsWith(begin), result.err.constData());
     const QByteArray hint = encoding + ", which --encoding " + encoding + " reads";
     QVERIFY2(result.err.contains(hint), result.err.constData());

@@ -19,14 +19,14 @@ namespace
 constexpr size_t sampleReach = 200;
 constexpr size_t largestSample = 1U << 16;
 
+} // namespace
+
 std::string inHexadecimal(char byte)
 {
     std::array<char, 8> number{};
     std::snprintf(number.data(), number.size(), "0x%02X", static_cast<unsigned char>(byte));
     return number.data();
 }
-
-} // namespace
 
 void SourceText::setOptions(const EncodingOptions& options)
 {
@@ -63,6 +63,7 @@ void SourceText::checkNext(std::string_view text, std::string_view file)
         joined = std::exchange(_cut, {}).append(text);
         text = joined;
     }
+    _sampledTo = 0;
     const auto pass = [this](std::string_view passed) {
         _line += static_cast<uint64_t>(std::count(passed.begin(), passed.end(), '\n'));
         const size_t lineEnd = passed.rfind('\n');
@@ -87,6 +88,7 @@ void SourceText::checkNext(std::string_view text, std::string_view file)
 
 void SourceText::checkEnd(std::string_view file)
 {
+    _sampledTo = 0;
     if (!_cut.empty())
         noteInvalid(_cut, 0, _column, std::string(file) + ':' + std::to_string(_line));
     _cut.clear();
@@ -101,10 +103,13 @@ void SourceText::noteInvalid(std::string_view text, size_t place, size_t column,
                            : ": byte " + std::to_string(column + 1) + " (" +
                                  inHexadecimal(text[place]) + ") is no UTF-8";
     }
-    if (_sample.size() < largestSample) {
-        const size_t begin = place - std::min(place, sampleReach);
-        _sample += text.substr(begin, place - begin + sampleReach);
-    }
+    if (_sample.size() >= largestSample || place < _sampledTo)
+        return;
+    const size_t begin = std::max(place - std::min(place, sampleReach), _sampledTo);
+    if (begin > _sampledTo || begin == 0)
+        _sample += '\n';
+    _sampledTo = place + sampleReach;
+    _sample += text.substr(begin, _sampledTo - begin);
 }
 
 bool SourceText::isAccepted(bool canReplace, std::string& error) const
@@ -113,8 +118,11 @@ bool SourceText::isAccepted(bool canReplace, std::string& error) const
         return true;
     error = _first;
     if (!_decoder) {
-        const std::string encoding = encodingOf(_sample);
-        error += "; it may be " + encoding + ", which --encoding " + encoding + " reads";
+        const EncodingGuess guess = guessEncoding(_sample);
+        error += guess.isSure ? "; it may be " : "; perhaps it is ";
+        error += guess.name + ", which --encoding " + guess.name + " reads";
+        for (const std::string& other : guess.others)
+            error += ", or " + other;
     }
     if (canReplace)
         error += "; --invalid-utf8 replace shows such bytes as unknown";

@@ -17,6 +17,9 @@ struct EncodingOptions {
     bool replacesInvalid = false; ///< bytes that are no text are no error, however many they are
 };
 
+/// "0xE4", for people.
+std::string inHexadecimal(char byte);
+
 /// The texts of one source: decodes them, and judges whether they are what they are taken for.
 ///
 /// A byte that is no UTF-8 is an error, unless it is asked for to replace such ones.
@@ -50,6 +53,7 @@ private:
     std::string _text;
     std::string _first;    ///< the place of the first that is no text, for people
     std::string _sample;   ///< what stands around the first ones
+    size_t _sampledTo = 0; ///< of the text that is looked at, it has what stands before
     // Of the file that is looked at piece by piece:
     std::string _cut; ///< the beginning of a character, where the last piece ended
     uint64_t _line = 1;
