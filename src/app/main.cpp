@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/commandline.h"
 #include "app/teskelmainwindow.h"
+#include "base/standardstreams.h"
 #include "platform/application/qpeapplication.h"
 
 int main(int argc, char* argv[])
 {
+    teskel::openStandardStreams();
     QPEApplication application(argc, argv);
     TeskelMainWindow window(nullptr, nullptr, Qt::Window);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "base/standardstreams.h"
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/enginemessages.h"
@@ -44,6 +45,7 @@ int run(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    openStandardStreams();
     std::ios::sync_with_stdio(false);
     commands::enginemessages::keepBack();
     // A file that may not grow any more is a write that failed, with its sentence.

@@ -1,23 +1,32 @@
 // SPDX-License-Identifier: MIT
+#include "lexicon/file/filestates.h"
 #include "lexicon/file/leftovers.h"
 #include "lexicon/file/pendingfile.h"
 #include "tests/support/fulldisk.h"
 #include "tests/support/palmwriter.h"
+#include "tests/support/systemcallfaults.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <functional>
 
+#include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
+namespace leftovers = teskel::leftovers;
+using teskel::FileStates;
 using teskel::PendingFile;
 using teskel::test::writeFile;
 
@@ -30,6 +39,7 @@ private slots:
     void isGoneWhenTheProgramIsKilled();
     void leavesNothingWhenNotCommitted();
     void replacesTheTarget();
+    void makesItsNameLast();
     void showsOthersWhatWasFlushed();
     void saysWhyItCannotBeCreated();
     void saysWhyItCannotBeCommitted();
@@ -38,8 +48,11 @@ private slots:
     void signalRemovesAllThatAreUnfinished_data();
     void signalRemovesAllThatAreUnfinished();
     void standsBesideItsTargetWhereItNeedsAName();
-    void removesWhatAKilledProgramLeft_data();
-    void removesWhatAKilledProgramLeft();
+    void whatAKilledProgramLeftIsRemoved_data();
+    void whatAKilledProgramLeftIsRemoved();
+    void whatIsStillWrittenStays();
+    void leftoversHaveNamesThatFit_data();
+    void leftoversHaveNamesThatFit();
 };
 
 namespace
@@ -74,6 +87,18 @@ bool hideProcesses()
 {
     return teskel::test::FullDisk::enterOwnMounts() &&
            ::mount("none", "/proc", "tmpfs", 0, nullptr) == 0;
+}
+
+/// Leaves a file with a name behind, as a program does that is killed.
+void writeAndDie(const std::string& target)
+{
+    if (!hideProcesses())
+        return;
+    PendingFile file(target);
+    std::string error;
+    if (!file.write("half") || !file.flush(error))
+        ::_exit(1);
+    ::raise(SIGKILL);
 }
 
 } // namespace
@@ -111,6 +136,34 @@ void TestPendingFile::replacesTheTarget()
     QFile result(target);
     QVERIFY(result.open(QIODevice::ReadOnly));
     QCOMPARE(result.readAll(), QByteArray("new"));
+}
+
+/// The directory is written out when the file has its name, and need not be.
+void TestPendingFile::makesItsNameLast()
+{
+    const QTemporaryDir directory;
+    const auto commit = [&directory](qsizetype failing, bool& isCommitted) {
+        PendingFile file(pathIn(directory, "a.PDB"));
+        std::string error;
+        const auto write = [&] { isCommitted = file.write("new") && file.commit(error); };
+        return teskel::test::runWithFault(write, failing, EIO);
+    };
+    bool isCommitted = false;
+    const auto calls = commit(-1, isCommitted);
+    if (!calls)
+        QSKIP("this machine lets nobody watch system calls");
+    QVERIFY(isCommitted);
+    const qsizetype synchronised = calls->lastIndexOf(SYS_fsync);
+    const qsizetype renamed =
+        std::max(calls->lastIndexOf(SYS_rename), // each its own on machines
+                 std::max(calls->lastIndexOf(SYS_renameat), calls->lastIndexOf(SYS_renameat2)));
+    QVERIFY(renamed >= 0);
+    QVERIFY(synchronised > renamed);
+    QCOMPARE(calls->count(SYS_fsync), 2);
+    isCommitted = false;
+    QVERIFY(QFile::remove(directory.filePath(u"a.PDB"_s)));
+    QVERIFY(commit(synchronised, isCommitted));
+    QVERIFY(isCommitted);
 }
 
 void TestPendingFile::showsOthersWhatWasFlushed()
@@ -200,10 +253,9 @@ void TestPendingFile::isGoneWhenTheProgramIsKilled()
         ::raise(SIGKILL);
     });
     QCOMPARE(end, -SIGKILL);
-    // By the next one at the latest, where files must have names.
-    const PendingFile next(pathIn(directory, "a"));
-    QVERIFY(filesIn(directory).filter(u".part"_s).size() <= 1);
-    QVERIFY(!filesIn(directory).contains(u"a"_s));
+    // Asked to at the latest, where files must have names.
+    leftovers::remove(pathIn(directory, "a"), {});
+    QCOMPARE(filesIn(directory), QStringList());
 }
 
 void TestPendingFile::signalRemovesAllThatAreUnfinished_data()
@@ -225,7 +277,7 @@ void TestPendingFile::signalRemovesAllThatAreUnfinished()
         done.commit(error);
         const PendingFile first(pathIn(directory, "a"));
         const PendingFile second(pathIn(directory, "b"));
-        if (isNamed == filesIn(directory).filter(u".part"_s).isEmpty())
+        if (isNamed == filesIn(directory).filter(u".teskel-"_s).isEmpty())
             ::_exit(1);
         ::raise(SIGTERM);
     });
@@ -247,7 +299,7 @@ void TestPendingFile::standsBesideItsTargetWhereItNeedsAName()
         std::string error;
         const bool isWritten = file.write("new") && file.flush(error);
         const bool isNamed =
-            file.path() == target.toStdString() + ".part" + std::to_string(::getpid()) &&
+            file.path().starts_with(pathIn(directory, ".a.teskel-") + std::to_string(::getpid())) &&
             QFile(QString::fromStdString(file.path())).size() == 3;
         ::_exit(isWritten && isNamed && file.commit(error) ? 2 : 1);
     });
@@ -257,42 +309,113 @@ void TestPendingFile::standsBesideItsTargetWhereItNeedsAName()
     QCOMPARE(filesIn(directory), QStringList{u"a"_s});
 }
 
-void TestPendingFile::removesWhatAKilledProgramLeft_data()
+void TestPendingFile::whatAKilledProgramLeftIsRemoved_data()
 {
-    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("what");
     QTest::addColumn<bool>("isKept");
-    const pid_t gone = ::fork();
-    if (gone == 0)
-        ::_exit(0);
-    ::waitpid(gone, nullptr, 0);
-    const auto row = [](const QString& name, bool isKept) {
-        QTest::newRow(qPrintable(isKept ? name + u", kept"_s : name)) << name << isKept;
-    };
-    row(u"a.PDB.part%1"_s.arg(gone), false);
-    row(u"a.PDB.part%1"_s.arg(::getppid()), true);
-    row(u"a.PDB.part%1x"_s.arg(gone), true);
-    row(u"a.PDB.part"_s, true);
-    row(u"a.PDB.part-%1"_s.arg(gone), true);
-    row(u"b.PDB.part%1"_s.arg(gone), true);
-    row(u"a.PDB.partition"_s, true);
-    // Another program's numbers may mean other processes: it holds its file.
-    row(u"a.PDB.part%1 held"_s.arg(gone), true);
+    QTest::newRow("as it was left") << QByteArray() << false;
+    QTest::newRow("by a link") << QByteArray("by a link") << false;
+    for (const char* what : {"copied", "held", "read", "of another target", "renamed", "linked"})
+        QTest::newRow(what) << QByteArray(what) << true;
+    for (const char* name :
+         {"a.PDB.part999999999", "a.PDB.part", ".a.PDB.teskel-999999999",
+          ".a.PDB.teskel-999999999-", ".a.PDB.teskel-999999999-0123456789abcdef",
+          ".a.PDB.teskel-999999999-0123456789abcdef0123456789abcdef", ".a.PDB.teskel-0-x"})
+        QTest::newRow(name) << QByteArray(name) << true;
 }
 
-void TestPendingFile::removesWhatAKilledProgramLeft()
+void TestPendingFile::whatAKilledProgramLeftIsRemoved()
 {
-    QFETCH(QString, name);
+    QFETCH(QByteArray, what);
     QFETCH(bool, isKept);
     const QTemporaryDir directory;
-    const bool isHeld = name.endsWith(u" held"_s);
-    name.remove(u" held"_s);
-    QVERIFY(writeFile(directory.filePath(name), "half"));
-    QFile file(directory.filePath(name));
+    const int end = endOf([&directory] { writeAndDie(pathIn(directory, "a.PDB")); });
+    if (end == 0)
+        QSKIP("this machine lets its users mount nothing, not even where they alone see it");
+    QCOMPARE(end, -SIGKILL);
+    QCOMPARE(filesIn(directory).size(), 1);
+    QString left = filesIn(directory).constFirst();
+    QFile file(directory.filePath(left));
     QVERIFY(file.open(QIODevice::ReadOnly));
-    if (isHeld)
-        QVERIFY(teskel::leftovers::hold(file.handle()));
-    const PendingFile pending(pathIn(directory, "a.PDB"));
-    QCOMPARE(filesIn(directory).contains(name), isKept);
+    if (::getxattr(QFile::encodeName(file.fileName()).constData(), "user.teskel.unfinished",
+                   nullptr, 0) < 0 &&
+        what == "copied")
+        QSKIP("this file system keeps no attributes");
+
+    std::string target = pathIn(directory, "a.PDB");
+    FileStates read;
+    if (what == "copied") {
+        const QByteArray bytes = file.readAll();
+        QVERIFY(file.remove() && writeFile(file.fileName(), bytes));
+    } else if (what == "by a link") {
+        QVERIFY(QFile::link(u"a.PDB"_s, directory.filePath(u"link"_s)));
+        target = pathIn(directory, "link");
+    } else if (what == "held") {
+        QCOMPARE(::flock(file.handle(), LOCK_EX | LOCK_NB), 0);
+    } else if (what == "read") {
+        read.add(file.fileName().toStdString());
+    } else if (what == "of another target") {
+        target = pathIn(directory, "b.PDB");
+    } else if (what == "renamed") {
+        left.replace(u"a.PDB"_s, u"b.PDB"_s);
+        QVERIFY(file.rename(directory.filePath(left)));
+        target = pathIn(directory, "b.PDB");
+    } else if (what == "linked") {
+        QVERIFY(::link(QFile::encodeName(file.fileName()).constData(),
+                       pathIn(directory, "mine").c_str()) == 0);
+    } else if (!what.isEmpty()) {
+        left = QString::fromLatin1(what);
+        QVERIFY(file.remove() && writeFile(directory.filePath(left), "mine"));
+    }
+    if (what != "held")
+        file.close();
+    leftovers::remove(target, read);
+    QCOMPARE(filesIn(directory).contains(left), isKept);
+}
+
+void TestPendingFile::whatIsStillWrittenStays()
+{
+    const QTemporaryDir directory;
+    const int end = endOf([&directory] {
+        if (!hideProcesses())
+            return;
+        PendingFile file(pathIn(directory, "a.PDB"));
+        leftovers::remove(pathIn(directory, "a.PDB"), {});
+        std::string error;
+        ::_exit(file.commit(error) ? 2 : 1);
+    });
+    if (end == 0)
+        QSKIP("this machine lets its users mount nothing, not even where they alone see it");
+    QCOMPARE(end, 2);
+    // What is complete is nobody's leftover, whatever its name.
+    QVERIFY(::getxattr(pathIn(directory, "a.PDB").c_str(), "user.teskel.unfinished", nullptr, 0) <
+            0);
+}
+
+void TestPendingFile::leftoversHaveNamesThatFit_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("short") << QByteArray("a");
+    QTest::newRow("longest") << QByteArray(255, 'a');
+    QTest::newRow("longest of two bytes") << "a" + QByteArray("\xC3\xA4").repeated(127);
+    QTest::newRow("longest of four bytes") << "abc" + QByteArray("\xF0\x9F\x98\x80").repeated(63);
+}
+
+void TestPendingFile::leftoversHaveNamesThatFit()
+{
+    QFETCH(QByteArray, name);
+    const QTemporaryDir directory;
+    const std::string target = directory.path().toStdString() + "/" + name.toStdString();
+    const QByteArray path = QByteArray::fromStdString(leftovers::newPath(target));
+    const QByteArray own = path.mid(path.lastIndexOf('/') + 1);
+    QVERIFY(own.size() <= 255);
+    QCOMPARE(QString::fromUtf8(own).toUtf8(), own);
+    const int end = endOf([&target] { writeAndDie(target); });
+    if (end == 0)
+        QSKIP("this machine lets its users mount nothing, not even where they alone see it");
+    QCOMPARE(filesIn(directory).size(), 1);
+    leftovers::remove(target, {});
+    QCOMPARE(filesIn(directory), QStringList());
 }
 
 QTEST_APPLESS_MAIN(TestPendingFile)

@@ -6,10 +6,12 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTest>
 
 #include <algorithm>
+#include <csignal>
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -31,6 +33,10 @@ private slots:
     void sourceThatStaysIsBuilt();
     void lexiconThatChangesIsAnError_data();
     void lexiconThatChangesIsAnError();
+    void lexiconThatChangesBetweenWordsIsAnError_data();
+    void lexiconThatChangesBetweenWordsIsAnError();
+    void lexiconThatChangesBeforeItIsOpenedIsAnError_data();
+    void lexiconThatChangesBeforeItIsOpenedIsAnError();
 
 private:
     bool change(const QString& name, const QByteArray& how) const;
@@ -43,9 +49,8 @@ namespace
 
 constexpr const char* kept = "kept";
 
-/// Whether the process has opened its standard input a second time, as it does to read a source
-/// from it.
-bool readsStandardInput(const QProcess& process)
+/// Where the descriptors of a process lead.
+QList<QByteArray> openFiles(const QProcess& process)
 {
     const QDir open(u"/proc/%1/fd"_s.arg(process.processId()));
     const auto leadsTo = [&open](const QString& name) {
@@ -54,11 +59,20 @@ bool readsStandardInput(const QProcess& process)
             ::readlink(QFile::encodeName(open.filePath(name)).constData(), target.data(), 4096);
         return target.left(std::max<qsizetype>(length, 0));
     };
-    const QByteArray input = leadsTo(u"0"_s);
-    const QStringList names = open.entryList(QDir::AllEntries | QDir::System);
-    return !input.isEmpty() && std::count_if(names.begin(), names.end(), [&](const QString& name) {
-                                   return leadsTo(name) == input;
-                               }) > 1;
+    QList<QByteArray> files;
+    for (const QString& name : open.entryList(QDir::AllEntries | QDir::System))
+        files += leadsTo(name);
+    return files;
+}
+
+/// Whether the process has opened its standard input a second time, as it does to read a source
+/// from it.
+bool readsStandardInput(const QProcess& process)
+{
+    const QByteArray input =
+        QFile::encodeName(QFile::symLinkTarget(u"/proc/%1/fd/0"_s.arg(process.processId())));
+    const QByteArray name = input.mid(input.lastIndexOf('/') + 1); // of a pipe
+    return !input.isEmpty() && openFiles(process).count(name) > 1;
 }
 
 } // namespace
@@ -97,9 +111,13 @@ bool TestProgramChanged::change(const QString& name, const QByteArray& how) cons
         return QFile::resize(file, 0);
     if (how == "appended to")
         return writeFile(file, content + content);
-    if (how == "written again") { // in place, so that nobody meets the file half written
+    if (how.startsWith("written again")) { // in place, so that nobody meets the file half written
         QFile again(file);
-        return again.open(QIODevice::ReadWrite) && again.write(content) == content.size();
+        const QDateTime old = QFileInfo(file).lastModified();
+        if (!again.open(QIODevice::ReadWrite) || again.write(content) != content.size() ||
+            !again.flush())
+            return false;
+        return how == "written again" || again.setFileTime(old, QFileDevice::FileModificationTime);
     }
     if (how == "removed")
         return QFile::remove(file);
@@ -113,8 +131,8 @@ void TestProgramChanged::sourceThatChangesEndsTheBuild_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QByteArray>("how");
     const auto add = [](const char* source, const char* file) {
-        for (const char* how :
-             {"truncated", "emptied", "appended to", "written again", "removed", "replaced"}) {
+        for (const char* how : {"truncated", "emptied", "appended to", "written again",
+                                "written again with its old time", "removed", "replaced"}) {
             QTest::addRow("%s after it was read, %s", file, how)
                 << words({source, "-"}) << QString::fromLatin1(file) << QByteArray(how);
             QTest::addRow("%s before it is read, %s", file, how)
@@ -166,7 +184,7 @@ void TestProgramChanged::lexiconThatChangesIsAnError_data()
     QTest::addColumn<int>("code");
     for (const char* command : {"list large.PDB", "export large.PDB", "diff large.PDB small.PDB",
                                 "diff small.PDB large.PDB"}) {
-        for (const char* how : {"written again", "replaced"})
+        for (const char* how : {"written again", "written again with its old time", "replaced"})
             QTest::addRow("%s, %s", command, how)
                 << QString::fromLatin1(command) << QByteArray(how) << 3;
         const int code = QByteArray(command).startsWith("diff") ? 1 : 0;
@@ -210,6 +228,84 @@ void TestProgramChanged::lexiconThatChangesIsAnError()
              how == kept ? QByteArray()
                          : QByteArray("teskel-lexicon: large.PDB was changed while it was read\n"));
     QCOMPARE(process.exitCode(), code);
+}
+
+void TestProgramChanged::lexiconThatChangesBetweenWordsIsAnError_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("how");
+    QTest::addColumn<QByteArray>("word");
+    for (const char* word : {"house", "missing"}) {
+        for (const char* how : {"truncated", "emptied", "appended to", "written again",
+                                "written again with its old time", "removed", "replaced"}) {
+            QTest::addRow("%s, %s", word, how)
+                << QStringList() << QByteArray(how) << QByteArray(word);
+            QTest::addRow("%s, %s, as JSON", word, how)
+                << words({"--json"}) << QByteArray(how) << QByteArray(word);
+        }
+    }
+}
+
+/// "find" may wait for its words for long.
+void TestProgramChanged::lexiconThatChangesBetweenWordsIsAnError()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, how);
+    QFETCH(QByteArray, word);
+    QCOMPARE(_program.run(words({"build", "a.tsv", "-o", "small.PDB"})).code, 0);
+    QProcess process;
+    process.setWorkingDirectory(_program.directory());
+    process.start(QStringLiteral(TESKEL_LEXICON), words({"find", "small.PDB", "-"}) + options);
+    const QByteArray path =
+        QFile::encodeName(QFileInfo(_program.path("small.PDB")).canonicalFilePath());
+    QTRY_VERIFY(openFiles(process).contains(path));
+    QVERIFY(change(u"small.PDB"_s, how));
+    process.write(word + '\n' + word + '\n');
+    process.closeWriteChannel();
+    QVERIFY(process.waitForFinished(-1));
+    QCOMPARE(process.readAllStandardError(),
+             QByteArray("teskel-lexicon: small.PDB was changed while it was read\n"));
+    QCOMPARE(process.exitCode(), 3);
+    if (!options.isEmpty())
+        QCOMPARE(process.readAllStandardOutput(), QByteArray());
+}
+
+void TestProgramChanged::lexiconThatChangesBeforeItIsOpenedIsAnError_data()
+{
+    QTest::addColumn<QString>("command");
+    for (const char* command :
+         {"info small.PDB", "list small.PDB", "find small.PDB house", "export small.PDB",
+          "export small.PDB -o out.tsv", "diff small.PDB other.PDB", "diff other.PDB small.PDB",
+          "verify small.PDB"})
+        QTest::newRow(command) << QString::fromLatin1(command);
+}
+
+/// A lease holds the program between its look at the file and its reading.
+void TestProgramChanged::lexiconThatChangesBeforeItIsOpenedIsAnError()
+{
+    QFETCH(QString, command);
+    QCOMPARE(_program.run(words({"build", "a.tsv", "-o", "small.PDB"})).code, 0);
+    QCOMPARE(_program.run(words({"build", "a.tsv", "-o", "other.PDB"})).code, 0);
+    const int file =
+        ::open(QFile::encodeName(_program.path("small.PDB")).constData(), O_RDWR | O_CLOEXEC);
+    QVERIFY(file >= 0);
+    (void)std::signal(SIGIO, SIG_IGN); // how the lease's holder is told
+    if (::fcntl(file, F_SETLEASE, F_WRLCK) != 0) {
+        ::close(file);
+        QSKIP("this file system has no leases");
+    }
+    QProcess process;
+    process.setWorkingDirectory(_program.directory());
+    process.start(QStringLiteral(TESKEL_LEXICON), command.split(u' '));
+    QTRY_VERIFY(::fcntl(file, F_GETLEASE) != F_WRLCK);
+    QCOMPARE(::ftruncate(file, 100), 0);
+    QCOMPARE(::fcntl(file, F_SETLEASE, F_UNLCK), 0);
+    ::close(file);
+    QVERIFY(process.waitForFinished(-1));
+    QCOMPARE(process.readAllStandardError(),
+             QByteArray("teskel-lexicon: small.PDB was changed while it was read\n"));
+    QCOMPARE(process.exitCode(), 3);
+    QCOMPARE(process.readAllStandardOutput(), QByteArray());
 }
 
 QTEST_GUILESS_MAIN(TestProgramChanged)

@@ -206,7 +206,7 @@ void TestProgramErrors::lexiconsThatAreNoFilesEndAtOnce_data()
     QTest::addColumn<QByteArray>("file");
     for (const char* command : {"info %1", "list %1", "export %1", "find %1 house", "verify %1",
                                 "diff %1 small.PDB", "repair %1 -o x.PDB"}) {
-        for (const char* file : {"pipe", "/dev/zero"})
+        for (const char* file : {"pipe", "/dev/zero", "/proc/version"})
             QTest::addRow("%s, %s", command, file)
                 << QString::fromLatin1(command) << QByteArray(file);
     }

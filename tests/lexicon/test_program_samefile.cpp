@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/lexicon/lexiconprogram.h"
 #include "tests/support/palmwriter.h"
+#include "tests/support/stardictwriter.h"
 
 #include <QDir>
 #include <QFile>
@@ -22,6 +23,8 @@ private slots:
     void initTestCase();
     void isRefused_data();
     void isRefused();
+    void partThatIsNotThereIsRefused_data();
+    void partThatIsNotThereIsRefused();
     void othersOfTheDirectoryAreWritten();
 
 private:
@@ -42,6 +45,11 @@ void TestProgramSameFile::initTestCase()
                     QFile::encodeName(_program.path("hard")).constData()),
              0);
     QVERIFY(QDir(_program.directory()).mkdir(u"sub"_s));
+    QVERIFY(QFile::link(u"new.PDB"_s, _program.path("dangling1")));
+    QVERIFY(QFile::link(u"sub/../new.PDB"_s, _program.path("dangling2")));
+    QVERIFY(QFile::link(u"dangling2"_s, _program.path("dangling3")));
+    QVERIFY(StarDictWriter().add("house", "Haus").write(_program.path("s")));
+    QVERIFY(QFile::link(u"s.syn"_s, _program.path("synonyms")));
 }
 
 void TestProgramSameFile::isRefused_data()
@@ -64,6 +72,9 @@ void TestProgramSameFile::isRefused_data()
     add("build a.tsv -o b.PDB --reverse a.tsv", "a.tsv", "source a.tsv");
     add("build a.tsv -o b.PDB --reverse b.PDB", "b.PDB", "output b.PDB");
     add("build a.tsv -o b.PDB --reverse sub/../b.PDB", "sub/../b.PDB", "output b.PDB");
+    add("build a.tsv -o dangling1 --reverse dangling2", "dangling2", "output dangling1");
+    add("build a.tsv -o new.PDB --reverse dangling2", "dangling2", "output new.PDB");
+    add("build a.tsv -o dangling3 --reverse dangling1", "dangling1", "output dangling3");
     add("export c.PDB -o c.PDB", "c.PDB", "lexicon c.PDB");
     add("export c.dict -o c --to dictd", "c.dict", "lexicon c.dict");
     add("export c.dict -o ./c --to stardict", "./c.dict", "lexicon c.dict");
@@ -78,6 +89,37 @@ void TestProgramSameFile::isRefused()
     const ProgramResult result = _program.run(command.split(u' '));
     QCOMPARE(result.err, sentence);
     QCOMPARE(result.out, QByteArray());
+    QCOMPARE(result.code, 2);
+    QVERIFY(contents() == before);
+}
+
+void TestProgramSameFile::partThatIsNotThereIsRefused_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QByteArray>("output");
+    QTest::addColumn<QByteArray>("source");
+    const auto add = [](const char* command, const char* output, const char* source) {
+        QTest::newRow(command) << QString::fromUtf8(command) << QByteArray(output)
+                               << QByteArray(source);
+    };
+    add("build s.ifo -o s.syn", "s.syn", "s.ifo");
+    add("build s -o ./s.syn", "./s.syn", "s");
+    add("build s.ifo -o synonyms", "synonyms", "s.ifo");
+    add("build s.ifo -o s.idx.gz", "s.idx.gz", "s.ifo");
+    add("build d.index -o d.dict.dz", "d.dict.dz", "d.index");
+    add("build a.tsv d.index -o b.PDB --reverse d.dict.dz", "d.dict.dz", "d.index");
+}
+
+/// The next build would read it.
+void TestProgramSameFile::partThatIsNotThereIsRefused()
+{
+    QFETCH(QString, command);
+    QFETCH(QByteArray, output);
+    QFETCH(QByteArray, source);
+    const QMap<QString, QByteArray> before = contents();
+    const ProgramResult result = _program.run(command.split(u' '));
+    QCOMPARE(result.err, "teskel-lexicon: cannot write " + output +
+                             ": it would be read as a part of the source " + source + '\n');
     QCOMPARE(result.code, 2);
     QVERIFY(contents() == before);
 }

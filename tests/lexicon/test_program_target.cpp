@@ -25,6 +25,8 @@ private slots:
     void init();
     void whatIsOfAnotherKindStays_data();
     void whatIsOfAnotherKindStays();
+    void whatHasOneMarkOfALexiconStays_data();
+    void whatHasOneMarkOfALexiconStays();
     void isReplacedByForce_data();
     void isReplacedByForce();
     void whatIsOfTheSameKindIsReplaced_data();
@@ -36,6 +38,8 @@ private slots:
     void whatCannotBeWrittenStays();
     void permissionsStay_data();
     void permissionsStay();
+    void neighboursStay_data();
+    void neighboursStay();
 
 private:
     void addCommands() const;
@@ -125,6 +129,30 @@ void TestProgramTarget::whatIsOfAnotherKindStays()
     QVERIFY(contents() == before);
 }
 
+void TestProgramTarget::whatHasOneMarkOfALexiconStays_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    const QByteArray table =
+        QByteArray("a").repeated(30) + '\t' + QByteArray("b").repeated(28) + '\n';
+    QTest::newRow("table") << table + "DICTTSKL\tmy word\nhouse\tHaus\n";
+    QTest::newRow("short table") << table + "DICTTSKL";
+    QTest::newRow("empty list") << QByteArray(60, '\0') + "DICTTSKL" + QByteArray(100, '\0');
+    QTest::newRow("text behind it") << QByteArray(60, '\0') + "DICTTSKL" + QByteArray(100, 'x');
+    QTest::newRow("name without end") << QByteArray(60, 'x') + _lexicon.mid(60);
+    QTest::newRow("another program's") << _lexicon.left(64) + "Data" + _lexicon.mid(68);
+}
+
+void TestProgramTarget::whatHasOneMarkOfALexiconStays()
+{
+    QFETCH(QByteArray, content);
+    QVERIFY(stage("target", content));
+    const ProgramResult result = _program.run(words({"build", "a.tsv", "-o", "target"}));
+    QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write target: what is there is no "
+                                    "lexicon; --force replaces it all the same\n"));
+    QCOMPARE(result.code, 2);
+    QVERIFY(_program.bytesOf("target") == content);
+}
+
 void TestProgramTarget::isReplacedByForce_data()
 {
     addCommands();
@@ -201,8 +229,12 @@ void TestProgramTarget::symbolicLinkStaysOne()
     QVERIFY(QFileInfo(_program.path(real.constData())).isFile());
     QVERIFY(!QFileInfo(_program.path(real.constData())).isSymLink());
     QVERIFY(_program.bytesOf(real.constData()).size() > 0);
-    QVERIFY(QDir(_program.directory()).entryList({u"*.part*"_s}, QDir::Files).isEmpty());
-    QVERIFY(QDir(_program.path("sub")).entryList({u"*.part*"_s}, QDir::Files).isEmpty());
+    QVERIFY(QDir(_program.directory())
+                .entryList({u".*.teskel-*"_s}, QDir::Files | QDir::Hidden)
+                .isEmpty());
+    QVERIFY(QDir(_program.path("sub"))
+                .entryList({u".*.teskel-*"_s}, QDir::Files | QDir::Hidden)
+                .isEmpty());
 }
 
 void TestProgramTarget::linkThatLeadsNowhereIsAnError()
@@ -286,6 +318,39 @@ void TestProgramTarget::permissionsStay()
     QCOMPARE(::stat(path.constData(), &status), 0);
     QCOMPARE(status.st_mode & 07777U, 0640U);
     QVERIFY(status.st_size > 0);
+}
+
+void TestProgramTarget::neighboursStay_data()
+{
+    QTest::addColumn<QString>("command"); // %1 is what is read
+    QTest::addColumn<QByteArray>("source");
+    for (const char* source :
+         {"target.part999999999", ".target.teskel-999999999-0123456789abcdef"}) {
+        const auto add = [source](const char* command) {
+            QTest::addRow("%s, %s", command, source)
+                << QString::fromLatin1(command) << QByteArray(source);
+        };
+        add("build %1 -o target");
+        add("repair %1 -o target --force");
+        add("export %1 -o target --force");
+        add("export %1 -o target --to dictd --force");
+    }
+}
+
+/// Whatever they are called: none of them is one that the program left unfinished.
+void TestProgramTarget::neighboursStay()
+{
+    QFETCH(QString, command);
+    QFETCH(QByteArray, source);
+    QVERIFY(stage(source.constData(),
+                  command.startsWith("build"_L1) ? QByteArray("house\tHaus\n") : _lexicon));
+    for (const char* name : {"target.part999999998", "target.index.part999999998"})
+        QVERIFY(stage(name, "half of a download\n"));
+    const QMap<QString, QByteArray> before = contents();
+    QCOMPARE(_program.run(command.arg(QString::fromLatin1(source)).split(u' ')).code, 0);
+    const QMap<QString, QByteArray> after = contents();
+    for (auto file = before.begin(); file != before.end(); ++file)
+        QCOMPARE(after.value(file.key()), file.value());
 }
 
 QMap<QString, QByteArray> TestProgramTarget::contents() const

@@ -156,7 +156,7 @@ void TestProgramTerminal::shellsSeeTheSignalInTheExitCode()
         {u"-c"_s,
          u"trap : INT; "
          "(while [ ! -s number ]; do sleep 0.01; done; read -r number <number; rm number; "
-         "while ! ls -l \"/proc/$number/fd\" | grep -q \"$(pwd -P)/\\(#\\|out.PDB.part\\)\"; "
+         "while ! ls -l \"/proc/$number/fd\" | grep -q \"$(pwd -P)/\\(#\\|[.]out.PDB.teskel-\\)\"; "
          "do sleep 0.01; done; kill -\"$1\" \"$number\") 2>/dev/null & "
          "sh -c 'echo $$ >number; exec \"$0\" build large.tsv -o out.PDB' \"$0\"; echo $?"_s,
          QStringLiteral(TESKEL_LEXICON), signal});

@@ -2,11 +2,13 @@
 #include "lexicon/build/sourcetable.h"
 
 #include "lexicon/sources/dictdsource.h"
-#include "lexicon/sources/input/encodingguess.h"
 #include "lexicon/sources/input/inputfile.h"
+#include "lexicon/sources/input/wideencoding.h"
 #include "lexicon/sources/stardict/stardictsource.h"
 #include "lexicon/sources/tei/teisource.h"
 #include "lexicon/sources/tsvsource.h"
+
+#include <algorithm>
 
 namespace teskel
 {
@@ -15,7 +17,7 @@ namespace
 {
 
 /// How much of the content is shown to the kinds, bytes.
-constexpr size_t headBytes = 1U << 16;
+constexpr size_t headBytes = wideSampleBytes;
 
 /// How the text of a source lies in its files.
 enum class Form {
@@ -82,15 +84,16 @@ const SourceKind* kindNamed(const std::string& name)
 }
 
 /// About a text that begins as `head`.
-std::string sentenceOnUtf16(const std::string& name, std::string_view head,
-                            const std::string& encoding)
+std::string sentenceOnWideness(const std::string& name, std::string_view head,
+                               const std::string& encoding)
 {
-    const size_t zero = head.find('\0');
-    const bool hasMark = head.starts_with("\xFF\xFE") || head.starts_with("\xFE\xFF");
-    const size_t place = hasMark || zero == std::string_view::npos ? 0 : zero;
-    const std::string byte = hasMark ? (head.front() == '\xFF' ? "0xFF" : "0xFE") : "0x00";
-    return placeInFile(name, 1) + ": byte " + std::to_string(place + 1) + " (" + byte +
-           ") is no UTF-8; it is " + encoding + ", which --encoding " + encoding + " reads";
+    const size_t place = placeOfWideness(head);
+    const std::string_view before = head.substr(0, place);
+    const auto line = static_cast<uint64_t>(std::count(before.begin(), before.end(), '\n'));
+    const size_t inLine = place - (before.rfind('\n') + 1); // at the beginning when there is none
+    return placeInFile(name, line + 1) + ": byte " + std::to_string(inLine + 1) + " (" +
+           inHexadecimal(head[place]) + ") is no UTF-8; it is " + encoding + ", which --encoding " +
+           encoding + " reads";
 }
 
 std::string listOfKinds()
@@ -108,11 +111,11 @@ std::unique_ptr<LexiconSource> sourceFor(const std::string& path, const std::str
 {
     auto input = std::make_unique<InputFile>();
     std::string_view head;
-    std::string utf16;
+    std::string wide;
     if (input->open(path, error)) {
         head = input->head(headBytes);
         if (encoding.name.empty() && !encoding.replacesInvalid)
-            utf16 = utf16Of(head);
+            wide = wideEncodingOf(head);
         if (!encoding.name.empty()) {
             input->decodeAs(encoding.name);
             head = input->head(headBytes);
@@ -121,8 +124,8 @@ std::unique_ptr<LexiconSource> sourceFor(const std::string& path, const std::str
         input = nullptr;
     }
     const SourceKind* kind = kindName.empty() ? kindOf(path, head) : kindNamed(kindName);
-    if (!utf16.empty() && (!kind || kind->form == Form::PlainText)) {
-        error = sentenceOnUtf16(input->name(), head, utf16);
+    if (!wide.empty() && (!kind || kind->form == Form::PlainText)) {
+        error = sentenceOnWideness(input->name(), head, wide);
         return nullptr;
     }
     if (kind && kind->form == Form::Pieces && !encoding.name.empty() &&

@@ -4,6 +4,8 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/outputs.h"
+#include "lexicon/file/leftovers.h"
+#include "lexicon/file/samefile.h"
 #include "lexicon/sources/siblingfile.h"
 
 #include <algorithm>
@@ -11,6 +13,7 @@
 #include <memory>
 
 #include <CLI/CLI.hpp>
+#include <unistd.h>
 
 namespace teskel::commands
 {
@@ -73,6 +76,17 @@ CLI::Validator encodingName()
     return {check, "ENCODING"};
 }
 
+/// Whether an output is not a file that belongs to a source, nor would become one.
+bool isApartFrom(const std::string& output, const std::string& file, const std::string& source)
+{
+    if (::access(file.c_str(), F_OK) == 0)
+        return isApart(output, "source", file);
+    if (!isSameFile(output, file))
+        return true;
+    complain("cannot write " + output + ": it would be read as a part of the source " + source);
+    return false;
+}
+
 /// Whether no file is written that is read as well, or written twice.
 bool areApart(const BuildOptions& options, const std::string& reverse)
 {
@@ -82,7 +96,7 @@ bool areApart(const BuildOptions& options, const std::string& reverse)
     for (const std::string& output : outputs) {
         for (const std::string& source : options.sources) {
             for (const std::string& file : siblingfile::family(pathOf(source))) {
-                if (!isApart(output, "source", file))
+                if (!isApartFrom(output, file, source))
                     return false;
             }
         }
@@ -107,6 +121,9 @@ int run(const BuildOptions& options, const std::string& reverse, bool quiet)
             return code;
     }
     const FileStates states = statesOf(sources);
+    leftovers::remove(options.output, states);
+    if (!reverse.empty())
+        leftovers::remove(reverse, states);
     std::ostream* progress = quiet ? nullptr : terminal();
     LexiconBuilder builder(options, progress);
     LexiconBuilder opposite(reversed(options, reverse), progress);
@@ -114,7 +131,11 @@ int run(const BuildOptions& options, const std::string& reverse, bool quiet)
     if (!prepare(builder, options, states, quiet) ||
         (!reverse.empty() && !prepare(opposite, options, states, quiet)))
         return Failed;
-    const bool isWritten = commit(builder, quiet) && (reverse.empty() || commit(opposite, quiet));
+    if (!commit(builder, quiet))
+        return Failed;
+    // Two names that had no file may be one to the file system, as in small and large letters.
+    const bool isWritten =
+        reverse.empty() || (isApart(reverse, "output", options.output) && commit(opposite, quiet));
     return isWritten ? Done : Failed;
 }
 
@@ -143,8 +164,8 @@ Action build(CLI::App& options)
         ->check(encodingName());
     options
         .add_option("--invalid-utf8", request->invalid,
-                    "What becomes of bytes that are no text, where they are more than one in "
-                    "ten millions: error, or replace by the sign for what is unknown")
+                    "What becomes of bytes that are no text: error, or replace by the sign for "
+                    "what is unknown")
         ->check(CLI::IsMember({"error", "replace"}))
         ->capture_default_str();
     options.add_option("--reverse", request->reverse,

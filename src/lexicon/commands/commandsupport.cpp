@@ -31,10 +31,15 @@ int exitCode(LexiconReader::Status status)
     }
 }
 
-LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file)
+LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file,
+                                  const FileStates& read)
 {
     std::string error;
     const LexiconReader::Status status = reader.open(file, error);
+    if (std::string change; !read.areKept(change)) {
+        complain(change);
+        return LexiconReader::Status::Unreadable;
+    }
     const std::string reason =
         status == LexiconReader::Status::Invalid ? enginemessages::reason() : std::string();
     if (status != LexiconReader::Status::Ok)
@@ -88,6 +93,15 @@ int finishFiles(LexiconReader::Status status, const std::string& file, std::stri
         return Failed;
     }
     return Done;
+}
+
+int finishReading(LexiconReader::Status status, const std::string& file, const std::string& error,
+                  const FileStates& read)
+{
+    std::string change;
+    if (status != LexiconReader::Status::Ok && read.areKept(change))
+        complain(file + ": " + error);
+    return finishOutput(exitCode(status), read);
 }
 
 int finishOutput(int code, const FileStates& read)

@@ -35,8 +35,10 @@ void complain(const std::string& sentence);
 /// The exit code for a reader's status.
 int exitCode(LexiconReader::Status status);
 
-/// Opens a lexicon; says why when it cannot.
-LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file);
+/// Opens a lexicon; says why when it cannot. Unreadable when a file changed since `read` was made,
+/// from which there is nothing to conclude then.
+LexiconReader::Status openLexicon(LexiconReader& reader, const std::string& file,
+                                  const FileStates& read);
 
 /// Of an option: takes whole numbers from 0 on.
 CLI::Validator wholeNumber();
@@ -53,6 +55,11 @@ bool runBuild(LexiconBuilder& builder, bool isStrict, bool quiet,
 /// which `status` tells, and is as in `read`, else with `error`. Returns the exit code.
 int finishFiles(LexiconReader::Status status, const std::string& file, std::string& error,
                 const FileStates& read, const std::function<bool(std::string& error)>& commit);
+
+/// Ends the printing of what stands in the lexicon `file`, which `status` tells whether it could be
+/// read, or else `error` why not; `read` as in finishOutput(). Returns the exit code.
+int finishReading(LexiconReader::Status status, const std::string& file, const std::string& error,
+                  const FileStates& read);
 
 /// Writes out what is still buffered of the standard output. Returns `code`, or Failed with a
 /// sentence when not everything could be written, or when a file changed that was read for it.

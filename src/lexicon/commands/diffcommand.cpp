@@ -3,6 +3,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/file/lexiconcursor.h"
 #include "lexicon/text/utf8.h"
 
@@ -111,11 +112,14 @@ private:
 
 int run(const DiffOptions& options)
 {
+    if (!isOutputApart(options.before, "lexicon " + options.before) ||
+        !isOutputApart(options.after, "lexicon " + options.after))
+        return Usage;
     const FileStates states({options.before, options.after});
     LexiconReader before;
     LexiconReader after;
-    if (openLexicon(before, options.before) != LexiconReader::Status::Ok ||
-        openLexicon(after, options.after) != LexiconReader::Status::Ok)
+    if (openLexicon(before, options.before, states) != LexiconReader::Status::Ok ||
+        openLexicon(after, options.after, states) != LexiconReader::Status::Ok)
         return Failed;
     Differ differ(before, after, options);
     if (!differ.run())

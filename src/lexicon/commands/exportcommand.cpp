@@ -3,6 +3,7 @@
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/outputs.h"
 #include "lexicon/exports/exporttable.h"
+#include "lexicon/file/leftovers.h"
 #include "lexicon/file/pendingfile.h"
 #include "lexicon/sources/tsv.h"
 #include "lexicon/text/givenback.h"
@@ -60,6 +61,7 @@ int exportToFile(LexiconReader& reader, const ExportOptions& options, const File
 {
     if (const int code = checkOutput(options.output, options); code != Done)
         return code;
+    leftovers::remove(options.output, states);
     PendingFile pending(options.output);
     std::string error;
     const auto write = [&pending](const std::string& line) { return pending.write(line); };
@@ -76,9 +78,7 @@ int exportToOutput(LexiconReader& reader, const std::string& file, const FileSta
         return static_cast<bool>(std::cout);
     };
     const LexiconReader::Status status = writeEntries(reader, write, error);
-    if (status != LexiconReader::Status::Ok)
-        complain(file + ": " + error);
-    return finishOutput(exitCode(status), states);
+    return finishReading(status, file, error, states);
 }
 
 /// The description without its markup and on one line, or else the name.
@@ -96,6 +96,8 @@ int exportFor(LexiconReader& reader, const ExportOptions& options, const FileSta
         if (const int code = checkOutput(file, options); code != Done)
             return code;
     }
+    for (const std::string& file : files->files())
+        leftovers::remove(file, states);
     std::string error;
     const auto add = [&files](std::string_view headword, std::string_view article) {
         return files->add(headword, article);
@@ -112,15 +114,16 @@ int run(const ExportOptions& options)
         complain("export: --to " + options.kind + " needs -o, the name of its files");
         return Usage;
     }
+    if (toOutput && !isOutputApart(options.file, "lexicon " + options.file))
+        return Usage;
     const FileStates states({options.file});
     LexiconReader reader;
-    if (const auto status = openLexicon(reader, options.file); status != LexiconReader::Status::Ok)
+    if (const auto status = openLexicon(reader, options.file, states);
+        status != LexiconReader::Status::Ok)
         return exitCode(status);
     std::string error;
-    if (const auto status = reader.checkDescription(error); status != LexiconReader::Status::Ok) {
-        complain(options.file + ": " + error);
-        return exitCode(status);
-    }
+    if (const auto status = reader.checkDescription(error); status != LexiconReader::Status::Ok)
+        return finishReading(status, options.file, error, states);
     if (options.kind != tsvKind)
         return exportFor(reader, options, states);
     return toOutput ? exportToOutput(reader, options.file, states)

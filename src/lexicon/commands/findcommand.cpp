@@ -3,6 +3,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/text/givenback.h"
 #include "lexicon/text/utf8.h"
 #include "script/letterreference.h"
@@ -51,9 +52,10 @@ QString richTextOf(std::string_view headword, std::string_view article)
 class Finder
 {
 public:
-    Finder(LexiconReader& reader, const FindOptions& options)
+    Finder(LexiconReader& reader, const FindOptions& options, const FileStates& states)
         : _reader(reader)
         , _options(options)
+        , _states(states)
     {
     }
 
@@ -63,6 +65,8 @@ public:
         std::string error;
         const LexiconReader::Status status =
             _options.json ? printJson(word, isFound, error) : printText(word, isFound, error);
+        if (!goesOn())
+            return;
         if (status != LexiconReader::Status::Ok) {
             complain(_options.file + ": " + error + ", where \"" + word + "\" would be");
             _code = Failed;
@@ -72,7 +76,10 @@ public:
         }
     }
 
-    int finish() const { return finishOutput(_code); }
+    /// False once the lexicon has changed, of which nothing more is to be had.
+    bool goesOn() const { return _goesOn; }
+
+    int finish() const { return finishOutput(_code, _states); }
 
 private:
     /// `isFound` tells whether there is any; `print` is called for as many as are wanted.
@@ -87,7 +94,10 @@ private:
                 print(headword, article);
             return left > 0 && --left > 0 && std::cout;
         };
-        return _reader.visitMatches(word, _options.prefix, visitor, error);
+        const auto status = _reader.visitMatches(word, _options.prefix, visitor, error);
+        std::string change;
+        _goesOn = _states.areKept(change); // finish() says so
+        return status;
     }
 
     LexiconReader::Status printText(const std::string& word, bool& isFound, std::string& error)
@@ -114,28 +124,39 @@ private:
             entries.append(entry);
         };
         const LexiconReader::Status status = visit(word, isFound, error, print);
-        if (status == LexiconReader::Status::Ok || isFound)
+        if (goesOn() && (status == LexiconReader::Status::Ok || isFound))
             printJsonLine({{u"word"_s, jsonText(word)}, {u"entries"_s, entries}});
         return status;
     }
 
     LexiconReader& _reader;
     const FindOptions& _options;
+    const FileStates& _states;
+    bool _goesOn = true;
     int _code = Done;
 };
 
 int run(const FindOptions& options)
 {
+    if (!isOutputApart(options.file, "lexicon " + options.file))
+        return Usage;
+    if (std::find(options.words.begin(), options.words.end(), "-") != options.words.end() &&
+        !isOutputApart("/dev/stdin", "standard input"))
+        return Usage;
+    const FileStates states({options.file});
     LexiconReader reader;
-    if (const auto status = openLexicon(reader, options.file); status != LexiconReader::Status::Ok)
+    if (const auto status = openLexicon(reader, options.file, states);
+        status != LexiconReader::Status::Ok)
         return exitCode(status);
-    Finder finder(reader, options);
+    Finder finder(reader, options, states);
     for (const std::string& word : options.words) {
+        if (!finder.goesOn())
+            break;
         if (word != "-") {
             finder.find(word);
             continue;
         }
-        for (std::string line; std::getline(std::cin, line);) {
+        for (std::string line; finder.goesOn() && std::getline(std::cin, line);) {
             if (!line.empty())
                 finder.find(line);
         }

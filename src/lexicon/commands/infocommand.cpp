@@ -2,6 +2,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/file/lexiconfacts.h"
 
 #include <iostream>
@@ -55,17 +56,17 @@ void printJson(const std::string& file, const LexiconFacts& facts)
 
 int run(const std::string& file, bool json)
 {
+    if (!isOutputApart(file, "lexicon " + file))
+        return Usage;
     const FileStates states({file});
     LexiconReader reader;
-    if (const auto status = openLexicon(reader, file); status != LexiconReader::Status::Ok)
+    if (const auto status = openLexicon(reader, file, states); status != LexiconReader::Status::Ok)
         return exitCode(status);
     LexiconFacts facts;
     std::string error;
     const LexiconReader::Status status = facts.gather(reader, file, error);
-    if (status != LexiconReader::Status::Ok) {
-        complain(file + ": " + error);
-        return exitCode(status);
-    }
+    if (status != LexiconReader::Status::Ok)
+        return finishReading(status, file, error, states);
     if (json)
         printJson(file, facts);
     else

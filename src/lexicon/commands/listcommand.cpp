@@ -2,6 +2,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/text/utf8.h"
 
 #include <iostream>
@@ -36,9 +37,12 @@ void print(const std::string& headword, bool json)
 
 int run(const ListOptions& options)
 {
+    if (!isOutputApart(options.file, "lexicon " + options.file))
+        return Usage;
     const FileStates states({options.file});
     LexiconReader reader;
-    if (const auto status = openLexicon(reader, options.file); status != LexiconReader::Status::Ok)
+    if (const auto status = openLexicon(reader, options.file, states);
+        status != LexiconReader::Status::Ok)
         return exitCode(status);
     uint64_t left = options.count.value_or(std::numeric_limits<uint64_t>::max());
     std::string error;
@@ -49,9 +53,7 @@ int run(const ListOptions& options)
         return --left > 0 && std::cout;
     };
     const LexiconReader::Status status = reader.visitFrom(options.from, visit, error);
-    if (status != LexiconReader::Status::Ok)
-        complain(options.file + ": " + error);
-    return finishOutput(exitCode(status), states);
+    return finishReading(status, options.file, error, states);
 }
 
 } // namespace

@@ -5,6 +5,9 @@
 #include "lexicon/file/outputtarget.h"
 #include "lexicon/file/samefile.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace teskel::commands
 {
 
@@ -34,6 +37,18 @@ bool isApart(const std::string& output, const std::string& role, const std::stri
     return false;
 }
 
+bool isOutputApart(const std::string& other, const std::string& name)
+{
+    struct stat output = {};
+    struct stat file = {};
+    if (::fstat(STDOUT_FILENO, &output) != 0 || !S_ISREG(output.st_mode) ||
+        ::stat(other.c_str(), &file) != 0 || output.st_dev != file.st_dev ||
+        output.st_ino != file.st_ino)
+        return true;
+    refuse("to the standard output", "it is the same file as the " + name);
+    return false;
+}
+
 int checkTarget(const std::string& output, Writes kind, bool isForced)
 {
     std::string reason;
@@ -41,9 +56,9 @@ int checkTarget(const std::string& output, Writes kind, bool isForced)
         refuse(output, reason);
         return Failed;
     }
-    const bool isOfItsKind =
-        outputtarget::isLexicon(output) == (kind == Writes::Lexicon) || isForced;
-    if (isOfItsKind || !outputtarget::holdsAnything(output))
+    const bool isOfItsKind = kind == Writes::Lexicon ? outputtarget::isLexicon(output)
+                                                     : !outputtarget::mayBeLexicon(output);
+    if (isOfItsKind || isForced || !outputtarget::holdsAnything(output))
         return Done;
     refuse(output, std::string("what is there is ") +
                        (kind == Writes::Lexicon ? "no lexicon" : "a lexicon") +

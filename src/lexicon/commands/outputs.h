@@ -14,6 +14,10 @@ bool isFileName(const std::string& output);
 /// `role` in a sentence.
 bool isApart(const std::string& output, const std::string& role, const std::string& other);
 
+/// Whether the standard output may be written: not when it is the same file as `other`, which a
+/// sentence calls `name` then.
+bool isOutputApart(const std::string& other, const std::string& name);
+
 /// What a command writes. A file that is of another kind was hardly meant.
 enum class Writes { Lexicon, AnythingElse };
 

@@ -3,6 +3,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/outputs.h"
+#include "lexicon/file/leftovers.h"
 #include "lexicon/repair/salvagesource.h"
 
 #include <iostream>
@@ -30,6 +31,7 @@ int run(const RepairOptions& options)
     if (const int code = checkTarget(options.output, Writes::Lexicon, options.force); code != Done)
         return code;
     const FileStates states({options.file});
+    leftovers::remove(options.output, states);
     Salvage salvage;
     std::string error;
     if (!salvage.read(options.file, error)) {

@@ -2,6 +2,7 @@
 #include "lexicon/commands/commands.h"
 #include "lexicon/commands/commandsupport.h"
 #include "lexicon/commands/jsonline.h"
+#include "lexicon/commands/outputs.h"
 #include "lexicon/text/counted.h"
 #include "lexicon/verify/checktable.h"
 #include "lexicon/verify/lexiconverifier.h"
@@ -101,6 +102,10 @@ int run(const VerifyOptions& options)
     if (options.files.empty()) {
         complain("verify: FILE is required");
         return Usage;
+    }
+    for (const std::string& file : options.files) {
+        if (!isOutputApart(file, "lexicon " + file))
+            return Usage;
     }
     int code = Done;
     for (const std::string& file : options.files)

@@ -1,16 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/file/filestates.h"
 
+#include <algorithm>
+
 namespace teskel
 {
 
 namespace
 {
 
+bool areAlike(const struct timespec& a, const struct timespec& b)
+{
+    return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+}
+
+/// The time of modification can be set back, that of a change cannot.
 bool areAlike(const struct stat& a, const struct stat& b)
 {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&
-           a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+           areAlike(a.st_mtim, b.st_mtim) && areAlike(a.st_ctim, b.st_ctim);
 }
 
 } // namespace
@@ -26,6 +34,13 @@ void FileStates::add(const std::string& path)
     State state{path, {}};
     if (::stat(path.c_str(), &state.status) == 0 && S_ISREG(state.status.st_mode))
         _states.push_back(state);
+}
+
+bool FileStates::have(const struct stat& status) const
+{
+    return std::any_of(_states.begin(), _states.end(), [&status](const State& state) {
+        return state.status.st_dev == status.st_dev && state.status.st_ino == status.st_ino;
+    });
 }
 
 bool FileStates::areKept(std::string& error) const

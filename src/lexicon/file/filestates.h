@@ -20,7 +20,10 @@ public:
 
     void add(const std::string& path);
 
-    /// Whether each is the same file, of the same size and with the same time of change. When one
+    /// Whether a file with this status was one of them.
+    bool have(const struct stat& status) const;
+
+    /// Whether each is the same file, of the same size and with the same times of change. When one
     /// is not, `error` names it.
     bool areKept(std::string& error) const;
 

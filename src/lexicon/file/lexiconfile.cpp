@@ -4,14 +4,34 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <linux/magic.h>
+#include <sys/vfs.h>
+
 namespace teskel
 {
+
+namespace
+{
+
+/// Whether a file, regular by its looks, is made up by the kernel when it is read, which it may let
+/// wait for ever.
+bool isMadeByKernel(const std::string& path)
+{
+    struct statfs status = {};
+    if (::statfs(path.c_str(), &status) != 0)
+        return false;
+    const auto kind = static_cast<unsigned long>(status.f_type);
+    return kind == PROC_SUPER_MAGIC || kind == SYSFS_MAGIC || kind == TRACEFS_MAGIC ||
+           kind == DEBUGFS_MAGIC;
+}
+
+} // namespace
 
 bool openLexiconFile(QFile& file, const std::string& path, std::string& error)
 {
     file.setFileName(QFile::decodeName(path.c_str()));
     const QFileInfo info(file.fileName());
-    if (info.exists() && !info.isFile() && !info.isDir()) {
+    if (info.exists() && !info.isDir() && (!info.isFile() || isMadeByKernel(path))) {
         error = "cannot read " + path + ": it is no regular file";
         return false;
     }

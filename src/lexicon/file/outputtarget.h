@@ -19,7 +19,11 @@ bool isReplaceable(const std::string& path, std::string& reason);
 /// Whether there is a file that holds anything.
 bool holdsAnything(const std::string& path);
 
-/// Whether there is a file that says in its first bytes that it is a lexicon, sound or not.
+/// Whether there is a file that is a lexicon by its header, sound or not in what follows.
 bool isLexicon(const std::string& path);
+
+/// Whether there is a file that says in its header that it is a lexicon, but for which anything in
+/// it may be damaged.
+bool mayBeLexicon(const std::string& path);
 
 } // namespace teskel::outputtarget

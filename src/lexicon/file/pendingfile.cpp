@@ -21,6 +21,23 @@ namespace
 constexpr mode_t newFileMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
 constexpr mode_t permissions = S_IRWXU | S_IRWXG | S_IRWXO;
 
+std::string directoryOf(const std::string& path)
+{
+    const std::string directory = std::filesystem::path(path).parent_path().string();
+    return directory.empty() ? "." : directory;
+}
+
+/// A name in a directory may be lost with the power, too. Not every file system can do it, and the
+/// file is there.
+void makeNameLast(const std::string& path)
+{
+    const int directory = ::open(directoryOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (directory < 0)
+        return;
+    (void)::fsync(directory);
+    ::close(directory);
+}
+
 } // namespace
 
 PendingFile::PendingFile(std::string target)
@@ -32,16 +49,15 @@ PendingFile::PendingFile(std::string target)
 
 void PendingFile::create()
 {
-    leftovers::remove(_real);
     if (createUnnamed())
         return;
-    _path = _named = leftovers::pathFor(_real);
+    _path = _named = leftovers::newPath(_real);
     _guard.emplace(_named);
     const int descriptor =
         ::open(_named.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode);
     if (!check(descriptor >= 0))
         return;
-    (void)leftovers::hold(descriptor);
+    leftovers::hold(descriptor, _named);
     _file = ::fdopen(descriptor, "wb");
     check(_file != nullptr);
 }
@@ -49,9 +65,8 @@ void PendingFile::create()
 /// Not every file system can make a file without a name, and /proc gives it one in the end.
 bool PendingFile::createUnnamed()
 {
-    const std::string directory = std::filesystem::path(_real).parent_path().string();
-    const int descriptor = ::open(directory.empty() ? "." : directory.c_str(),
-                                  O_TMPFILE | O_RDWR | O_CLOEXEC, newFileMode);
+    const int descriptor =
+        ::open(directoryOf(_real).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, newFileMode);
     if (descriptor < 0)
         return false;
     _path = "/proc/self/fd/" + std::to_string(descriptor);
@@ -59,8 +74,6 @@ bool PendingFile::createUnnamed()
     _file = isReachable ? ::fdopen(descriptor, "wb") : nullptr;
     if (!_file)
         ::close(descriptor);
-    else
-        (void)leftovers::hold(descriptor);
     return _file != nullptr;
 }
 
@@ -109,15 +122,18 @@ bool PendingFile::flush(std::string& error)
 bool PendingFile::takePlace()
 {
     if (_named.empty()) {
-        const std::string name = leftovers::pathFor(_real);
+        const std::string name = leftovers::newPath(_real);
         _guard.emplace(name);
+        leftovers::hold(::fileno(_file), name);
         if (::linkat(AT_FDCWD, _path.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0)
             return false;
         _named = name;
     }
+    leftovers::release(::fileno(_file));
     if (std::rename(_named.c_str(), _real.c_str()) != 0)
         return false;
     _named.clear();
+    makeNameLast(_real);
     return true;
 }
 

@@ -16,8 +16,8 @@ namespace teskel
 ///
 /// Until then it has no name at all where the file system can do that, and is gone when the program
 /// is killed. Elsewhere it stands beside its target under a name of its own; it is removed when it
-/// is destroyed without having been committed, when a signal ends the program, and by the next
-/// output with this target when the program was killed.
+/// is destroyed without having been committed, and when a signal ends the program. One that a
+/// killed program left is for leftovers::remove().
 class PendingFile
 {
 public:
@@ -41,9 +41,9 @@ public:
     /// Lets others see what was written so far. On failure returns false and says why in `error`.
     bool flush(std::string& error);
 
-    /// Makes the file's bytes last and gives it its name, in place of a file that was there and may
-    /// be replaced (outputtarget::isReplaceable()), with the permissions of that. On failure
-    /// returns false and says why in `error`.
+    /// Makes the file's bytes last, and its name, which it gives it in place of a file that was
+    /// there and may be replaced (outputtarget::isReplaceable()), with the permissions of that. On
+    /// failure returns false and says why in `error`.
     bool commit(std::string& error);
 
 private:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/file/samefile.h"
 
+#include "lexicon/file/outputtarget.h"
+
 #include <filesystem>
 #include <system_error>
 
@@ -16,7 +18,11 @@ namespace fs = std::filesystem;
 fs::path absolutePath(const std::string& path)
 {
     std::error_code error;
-    const fs::path absolute = fs::absolute(path, error);
+    std::string real;
+    std::string reason;
+    if (!outputtarget::follow(path, real, reason))
+        return {};
+    const fs::path absolute = fs::absolute(real, error);
     return error ? fs::path() : fs::weakly_canonical(absolute, error);
 }
 

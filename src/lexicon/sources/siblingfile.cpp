@@ -58,10 +58,10 @@ std::vector<std::string> family(const std::string& path)
     std::vector<std::string> files = {path};
     for (const std::string_view suffix : suffixes) {
         const std::string plain = std::string(common.empty() ? path : common) + std::string(suffix);
-        if (plain != path && isThere(plain))
+        if (plain != path)
             files.push_back(plain);
         for (const std::string_view packer : packerSuffixes) {
-            if (std::string file = plain + std::string(packer); file != path && isThere(file))
+            if (std::string file = plain + std::string(packer); file != path)
                 files.push_back(std::move(file));
         }
     }

@@ -22,7 +22,8 @@ std::string_view base(std::string_view path, std::initializer_list<std::string_v
 /// when there is none. A packed one comes first.
 std::string find(std::string_view base, std::string_view suffix);
 
-/// The files there are that may be of one dictionary with `path`, itself included.
+/// All names of files that may be of one dictionary with `path`, itself included and the first,
+/// whether there are such files or not.
 std::vector<std::string> family(const std::string& path);
 
 } // namespace teskel::siblingfile

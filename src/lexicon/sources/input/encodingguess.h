@@ -3,17 +3,21 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace teskel
 {
 
-/// "utf-16le" or "utf-16be" when a text begins as one in UTF-16 does: with a byte-order mark, or
-/// with a zero in every second byte. Empty otherwise.
-std::string_view utf16Of(std::string_view head);
+/// What a text that is no UTF-8 is in, by names that TextDecoder takes.
+struct EncodingGuess {
+    std::string name;
+    bool isSure = false;             ///< nothing else comes near
+    std::vector<std::string> others; ///< that read the text otherwise and come near
+};
 
-/// The encoding that text which is no UTF-8 is most likely in, by the name that TextDecoder takes:
-/// Latin-1, Windows-1252 when it has bytes that Latin-1 has no characters for, or where most of its
-/// letters are beyond ASCII what ICU takes them for.
-std::string encodingOf(std::string_view text);
+/// By what becomes of the words of a text that are no UTF-8 in each encoding that texts are met in;
+/// where several will do, by what ICU takes those words for. Of encodings that read them alike it
+/// is the one that is used most.
+EncodingGuess guessEncoding(std::string_view text);
 
 } // namespace teskel

@@ -12,6 +12,16 @@
 namespace teskel
 {
 
+namespace
+{
+
+bool areAlike(const struct timespec& a, const struct timespec& b)
+{
+    return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+}
+
+} // namespace
+
 RawFile::~RawFile()
 {
     if (_descriptor >= 0)
@@ -92,8 +102,7 @@ bool RawFile::isUnchanged() const
     if (!S_ISREG(_opened.st_mode))
         return true;
     return ::fstat(_descriptor, &now) == 0 && now.st_size == _opened.st_size &&
-           now.st_mtim.tv_sec == _opened.st_mtim.tv_sec &&
-           now.st_mtim.tv_nsec == _opened.st_mtim.tv_nsec;
+           areAlike(now.st_mtim, _opened.st_mtim) && areAlike(now.st_ctim, _opened.st_ctim);
 }
 
 } // namespace teskel

@@ -33,7 +33,7 @@ public:
     /// Reads `size` bytes at `offset`, wherever read() stands; false when they are not all there.
     bool readAt(uint64_t offset, uint64_t size, std::string& out) const;
 
-    /// Whether the file has the size and the time of change that it had when it was opened.
+    /// Whether the file has the size and the times of change that it had when it was opened.
     bool isUnchanged() const;
     /// Why opening or reading failed; empty when it did not.
     const std::string& reason() const { return _reason; }

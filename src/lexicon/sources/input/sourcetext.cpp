@@ -15,11 +15,11 @@ namespace teskel
 namespace
 {
 
-/// Of so many bytes of a sound source, at most one is damaged.
-constexpr uint64_t mostInvalidShare = 10'000'000;
 /// What is kept to tell the encoding by, bytes: around a place, and altogether.
 constexpr size_t sampleReach = 200;
 constexpr size_t largestSample = 1U << 16;
+
+} // namespace
 
 std::string inHexadecimal(char byte)
 {
@@ -27,8 +27,6 @@ std::string inHexadecimal(char byte)
     std::snprintf(number.data(), number.size(), "0x%02X", static_cast<unsigned char>(byte));
     return number.data();
 }
-
-} // namespace
 
 void SourceText::setOptions(const EncodingOptions& options)
 {
@@ -52,7 +50,7 @@ std::string_view SourceText::decoded(std::string_view bytes, std::string_view wh
 
 void SourceText::check(std::string_view text, std::string_view where, std::string_view part)
 {
-    _bytes += text.size();
+    _sampledTo = 0;
     for (size_t place = utf8::wellFormedLength(text); place < text.size();
          place += 1 + utf8::wellFormedLength(text.substr(place + 1)))
         noteInvalid(text, place, place, std::string(where).append(part));
@@ -60,12 +58,12 @@ void SourceText::check(std::string_view text, std::string_view where, std::strin
 
 void SourceText::checkNext(std::string_view text, std::string_view file)
 {
-    _bytes += text.size();
     std::string joined;
     if (!_cut.empty()) {
         joined = std::exchange(_cut, {}).append(text);
         text = joined;
     }
+    _sampledTo = 0;
     const auto pass = [this](std::string_view passed) {
         _line += static_cast<uint64_t>(std::count(passed.begin(), passed.end(), '\n'));
         const size_t lineEnd = passed.rfind('\n');
@@ -90,6 +88,7 @@ void SourceText::checkNext(std::string_view text, std::string_view file)
 
 void SourceText::checkEnd(std::string_view file)
 {
+    _sampledTo = 0;
     if (!_cut.empty())
         noteInvalid(_cut, 0, _column, std::string(file) + ':' + std::to_string(_line));
     _cut.clear();
@@ -97,27 +96,33 @@ void SourceText::checkEnd(std::string_view file)
 
 void SourceText::noteInvalid(std::string_view text, size_t place, size_t column, std::string where)
 {
-    if (_invalid++ == 0) {
+    if (_first.empty()) {
         _first = std::move(where);
         // The bytes of another encoding are not those of the file any more.
         _first += _decoder ? ": a byte is not " + _options.name
                            : ": byte " + std::to_string(column + 1) + " (" +
                                  inHexadecimal(text[place]) + ") is no UTF-8";
     }
-    if (_sample.size() < largestSample) {
-        const size_t begin = place - std::min(place, sampleReach);
-        _sample += text.substr(begin, place - begin + sampleReach);
-    }
+    if (_sample.size() >= largestSample || place < _sampledTo)
+        return;
+    const size_t begin = std::max(place - std::min(place, sampleReach), _sampledTo);
+    if (begin > _sampledTo || begin == 0)
+        _sample += '\n';
+    _sampledTo = place + sampleReach;
+    _sample += text.substr(begin, _sampledTo - begin);
 }
 
 bool SourceText::isAccepted(bool canReplace, std::string& error) const
 {
-    if (_options.replacesInvalid || _invalid * mostInvalidShare <= _bytes)
+    if (_options.replacesInvalid || _first.empty())
         return true;
     error = _first;
     if (!_decoder) {
-        const std::string encoding = encodingOf(_sample);
-        error += "; it may be " + encoding + ", which --encoding " + encoding + " reads";
+        const EncodingGuess guess = guessEncoding(_sample);
+        error += guess.isSure ? "; it may be " : "; perhaps it is ";
+        error += guess.name + ", which --encoding " + guess.name + " reads";
+        for (const std::string& other : guess.others)
+            error += ", or " + other;
     }
     if (canReplace)
         error += "; --invalid-utf8 replace shows such bytes as unknown";

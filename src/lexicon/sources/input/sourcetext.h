@@ -17,10 +17,12 @@ struct EncodingOptions {
     bool replacesInvalid = false; ///< bytes that are no text are no error, however many they are
 };
 
+/// "0xE4", for people.
+std::string inHexadecimal(char byte);
+
 /// The texts of one source: decodes them, and judges whether they are what they are taken for.
 ///
-/// A byte that is no UTF-8 is an error, unless it is one in ten millions or less: large
-/// dictionaries that many people wrote in are seldom without any, and readable nevertheless.
+/// A byte that is no UTF-8 is an error, unless it is asked for to replace such ones.
 class SourceText
 {
 public:
@@ -39,7 +41,7 @@ public:
     /// The file is at its end.
     void checkEnd(std::string_view file);
 
-    /// False when too much is no text; `error` says where that begins and what it may be, and
+    /// False when something is no text; `error` says where that begins and what it may be, and
     /// whether it can be replaced.
     bool isAccepted(bool canReplace, std::string& error) const;
 
@@ -49,10 +51,9 @@ private:
     EncodingOptions _options;
     std::optional<TextDecoder> _decoder;
     std::string _text;
-    uint64_t _bytes = 0;   ///< all that was looked at
-    uint64_t _invalid = 0; ///< of them no text
-    std::string _first;    ///< the place of the first, for people
+    std::string _first;    ///< the place of the first that is no text, for people
     std::string _sample;   ///< what stands around the first ones
+    size_t _sampledTo = 0; ///< of the text that is looked at, it has what stands before
     // Of the file that is looked at piece by piece:
     std::string _cut; ///< the beginning of a character, where the last piece ended
     uint64_t _line = 1;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/sources/input/textdecoder.h"
 
-#include "lexicon/sources/input/encodingguess.h"
+#include "lexicon/sources/input/wideencoding.h"
 
 #include <array>
 #include <utility>
@@ -45,9 +45,10 @@ void appendUtf16(std::u16string_view units, std::string& text)
     text.resize(before + static_cast<size_t>(length));
 }
 
-bool isUtf16(const std::string& name)
+/// Whether it leaves open which byte comes first.
+bool isWithoutOrder(const std::string& name, std::string_view encoding)
 {
-    return ucnv_compareNames(name.c_str(), "utf-16") == 0;
+    return ucnv_compareNames(name.c_str(), std::string(encoding).c_str()) == 0;
 }
 
 } // namespace
@@ -80,8 +81,9 @@ TextDecoder::TextDecoder(std::string name)
 
 void TextDecoder::open(std::string_view head)
 {
-    const std::string_view guess = isUtf16(_name) ? utf16Of(head) : std::string_view();
-    _converter.reset(opened(guess.empty() ? _name : std::string(guess)));
+    const std::string guess(wideEncodingOf(head));
+    const bool isOpen = !guess.empty() && isWithoutOrder(_name, guess.substr(0, guess.size() - 2));
+    _converter.reset(opened(isOpen ? guess : _name));
 }
 
 void TextDecoder::decode(std::string_view bytes, std::string& text)

@@ -25,8 +25,8 @@ public:
     /// Whether ASCII takes one byte in it, as the parts of dictd and StarDict dictionaries need.
     static bool isOfBytes(const std::string& name);
 
-    /// The encoding must be a known one. In "utf-16" text without a byte-order mark, where the
-    /// zeros of the first piece stand tells which byte comes first.
+    /// The encoding must be a known one. In "utf-16" and "utf-32" text without a byte-order mark
+    /// the first piece tells which byte comes first.
     explicit TextDecoder(std::string name);
 
     /// Appends the next piece of a text, as UTF-8, to `text`.

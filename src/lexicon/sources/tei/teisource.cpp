@@ -2,7 +2,7 @@
 #include "lexicon/sources/tei/teisource.h"
 
 #include "lexicon/diagnostics/diagnosticcode.h"
-#include "lexicon/sources/input/encodingguess.h"
+#include "lexicon/sources/input/wideencoding.h"
 #include "lexicon/sources/siblingfile.h"
 #include "lexicon/sources/tei/teilayout.h"
 #include "lexicon/text/textlines.h"
@@ -60,8 +60,8 @@ void TeiSource::prepareText()
 {
     std::string_view head = _input->head(largestDeclaration);
     std::string declared = declaredEncoding(head);
-    const bool isUtf16 = !utf16Of(head).empty();
-    if (_texts.options().name.empty() && !isUtf16 && !declared.empty() &&
+    const bool isWide = !wideEncodingOf(head).empty();
+    if (_texts.options().name.empty() && !isWide && !declared.empty() &&
         !QByteArrayView(declared).toByteArray().toLower().startsWith("utf") &&
         TextDecoder::isKnown(declared)) {
         _input->decodeAs(declared);
@@ -74,7 +74,7 @@ void TeiSource::prepareText()
             _device.blankOut(end + 2);
     }
     const bool isUtf8 = !_texts.options().name.empty() ||
-                        (!isUtf16 && (declared.empty() || TextDecoder::isUtf8(declared)));
+                        (!isWide && (declared.empty() || TextDecoder::isUtf8(declared)));
     if (isUtf8)
         _device.watch([this](std::string_view piece) { _texts.checkNext(piece, _input->name()); });
 }
