@@ -79,6 +79,8 @@ void TestProgramGrowth::isInProportionToTheText_data()
     add("many articles of one word", "", "set\tput down, lay, place\n", "", 256 << 10);
     add("letters and marks", "set\t", "e\u0301", "\n");
     add("marks", "set\ta", "\u0301", "\n");
+    add("marks of two kinds", "set\ta", "\u0301\u0316", "\n", 16 << 10);
+    add("headword of marks of two kinds", "a", "\u0301\u0316", "\tday\n", 16 << 10);
     add("headword of letters and marks", "", "e\u0301", "\tday\n");
     add("tags without ends", "set\tput, ", "<i a", "\n", 64 << 10, reverse);
     add("line feeds", "set\tput, ", "\\n", "\n", 64 << 10, reverse);
