@@ -171,9 +171,13 @@ void TeiSource::takeEntry(EntryIntake& intake)
     if (entry.forms.empty())
         intake.note(diagnostic::entryWithoutWord, where,
                     "an entry without <orth> is left out: " + std::string(firstLine(entry.text)));
-    for (const TeiEntry::Form& form : entry.forms)
+    countRead(_device.amountRead() - _entryBegin);
+    for (const TeiEntry::Form& form : entry.forms) {
         addLaidOut(intake, form.word, Written::AsKey, form.line + "\n" + entry.text, ++_entryNumber,
                    where);
+        if (!isInMeasure(where, _excess))
+            return;
+    }
 }
 
 bool TeiSource::read(EntryIntake& intake, std::string& error)
@@ -181,7 +185,7 @@ bool TeiSource::read(EntryIntake& intake, std::string& error)
     prepareText();
     bool isTei = false;
     bool isInHeader = false;
-    while (next()) {
+    while (_excess.empty() && next()) {
         const QStringView name = _reader.name();
         if (_reader.isDTD())
             takeEntities(intake);
@@ -205,6 +209,8 @@ bool TeiSource::read(EntryIntake& intake, std::string& error)
     _texts.checkEnd(_input->name());
     if (!_device.reason().empty())
         error = _device.reason();
+    else if (!_excess.empty())
+        error = _excess;
     else if (!_tags.look({}))
         error = place(static_cast<int64_t>(_tags.line())) + ": an element has more than " +
                 std::to_string(TagWatch::mostAttributes) + " attributes";

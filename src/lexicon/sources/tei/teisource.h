@@ -50,6 +50,7 @@ private:
     int _depth = 0;
     uint64_t _entryBegin = 0; ///< amount of the input read when the entry began
     std::string _failure;
+    std::string _excess; ///< a sentence about entries out of measure
     uint32_t _entryNumber = 0;
 };
 
