@@ -3,6 +3,7 @@
 
 #include "dictionary/cursorposition.h"
 #include "dictionary/dictionary.h"
+#include "script/composition.h"
 #include "script/transliteration.h"
 
 #include <algorithm>
@@ -10,13 +11,29 @@
 namespace teskel
 {
 
+namespace
+{
+
+/// No headword is as long, and few scripts take several characters for a Latin letter: what stands
+/// behind them changes nothing but the time that a key takes.
+constexpr qsizetype mostConverted = 4096;
+
+QString askedInLatin1(const QString& text)
+{
+    if (text.size() <= mostConverted || lexiconLength(text) == text.size())
+        return inLatin1(text);
+    return inLatin1(text.first(mostConverted));
+}
+
+} // namespace
+
 QStringList askedWords(const QString& text)
 {
     QString word;
     word.reserve(text.size());
     bool followsControl = false;
     bool hasControl = false;
-    for (const QChar character : inLatin1(text)) {
+    for (const QChar character : askedInLatin1(text)) {
         const bool isControl = character.category() == QChar::Other_Control && !character.isNull();
         if (!isControl)
             word += character;
@@ -64,9 +81,9 @@ std::optional<QString> knownPart(Dictionary& dictionary, const QString& text)
         return !dictionary.findWord(word.constData(), CursorPosition::invalid(), prefix)
                     .isInvalid();
     };
-    const QString asked = inLatin1(text);
+    const QString asked = askedInLatin1(text);
     if (const auto word = toLexiconBytes(asked); word && holds(*word, false))
-        return text.normalized(QString::NormalizationForm_C);
+        return composed(text);
 
     qsizetype length = std::min(lexiconLength(asked), std::max<qsizetype>(asked.size() - 1, 0));
     QByteArray beginning = asked.first(length).toLatin1();

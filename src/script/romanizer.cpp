@@ -30,12 +30,15 @@ Latin-ASCII;
 [^\u0000-\u00FF] Remove)";
 
 /// How much of a text is changed at once: the rules take time by the square of the length. No word
-/// of any language is as long; what is ends where no character is divided and no mark follows.
+/// of any language is as long; what is ends where no character is divided and, as far as there are
+/// not hundreds of them, no mark follows.
 qsizetype partLength(QStringView text)
 {
-    constexpr qsizetype longest = 1024;
-    qsizetype length = std::min(longest, text.size());
-    while (length < text.size() && (text[length].isLowSurrogate() || text[length].isMark()))
+    constexpr qsizetype usual = 1024;
+    constexpr qsizetype longest = usual + 256;
+    qsizetype length = std::min(usual, text.size());
+    while (length < text.size() &&
+           (text[length].isLowSurrogate() || (length < longest && text[length].isMark())))
         ++length;
     return length;
 }

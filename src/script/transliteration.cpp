@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "script/transliteration.h"
 
+#include "script/composition.h"
 #include "script/letterreference.h"
 #include "script/romanizer.h"
 
@@ -111,16 +112,16 @@ QString inLatin1(const QString& text)
 {
     if (isLatin1(text))
         return text;
-    const QString composed = withGreekMu(text.normalized(QString::NormalizationForm_C));
+    const QString whole = withGreekMu(composed(text));
     QString result;
-    result.reserve(composed.size());
+    result.reserve(whole.size());
     const auto isBlank = [](QChar character) { return character.isSpace(); };
-    const auto* at = composed.cbegin();
-    while (at != composed.cend()) {
-        const auto* const word = std::find_if_not(at, composed.cend(), isBlank);
+    const auto* at = whole.cbegin();
+    while (at != whole.cend()) {
+        const auto* const word = std::find_if_not(at, whole.cend(), isBlank);
         for (; at != word; ++at)
             result += isForeign(*at) ? QChar(u' ') : *at;
-        at = std::find_if(word, composed.cend(), isBlank);
+        at = std::find_if(word, whole.cend(), isBlank);
         appendWord(result, QStringView(word, at));
     }
     return result;

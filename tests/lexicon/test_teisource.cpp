@@ -2,6 +2,7 @@
 #include "lexicon/sources/tei/teisource.h"
 #include "tests/support/palmwriter.h"
 
+#include <QStringConverter>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -21,6 +22,10 @@ private slots:
     void laysEntriesOut();
     void describesItself();
     void laterEntriesFollow();
+    void whatIsNoAttributeIsNotCounted_data();
+    void whatIsNoAttributeIsNotCounted();
+    void knowsWideText_data();
+    void knowsWideText();
     void notesEntriesWithoutAWord();
     void knowsDocumentsByTheirRoot_data();
     void knowsDocumentsByTheirRoot();
@@ -157,6 +162,47 @@ void TestTeiSource::laterEntriesFollow()
     QCOMPARE(read(document("<div>" + entry.repeated(6000) + "</div>")).size(), 6000);
 }
 
+void TestTeiSource::whatIsNoAttributeIsNotCounted_data()
+{
+    QTest::addColumn<QByteArray>("entry");
+    const QByteArray quotes = QByteArray(" a='b' \"c\"").repeated(5000);
+    QTest::newRow("comment") << "<!-- <a" + quotes + "-->";
+    QTest::newRow("characters") << "<note><![CDATA[<a" + quotes + "]]></note>";
+    QTest::newRow("instruction") << "<?a" + quotes + "?>";
+    QTest::newRow("text") << "<note>" + quotes + "</note>";
+    QTest::newRow("elements") << QByteArray("<a b='c'/>").repeated(5000);
+}
+
+void TestTeiSource::whatIsNoAttributeIsNotCounted()
+{
+    QFETCH(QByteArray, entry);
+    const QByteArray word = "<form><orth>word</orth></form>";
+    QCOMPARE(read(document("<entry>" + word + entry + "</entry>")).size(), 1);
+    QVERIFY(_description == "English - German, a sample");
+}
+
+void TestTeiSource::knowsWideText_data()
+{
+    QTest::addColumn<int>("encoding");
+    QTest::newRow("UTF-16LE") << int(QStringConverter::Utf16LE);
+    QTest::newRow("UTF-16BE") << int(QStringConverter::Utf16BE);
+}
+
+/// Its bytes may look like markup.
+void TestTeiSource::knowsWideText()
+{
+    QFETCH(int, encoding);
+    const QString text =
+        QString::fromUtf8(document("<entry><form><orth>word</orth></form><note>" +
+                                   QByteArray("\u223C\u4E22").repeated(5000) + "</note></entry>"))
+            .replace(u"UTF-8"_s, u"UTF-16"_s);
+    QStringEncoder encoder(static_cast<QStringConverter::Encoding>(encoding),
+                           QStringConverter::Flag::WriteBom);
+    const QByteArrayList entries = read(encoder(text));
+    QCOMPARE(entries.size(), 1);
+    QVERIFY(entries.front().startsWith("word: Note: &_ccdm;"));
+}
+
 void TestTeiSource::notesEntriesWithoutAWord()
 {
     QCOMPARE(read(document("\n<entry><sense><def>lost</def></sense></entry>")), QByteArrayList());
@@ -226,6 +272,29 @@ void TestTeiSource::refusesWhatIsWrong_data()
     row("entity that grows without end", bomb + "]>\n<TEI><text>&a39;</text></TEI>",
         "d.tei:2: " + malformed +
             "Entity expands to more characters than the entity expansion limit.");
+    row("entity that is repeated without end",
+        "<!DOCTYPE TEI [<!ENTITY a \"" + QByteArray(4000, 'x') + "\">]>\n<TEI><text><entry><note>" +
+            QByteArray("&a;").repeated(50000) + "</note></entry></text></TEI>",
+        "d.tei:2: an entry, or what stands between entries, is longer than 4 MiB");
+    row("entity of others that is repeated without end",
+        "<!DOCTYPE TEI [<!ENTITY a \"" + QByteArray(2000, 'x') +
+            "\"><!ENTITY b \"&a;&a;\">]>\n<TEI><text><entry n='" +
+            QByteArray("&b;").repeated(50000) + "'/></text></TEI>",
+        "d.tei:2: an entry, or what stands between entries, is longer than 4 MiB");
+    QByteArray attributes;
+    for (int i = 0; i < 20000; ++i)
+        attributes += " a" + QByteArray::number(i) + "='>'";
+    const QByteArray tooMany = "an element has more than 1000 attributes";
+    row("endless attributes", document("\n<entry" + attributes + "/>"), "d.tei:4: " + tooMany);
+    for (const char* const before :
+         {"<!-- ' <a b='-->", "<![CDATA[ <!-- ' ]] > ]]>", "<?p <!-- ' ?>", "<a b=\"<!--'>\"/>"})
+        row(before, document(before + QByteArray("<entry") + attributes + "/>"),
+            "d.tei:3: " + tooMany);
+    for (const char* const before :
+         {"<!DOCTYPE TEI [<!ENTITY e \"<a b='\"><!-- ' --><?p ' ?>]>", "<!DOCTYPE TEI>",
+          "<!DOCTYPE TEI SYSTEM \"'[\">", "<!-- <!-- -->"})
+        row(before, before + ("<TEI" + attributes.replace(">", "&gt;") + "/>"),
+            "d.tei:1: " + tooMany);
 }
 
 void TestTeiSource::refusesWhatIsWrong()

@@ -15,6 +15,7 @@ private slots:
     void refusesWhatNoHeadwordHolds();
     void wordsAreAskedForWithoutControlCharactersAndAtLastWithoutOuterBlanks_data();
     void wordsAreAskedForWithoutControlCharactersAndAtLastWithoutOuterBlanks();
+    void textsThatNoHeadwordIsAsLongAsAreNotConvertedWhole();
     void stripsOuterPunctuation_data();
     void stripsOuterPunctuation();
 };
@@ -87,6 +88,14 @@ void TestLexiconText::wordsAreAskedForWithoutControlCharactersAndAtLastWithoutOu
     QFETCH(QString, text);
     QFETCH(QStringList, expected);
     QCOMPARE(teskel::askedWords(text), expected);
+}
+
+void TestLexiconText::textsThatNoHeadwordIsAsLongAsAreNotConvertedWhole()
+{
+    const QStringList asked = teskel::askedWords(QString(32000, QChar(0x432)));
+    QCOMPARE(asked.size(), 1);
+    QCOMPARE(asked.first(), QString(4096, u'v'));
+    QCOMPARE(teskel::askedWords(QString(32000, u'v')), QStringList{QString(32000, u'v')});
 }
 
 void TestLexiconText::stripsOuterPunctuation_data()

@@ -56,7 +56,7 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
     _report.progress->advance();
     _headword.clear();
     _converter.convert(headword, Text::Headword, _headword);
-    _article = storedArticle(_converter, article, kind);
+    storeArticle(article, kind);
     _writtenLength = 0;
     if (_options.form == LatinForm::LetterReferences)
         writeHeadword(headword);
@@ -75,6 +75,21 @@ void EntryIntake::add(std::string_view headword, std::string_view article, Text 
     const bool isKnown = _writtenLength <= std::numeric_limits<uint16_t>::max();
     _entries.add(_headword, _article, order,
                  isKnown ? static_cast<uint16_t>(_writtenLength) : uint16_t{0});
+}
+
+/// Words may share an article, one behind the other. It is converted once, unless something about
+/// it is counted.
+void EntryIntake::storeArticle(std::string_view article, Text kind)
+{
+    constexpr size_t shortest = 256; // that is worth the copies
+    if (article.size() >= shortest && kind == _shared.kind && article == _shared.text) {
+        _article = _shared.stored;
+        return;
+    }
+    const uint64_t changes = _converter.changes();
+    _article = storedArticle(_converter, article, kind);
+    if (article.size() >= shortest && _converter.changes() == changes)
+        _shared = {std::string(article), kind, _article};
 }
 
 /// Begins the article with the headword as written, if the headword does not show it.

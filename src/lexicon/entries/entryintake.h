@@ -55,6 +55,7 @@ private:
     static bool isLost(std::string_view headword);
     /// The line, as it stands in an article, that gives a headword as written, UTF-8.
     std::string lineOf(std::string_view written);
+    void storeArticle(std::string_view article, Latin1Converter::Text kind);
     void writeHeadword(std::string_view headword);
     std::size_t writtenAlready();
     void shorten(std::string_view where);
@@ -64,6 +65,12 @@ private:
     TextOptions _options;
     Latin1Converter _converter;
     ConversionNotes _conversionNotes;
+    /// The last article that was converted.
+    struct {
+        std::string text;
+        Latin1Converter::Text kind = Latin1Converter::Text::PlainArticle;
+        std::string stored;
+    } _shared;
     uint64_t _lostHeadwords = 0;
     std::string _headword; // kept to reuse their memory
     std::string _article;

@@ -26,6 +26,20 @@ constexpr qint64 searchStep = qint64{1} << 20;
 /// The first bytes of a member.
 constexpr std::string_view memberId = "\x60\xEA";
 
+/// What a member's header may have besides, bytes: an archiver writes no longer one.
+constexpr int longestHeader = 2600;
+constexpr qsizetype beginningBytes = 4;
+
+/// Whether a member can begin with these bytes, which tells what is worth reading on.
+bool mayBeMember(QByteArrayView bytes)
+{
+    if (bytes.size() < beginningBytes || !bytes.startsWith(memberId.data()))
+        return false;
+    const auto low = static_cast<unsigned char>(bytes[2]);
+    const auto high = static_cast<unsigned char>(bytes[3]);
+    return low + (high << 8) <= longestHeader;
+}
+
 std::string inQuotes(std::string_view latin1)
 {
     return '"' + utf8::fromLatin1(latin1) + '"';
@@ -76,9 +90,15 @@ void Salvage::readIndex(QtRecords& records)
 /// Reads on behind the record's end as the list has it, because that may be what is damaged.
 MemberStatus Salvage::unpackAt(qint64 offset, MemberBlock& block)
 {
-    if (!_file.seek(offset))
+    const bool isThere = _file.seek(offset) && mayBeMember(_file.peek(beginningBytes));
+    return isThere ? unpack(_file.read(longestMember), offset, block) : MemberStatus::BadHeader;
+}
+
+/// `bytes` stand at `offset` in the file.
+MemberStatus Salvage::unpack(QByteArrayView bytes, qint64 offset, MemberBlock& block)
+{
+    if (!mayBeMember(bytes))
         return MemberStatus::BadHeader;
-    const QByteArray bytes = _file.read(longestMember);
     const MemberStatus status = decodeMember(
         bytes.constData(), static_cast<std::size_t>(bytes.size()), block, TextRecord::spareBytes);
     if (status == MemberStatus::Ok)
@@ -179,14 +199,17 @@ void Salvage::take(std::string_view headword, std::string_view article)
     _hasReferences = _hasReferences || givenback::hasReferences(article);
 }
 
+/// Each place may be one where a member begins, so none is read for itself.
 void Salvage::searchForRecords()
 {
     for (qint64 begin = 0; _file.seek(begin); begin += searchStep) {
-        const QByteArray bytes = _file.read(searchStep + qsizetype{1});
-        for (qsizetype at = bytes.indexOf(memberId.data()); at >= 0;
+        const QByteArray bytes = _file.read(searchStep + longestMember);
+        for (qsizetype at = bytes.indexOf(memberId.data()); at >= 0 && at < searchStep;
              at = bytes.indexOf(memberId.data(), at + 1)) {
             MemberBlock block;
-            if (!_known.contains(begin + at) && unpackAt(begin + at, block) == MemberStatus::Ok)
+            const qsizetype length = std::min<qsizetype>(bytes.size() - at, longestMember);
+            if (!_known.contains(begin + at) && unpack(QByteArrayView(bytes).sliced(at, length),
+                                                       begin + at, block) == MemberStatus::Ok)
                 takeFoundRecord(std::move(block), begin + at);
         }
         if (bytes.size() <= searchStep)

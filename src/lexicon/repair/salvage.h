@@ -60,6 +60,7 @@ private:
     void readWordRecord(QtRecords& records, unsigned number);
     void searchForRecords();
     MemberStatus unpackAt(qint64 offset, MemberBlock& block);
+    MemberStatus unpack(QByteArrayView bytes, qint64 offset, MemberBlock& block);
     void takeEntries(const TextRecord& record, const std::string& name);
     void take(std::string_view headword, std::string_view article);
     void takeFoundRecord(MemberBlock block, qint64 offset);

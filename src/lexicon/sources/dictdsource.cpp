@@ -99,6 +99,7 @@ bool DictdSource::read(EntryIntake& intake, std::string& error)
     DictdIndex::Line line;
     std::string text;
     std::string key;
+    uint64_t articlesEnd = 0; // of those that were read
     bool isEnd = false;
     // The first line tells whether this is an index at all, so it comes before the articles.
     if (!findFiles(error) || !index.open(_indexPath, error) || !index.next(line, isEnd, error) ||
@@ -110,12 +111,19 @@ bool DictdSource::read(EntryIntake& intake, std::string& error)
             error = where + ": " + error;
             return false;
         }
+        countRead(line.key.size() + 1);
+        if (line.offset + line.size > articlesEnd) {
+            countRead(line.offset + line.size - articlesEnd);
+            articlesEnd = line.offset + line.size;
+        }
         key = _texts.decoded(line.key, where);
         const std::string_view article = _texts.decoded(text, where, ", in its article");
         if (line.isMetadata())
             takeMetadata(line, article);
         else
             addLaidOut(intake, key, Written::InText, article, line.number, where);
+        if (!isInMeasure(where, error))
+            return false;
         if (!index.next(line, isEnd, error))
             return false;
     }

@@ -17,6 +17,7 @@ void LexiconSource::add(EntryIntake& intake, std::string_view headword, std::str
 {
     const uint32_t order = _orderBefore + number;
     _lastOrder = std::max(_lastOrder, order);
+    _entryBytes += headword.size() + article.size();
     if (!_isReversed) {
         intake.add(headword, article, kind, order, where);
         return;
@@ -43,6 +44,18 @@ void LexiconSource::addLaidOut(EntryIntake& intake, std::string_view key, Writte
     else
         add(intake, headword, richText(entry.article, entry.pronunciations),
             Latin1Converter::Text::MarkupArticle, number, where);
+}
+
+bool LexiconSource::isInMeasure(std::string_view where, std::string& error) const
+{
+    constexpr uint64_t alwaysFine = uint64_t{256} << 20;
+    constexpr uint64_t mostTimes = 100;
+    if (_entryBytes <= alwaysFine || _entryBytes / mostTimes <= _readBytes)
+        return true;
+    error = std::string(where) +
+            ": the entries up to here are 256 MiB, more than a hundred times as much as they are "
+            "made of: too many words share long articles";
+    return false;
 }
 
 std::string placeInFile(std::string_view name, uint64_t line)

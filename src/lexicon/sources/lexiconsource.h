@@ -57,6 +57,12 @@ protected:
     void addLaidOut(EntryIntake& intake, std::string_view key, Written written,
                     std::string_view text, uint32_t number, std::string_view where);
 
+    /// So many bytes more of the source were read, unpacked.
+    void countRead(uint64_t bytes) { _readBytes += bytes; }
+    /// False when the entries are longer than any dictionary makes them of so much that was read,
+    /// as when thousands of words share a long article; `error` says so of `where`.
+    bool isInMeasure(std::string_view where, std::string& error) const;
+
     std::string _description;
     SourceText _texts;
     bool _canReplace = true; ///< what is no text
@@ -65,6 +71,8 @@ private:
     uint32_t _orderBefore = 0;
     uint32_t _lastOrder = 0;
     bool _isReversed = false;
+    uint64_t _readBytes = 0;
+    uint64_t _entryBytes = 0; ///< of what was handed over
 };
 
 /// A line of a file, for people and programs: "words.tsv:17".

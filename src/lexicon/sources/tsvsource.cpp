@@ -28,6 +28,7 @@ bool TsvSource::read(EntryIntake& intake, std::string& error)
             return _input->checkUnchanged(error);
         const std::string where = placeInFile(_input->name(), ++_lineNumber);
         _texts.check(line, where);
+        countRead(line.size() + 1);
         std::string_view text = _lineNumber == 1 ? utf8::withoutByteOrderMark(line) : line;
         if (text.ends_with('\r'))
             text.remove_suffix(1);
@@ -35,6 +36,8 @@ bool TsvSource::read(EntryIntake& intake, std::string& error)
             error = where + ": " + error;
             return false;
         }
+        if (!isInMeasure(where, error))
+            return false;
     }
     return false;
 }
@@ -58,8 +61,13 @@ bool TsvSource::takeLine(std::string_view line, const std::string& where, EntryI
                         (isDescription ? "the description is known already"
                                        : "\"##description\" alone has a place in a lexicon"));
     } else {
-        for (const std::string& word : tsv::headwords(headword))
-            add(intake, word, tsv::unescaped(article), textKind(), ++_entryNumber, where);
+        const std::string text = tsv::unescaped(article);
+        std::string tooMany;
+        for (const std::string& word : tsv::headwords(headword)) {
+            add(intake, word, text, textKind(), ++_entryNumber, where);
+            if (!isInMeasure(where, tooMany)) // which is told of the line
+                break;
+        }
     }
     return true;
 }

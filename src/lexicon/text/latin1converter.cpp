@@ -261,6 +261,7 @@ void Latin1Converter::putStandIn(char32_t character, bool entitiesAllowed, std::
 
 void Latin1Converter::count(char32_t character, Change change, std::string_view written)
 {
+    ++_changes;
     Count& entry = _counts[{character, change}];
     if (entry.times++ == 0) {
         entry.change = change;

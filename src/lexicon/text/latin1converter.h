@@ -58,6 +58,8 @@ public:
     /// changed.
     static std::string asWritten(std::string_view headword);
 
+    /// How many changes there were, all together.
+    uint64_t changes() const { return _changes; }
     const Counts& counts() const { return _counts; }
 
 private:
@@ -73,6 +75,7 @@ private:
 
     LatinForm _form;
     Counts _counts;
+    uint64_t _changes = 0;
 };
 
 } // namespace teskel

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/text/utf8.h"
 
+#include "script/composition.h"
+
 #include <QString>
 #include <QStringDecoder>
 
@@ -31,23 +33,6 @@ bool isAsciiByte(char byte)
 bool isAscii(std::string_view text)
 {
     return std::all_of(text.begin(), text.end(), isAsciiByte);
-}
-
-/// Canonically composed. That takes time by the square of the length, so it is done in parts, which
-/// end where no character may join the one before it.
-std::u32string composedInParts(std::u32string_view characters)
-{
-    constexpr size_t partSize = 1024;
-    std::u32string result;
-    while (!characters.empty()) {
-        size_t size = std::min(partSize, characters.size());
-        while (size < characters.size() && mayCombine(characters[size]))
-            ++size;
-        const QString part = QString::fromUcs4(characters.data(), static_cast<qsizetype>(size));
-        result += part.normalized(QString::NormalizationForm_C).toStdU32String();
-        characters.remove_prefix(size);
-    }
-    return result;
 }
 
 } // namespace
@@ -117,7 +102,10 @@ std::u32string composed(std::string_view text)
     std::u32string characters = decoded(text);
     const bool isToCompose = std::any_of(characters.begin(), characters.end(), mayCombine) &&
                              characters.find(invalid) == std::u32string::npos;
-    return isToCompose ? composedInParts(characters) : characters;
+    if (!isToCompose)
+        return characters;
+    const auto size = static_cast<qsizetype>(characters.size());
+    return teskel::composed(QString::fromUcs4(characters.data(), size)).toStdU32String();
 }
 
 std::string encoded(std::u32string_view characters)

@@ -24,15 +24,19 @@ public:
 
     bool isSequential() const override { return true; }
     bool atEnd() const override { return _isEnd; }
-    /// How many bytes were handed over, unpacked.
-    uint64_t bytesRead() const { return _bytesRead; }
-    /// Reading fails when it comes to that many bytes: what is read then is out of measure.
-    void setLimit(uint64_t bytes) { _limit = bytes; }
-    bool isBeyondLimit() const { return _bytesRead > _limit; }
+    /// How much was handed over, unpacked: its bytes, and for each "&" in it what
+    /// countReferencesAs() tells.
+    uint64_t amountRead() const { return _bytesRead + _references * _referenceBytes; }
+    /// Reading fails when it comes to that amount: what is read then is out of measure.
+    void setLimit(uint64_t amount) { _limit = amount; }
+    bool isBeyondLimit() const { return amountRead() > _limit; }
+    /// How many bytes a reference stands for.
+    void countReferencesAs(uint64_t bytes) { _referenceBytes = bytes; }
     /// Shows the first bytes as blanks, those of line ends excepted.
     void blankOut(uint64_t bytes) { _blankBytes = bytes; }
-    /// Calls `look` with each piece before it is handed over.
-    void watch(std::function<void(std::string_view piece)> look) { _look = std::move(look); }
+    /// Calls `look` with each piece before it is handed over; when that returns false, reading
+    /// fails.
+    void watch(std::function<bool(std::string_view piece)> look) { _look = std::move(look); }
     /// Why the input cannot be read; empty when it can.
     const std::string& reason() const { return _reason; }
 
@@ -45,9 +49,11 @@ private:
     std::string _piece;
     size_t _handedOver = 0; ///< bytes of the piece
     uint64_t _bytesRead = 0;
+    uint64_t _references = 0; ///< "&" among them
+    uint64_t _referenceBytes = 0;
     uint64_t _limit = UINT64_MAX;
     uint64_t _blankBytes = 0;
-    std::function<void(std::string_view piece)> _look;
+    std::function<bool(std::string_view piece)> _look;
     bool _isEnd = false;
     std::string _reason;
 };

@@ -177,6 +177,7 @@ bool StarDictSource::read(EntryIntake& intake, std::string& error)
     StarDictIndex index;
     StarDictIndex::Word word;
     StarDictArticle article;
+    uint64_t articlesEnd = 0; // of those that were read
     if (!open(error) || !findLayout(error) || !openIndex(index, error))
         return false;
     intake.expect(_info.wordCount.value_or(0));
@@ -191,7 +192,14 @@ bool StarDictSource::read(EntryIntake& intake, std::string& error)
         }
         if (!readArticle(word, article, error))
             return false;
+        countRead(word.key.size() + 1);
+        if (word.offset + word.size > articlesEnd) {
+            countRead(word.offset + word.size - articlesEnd);
+            articlesEnd = word.offset + word.size;
+        }
         addArticle(intake, word, article);
+        if (!isInMeasure(placeOf(word), error))
+            return false;
     }
     return false;
 }

@@ -10,6 +10,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace teskel
@@ -52,17 +54,21 @@ TeiSource::TeiSource(std::unique_ptr<InputFile> input)
     , _reader(&_device)
 {
     _canReplace = false; // it would be no XML
+    _reader.setEntityExpansionLimit(longestEntity);
 }
 
 /// Texts are decoded here when it is told in which encoding they are, or when the document tells of
-/// one that is no UTF; what it tells is hidden from the reader then, which would go by it.
+/// one that is no UTF or begins as UTF-16; what it tells is hidden from the reader then, which
+/// would go by it.
 void TeiSource::prepareText()
 {
     std::string_view head = _input->head(largestDeclaration);
     std::string declared = declaredEncoding(head);
     const bool isWide = !wideEncodingOf(head).empty();
-    if (_texts.options().name.empty() && !isWide && !declared.empty() &&
-        !QByteArrayView(declared).toByteArray().toLower().startsWith("utf") &&
+    if (_texts.options().name.empty() && isWide)
+        declared = wideEncodingOf(head);
+    if (_texts.options().name.empty() && !declared.empty() &&
+        (isWide || !QByteArrayView(declared).toByteArray().toLower().startsWith("utf")) &&
         TextDecoder::isKnown(declared)) {
         _input->decodeAs(declared);
         _texts.setOptions({declared, false});
@@ -73,10 +79,13 @@ void TeiSource::prepareText()
         if (utf8::withoutByteOrderMark(head).starts_with("<?xml") && end != std::string_view::npos)
             _device.blankOut(end + 2);
     }
-    const bool isUtf8 = !_texts.options().name.empty() ||
-                        (!isWide && (declared.empty() || TextDecoder::isUtf8(declared)));
-    if (isUtf8)
-        _device.watch([this](std::string_view piece) { _texts.checkNext(piece, _input->name()); });
+    const bool isUtf8 =
+        !_texts.options().name.empty() || declared.empty() || TextDecoder::isUtf8(declared);
+    _device.watch([this, isUtf8](std::string_view piece) {
+        if (isUtf8)
+            _texts.checkNext(piece, _input->name());
+        return _tags.look(piece);
+    });
 }
 
 std::string TeiSource::place(int64_t line) const
@@ -129,14 +138,20 @@ bool TeiSource::readNode(TeiNode& node)
     return false;
 }
 
-void TeiSource::noteExternalEntities(EntryIntake& intake)
+/// A text is read whole, with what its entities stand for, which nothing else would limit.
+void TeiSource::takeEntities(EntryIntake& intake)
 {
+    qsizetype longest = 0;
     for (const QXmlStreamEntityDeclaration& entity : _reader.entityDeclarations()) {
+        const bool hasOthers = entity.value().contains(u'&');
+        longest = std::max(longest, hasOthers ? longestEntity : entity.value().size());
         if (!entity.systemId().isEmpty() || !entity.publicId().isEmpty())
             intake.note(diagnostic::externalEntity, place(_reader.lineNumber()),
                         "the text of \"&" + entity.name().toString().toStdString() +
                             ";\" is in another file, which is not read; it is left out");
     }
+    _device.countReferencesAs(static_cast<uint64_t>(std::min<qsizetype>(longest, longestEntity)));
+    _entryBegin = _device.amountRead();
 }
 
 void TeiSource::takeTitle()
@@ -156,9 +171,13 @@ void TeiSource::takeEntry(EntryIntake& intake)
     if (entry.forms.empty())
         intake.note(diagnostic::entryWithoutWord, where,
                     "an entry without <orth> is left out: " + std::string(firstLine(entry.text)));
-    for (const TeiEntry::Form& form : entry.forms)
+    countRead(_device.amountRead() - _entryBegin);
+    for (const TeiEntry::Form& form : entry.forms) {
         addLaidOut(intake, form.word, Written::AsKey, form.line + "\n" + entry.text, ++_entryNumber,
                    where);
+        if (!isInMeasure(where, _excess))
+            return;
+    }
 }
 
 bool TeiSource::read(EntryIntake& intake, std::string& error)
@@ -166,10 +185,10 @@ bool TeiSource::read(EntryIntake& intake, std::string& error)
     prepareText();
     bool isTei = false;
     bool isInHeader = false;
-    while (next()) {
+    while (_excess.empty() && next()) {
         const QStringView name = _reader.name();
         if (_reader.isDTD())
-            noteExternalEntities(intake);
+            takeEntities(intake);
         if (_reader.isStartElement() && !isTei) {
             isTei = name == u"TEI" || name == u"TEI.2";
             if (!isTei) {
@@ -185,11 +204,16 @@ bool TeiSource::read(EntryIntake& intake, std::string& error)
             takeEntry(intake);
         }
         if (!isInHeader && (_reader.isEndElement() || _reader.isStartElement()))
-            _entryBegin = _device.bytesRead();
+            _entryBegin = _device.amountRead();
     }
     _texts.checkEnd(_input->name());
     if (!_device.reason().empty())
         error = _device.reason();
+    else if (!_excess.empty())
+        error = _excess;
+    else if (!_tags.look({}))
+        error = place(static_cast<int64_t>(_tags.line())) + ": an element has more than " +
+                std::to_string(TagWatch::mostAttributes) + " attributes";
     else if (!_failure.empty())
         error = place(_reader.lineNumber()) + ": " + _failure;
     else

@@ -4,6 +4,7 @@
 #include "lexicon/sources/input/inputdevice.h"
 #include "lexicon/sources/lexiconsource.h"
 #include "lexicon/sources/likeness.h"
+#include "lexicon/sources/tei/tagwatch.h"
 #include "lexicon/sources/tei/teinode.h"
 
 #include <QXmlStreamReader>
@@ -31,21 +32,25 @@ private:
     /// How deep elements may nest, and how much an element without others may hold.
     static constexpr int deepest = 64;
     static constexpr uint64_t largestEntry = 4U << 20;
+    /// What a reference may become, characters.
+    static constexpr int longestEntity = 4096;
 
     void prepareText();
     bool next();
     bool readNode(TeiNode& node);
-    void noteExternalEntities(EntryIntake& intake);
+    void takeEntities(EntryIntake& intake);
     void takeTitle();
     void takeEntry(EntryIntake& intake);
     std::string place(int64_t line) const;
 
     std::unique_ptr<InputFile> _input;
     InputDevice _device;
+    TagWatch _tags;
     QXmlStreamReader _reader;
     int _depth = 0;
-    uint64_t _entryBegin = 0; ///< bytes of the input read when the entry began
+    uint64_t _entryBegin = 0; ///< amount of the input read when the entry began
     std::string _failure;
+    std::string _excess; ///< a sentence about entries out of measure
     uint32_t _entryNumber = 0;
 };
 
