@@ -53,7 +53,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     std::u32string characters;
     for (std::size_t at = 0; at < size; ++at)
         characters += char32_t{data[at]};
-    for (std::size_t at = text.find('&'); at != text.npos; at = text.find('&', at + 1)) {
+    for (std::size_t at = text.find('&'); at != std::string_view::npos;
+         at = text.find('&', at + 1)) {
         checkLetterReference(text.substr(at), std::u32string_view(characters).substr(at));
         checkDigitReference(std::u32string_view(characters).substr(at));
     }

@@ -79,22 +79,22 @@ void TestProgramGrowth::isInProportionToTheText_data()
     QTest::addColumn<int>("bytes"); // of the shorter text
     QTest::addColumn<QStringList>("options");
     const auto add = [](const char* name, const char* before, const char* unit, const char* after,
-                        int bytes = 64 << 10, const QStringList& options = {}) {
+                        int bytes = 16 << 10, const QStringList& options = {}) {
         QTest::newRow(name) << QByteArray(before) << QByteArray(unit) << QByteArray(after) << bytes
                             << options;
     };
     const QStringList reverse = {u"--reverse"_s, u"reverse.PDB"_s, u"--force"_s};
-    add("article that fills many records", "set\t", "put down ", "\n", 1 << 20);
-    add("article of one unbroken word", "set\t", "x", "\n", 1 << 20);
-    add("many articles of one word", "", "set\tput down, lay, place\n", "", 256 << 10);
+    add("article that fills many records", "set\t", "put down ", "\n", 256 << 10);
+    add("article of one unbroken word", "set\t", "x", "\n", 256 << 10);
+    add("many articles of one word", "", "set\tput down, lay, place\n", "", 64 << 10);
     add("letters and marks", "set\t", "e\u0301", "\n");
     add("marks", "set\ta", "\u0301", "\n");
     add("marks of two kinds", "set\ta", "\u0301\u0316", "\n", 16 << 10);
     add("headword of marks of two kinds", "a", "\u0301\u0316", "\tday\n", 16 << 10);
     add("headword of letters and marks", "", "e\u0301", "\tday\n");
-    add("tags without ends", "set\tput, ", "<i a", "\n", 64 << 10, reverse);
-    add("line feeds", "set\tput, ", "\\n", "\n", 64 << 10, reverse);
-    add("references without ends", "set\t", "&amp", "\n", 64 << 10, reverse);
+    add("tags without ends", "set\tput, ", "<i a", "\n", 16 << 10, reverse);
+    add("line feeds", "set\tput, ", "\\n", "\n", 16 << 10, reverse);
+    add("references without ends", "set\t", "&amp", "\n", 16 << 10, reverse);
 }
 
 void TestProgramGrowth::isInProportionToTheText()

@@ -44,6 +44,8 @@ void TestProgramSameFile::initTestCase()
     QCOMPARE(::link(QFile::encodeName(_program.path("a.tsv")).constData(),
                     QFile::encodeName(_program.path("hard")).constData()),
              0);
+    QVERIFY(QFile::link(u"x.ifo"_s, _program.path("x.idx")));
+    QVERIFY(QFile::link(u"y.index"_s, _program.path("y.dict")));
     QVERIFY(QDir(_program.directory()).mkdir(u"sub"_s));
     QVERIFY(QFile::link(u"new.PDB"_s, _program.path("dangling1")));
     QVERIFY(QFile::link(u"sub/../new.PDB"_s, _program.path("dangling2")));
@@ -78,6 +80,8 @@ void TestProgramSameFile::isRefused_data()
     add("export c.PDB -o c.PDB", "c.PDB", "lexicon c.PDB");
     add("export c.dict -o c --to dictd", "c.dict", "lexicon c.dict");
     add("export c.dict -o ./c --to stardict", "./c.dict", "lexicon c.dict");
+    add("export c.PDB -o x --to stardict", "x.idx", "output x.ifo");
+    add("export c.PDB -o y --to dictd", "y.dict", "output y.index");
     add("repair c.PDB -o ./c.PDB", "./c.PDB", "lexicon c.PDB");
 }
 

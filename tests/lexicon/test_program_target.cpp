@@ -34,6 +34,8 @@ private slots:
     void symbolicLinkStaysOne_data();
     void symbolicLinkStaysOne();
     void linkThatLeadsNowhereIsAnError();
+    void namesOfNoFileAreToldBeforeAnythingIsRead_data();
+    void namesOfNoFileAreToldBeforeAnythingIsRead();
     void whatCannotBeWrittenStays_data();
     void whatCannotBeWrittenStays();
     void permissionsStay_data();
@@ -245,6 +247,31 @@ void TestProgramTarget::linkThatLeadsNowhereIsAnError()
     QCOMPARE(result.err, QByteArray("teskel-lexicon: cannot write target: Too many levels of "
                                     "symbolic links\n"));
     QCOMPARE(result.code, 3);
+}
+
+void TestProgramTarget::namesOfNoFileAreToldBeforeAnythingIsRead_data()
+{
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<QByteArray>("reason");
+    const QString longName = QString(254, u'n');
+    QTest::newRow("empty") << QString() << QByteArray("the name is empty");
+    QTest::newRow("no directory") << u"none/x.PDB"_s << QByteArray("No such file or directory");
+    QTest::newRow("slash behind it") << u"x.PDB/"_s << QByteArray("No such file or directory");
+    QTest::newRow("too long for what is beside it") << longName << QByteArray("File name too long");
+    QTest::newRow("too long") << longName + longName << QByteArray("File name too long");
+}
+
+void TestProgramTarget::namesOfNoFileAreToldBeforeAnythingIsRead()
+{
+    QFETCH(QString, output);
+    QFETCH(QByteArray, reason);
+    for (const char* const command : {"build missing.tsv", "repair missing.PDB"}) {
+        const ProgramResult result =
+            _program.run(QString::fromLatin1(command).split(u' ') + QStringList{u"-o"_s, output});
+        QCOMPARE(result.err,
+                 "teskel-lexicon: cannot write " + output.toUtf8() + ": " + reason + '\n');
+        QCOMPARE(result.code, 3);
+    }
 }
 
 void TestProgramTarget::whatCannotBeWrittenStays_data()

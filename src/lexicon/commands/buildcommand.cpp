@@ -114,12 +114,11 @@ int run(const BuildOptions& options, const std::string& reverse, bool quiet)
     }
     if (!isFileName(options.output) || !isFileName(reverse) || !areApart(options, reverse))
         return Usage;
-    for (const std::string& output : {options.output, reverse}) {
-        const int code =
-            output.empty() ? Done : checkTarget(output, Writes::Lexicon, options.force);
-        if (code != Done)
-            return code;
-    }
+    int code = checkTarget(options.output, Writes::Lexicon, options.force);
+    if (code == Done && !reverse.empty())
+        code = checkTarget(reverse, Writes::Lexicon, options.force);
+    if (code != Done)
+        return code;
     const FileStates states = statesOf(sources);
     leftovers::remove(options.output, states);
     if (!reverse.empty())

@@ -92,9 +92,14 @@ std::string titleOf(LexiconReader& reader)
 int exportFor(LexiconReader& reader, const ExportOptions& options, const FileStates& states)
 {
     const auto files = makeExport(options.kind, options.output, titleOf(reader));
-    for (const std::string& file : files->files()) {
-        if (const int code = checkOutput(file, options); code != Done)
+    const std::vector<std::string> outputs = files->files();
+    for (auto output = outputs.begin(); output != outputs.end(); ++output) {
+        if (const int code = checkOutput(*output, options); code != Done)
             return code;
+        for (auto other = outputs.begin(); other != output; ++other) {
+            if (!isApart(*output, "output", *other))
+                return Usage;
+        }
     }
     for (const std::string& file : files->files())
         leftovers::remove(file, states);

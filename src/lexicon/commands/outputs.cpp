@@ -2,8 +2,14 @@
 #include "lexicon/commands/outputs.h"
 
 #include "lexicon/commands/commandsupport.h"
+#include "lexicon/file/leftovers.h"
 #include "lexicon/file/outputtarget.h"
 #include "lexicon/file/samefile.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstring>
+#include <filesystem>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -19,6 +25,34 @@ void refuse(const std::string& output, const std::string& reason)
     complain("cannot write " + output + ": " + reason);
 }
 
+/// Whether a file of that name can be made, and at first one beside it.
+bool canBeMade(const std::string& output, std::string& reason)
+{
+    std::string real;
+    if (output.empty()) {
+        reason = "the name is empty";
+        return false;
+    }
+    if (!outputtarget::follow(output, real, reason))
+        return false;
+    const std::filesystem::path path(real);
+    const std::string name = path.filename().string();
+    const std::string directory = path.has_parent_path() ? path.parent_path().string() : ".";
+    struct stat status = {};
+    int error = 0;
+    if (::stat(directory.c_str(), &status) != 0)
+        error = errno;
+    else if (!S_ISDIR(status.st_mode))
+        error = ENOTDIR;
+    else if (name.empty())
+        error = EISDIR;
+    else if (leftovers::pathFor(name).size() > NAME_MAX)
+        error = ENAMETOOLONG;
+    if (error != 0)
+        reason = std::strerror(error);
+    return error == 0;
+}
+
 } // namespace
 
 bool isFileName(const std::string& output)
@@ -31,7 +65,13 @@ bool isFileName(const std::string& output)
 
 bool isApart(const std::string& output, const std::string& role, const std::string& other)
 {
-    if (!isSameFile(output, other))
+    std::string real;
+    std::string otherReal;
+    std::string reason;
+    const bool isLinkOfIt = outputtarget::follow(output, real, reason) &&
+                            outputtarget::follow(other, otherReal, reason) &&
+                            isSameFile(real, otherReal); // be there a file yet or not
+    if (!isLinkOfIt && !isSameFile(output, other))
         return true;
     refuse(output, "it is the same file as the " + role + ' ' + other);
     return false;
@@ -52,7 +92,7 @@ bool isOutputApart(const std::string& other, const std::string& name)
 int checkTarget(const std::string& output, Writes kind, bool isForced)
 {
     std::string reason;
-    if (!outputtarget::isReplaceable(output, reason)) {
+    if (!outputtarget::isReplaceable(output, reason) || !canBeMade(output, reason)) {
         refuse(output, reason);
         return Failed;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/exports/dictdexport.h"
 
+#include "lexicon/exports/commits.h"
 #include "lexicon/text/plaintext.h"
 #include "lexicon/text/utf8.h"
 
@@ -75,7 +76,7 @@ bool DictdExport::commit(std::string& error)
     for (const Line& line : _lines)
         _index.write(line.key + '\t' + inDigits(line.offset) + '\t' + inDigits(line.size) + '\n');
     // What names the other comes last.
-    return _index.flush(error) && _articles.commit(error) && _index.commit(error);
+    return commitTogether({&_articles, &_index}, error);
 }
 
 } // namespace teskel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lexicon/exports/stardictexport.h"
 
+#include "lexicon/exports/commits.h"
 #include "lexicon/text/utf8.h"
 #include "script/letterreference.h"
 
@@ -98,8 +99,7 @@ bool StarDictExport::commit(std::string& error)
     }
     _info.write(info(indexBytes));
     // What names the others comes last.
-    return _info.flush(error) && _index.flush(error) && _articles.commit(error) &&
-           _index.commit(error) && _info.commit(error);
+    return commitTogether({&_articles, &_index, &_info}, error);
 }
 
 } // namespace teskel

@@ -39,6 +39,7 @@ LexiconReader::Status LexiconReader::open(const std::string& path, std::string& 
     QFile file;
     if (!openLexiconFile(file, path, error))
         return Status::Unreadable;
+    file.close(); // the dictionary may get the last descriptor that there is
     if (_dictionary.open(file.fileName()) != 0) {
         error = path + " is no lexicon";
         return Status::Invalid;

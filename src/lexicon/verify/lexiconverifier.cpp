@@ -60,6 +60,7 @@ bool LexiconVerifier::run(const std::string& path, std::string& error)
     QFile file;
     if (!openLexiconFile(file, path, error))
         return false;
+    file.close(); // what is checked may get the last descriptor that there is
     _file.load(file.fileName());
     for (size_t place = 0; place < allChecks().size(); ++place) {
         const Check& check = allChecks()[place];
