@@ -253,12 +253,10 @@ void TestProgramTarget::namesOfNoFileAreToldBeforeAnythingIsRead_data()
 {
     QTest::addColumn<QString>("output");
     QTest::addColumn<QByteArray>("reason");
-    const QString longName = QString(254, u'n');
     QTest::newRow("empty") << QString() << QByteArray("the name is empty");
     QTest::newRow("no directory") << u"none/x.PDB"_s << QByteArray("No such file or directory");
     QTest::newRow("slash behind it") << u"x.PDB/"_s << QByteArray("No such file or directory");
-    QTest::newRow("too long for what is beside it") << longName << QByteArray("File name too long");
-    QTest::newRow("too long") << longName + longName << QByteArray("File name too long");
+    QTest::newRow("too long") << QString(256, u'n') << QByteArray("File name too long");
 }
 
 void TestProgramTarget::namesOfNoFileAreToldBeforeAnythingIsRead()

@@ -2,7 +2,6 @@
 #include "lexicon/commands/outputs.h"
 
 #include "lexicon/commands/commandsupport.h"
-#include "lexicon/file/leftovers.h"
 #include "lexicon/file/outputtarget.h"
 #include "lexicon/file/samefile.h"
 
@@ -25,7 +24,7 @@ void refuse(const std::string& output, const std::string& reason)
     complain("cannot write " + output + ": " + reason);
 }
 
-/// Whether a file of that name can be made, and at first one beside it.
+/// Whether a file of that name can be made.
 bool canBeMade(const std::string& output, std::string& reason)
 {
     std::string real;
@@ -46,7 +45,7 @@ bool canBeMade(const std::string& output, std::string& reason)
         error = ENOTDIR;
     else if (name.empty())
         error = EISDIR;
-    else if (leftovers::pathFor(name).size() > NAME_MAX)
+    else if (name.size() > NAME_MAX)
         error = ENAMETOOLONG;
     if (error != 0)
         reason = std::strerror(error);
