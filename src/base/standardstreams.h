@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cerrno>
+#include <initializer_list>
 
 #include <fcntl.h>
 #include <unistd.h>
