@@ -108,7 +108,7 @@ void TestProgramAmplified::isToldEarly()
         QVERIFY(QFile::remove(_program.path(name.constData())));
     QCOMPARE(result.code, 3);
     QVERIFY2(result.err.startsWith("teskel-lexicon: " + place), result.err.constData());
-    QVERIFY2(result.err.endsWith(": the entries up to here are 256 MiB, more than a hundred times "
+    QVERIFY2(result.err.endsWith(": the entries up to here are 64 MiB, more than a hundred times "
                                  "as much as they are made of: too many words share long "
                                  "articles\n"),
              result.err.constData());

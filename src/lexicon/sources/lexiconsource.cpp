@@ -48,12 +48,12 @@ void LexiconSource::addLaidOut(EntryIntake& intake, std::string_view key, Writte
 
 bool LexiconSource::isInMeasure(std::string_view where, std::string& error) const
 {
-    constexpr uint64_t alwaysFine = uint64_t{256} << 20;
+    constexpr uint64_t alwaysFine = uint64_t{64} << 20;
     constexpr uint64_t mostTimes = 100;
     if (_entryBytes <= alwaysFine || _entryBytes / mostTimes <= _readBytes)
         return true;
     error = std::string(where) +
-            ": the entries up to here are 256 MiB, more than a hundred times as much as they are "
+            ": the entries up to here are 64 MiB, more than a hundred times as much as they are "
             "made of: too many words share long articles";
     return false;
 }
