@@ -62,6 +62,7 @@ set(TESKEL_TEST_HOME "${CMAKE_BINARY_DIR}/test-home")
 set(TESKEL_TEST_ENVIRONMENT
     QT_QPA_PLATFORM=offscreen
     LC_ALL=C.UTF-8
+    QTEST_FUNCTION_TIMEOUT=3600000 # milliseconds; how long a test may take is for ctest alone
     "HOME=${TESKEL_TEST_HOME}"
     "XDG_CONFIG_HOME=${TESKEL_TEST_HOME}/config"
     "XDG_DATA_HOME=${TESKEL_TEST_HOME}/data"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/hostile/environmentnumber.h"
 #include "tests/hostile/hangguard.h"
-#include "tests/hostile/sanitized.h"
 #include "tests/hostile/windowuse.h"
 #include "tests/support/damage/damagerule.h"
+#include "tests/support/sanitized.h"
 #include "tests/support/warningcapture.h"
 
 #include <QDir>

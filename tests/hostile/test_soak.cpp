@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/teskelmainwindow.h"
 #include "tests/hostile/environmentnumber.h"
-#include "tests/hostile/sanitized.h"
 #include "tests/lookup/lookupbench.h"
 #include "tests/support/dictionarywriter.h"
+#include "tests/support/sanitized.h"
 
 #include <QDir>
 #include <QFile>

@@ -160,7 +160,7 @@ void TestProgramTerminal::shellsSeeTheSignalInTheExitCode()
          "do sleep 0.01; done; kill -\"$1\" \"$number\") 2>/dev/null & "
          "sh -c 'echo $$ >number; exec \"$0\" build large.tsv -o out.PDB' \"$0\"; echo $?"_s,
          QStringLiteral(TESKEL_LEXICON), signal});
-    QVERIFY(shell.waitForFinished());
+    QVERIFY(shell.waitForFinished(-1));
     const QByteArray out = shell.readAllStandardOutput();
     QVERIFY2(out.endsWith(QByteArray::number(code) + '\n'), out.constData());
     QCOMPARE(files(), _filesBefore);
