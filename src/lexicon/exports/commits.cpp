@@ -90,6 +90,7 @@ bool commitTogether(const std::vector<PendingFile*>& files, std::string& error)
             return false;
     }
     std::vector<std::unique_ptr<Before>> before;
+    before.reserve(files.size());
     for (const PendingFile* file : files)
         before.push_back(std::make_unique<Before>(file->target()));
     before.back()->removeFor(*files.back());
